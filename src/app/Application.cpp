@@ -1,0 +1,98 @@
+#include "app/Application.h"
+
+#include <cstdlib>
+#include <system_error>
+#include <utility>
+
+#include "entry/frmEvent.h"
+#include "entry/frmFrame.h"
+#include "entry/frmGame.h"
+#include "runtime/EndProgram.h"
+#include "shell/frmAbout.h"
+#include "shell/frmMain.h"
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+template <typename Made>
+void addScreen(Program& program, const std::string& name) {
+    program.screens.add(name, [&program] { return std::make_unique<Made>(program); });
+}
+
+[[noreturn]] void refuseToStart(Display& display, const MessageBox& box) {
+    display.messageBox(box);
+    throw EndProgram{};
+}
+
+bool isFirstStart(const fs::path& folder) {
+    std::error_code ignored;
+    return !fs::exists(folder, ignored) || fs::is_empty(folder, ignored);
+}
+
+/// Makes the data folder with the folders of the handheld's files, for the user alone.
+void makeFolders(const fs::path& folder) {
+    fs::create_directories(folder / "TBRK" / "PDA DB Archive");
+    fs::permissions(folder, fs::perms::owner_all);
+}
+
+}  // namespace
+
+Application::Application(Display& display, const Clock& clock, fs::path dataFolder)
+    : program_(display, clock, std::move(dataFolder)) {
+    addScreen<frmMain>(program_, "frmMain");
+    addScreen<frmAbout>(program_, "frmAbout");
+    addScreen<frmEvent>(program_, "frmEvent");
+    addScreen<frmGame>(program_, "frmGame");
+    addScreen<frmFrame>(program_, "frmFrame");
+}
+
+Application::~Application() = default;
+
+void Application::start() {
+    program_.perform([this] { startProcedure(); });
+}
+
+void Application::startProcedure() {
+    SessionState& session = program_.session;
+    session.gHHType.clear();
+    session.gHHSyncDir.clear();
+    openDataFolder();
+    session.gToday = dateOnly(program_.clock.now());
+    openLogbook();
+    program_.screens.load("frmMain");
+}
+
+void Application::openDataFolder() {
+    const fs::path& folder = program_.dataFolder;
+    try {
+        if (isFirstStart(folder))
+            makeFolders(folder);
+    } catch (const fs::filesystem_error& failure) {
+        refuseToStart(program_.display, {.text = "The folder of the logbook cannot be made:\r\n" + folder.string() +
+                                                 "\r\n" + failure.code().message(),
+                                         .icon = Icon::Critical});
+    }
+    lock_ = std::make_unique<InstanceLock>(folder / "Tallybrook.lock");
+    if (!lock_->held())
+        refuseToStart(program_.display, {.text = "Tallybrook is already running.", .title = "Already Running"});
+}
+
+void Application::openLogbook() {
+    try {
+        program_.openLogbook();
+    } catch (const LogbookRefused& refused) {
+        refuseToStart(program_.display, {.text = refused.what(), .icon = Icon::Critical});
+    }
+}
+
+fs::path defaultDataFolder() {
+    if (const char* const home = std::getenv("XDG_DATA_HOME"); home != nullptr && fs::path(home).is_absolute())
+        return fs::path(home) / "Tallybrook";
+    const char* const home = std::getenv("HOME");
+    return fs::path(home != nullptr ? home : ".") / ".local" / "share" / "Tallybrook";
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "runtime/InstanceLock.h"
+#include "shell/Program.h"
+
+namespace tallybrook {
+
+/// The composition root: makes the state, the store and the factories of the screens, and hands them to a
+/// display.
+class Application {
+public:
+    /// Touches nothing yet; start() does. `display` and `clock` must outlive it.
+    Application(Display& display, const Clock& clock, std::filesystem::path dataFolder);
+    ~Application();
+
+    /// The start procedure, up to the main menu; to be run once.
+    void start();
+
+    [[nodiscard]] Program& program() { return program_; }
+
+private:
+    void startProcedure();
+    void openDataFolder();
+    void openLogbook();
+
+    Program program_;
+    std::unique_ptr<InstanceLock> lock_;
+};
+
+/// Where the data folder lies when nobody says otherwise: `Tallybrook/` below the user's data home.
+std::filesystem::path defaultDataFolder();
+
+}  // namespace tallybrook

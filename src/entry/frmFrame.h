@@ -1,0 +1,188 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "entry/BallPanel.h"
+#include "entry/ScoreCell.h"
+#include "shell/Screen.h"
+#include "store/DataControl.h"
+
+namespace tallybrook {
+
+/// Where the frames of one game are entered and changed, one at a time: ball by ball with the pins left
+/// standing, or as the marks of a score sheet.
+class frmFrame : public Screen {
+public:
+    explicit frmFrame(Program& owner);
+
+    TextBox txtEventName{*this, "txtEventName", {.readOnly = true, .tabStop = false}};
+    TextBox txtDateBowled{
+        *this, "txtDateBowled", {.width = 12, .readOnly = true, .centred = true, .tabStop = false}};
+    TextBox txtGameNum{*this, "txtGameNum", {.width = 4, .readOnly = true, .centred = true, .tabStop = false}};
+    TextBox txtNumGames{*this, "txtNumGames", {.width = 4, .readOnly = true, .centred = true, .tabStop = false}};
+    TextBox txtLanePair{*this, "txtLanePair", {.width = 8, .readOnly = true, .centred = true, .tabStop = false}};
+    TextBox txtFrameNum{
+        *this,
+        "txtFrameNum",
+        {.tip = "Enter the frame number - this must be at least 1 and not more than 10",
+         .width = 4,
+         .readOnly = true,
+         .centred = true,
+         .tabStop = false}};
+    TextBox txtLaneNum{
+        *this,
+        "txtLaneNum",
+        {.tip = "Enter the lane number that the frame was bowled on - you should only have to enter this for the "
+                "first frame as all other frames will alternate according to what was entered in the first frame",
+         .width = 4,
+         .centred = true}};
+    TextBox txtBallUsed{*this, "txtBallUsed", {.tip = "If desired enter the ball that you used", .width = 14}};
+    TextBox txtFootPos{*this,
+                       "txtFootPos",
+                       {.tip = "If desired enter the board number where you stood on the lane - this is usually "
+                               "the board number on the approach",
+                        .width = 14}};
+    TextBox txtLaneTgt{*this,
+                       "txtLaneTgt",
+                       {.tip = "If desired enter the target on the lane - this is usually the board number",
+                        .width = 14}};
+    TextBox txtComment{*this, "txtComment", {.tip = "Enter comments on the frame if desired", .multiline = true}};
+
+    Frame fraLineScore{*this, "fraLineScore"};
+    ControlArray<Label> lblFraNum;
+    ControlArray<TextBox> txtCount;
+    ControlArray<TextBox> txtScore;
+    TextBox txtTotScore{fraLineScore,
+                        "txtTotScore",
+                        {.maxLength = 3, .width = 4, .readOnly = true, .centred = true, .enabled = false}};
+
+    Button cmdNextFrame{
+        *this, "cmdNextFrame", "&Next Frame", {.tip = "Toggle to the next frame of the game (used in edit mode)"}};
+    Button cmdPrevFrame{
+        *this, "cmdPrevFrame", "&Previous Frame", {.tip = "Toggle to the previous frame (used in edit mode)"}};
+    Button cmdReset{*this,
+                    "cmdReset",
+                    "Reset F&orm",
+                    {.tip = "Reset all the controls on the form - this does not save the record"}};
+    Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
+    Button cmdRetMain{*this, "cmdRetMain", "Return to &Main", {.tip = "Return to the main menu"}};
+    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+    Button cmdResetPinfall{
+        *this, "cmdResetPinfall", "Rese&t Pinfall", {.tip = "This will reset all of the pinfall for this frame."}};
+    Button cmdPinfallHelp{*this,
+                          "cmdPinfallHelp",
+                          "P&infall Entry Help",
+                          {.tip = "Click this button to get help on entering pinfall"}};
+
+    BallPanel firstBall;
+    BallPanel secondBall;
+    BallPanel fillBall;
+
+    Label lblEventName{*this, "lblEventName", "Event Name", txtEventName};
+    Label lblDateBowled{*this, "lblDateBowled", "Date Bowled", txtDateBowled};
+    Label lblGameNum{*this, "lblGameNum", "Game", txtGameNum};
+    Label lblNumGames{*this, "lblNumGames", "of", txtNumGames};
+    Label lblLanePair{*this, "lblLanePair", "Lanes", txtLanePair};
+    Label lblFrameNum{*this, "lblFrameNum", "Fr&ame", txtFrameNum};
+    Label lblOfTen{*this, "lblOfTen", "of 10"};
+    Label lblLaneNum{*this, "lblLaneNum", "&Lane", txtLaneNum};
+    Label lblBallUsed{*this, "lblBallUsed", "&Ball Used", txtBallUsed};
+    Label lblFootPos{*this, "lblFootPos", "Foot &Position", txtFootPos};
+    Label lblLaneTgt{*this, "lblLaneTgt", "Lane &Target", txtLaneTgt};
+    Label lblComment{*this, "lblComment", "&Comment", txtComment};
+
+    Menu mnuFile{*this, "mnuFile", "&File"};
+    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    Menu mnuCommands{*this, "mnuCommands", "&Commands"};
+    Menu mnuPinfall{mnuCommands, "mnuPinfall", "P&infall"};
+    Menu mnuResetPinfall{mnuPinfall, "mnuResetPinfall", "Rese&t Pinfall", cmdResetPinfall};
+    Menu mnuHelpPinfall{mnuPinfall, "mnuHelpPinfall", "P&infall Help", cmdPinfallHelp};
+    Menu mnuNextFrame{mnuCommands, "mnuNextFrame", "&Next Frame", cmdNextFrame};
+    Menu mnuPrevFrame{mnuCommands, "mnuPrevFrame", "P&revious Frame", cmdPrevFrame};
+    Menu mnuReset{mnuCommands, "mnuReset", "Reset F&orm", cmdReset};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
+    Menu mnuRetMain{mnuCommands, "mnuRetMain", "Return to &Main", cmdRetMain};
+    Menu mnuFrameHelp{*this, "mnuFrameHelp", "&Help"};
+    Menu mnuTBKHelp{mnuFrameHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
+    Menu mnuAbout{mnuFrameHelp, "mnuAbout", "&About"};
+
+    Layout layout() override;
+    void onLoad() override;
+    void onClose() override;
+    void onUnload() override;
+
+private:
+    // The frame rows.
+    void Load_Frame();
+    void Add_Frame();
+    void Save_Frame();
+    void Clear_Cells();
+    void loadHeader(const Handler& step);
+    void loadFrames(const Handler& step);
+    void readFrame(const Handler& step);
+    void showPins(const Handler& step);
+    void prepareEntry(const Handler& step);
+    void leaveFullGame();
+    void writeFrame(const Handler& step);
+    void workOutNextLane();
+    void moveBeyondLastFrame(const Handler& step);
+    Handler frameHandler(const std::string& procedure, const std::string& debugName);
+    Handler loadHandler();
+    Recovery offerRetryOfLoading(const RunTimeError& failure);
+    void setPreviousFrameEnabled(bool enabled);
+    TextBox& cell() { return txtCount(mFrameNum); }
+    [[nodiscard]] bool recordsPinfall() const { return session().gScoreType == "P"; }
+    [[nodiscard]] bool isTenth() const { return mFrameNum == kFrames; }
+
+    // The ball panels.
+    void Reset_Ball(BallPanel& ball);
+    void resetBalls();
+    void Load_Ball(BallPanel& ball, const std::string& result, PinFlags& pins);
+    void connectPanels();
+    void optFirstYes_Click();
+    void optFirstNo_Click();
+    void cmdFirstDone_Click();
+    void optSecondYes_Click();
+    void optSecondNo_Click();
+    void cmdSecondDone_Click();
+    void optFillYes_Click();
+    void optFillNo_Click();
+    void cmdFillDone_Click();
+    void cmdResetPinfall_Click();
+    void cmdPinfallHelp_Click();
+    void appendToCell(const std::string& mark);
+
+    // The check and the score.
+    std::string Check_Frame();
+    bool frameIsGood();
+    void Calc_Score();
+    void acceptScore(const Handler& step, Int16 score);
+
+    void cmdNextFrame_Click();
+    void cmdPrevFrame_Click();
+    void cmdReset_Click();
+    void cmdPrevious_Click();
+    void cmdRetMain_Click();
+    void cmdExit_Click();
+    void txtLaneNum_LostFocus();
+
+    DataControl adoTBKEvent{store()};
+    DataControl adoTBKGame{store()};
+    DataControl adoTBKFrame{store()};
+
+    Int16 mFrameNum;
+    Int16 mLeftLane;
+    Int16 mRightLane;
+    Int16 mCurLane;   // 0 until a lane has been accepted or loaded
+    Int16 mNextLane;  // 0 until the first save
+    Int16 mGameScore;
+    std::string mBallUsed;
+    std::string mFootPos;
+    std::string mLaneTgt;
+    std::string mFirstRes;
+    std::string mSecondRes;
+    std::string mFillRes;
+};
+
+}  // namespace tallybrook

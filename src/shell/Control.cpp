@@ -1,0 +1,128 @@
+#include "shell/Control.h"
+
+#include <utility>
+
+#include "runtime/TextCompare.h"
+#include "shell/Screen.h"
+
+namespace tallybrook {
+
+Place::Place(Control& above) : screen_(above.screen()), above_(&above) {}
+
+Control::Control(Kind kind, Place place, std::string name, std::string caption)
+    : kind_(kind),
+      screen_(place.screen()),
+      above_(place.above()),
+      name_(std::move(name)),
+      caption_(std::move(caption)) {
+    screen_.add(*this);
+}
+
+void Control::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    screen_.reviewFocus();
+}
+
+void Control::setVisible(bool visible) {
+    visible_ = visible;
+    screen_.reviewFocus();
+}
+
+bool Control::isEnabled() const { return enabled_ && (above_ == nullptr || above_->isEnabled()); }
+
+bool Control::isVisible() const { return visible_ && (above_ == nullptr || above_->isVisible()); }
+
+bool Control::isFocusable() const {
+    return kind_ == Kind::TextBox || kind_ == Kind::Button || kind_ == Kind::OptionButton ||
+           kind_ == Kind::CheckBox;
+}
+
+bool Control::hasFocus() const { return screen_.focused() == this; }
+
+void Control::focus() {
+    if (screen_.isVisible())
+        screen_.moveFocus(*this);
+}
+
+TextBox::TextBox(Place place, std::string name, const Options& options)
+    : Control(Kind::TextBox, place, std::move(name)), options_(options) {
+    setTip(options.tip);
+    setTabStop(options.tabStop);
+    setEnabled(options.enabled);
+}
+
+void TextBox::setText(std::string text) {
+    if (text == text_)
+        return;
+    text_ = std::move(text);
+    if (onChange)
+        onChange();
+}
+
+void TextBox::enter(std::string_view text) {
+    if (options_.readOnly)
+        return;
+    dropSelection();
+    setText(options_.maxLength == 0
+                ? std::string(text)
+                : std::string(firstCharacters(text, static_cast<std::size_t>(options_.maxLength))));
+}
+
+Button::Button(Place place, std::string name, std::string caption, const ButtonOptions& options)
+    : Control(Kind::Button, place, std::move(name), std::move(caption)), options_(options) {
+    setTip(options.tip);
+    setEnabled(options.enabled);
+}
+
+OptionButton::OptionButton(Place place, std::string name, OptionGroup& group, std::string caption,
+                           std::string tip)
+    : Control(Kind::OptionButton, place, std::move(name), std::move(caption)), group_(group) {
+    setTip(std::move(tip));
+    group_.options_.push_back(this);
+}
+
+void OptionButton::setValue(bool value) {
+    if (value == value_)
+        return;
+    if (value) {
+        for (OptionButton* other : group_.options_)
+            other->value_ = false;
+    }
+    value_ = value;
+    if (value)
+        click();
+}
+
+CheckBox::CheckBox(Place place, std::string name, std::string caption, CheckBoxLook look)
+    : Control(Kind::CheckBox, place, std::move(name), std::move(caption)), look_(look) {}
+
+void CheckBox::setValue(bool value) {
+    if (value == value_)
+        return;
+    value_ = value;
+    click();
+}
+
+Label::Label(Place place, std::string name, std::string caption, LabelLook look)
+    : Control(Kind::Label, place, std::move(name), std::move(caption)), look_(look) {}
+
+Label::Label(Place place, std::string name, std::string caption, Control& names)
+    : Control(Kind::Label, place, std::move(name), std::move(caption)), names_(&names) {}
+
+Frame::Frame(Place place, std::string name, std::string caption, const std::string& tip)
+    : Control(Kind::Frame, place, std::move(name), std::move(caption)) {
+    setTip(tip);
+}
+
+Menu::Menu(Place place, std::string name, std::string caption, std::string shortcut)
+    : Control(Kind::Menu, place, std::move(name), std::move(caption)), shortcut_(std::move(shortcut)) {
+    if (above() != nullptr && above()->kind() == Kind::Menu)
+        static_cast<Menu*>(above())->entries_.push_back(this);
+}
+
+Menu::Menu(Place place, std::string name, std::string caption, const Control& runs)
+    : Menu(place, std::move(name), std::move(caption)) {
+    onClick = [&runs] { runs.click(); };
+}
+
+}  // namespace tallybrook

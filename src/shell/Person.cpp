@@ -1,0 +1,250 @@
+#include "shell/Person.h"
+
+#include <algorithm>
+#include <cctype>
+#include <optional>
+#include <utility>
+
+namespace tallybrook::person {
+
+namespace {
+
+bool isButton(const Control& control) { return control.kind() == Control::Kind::Button; }
+
+/// Whether the control answers a click with more than taking the focus.
+bool isPressed(const Control& control) {
+    return isButton(control) || control.kind() == Control::Kind::OptionButton ||
+           control.kind() == Control::Kind::CheckBox;
+}
+
+TextBox* asTextBox(Control* control) {
+    return control != nullptr && control->kind() == Control::Kind::TextBox ? static_cast<TextBox*>(control)
+                                                                            : nullptr;
+}
+
+/// The letter, in upper case, that reaches the control with Alt; nothing if its caption marks none.
+std::optional<char> accessLetter(const Control& control) {
+    const std::string& caption = control.caption();
+    for (std::size_t at = caption.find('&'); at != std::string::npos && at + 1 < caption.size();
+         at = caption.find('&', at + 2)) {
+        if (caption[at + 1] != '&')
+            return static_cast<char>(std::toupper(static_cast<unsigned char>(caption[at + 1])));
+    }
+    return std::nullopt;
+}
+
+/// Whether Alt with this letter reaches the control: by its own caption, or by a label that names it.
+bool isReachedBy(const Control& control, char letter) {
+    if (isPressed(control) && accessLetter(control) == letter)
+        return true;
+    return std::ranges::any_of(control.screen().controls(), [&](const Control* other) {
+        return other->kind() == Control::Kind::Label && static_cast<const Label*>(other)->names() == &control &&
+               other->isVisible() && accessLetter(*other) == letter;
+    });
+}
+
+/// The control that Alt with this letter reaches now: of several, the next one after the focus.
+Control* reachedByAlt(const Screen& screen, char letter) {
+    std::vector<Control*> order = screen.tabOrder();
+    const auto current = std::ranges::find(order, screen.focused());
+    if (current != order.end())
+        std::ranges::rotate(order, current + 1);
+    const auto found = std::ranges::find_if(
+        order, [&](const Control* control) { return control->canTakeFocus() && isReachedBy(*control, letter); });
+    return found == order.end() ? nullptr : *found;
+}
+
+Menu* entryWithShortcut(const Screen& screen, const std::string& shortcut) {
+    for (Control* control : screen.controls()) {
+        if (control->kind() != Control::Kind::Menu)
+            continue;
+        auto* const menu = static_cast<Menu*>(control);
+        if (menu->isEntry() && menu->shortcut() == shortcut)
+            return menu;
+    }
+    return nullptr;
+}
+
+/// The button that Return or Escape presses where the focused control does not take the key itself.
+Button* standingButton(const Screen& screen, bool ButtonOptions::* role) {
+    for (Control* control : screen.controls()) {
+        if (isButton(*control) && static_cast<Button*>(control)->options().*role)
+            return static_cast<Button*>(control);
+    }
+    return nullptr;
+}
+
+/// The option or check box beside `from`, in the order of declaration, round and round.
+Control* neighbour(const Control& from, bool backwards) {
+    std::vector<Control*> around;
+    for (Control* control : from.screen().controls()) {
+        if (control->kind() == from.kind() && control->above() == from.above())
+            around.push_back(control);
+    }
+    if (backwards)
+        std::ranges::reverse(around);
+    std::ranges::rotate(around, std::ranges::find(around, &from) + 1);
+    const auto next =
+        std::ranges::find_if(around, [](const Control* control) { return control->canTakeFocus(); });
+    return next == around.end() ? nullptr : *next;
+}
+
+Press used(Arrival arrival, Control* target) { return {.used = true, .arrival = arrival, .target = target}; }
+
+Press pressClick(Control* target) { return target == nullptr ? Press{} : used(click(*target), target); }
+
+Press pressTab(Screen& screen, bool backwards) {
+    Control* const next = screen.nextInTabOrder(screen.focused(), backwards);
+    return used(next == nullptr ? Arrival::Refused : arrive(*next), next);
+}
+
+Press pressAlt(const Screen& screen, const Key& key) {
+    Control* const target = key.name.size() == 1 ? reachedByAlt(screen, key.name[0]) : nullptr;
+    if (target == nullptr)
+        return {};
+    return isPressed(*target) && accessLetter(*target) == key.name[0] ? pressClick(target)
+                                                                      : used(arrive(*target), target);
+}
+
+Press pressReturn(const Screen& screen) {
+    Control* const focused = screen.focused();
+    if (focused != nullptr && isButton(*focused))
+        return pressClick(focused);
+    if (const TextBox* const box = asTextBox(focused); box != nullptr && box->options().multiline)
+        return {};
+    return pressClick(standingButton(screen, &ButtonOptions::isDefault));
+}
+
+Press pressSpace(const Screen& screen) {
+    Control* const focused = screen.focused();
+    return focused != nullptr && isPressed(*focused) ? pressClick(focused) : Press{};
+}
+
+Press pressArrow(const Screen& screen, bool backwards) {
+    Control* const focused = screen.focused();
+    if (focused == nullptr || !isPressed(*focused) || isButton(*focused))
+        return {};
+    Control* const target = neighbour(*focused, backwards);
+    return target == nullptr ? Press{} : used(arrive(*target), target);
+}
+
+Press pressShortcut(const Screen& screen, const Key& key) {
+    std::string text = key.control ? "Ctrl+" + key.name : key.name;
+    Menu* const entry = entryWithShortcut(screen, text);
+    if (entry == nullptr || !entry->isEnabled())
+        return {};
+    activate(*entry);
+    return used(Arrival::Arrived, entry);
+}
+
+}  // namespace
+
+Key readKey(std::string_view text) {
+    Key key;
+    const auto takes = [&text](std::string_view modifier) {
+        if (!text.starts_with(modifier) || text.size() == modifier.size())
+            return false;
+        text.remove_prefix(modifier.size());
+        return true;
+    };
+    for (bool more = true; more;) {
+        more = false;
+        if (takes("Alt+"))
+            more = key.alt = true;
+        if (takes("Ctrl+"))
+            more = key.control = true;
+        if (takes("Shift+"))
+            more = key.shift = true;
+    }
+    key.name = text;
+    if ((key.alt || key.control) && key.name.size() == 1)
+        key.name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(key.name[0])));
+    return key;
+}
+
+Arrival arrive(Control& control) { return control.screen().moveFocus(control); }
+
+void activate(Control& control) {
+    if (!control.isEnabled() || !control.isVisible() || !control.screen().isVisible())
+        return;
+    switch (control.kind()) {
+        case Control::Kind::Button:
+            return control.click();
+        case Control::Kind::Menu:
+            if (static_cast<Menu&>(control).isEntry())
+                control.click();
+            return;
+        case Control::Kind::OptionButton:
+            return static_cast<OptionButton&>(control).setValue(true);
+        case Control::Kind::CheckBox: {
+            auto& box = static_cast<CheckBox&>(control);
+            return box.setValue(!box.value());
+        }
+        default:
+            return;
+    }
+}
+
+Arrival click(Control& control) {
+    const Arrival arrival = control.isFocusable() ? arrive(control) : Arrival::Arrived;
+    if (arrival == Arrival::Arrived || arrival == Arrival::Elsewhere)
+        activate(control);
+    return arrival;
+}
+
+Arrival type(TextBox& box, std::string_view text) {
+    const Arrival arrival = arrive(box);
+    if (arrival == Arrival::Arrived)
+        box.enter(text);
+    return arrival;
+}
+
+Arrival tab(Screen& screen, bool backwards) { return pressTab(screen, backwards).arrival; }
+
+Press press(Screen& screen, const Key& key) {
+    if (key.alt)
+        return pressAlt(screen, key);
+    if (key.name == "Tab" && !key.control)
+        return pressTab(screen, key.shift);
+    if (key.name == "Return" || key.name == "Enter")
+        return pressReturn(screen);
+    if (key.name == "Escape")
+        return pressClick(standingButton(screen, &ButtonOptions::isCancel));
+    if (key.name == "Space" || key.name == " ")
+        return pressSpace(screen);
+    if (key.name == "Up" || key.name == "Left")
+        return pressArrow(screen, true);
+    if (key.name == "Down" || key.name == "Right")
+        return pressArrow(screen, false);
+    return pressShortcut(screen, key);
+}
+
+bool typeKey(TextBox& box, const Key& key) {
+    std::string text = box.isAllSelected() ? std::string{} : box.text();
+    if (key.alt || key.control)
+        return false;
+    if (key.name == "Backspace" || key.name == "Delete") {
+        if (key.name == "Backspace" && !text.empty()) {
+            do {
+                const bool continuation = (static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U;
+                text.pop_back();
+                if (!continuation)
+                    break;
+            } while (!text.empty());
+        }
+    } else if (key.name == "Return" && box.options().multiline) {
+        text += '\n';
+    } else if (key.name == "Space") {
+        text += ' ';
+    } else if (key.name.size() == 1 || (static_cast<unsigned char>(key.name[0]) & 0x80U) != 0) {
+        text += key.name;
+    } else {
+        return false;
+    }
+    box.enter(text);
+    return true;
+}
+
+void close(Screen& screen) { screen.onClose(); }
+
+}  // namespace tallybrook::person

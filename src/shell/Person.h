@@ -1,0 +1,58 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "shell/Screen.h"
+
+// What a person does on a screen, with mouse and keyboard, in the program's own terms. Every display passes
+// what it sees its user do to these functions, inside Program::perform(), and so behaves alike.
+namespace tallybrook::person {
+
+/// A key with its modifiers, as in "Alt+N", "F1", "Shift+Tab", "Return", "Space", "a".
+struct Key {
+    bool alt = false;
+    bool control = false;
+    bool shift = false;
+    std::string name;  // one character (letters in upper case after Alt or Control) or a key's name
+};
+
+/// Reads the text form of a key; the name is empty where it is none.
+Key readKey(std::string_view text);
+
+/// Moves the focus to a control by mouse or keyboard.
+Arrival arrive(Control& control);
+
+/// What a click does once the focus is where it went: runs a button or menu entry, selects an option, toggles
+/// a check box. Nothing if the control is disabled or not visible.
+void activate(Control& control);
+
+/// A click with the mouse: a control that can take the focus takes it first; if the control left keeps it, the
+/// click does not happen.
+Arrival click(Control& control);
+
+/// Replaces the text of a box as by typing over the selected whole, once the focus is there.
+Arrival type(TextBox& box, std::string_view text);
+
+/// Moves the focus on, or back, in the tab order.
+Arrival tab(Screen& screen, bool backwards = false);
+
+/// What pressing a key has come to.
+struct Press {
+    bool used = false;  // false: the key means nothing to the screen, and a display may do with it as usual
+    Arrival arrival = Arrival::Arrived;
+    Control* target = nullptr;  // the control that the key was to reach
+};
+
+/// A key or shortcut pressed on a screen: Alt letters, shortcuts of the menu, Tab, Return, Escape, Space, and
+/// the arrow keys among options and check boxes. Characters typed into a text box are not used by it.
+Press press(Screen& screen, const Key& key);
+
+/// A character, Backspace or Delete pressed with the focus in a text box, for displays whose toolkit does not
+/// edit texts itself: replaces the text if it is selected, else works at its end. False if it is no such key.
+bool typeKey(TextBox& box, const Key& key);
+
+/// The title bar's close.
+void close(Screen& screen);
+
+}  // namespace tallybrook::person

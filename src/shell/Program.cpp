@@ -1,0 +1,68 @@
+#include "shell/Program.h"
+
+#include <new>
+#include <utility>
+
+#include "runtime/EndProgram.h"
+#include "shell/Screen.h"
+#include "shell/TBK_Globals.h"
+
+namespace tallybrook {
+
+void BoxReporter::databaseError(const RunTimeError& failure, std::string_view module) {
+    display_.messageBox(databaseErrorBox(failure, module));
+}
+
+Program::Program(Display& shown, const Clock& time, std::filesystem::path folder)
+    : display(shown), clock(time), dataFolder(std::move(folder)), screens(shown), reporter(shown) {}
+
+Store& Program::store() {
+    if (!store_)
+        throw RunTimeError(error::kObjectNotSet);
+    return *store_;
+}
+
+void Program::openLogbook() { store_ = std::make_unique<Store>(dataFolder / "Tallybrook_DB.mdb", clock); }
+
+void Program::perform(const std::function<void()>& action) {
+    if (ended_)
+        return;
+    if (performing_)
+        return action();
+
+    if (!runs(action))
+        return end();
+    if (screens.front() == nullptr)
+        screens.showLast();
+    screens.dropUnloaded();
+}
+
+bool Program::runs(const std::function<void()>& action) {
+    struct Performing {
+        bool& flag;
+        ~Performing() { flag = false; }
+    } performing{performing_};
+    performing_ = true;
+    try {
+        action();
+    } catch (const EndHandler&) {
+        return true;
+    } catch (const EndProgram&) {
+        return false;
+    } catch (const RunTimeError& failure) {
+        display.runTimeError(failure);
+        return false;
+    } catch (const std::bad_alloc&) {
+        display.runTimeError(RunTimeError(error::kOutOfMemory));
+        return false;
+    }
+    return true;
+}
+
+void Program::end() {
+    ended_ = true;
+    screens.dropAll();
+    display.ended();
+}
+
+}  // namespace tallybrook

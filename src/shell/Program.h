@@ -1,0 +1,60 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "runtime/Clock.h"
+#include "runtime/Handler.h"
+#include "shell/Display.h"
+#include "shell/Screens.h"
+#include "shell/SessionState.h"
+#include "store/Store.h"
+
+namespace tallybrook {
+
+/// Reports the failures of statements in the boxes of the display.
+class BoxReporter : public FailureReporter {
+public:
+    explicit BoxReporter(Display& display) : display_(display) {}
+    void databaseError(const RunTimeError& failure, std::string_view module) override;
+    void retrying(std::string_view module, int tries) override { display_.retrying(module, tries); }
+
+private:
+    Display& display_;
+};
+
+/// What every screen can reach, and the outermost frame in which everything runs that a person does.
+class Program {
+public:
+    Program(Display& shown, const Clock& time, std::filesystem::path folder);
+
+    Display& display;
+    const Clock& clock;
+    const std::filesystem::path dataFolder;
+    SessionState session;
+    Screens screens;
+    BoxReporter reporter;
+
+    /// The logbook; error 91 before the start procedure has opened it.
+    [[nodiscard]] Store& store();
+    /// Opens the logbook in the data folder, or makes it; throws LogbookRefused.
+    void openLogbook();
+
+    /// Runs what a person did, to its end: a failure that nothing catches is shown and ends the program;
+    /// whoever is left without a visible screen gets the last loaded one. Nothing happens once the program
+    /// has ended.
+    void perform(const std::function<void()>& action);
+    [[nodiscard]] bool hasEnded() const { return ended_; }
+
+private:
+    bool runs(const std::function<void()>& action);
+    void end();
+
+    std::unique_ptr<Store> store_;
+    bool performing_ = false;
+    bool ended_ = false;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "shell/Screen.h"
+
+namespace tallybrook {
+
+/// The about box. It does not block the screen that opened it.
+class frmAbout : public Screen {
+public:
+    explicit frmAbout(Program& owner);
+
+    Picture Image1{*this, "Image1", "logo.svg"};
+    Label lblProduct{*this, "lblProduct", "Tallybrook", LabelLook::Heading};
+    Label lblVersion{*this, "lblVersion", "Version 2.0 (v2.0.5P)"};
+    Label lblMaker{*this, "lblMaker", "The Tallybrook team"};
+    Label lblMail{*this, "lblMail", "support@tallybrook.example"};
+    TextBox Text1{*this, "Text1", {.readOnly = true, .multiline = true}};
+    Button cmdAboutOK{*this, "cmdAboutOK", "OK", {.isDefault = true, .isCancel = true}};
+
+    Layout layout() override;
+    void onLoad() override;
+    void onClose() override;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,46 @@
+#include "shell/frmMain.h"
+
+#include "shell/TBK_Globals.h"
+
+namespace tallybrook {
+
+frmMain::frmMain(Program& owner) : Screen(owner, "frmMain", "Main Menu") {
+    leadsTo(mnuHHSetup, "frmHHSetup");
+    leadsTo(mnuSyncPDA, "frmSyncPDA");
+    leadsTo(mnuAddFromForm, "frmEvent", kAdd);
+    leadsTo(mnuEditData, "frmEventList", kEdit);
+    leadsTo(mnuDBTools, "frmDBTools");
+    leadsTo(mnuReports, "frmReports");
+
+    mnuExit.onClick = [this] { Exit_Confirm(program()); };
+    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
+    mnuAbout.onClick = [this] { showAbout(program()); };
+}
+
+void frmMain::leadsTo(Menu& entry, const std::string& screen, Int16 mode) {
+    leadsTo(entry, screen);
+    entry.onClick = [this, screen, mode] {
+        session().gMode = mode;
+        goTo(screen);
+    };
+}
+
+void frmMain::leadsTo(Menu& entry, const std::string& screen) {
+    entry.setEnabled(screens().knows(screen));
+    entry.onClick = [this, screen] { goTo(screen); };
+}
+
+void frmMain::goTo(const std::string& screen) {
+    screens().hide(*this);
+    screens().load(screen);
+}
+
+Layout frmMain::layout() {
+    return layout::column({layout::space(), Layout(imgLogo).centred(), Layout(lblTitle).centred(), layout::space()});
+}
+
+void frmMain::onLoad() { screens().show(*this); }
+
+void frmMain::onClose() { mnuExit.click(); }
+
+}  // namespace tallybrook

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "runtime/Value.h"
+#include "store/Store.h"
+
+namespace tallybrook {
+
+class Recordset;
+
+/// One field of a recordset's current row, by name. Short-lived: use it in the statement that asks for it.
+class Field {
+public:
+    /// The value in the current row, or in the row being edited or added. Errors: 3021 with no current row,
+    /// 3265 for a name that the recordset does not have, 3704 on a closed recordset.
+    [[nodiscard]] Value value() const;
+    operator Value() const { return value(); }  // NOLINT(google-explicit-constructor)
+
+    /// Writes into the row's buffer, converting to the field's own type; starts an edit of the current row
+    /// unless a row is pending. Errors as value(), and -2147217887 for a value that the field cannot take,
+    /// which then keeps what it had.
+    Field& operator=(const Value& value);
+
+private:
+    friend class Recordset;
+    Field(Recordset& recordset, std::string_view name) : recordset_(recordset), name_(name) {}
+    Recordset& recordset_;
+    std::string_view name_;
+};
+
+/// An ordered snapshot of rows with a current row and buffered field values; static, and updatable all the
+/// same. Rows are added, changed and deleted only through it.
+class Recordset {
+public:
+    explicit Recordset(Store& store);
+    ~Recordset();
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    /// Opens on one SELECT of the subset; the first row is current. Errors: 3705 if open already,
+    /// -2147217900, -2147217904, -2147217913 for the statement.
+    void Open(const std::string& sql);
+    /// Ends the recordset, dropping what is pending; 3704 if it is closed.
+    void Close();
+    /// 1 when open, 0 when closed.
+    [[nodiscard]] int State() const;
+
+    /// The number of rows, the ones added through this recordset included.
+    [[nodiscard]] int RecordCount() const;
+    [[nodiscard]] bool Eof() const;
+    [[nodiscard]] bool Bof() const;
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext();
+    void MovePrevious();
+
+    [[nodiscard]] Field Fields(std::string_view name) { return {*this, name}; }
+    [[nodiscard]] Field operator[](std::string_view name) { return {*this, name}; }
+
+    void AddNew();
+    void Update();
+    void CancelUpdate();
+    void Delete();
+    void Resync();
+
+    /// Called after an opening, a move, AddNew and CancelUpdate: when what is bound to the current row is to
+    /// show it anew.
+    void onRowShown(std::function<void()> callback);
+
+private:
+    friend class Field;
+    class Implementation;
+    std::unique_ptr<Implementation> implementation_;
+};
+
+}  // namespace tallybrook
