@@ -1,5 +1,7 @@
 #include "entry/ScoreCell.h"
 
+#include "runtime/TextCompare.h"
+
 namespace tallybrook {
 
 namespace {
@@ -90,7 +92,7 @@ int tenthFrame(std::string_view cell) {
 }  // namespace
 
 std::string_view ball(std::string_view cell, std::size_t number) {
-    return number <= cell.size() ? cell.substr(number - 1, 1) : std::string_view{};
+    return firstCharacters(cell, number).substr(firstCharacters(cell, number - 1).size());
 }
 
 int countOf(std::string_view ball) { return isDigit(ball) ? ball[0] - '0' : 0; }

@@ -13,11 +13,13 @@ inline constexpr DateTime kZeroDate{
 
 /// The date at midnight; `month` and `day` count from 1. The date must exist.
 constexpr DateTime makeDate(int year, unsigned month, unsigned day) {
-    return DateTime{std::chrono::local_days{std::chrono::year{year} / std::chrono::month{month} /
-                                            std::chrono::day{day}}};
+    return DateTime{
+        std::chrono::local_days{std::chrono::year{year} / std::chrono::month{month} / std::chrono::day{day}}};
 }
 
 /// The same day at midnight.
-constexpr DateTime dateOnly(DateTime when) { return std::chrono::floor<std::chrono::days>(when); }
+constexpr DateTime dateOnly(DateTime when) {
+    return std::chrono::floor<std::chrono::days>(when);
+}
 
 }  // namespace tallybrook

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "runtime/RunTimeError.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
-
-#include "runtime/RunTimeError.h"
 
 namespace tallybrook {
 

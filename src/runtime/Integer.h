@@ -1,12 +1,12 @@
 #pragma once
 
+#include "runtime/RunTimeError.h"
+
 #include <compare>
 #include <concepts>
 #include <cstdint>
 #include <limits>
 #include <string>
-
-#include "runtime/RunTimeError.h"
 
 namespace tallybrook {
 

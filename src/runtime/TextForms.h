@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-
 #include "runtime/DateTime.h"
 #include "runtime/Integer.h"
+
+#include <string>
+#include <string_view>
 
 // The text forms of dates and numbers, English (US) whatever the machine's locale.
 namespace tallybrook {

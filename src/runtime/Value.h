@@ -1,11 +1,11 @@
 #pragma once
 
+#include "runtime/DateTime.h"
+#include "runtime/Integer.h"
+
 #include <cstdint>
 #include <string>
 #include <variant>
-
-#include "runtime/DateTime.h"
-#include "runtime/Integer.h"
 
 namespace tallybrook {
 
@@ -23,7 +23,9 @@ Value valueOf(Integer<Stored> number) {
     return static_cast<std::int64_t>(number.value());
 }
 
-[[nodiscard]] inline bool isNull(const Value& value) { return std::holds_alternative<Null>(value); }
+[[nodiscard]] inline bool isNull(const Value& value) {
+    return std::holds_alternative<Null>(value);
+}
 
 /// The value as text: empty for a Null, the usual text forms for numbers and dates.
 std::string toText(const Value& value);

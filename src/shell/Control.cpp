@@ -63,9 +63,9 @@ void TextBox::enter(std::string_view text) {
     if (options_.readOnly)
         return;
     dropSelection();
-    setText(options_.maxLength == 0
-                ? std::string(text)
-                : std::string(firstCharacters(text, static_cast<std::size_t>(options_.maxLength))));
+    if (options_.maxLength != 0)
+        text = firstCharacters(text, static_cast<std::size_t>(options_.maxLength));
+    setText(std::string(text));
 }
 
 Button::Button(Place place, std::string name, std::string caption, const ButtonOptions& options)
