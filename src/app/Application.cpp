@@ -1,15 +1,15 @@
 #include "app/Application.h"
 
-#include <cstdlib>
-#include <system_error>
-#include <utility>
-
 #include "entry/frmEvent.h"
 #include "entry/frmFrame.h"
 #include "entry/frmGame.h"
 #include "runtime/EndProgram.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
+
+#include <cstdlib>
+#include <system_error>
+#include <utility>
 
 namespace tallybrook {
 
@@ -71,13 +71,14 @@ void Application::openDataFolder() {
         if (isFirstStart(folder))
             makeFolders(folder);
     } catch (const fs::filesystem_error& failure) {
-        refuseToStart(program_.display, {.text = "The folder of the logbook cannot be made:\r\n" + folder.string() +
-                                                 "\r\n" + failure.code().message(),
+        refuseToStart(program_.display, {.text = "The folder of the logbook cannot be made:\r\n" +
+                                                 folder.string() + "\r\n" + failure.code().message(),
                                          .icon = Icon::Critical});
     }
     lock_ = std::make_unique<InstanceLock>(folder / "Tallybrook.lock");
     if (!lock_->held())
-        refuseToStart(program_.display, {.text = "Tallybrook is already running.", .title = "Already Running"});
+        refuseToStart(program_.display,
+                      {.text = "Tallybrook is already running.", .title = "Already Running"});
 }
 
 void Application::openLogbook() {
@@ -89,7 +90,8 @@ void Application::openLogbook() {
 }
 
 fs::path defaultDataFolder() {
-    if (const char* const home = std::getenv("XDG_DATA_HOME"); home != nullptr && fs::path(home).is_absolute())
+    if (const char* const home = std::getenv("XDG_DATA_HOME");
+        home != nullptr && fs::path(home).is_absolute())
         return fs::path(home) / "Tallybrook";
     const char* const home = std::getenv("HOME");
     return fs::path(home != nullptr ? home : ".") / ".local" / "share" / "Tallybrook";

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <filesystem>
-#include <memory>
-
 #include "runtime/InstanceLock.h"
 #include "shell/Program.h"
+
+#include <filesystem>
+#include <memory>
 
 namespace tallybrook {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "entry/PinString.h"
 #include "shell/Screen.h"
+
+#include <string>
 
 namespace tallybrook {
 

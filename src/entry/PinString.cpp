@@ -1,8 +1,8 @@
 #include "entry/PinString.h"
 
-#include <algorithm>
-
 #include "runtime/TextForms.h"
+
+#include <algorithm>
 
 namespace tallybrook {
 
@@ -12,7 +12,9 @@ bool& PinFlags::operator()(Int16 pin) {
     return flags_[static_cast<std::size_t>(pin.value() - 1)];
 }
 
-int PinFlags::count() const { return static_cast<int>(std::ranges::count(flags_, true)); }
+int PinFlags::count() const {
+    return static_cast<int>(std::ranges::count(flags_, true));
+}
 
 std::string pinString(PinFlags pins) {
     std::string joined;

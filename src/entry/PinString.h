@@ -1,10 +1,10 @@
 #pragma once
 
+#include "runtime/Integer.h"
+
 #include <array>
 #include <string>
 #include <string_view>
-
-#include "runtime/Integer.h"
 
 // The pins left standing after a ball, as one text: "7", "10", "3-6-10".
 namespace tallybrook {

@@ -8,13 +8,21 @@ namespace {
 
 constexpr std::string_view kGood = "Good";
 
-bool isDigit(std::string_view ball) { return ball.size() == 1 && ball[0] >= '0' && ball[0] <= '9'; }
-bool isStrike(std::string_view ball) { return ball == "X"; }
-bool isSpare(std::string_view ball) { return ball == "/"; }
-bool isMark(std::string_view ball) { return isStrike(ball) || isSpare(ball); }
+bool isDigit(std::string_view ball) {
+    return ball.size() == 1 && ball[0] >= '0' && ball[0] <= '9';
+}
+bool isStrike(std::string_view ball) {
+    return ball == "X";
+}
+bool isSpare(std::string_view ball) {
+    return ball == "/";
+}
+bool isMark(std::string_view ball) {
+    return isStrike(ball) || isSpare(ball);
+}
 
-/// What the second ball of a cell that began with a count or, in frame 10, a strike comes to: the word for the
-/// fault, or nothing.
+/// What the second ball of a cell that began with a count or, in frame 10, a strike comes to: the word for
+/// the fault, or nothing.
 std::string_view secondFault(int frame, std::string_view first, std::string_view second) {
     const bool freshRack = frame == kFrames && isStrike(first);
     if (isStrike(second) && !freshRack)
@@ -42,7 +50,9 @@ CellCheck verdict(std::string_view fault, const std::string& cell) {
     return {std::string(fault.empty() ? kGood : fault), cell};
 }
 
-bool startsWithStrike(std::string_view cell) { return isStrike(ball(cell, 1)); }
+bool startsWithStrike(std::string_view cell) {
+    return isStrike(ball(cell, 1));
+}
 
 /// What frame `frame` (1 to 8) adds, with the two cells after it.
 int earlyFrame(std::string_view cell, std::string_view next, std::string_view afterNext) {
@@ -95,7 +105,9 @@ std::string_view ball(std::string_view cell, std::size_t number) {
     return firstCharacters(cell, number).substr(firstCharacters(cell, number - 1).size());
 }
 
-int countOf(std::string_view ball) { return isDigit(ball) ? ball[0] - '0' : 0; }
+int countOf(std::string_view ball) {
+    return isDigit(ball) ? ball[0] - '0' : 0;
+}
 
 CellCheck checkLineScore(int frame, const std::string& cell) {
     const bool tenth = frame == kFrames;

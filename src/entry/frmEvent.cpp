@@ -1,11 +1,11 @@
 #include "entry/frmEvent.h"
 
-#include <initializer_list>
-#include <utility>
-
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
 #include "shell/UpdateSeries.h"
+
+#include <initializer_list>
+#include <utility>
 
 namespace tallybrook {
 
@@ -28,8 +28,8 @@ frmEvent::frmEvent(Program& owner) : Screen(owner, "frmEvent", "Event Informatio
 Layout frmEvent::layout() {
     return layout::column(
         {layout::row({Layout(imgLogo).atStart(), Layout(lblTitle).stretched()}),
-         layout::row({layout::form({lblEvent, txtEvent, lblDateBowled, Layout(txtDateBowled).atStart(), lblCenter,
-                                    txtCenter, lblLoc, txtLoc, lblType,
+         layout::row({layout::form({lblEvent, txtEvent, lblDateBowled, Layout(txtDateBowled).atStart(),
+                                    lblCenter, txtCenter, lblLoc, txtLoc, lblType,
                                     layout::row({optLeague, optTourn, optPractice}).atStart(), lblNumGames,
                                     Layout(txtNumGames).atStart(), lblComment, txtComment})
                           .stretched(),
@@ -49,7 +49,9 @@ void frmEvent::onLoad() {
     txtEvent.focus();
 }
 
-void frmEvent::onClose() { cmdPrevious.click(); }
+void frmEvent::onClose() {
+    cmdPrevious.click();
+}
 
 void frmEvent::onUnload() {
     if (EventRS.State() == 1)
@@ -82,7 +84,9 @@ void frmEvent::Load_Event() {
 
     if (step.test([&] { return EventRS.State() == 1; }))
         step([&] { EventRS.Close(); });
-    step([&] { EventRS.Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(session().gSessionNum)); });
+    step([&] {
+        EventRS.Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(session().gSessionNum));
+    });
 
     fill(txtEvent, "fldEventName");
     fill(txtDateBowled, "fldDateBowled");
@@ -146,7 +150,8 @@ bool frmEvent::dateIsGood(const Handler& step) {
     step([&] { date = dateOnly(readDate(txtDateBowled.text(), program().clock.year())); });
     if (date <= session().gToday)
         return true;
-    ask({.text = lines({"Invalid date.", "Date must be of the format mm/dd/yyyy and cannot be in the future."}),
+    ask({.text =
+             lines({"Invalid date.", "Date must be of the format mm/dd/yyyy and cannot be in the future."}),
          .title = "Invalid Date",
          .icon = Icon::Warning});
     txtDateBowled.focus();
@@ -178,7 +183,9 @@ void frmEvent::writeEvent(const Handler& step) {
 
 void frmEvent::countGames(const Handler& step) {
     Recordset games(store());
-    step([&] { games.Open("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + text(session().gSessionNum)); });
+    step([&] {
+        games.Open("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + text(session().gSessionNum));
+    });
     step([&] { session().gGmsRecorded = games.RecordCount(); });
     step([&] { games.Close(); });
     step([&] { EventRS["fldGmsRecorded"] = valueOf(session().gGmsRecorded); });
@@ -248,7 +255,8 @@ void frmEvent::txtCenter_LostFocus() {
     if (txtCenter.text().empty())
         return;
     Recordset places(store());
-    places.Open("SELECT DISTINCT fldCenterLoc FROM tblEventInfo WHERE fldCenterName = '" + txtCenter.text() + "'");
+    places.Open("SELECT DISTINCT fldCenterLoc FROM tblEventInfo WHERE fldCenterName = '" + txtCenter.text() +
+                "'");
     if (places.RecordCount() == 0) {
         txtLoc.setText("");
         txtLoc.focus();

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "shell/Screen.h"
 #include "store/Recordset.h"
+
+#include <string>
 
 namespace tallybrook {
 
@@ -15,12 +15,12 @@ public:
     Picture imgLogo{*this, "imgLogo", "logo.svg"};
     Label lblTitle{*this, "lblTitle", "Event Information", LabelLook::Heading};
 
-    TextBox txtEvent{*this,
-                     "txtEvent",
-                     {.tip = "Enter the name of your event (i.e league name, tournament name)", .maxLength = 50}};
-    TextBox txtDateBowled{*this,
-                          "txtDateBowled",
-                          {.tip = "Enter the date that you bowled in the event", .width = 12}};
+    TextBox txtEvent{
+        *this,
+        "txtEvent",
+        {.tip = "Enter the name of your event (i.e league name, tournament name)", .maxLength = 50}};
+    TextBox txtDateBowled{
+        *this, "txtDateBowled", {.tip = "Enter the date that you bowled in the event", .width = 12}};
     TextBox txtCenter{*this, "txtCenter", {.tip = "Enter the name of the bowling center"}};
     TextBox txtLoc{*this, "txtLoc", {.tip = "Enter the location of the bowling center"}};
     OptionGroup eventTypes;
@@ -42,10 +42,12 @@ public:
     Label lblNumGames{*this, "lblNumGames", "&Total Games Bowled", txtNumGames};
     Label lblComment{*this, "lblComment", "C&omments", txtComment};
 
-    Button cmdNextEvent{*this, "cmdNextEvent", "&Next Event", {.tip = "Save this record and enter another event"}};
+    Button cmdNextEvent{
+        *this, "cmdNextEvent", "&Next Event", {.tip = "Save this record and enter another event"}};
     Button cmdUpdGames{
         *this, "cmdUpdGames", "Update &Games", {.tip = "Update the games in this event (used in edit mode)"}};
-    Button cmdReset{*this, "cmdReset", "Reset &Form", {.tip = "Reset the form - this does not save the record"}};
+    Button cmdReset{
+        *this, "cmdReset", "Reset &Form", {.tip = "Reset the form - this does not save the record"}};
     Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
     Button cmdMain{*this, "cmdMain", "&Main Menu", {.tip = "Return to the main menu"}};
     Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};

@@ -1,12 +1,12 @@
 #include "entry/frmFrame.h"
 
-#include <memory>
-
 #include "entry/frmGame.h"
 #include "runtime/EndProgram.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
 #include "shell/UpdateSeries.h"
+
+#include <memory>
 
 namespace tallybrook {
 
@@ -17,13 +17,15 @@ const BallPanelTexts kFirstBall{
     .caption = "Pinfall - 1st Ball",
     .question = "Strike?",
     .yesTip = "Click this button if your first ball was a strike",
-    .noTip = "Click this button if your first ball was not a strike and then click the boxes that correspond to "
-             "what you left"};
+    .noTip =
+        "Click this button if your first ball was not a strike and then click the boxes that correspond to "
+        "what you left"};
 const BallPanelTexts kSecondBall{
     .ball = "Second",
     .caption = "Pinfall - 2nd Ball",
     .question = "Spare?",
-    .yesTip = "Click this button if you converted the spare (or got a strike on the second ball in the 10th)"};
+    .yesTip =
+        "Click this button if you converted the spare (or got a strike on the second ball in the 10th)"};
 const BallPanelTexts kFillBall{
     .ball = "Fill",
     .caption = "Pinfall - Fill Ball",
@@ -49,21 +51,22 @@ frmFrame::frmFrame(Program& owner)
                     return std::make_unique<Label>(fraLineScore, name,
                                                    index == 0 ? "Total Score" : std::to_string(index));
                 }),
-      txtCount("txtCount", 1, kFrames,
-               [this](int index, const std::string& name) {
-                   return std::make_unique<TextBox>(fraLineScore, name,
-                                                    TextBoxOptions{.maxLength = index == kFrames ? 3 : 2,
-                                                                   .width = 4,
-                                                                   .centred = true,
-                                                                   .enabled = false});
-               }),
-      txtScore("txtScore", 1, kFrames,
-               [this](int index, const std::string& name) {
-                   return std::make_unique<TextBox>(
-                       fraLineScore, name,
-                       TextBoxOptions{
-                           .maxLength = 3, .width = 4, .readOnly = true, .centred = true, .enabled = index <= 2});
-               }),
+      txtCount(
+          "txtCount", 1, kFrames,
+          [this](int index, const std::string& name) {
+              return std::make_unique<TextBox>(
+                  fraLineScore, name,
+                  TextBoxOptions{
+                      .maxLength = index == kFrames ? 3 : 2, .width = 4, .centred = true, .enabled = false});
+          }),
+      txtScore(
+          "txtScore", 1, kFrames,
+          [this](int index, const std::string& name) {
+              return std::make_unique<TextBox>(
+                  fraLineScore, name,
+                  TextBoxOptions{
+                      .maxLength = 3, .width = 4, .readOnly = true, .centred = true, .enabled = index <= 2});
+          }),
       firstBall(*this, kFirstBall),
       secondBall(*this, kSecondBall),
       fillBall(*this, kFillBall) {
@@ -103,13 +106,14 @@ Layout frmFrame::layout() {
     sheet.emplace_back(txtTotScore);
 
     return layout::column(
-        {layout::row({lblEventName, Layout(txtEventName).stretched(), lblDateBowled, txtDateBowled, lblGameNum,
-                      txtGameNum, lblNumGames, txtNumGames, lblLanePair, txtLanePair}),
+        {layout::row({lblEventName, Layout(txtEventName).stretched(), lblDateBowled, txtDateBowled,
+                      lblGameNum, txtGameNum, lblNumGames, txtNumGames, lblLanePair, txtLanePair}),
          layout::row(
-             {layout::column({layout::form({lblFrameNum, layout::row({txtFrameNum, lblOfTen, layout::space()}),
-                                            lblLaneNum, Layout(txtLaneNum).atStart(), lblBallUsed, txtBallUsed,
-                                            lblFootPos, txtFootPos, lblLaneTgt, txtLaneTgt}),
-                              lblComment, Layout(txtComment).stretched()})
+             {layout::column(
+                  {layout::form({lblFrameNum, layout::row({txtFrameNum, lblOfTen, layout::space()}),
+                                 lblLaneNum, Layout(txtLaneNum).atStart(), lblBallUsed, txtBallUsed,
+                                 lblFootPos, txtFootPos, lblLaneTgt, txtLaneTgt}),
+                   lblComment, Layout(txtComment).stretched()})
                   .stretched(),
               layout::column({layout::row({firstBall.layout(), secondBall.layout(), fillBall.layout()}),
                               layout::row({layout::space(), cmdResetPinfall, cmdPinfallHelp})}),
@@ -118,7 +122,9 @@ Layout frmFrame::layout() {
          layout::group(fraLineScore, layout::table(kFrames + 1, std::move(sheet)))});
 }
 
-void frmFrame::onClose() { cmdPrevious.click(); }
+void frmFrame::onClose() {
+    cmdPrevious.click();
+}
 
 void frmFrame::onUnload() {
     for (DataControl* control : {&adoTBKEvent, &adoTBKGame, &adoTBKFrame})
@@ -171,8 +177,9 @@ void frmFrame::loadHeader(const Handler& step) {
 }
 
 void frmFrame::loadFrames(const Handler& step) {
-    adoTBKFrame.setRecordSource("SELECT * from tblFrameInfo WHERE fldSessionNum = " + text(session().gSessionNum) +
-                                " AND fldGameNum = " + text(session().gGameNum) + " ORDER BY fldFrameNum");
+    adoTBKFrame.setRecordSource(
+        "SELECT * from tblFrameInfo WHERE fldSessionNum = " + text(session().gSessionNum) +
+        " AND fldGameNum = " + text(session().gGameNum) + " ORDER BY fldFrameNum");
     step([&] { adoTBKFrame.Refresh(); });
     step([&] { session().gFrmsRecorded = adoTBKFrame.recordset().RecordCount(); });
     if (session().gFrmsRecorded < 1) {
@@ -188,7 +195,8 @@ void frmFrame::loadFrames(const Handler& step) {
     }
 }
 
-// --- Handlers of failures ------------------------------------------------------------------------------------
+// --- Handlers of failures
+// ------------------------------------------------------------------------------------
 
 Handler frmFrame::frameHandler(const std::string& procedure, const std::string& debugName) {
     return Handler([=, this](const RunTimeError& failure, int) {
@@ -217,14 +225,16 @@ Handler frmFrame::loadHandler() {
 }
 
 Recovery frmFrame::offerRetryOfLoading(const RunTimeError& failure) {
-    ask({.text = lines({"Error Number: " + std::to_string(failure.number()), "Error: " + failure.description()})});
+    ask({.text = lines(
+             {"Error Number: " + std::to_string(failure.number()), "Error: " + failure.description()})});
     if (ask(noCurrentRowBox("Form Load")) == Answer::Retry)
         return Recovery::TryAgain;
     screens().goBackFrom(*this);
     throw EndHandler{};
 }
 
-// --- The frame rows ------------------------------------------------------------------------------------------
+// --- The frame rows
+// ------------------------------------------------------------------------------------------
 
 void frmFrame::setPreviousFrameEnabled(bool enabled) {
     cmdPrevFrame.setEnabled(enabled);
@@ -245,8 +255,12 @@ void frmFrame::Load_Frame() {
 
 void frmFrame::readFrame(const Handler& step) {
     const auto field = [this](const char* name) { return adoTBKFrame.recordset()[name].value(); };
-    const auto fill = [&](TextBox& box, const char* name) { step([&] { box.setText(toText(field(name))); }); };
-    const auto read = [&](std::string& result, const char* name) { step([&] { result = toText(field(name)); }); };
+    const auto fill = [&](TextBox& box, const char* name) {
+        step([&] { box.setText(toText(field(name))); });
+    };
+    const auto read = [&](std::string& result, const char* name) {
+        step([&] { result = toText(field(name)); });
+    };
 
     mFirstRes.clear();
     mSecondRes.clear();
@@ -372,7 +386,8 @@ void frmFrame::writeFrame(const Handler& step) {
     write("fldHHRecordID", "NONE");
 }
 
-// --- The ways on and out -------------------------------------------------------------------------------------
+// --- The ways on and out
+// -------------------------------------------------------------------------------------
 
 void frmFrame::cmdNextFrame_Click() {
     const Handler step = handler("frmFrame, cmdNextFrame.");
@@ -431,9 +446,9 @@ void frmFrame::cmdPrevFrame_Click() {
 }
 
 void frmFrame::cmdReset_Click() {
-    if (ask(question(
-            lines({"This will reset the form but NOT affect the current record.", "Do you want to continue?"}),
-            "Reset Form")) != Answer::Yes)
+    if (ask(question(lines({"This will reset the form but NOT affect the current record.",
+                            "Do you want to continue?"}),
+                     "Reset Form")) != Answer::Yes)
         return;
     for (TextBox* box : {&txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &txtComment})
         box->setText("");
@@ -477,7 +492,8 @@ void frmFrame::txtLaneNum_LostFocus() {
     }
 }
 
-// --- The check and the score ---------------------------------------------------------------------------------
+// --- The check and the score
+// ---------------------------------------------------------------------------------
 
 std::string frmFrame::Check_Frame() {
     if (recordsPinfall()) {
@@ -495,8 +511,9 @@ std::string frmFrame::Check_Frame() {
 bool frmFrame::frameIsGood() {
     if (Check_Frame() == "Good")
         return true;
-    ask({.text = lines({"Line score values were incomplete.", "Acceptable values are 0 - 9, X and /. Examples: ",
-                        "9/, X, 80, 8/ are acceptable. Values such as /9, 9X are not."}),
+    ask({.text =
+             lines({"Line score values were incomplete.", "Acceptable values are 0 - 9, X and /. Examples: ",
+                    "9/, X, 80, 8/ are acceptable. Values such as /9, 9X are not."}),
          .title = "Invalid Line Score",
          .icon = Icon::Critical});
     cmdResetPinfall.focus();
@@ -517,9 +534,10 @@ void frmFrame::Calc_Score() {
     if (score != mGameScore)
         return acceptScore(step, score);
     const Answer answer =
-        ask({.text = lines({"Calculated score for this game is " + text(score) + ".",
-                            "Click \"OK\" to return to the previous screen, click \"Cancel\" to stay at the frame "
-                            "screen."}),
+        ask({.text = lines(
+                 {"Calculated score for this game is " + text(score) + ".",
+                  "Click \"OK\" to return to the previous screen, click \"Cancel\" to stay at the frame "
+                  "screen."}),
              .title = "Game Score",
              .buttons = Buttons::OKCancel,
              .icon = Icon::Information});
@@ -528,12 +546,13 @@ void frmFrame::Calc_Score() {
 }
 
 void frmFrame::acceptScore(const Handler& step, Int16 score) {
-    MessageBox mismatch = question(
-        lines({"Based on the pinfall you entered, a score of " + text(score) +
-                   " was calculated. This differs from the score of " + text(mGameScore) + " that was recorded.",
-               "To accept the score of " + text(score) + " click the \"Yes\" button.",
-               "To keep the recorded score of " + text(mGameScore) + " click the \"No\"button."}),
-        "Score Mismatch", Icon::Warning);
+    MessageBox mismatch =
+        question(lines({"Based on the pinfall you entered, a score of " + text(score) +
+                            " was calculated. This differs from the score of " + text(mGameScore) +
+                            " that was recorded.",
+                        "To accept the score of " + text(score) + " click the \"Yes\" button.",
+                        "To keep the recorded score of " + text(mGameScore) + " click the \"No\"button."}),
+                 "Score Mismatch", Icon::Warning);
     if (ask(mismatch) != Answer::Yes)
         return;
     step([&] { ++session().gScoreFixCount; });

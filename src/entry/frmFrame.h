@@ -1,12 +1,12 @@
 #pragma once
 
-#include <array>
-#include <string>
-
 #include "entry/BallPanel.h"
 #include "entry/ScoreCell.h"
 #include "shell/Screen.h"
 #include "store/DataControl.h"
+
+#include <array>
+#include <string>
 
 namespace tallybrook {
 
@@ -19,35 +19,41 @@ public:
     TextBox txtEventName{*this, "txtEventName", {.readOnly = true, .tabStop = false}};
     TextBox txtDateBowled{
         *this, "txtDateBowled", {.width = 12, .readOnly = true, .centred = true, .tabStop = false}};
-    TextBox txtGameNum{*this, "txtGameNum", {.width = 4, .readOnly = true, .centred = true, .tabStop = false}};
-    TextBox txtNumGames{*this, "txtNumGames", {.width = 4, .readOnly = true, .centred = true, .tabStop = false}};
-    TextBox txtLanePair{*this, "txtLanePair", {.width = 8, .readOnly = true, .centred = true, .tabStop = false}};
-    TextBox txtFrameNum{
+    TextBox txtGameNum{
+        *this, "txtGameNum", {.width = 4, .readOnly = true, .centred = true, .tabStop = false}};
+    TextBox txtNumGames{
+        *this, "txtNumGames", {.width = 4, .readOnly = true, .centred = true, .tabStop = false}};
+    TextBox txtLanePair{
+        *this, "txtLanePair", {.width = 8, .readOnly = true, .centred = true, .tabStop = false}};
+    TextBox txtFrameNum{*this,
+                        "txtFrameNum",
+                        {.tip = "Enter the frame number - this must be at least 1 and not more than 10",
+                         .width = 4,
+                         .readOnly = true,
+                         .centred = true,
+                         .tabStop = false}};
+    TextBox txtLaneNum{*this,
+                       "txtLaneNum",
+                       {.tip = "Enter the lane number that the frame was bowled on - you should only have to "
+                               "enter this for the "
+                               "first frame as all other frames will alternate according to what was entered "
+                               "in the first frame",
+                        .width = 4,
+                        .centred = true}};
+    TextBox txtBallUsed{
+        *this, "txtBallUsed", {.tip = "If desired enter the ball that you used", .width = 14}};
+    TextBox txtFootPos{
         *this,
-        "txtFrameNum",
-        {.tip = "Enter the frame number - this must be at least 1 and not more than 10",
-         .width = 4,
-         .readOnly = true,
-         .centred = true,
-         .tabStop = false}};
-    TextBox txtLaneNum{
+        "txtFootPos",
+        {.tip = "If desired enter the board number where you stood on the lane - this is usually "
+                "the board number on the approach",
+         .width = 14}};
+    TextBox txtLaneTgt{
         *this,
-        "txtLaneNum",
-        {.tip = "Enter the lane number that the frame was bowled on - you should only have to enter this for the "
-                "first frame as all other frames will alternate according to what was entered in the first frame",
-         .width = 4,
-         .centred = true}};
-    TextBox txtBallUsed{*this, "txtBallUsed", {.tip = "If desired enter the ball that you used", .width = 14}};
-    TextBox txtFootPos{*this,
-                       "txtFootPos",
-                       {.tip = "If desired enter the board number where you stood on the lane - this is usually "
-                               "the board number on the approach",
-                        .width = 14}};
-    TextBox txtLaneTgt{*this,
-                       "txtLaneTgt",
-                       {.tip = "If desired enter the target on the lane - this is usually the board number",
-                        .width = 14}};
-    TextBox txtComment{*this, "txtComment", {.tip = "Enter comments on the frame if desired", .multiline = true}};
+        "txtLaneTgt",
+        {.tip = "If desired enter the target on the lane - this is usually the board number", .width = 14}};
+    TextBox txtComment{
+        *this, "txtComment", {.tip = "Enter comments on the frame if desired", .multiline = true}};
 
     Frame fraLineScore{*this, "fraLineScore"};
     ControlArray<Label> lblFraNum;
@@ -57,10 +63,14 @@ public:
                         "txtTotScore",
                         {.maxLength = 3, .width = 4, .readOnly = true, .centred = true, .enabled = false}};
 
-    Button cmdNextFrame{
-        *this, "cmdNextFrame", "&Next Frame", {.tip = "Toggle to the next frame of the game (used in edit mode)"}};
-    Button cmdPrevFrame{
-        *this, "cmdPrevFrame", "&Previous Frame", {.tip = "Toggle to the previous frame (used in edit mode)"}};
+    Button cmdNextFrame{*this,
+                        "cmdNextFrame",
+                        "&Next Frame",
+                        {.tip = "Toggle to the next frame of the game (used in edit mode)"}};
+    Button cmdPrevFrame{*this,
+                        "cmdPrevFrame",
+                        "&Previous Frame",
+                        {.tip = "Toggle to the previous frame (used in edit mode)"}};
     Button cmdReset{*this,
                     "cmdReset",
                     "Reset F&orm",
@@ -68,8 +78,10 @@ public:
     Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
     Button cmdRetMain{*this, "cmdRetMain", "Return to &Main", {.tip = "Return to the main menu"}};
     Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
-    Button cmdResetPinfall{
-        *this, "cmdResetPinfall", "Rese&t Pinfall", {.tip = "This will reset all of the pinfall for this frame."}};
+    Button cmdResetPinfall{*this,
+                           "cmdResetPinfall",
+                           "Rese&t Pinfall",
+                           {.tip = "This will reset all of the pinfall for this frame."}};
     Button cmdPinfallHelp{*this,
                           "cmdPinfallHelp",
                           "P&infall Entry Help",

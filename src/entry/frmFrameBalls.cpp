@@ -9,7 +9,9 @@ namespace tallybrook {
 
 namespace {
 
-bool isMark(const std::string& result) { return result == "X" || result == "/"; }
+bool isMark(const std::string& result) {
+    return result == "X" || result == "/";
+}
 
 }  // namespace
 
@@ -31,7 +33,9 @@ void frmFrame::connectPanels() {
     };
 }
 
-void frmFrame::Reset_Ball(BallPanel& ball) { ball.reset(&ball == &firstBall); }
+void frmFrame::Reset_Ball(BallPanel& ball) {
+    ball.reset(&ball == &firstBall);
+}
 
 void frmFrame::resetBalls() {
     for (BallPanel* ball : {&firstBall, &secondBall, &fillBall})
@@ -51,7 +55,9 @@ void frmFrame::Load_Ball(BallPanel& ball, const std::string& result, PinFlags& p
     markPins(result, pins);
 }
 
-void frmFrame::appendToCell(const std::string& mark) { cell().setText(cell().text() + mark); }
+void frmFrame::appendToCell(const std::string& mark) {
+    cell().setText(cell().text() + mark);
+}
 
 void frmFrame::optFirstYes_Click() {
     mFirstRes = "X";

@@ -1,11 +1,11 @@
 #include "entry/frmGame.h"
 
-#include <array>
-#include <memory>
-
 #include "runtime/EndProgram.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
+
+#include <array>
+#include <memory>
 
 namespace tallybrook {
 
@@ -29,10 +29,14 @@ constexpr std::array<const char*, 2> kYesNo{"Yes", "No"};
 constexpr int kAlternates = 0;
 constexpr int kStays = 1;
 
-const ScoringMethod& scoringMethod(int index) { return kScoringMethods[static_cast<std::size_t>(index)]; }
+const ScoringMethod& scoringMethod(int index) {
+    return kScoringMethods[static_cast<std::size_t>(index)];
+}
 
 /// The option that stands for a stored score type: the last one for all that is neither "P" nor "L".
-int scoringIndex(const std::string& type) { return type == "P" ? 0 : type == "L" ? 1 : 2; }
+int scoringIndex(const std::string& type) {
+    return type == "P" ? 0 : type == "L" ? 1 : 2;
+}
 
 }  // namespace
 
@@ -75,22 +79,20 @@ frmGame::frmGame(Program& owner)
 Layout frmGame::layout() {
     return layout::column(
         {layout::row({Layout(imgTbrk).atStart(), Layout(lblTitle).stretched()}),
-         layout::row({layout::column({layout::form({lblEvent, txtEventName, lblEventDate,
-                                                    Layout(txtDateBowled).atStart(), lblGameLabel,
-                                                    Layout(txtGameNum).atStart(), lblLanePair,
-                                                    Layout(txtStartLane).atStart(), lblGameScore,
-                                                    Layout(txtGameScore).atStart(), lblLaneCond, txtLaneCond,
-                                                    lblComment, txtComment}),
-                                      layout::row({layout::group(fraAltLanes, layout::column({optAltLanes(0),
-                                                                                              optAltLanes(1),
-                                                                                              layout::space()})),
-                                                   layout::group(fraScoreType,
-                                                                 layout::column({optScType(0), optScType(1),
-                                                                                 optScType(2)}))
-                                                       .stretched()})})
-                          .stretched(),
-                      layout::buttons(
-                          {cmdNextGame, cmdPrevGame, cmdUpdFrame, cmdReset, cmdPrevious, cmdMain, cmdExit})}),
+         layout::row(
+             {layout::column(
+                  {layout::form({lblEvent, txtEventName, lblEventDate, Layout(txtDateBowled).atStart(),
+                                 lblGameLabel, Layout(txtGameNum).atStart(), lblLanePair,
+                                 Layout(txtStartLane).atStart(), lblGameScore, Layout(txtGameScore).atStart(),
+                                 lblLaneCond, txtLaneCond, lblComment, txtComment}),
+                   layout::row({layout::group(fraAltLanes, layout::column({optAltLanes(0), optAltLanes(1),
+                                                                           layout::space()})),
+                                layout::group(fraScoreType,
+                                              layout::column({optScType(0), optScType(1), optScType(2)}))
+                                    .stretched()})})
+                  .stretched(),
+              layout::buttons(
+                  {cmdNextGame, cmdPrevGame, cmdUpdFrame, cmdReset, cmdPrevious, cmdMain, cmdExit})}),
          layout::space()});
 }
 
@@ -105,7 +107,8 @@ void frmGame::onLoad() {
     step([&] { txtDateBowled.setText(toText(adoTBKEvent.recordset()["fldDateBowled"])); });
     step([&] { session().gNumGames = toInt16(adoTBKEvent.recordset()["fldNumGames"]); });
 
-    adoTBKGame.setRecordSource("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + key + " ORDER BY fldGameNum");
+    adoTBKGame.setRecordSource("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + key +
+                               " ORDER BY fldGameNum");
     step([&] { adoTBKGame.Refresh(); });
     step([&] { session().gGmsRecorded = adoTBKGame.recordset().RecordCount(); });
     if (session().gGmsRecorded > 0) {
@@ -121,7 +124,9 @@ void frmGame::onLoad() {
     txtStartLane.focus();
 }
 
-void frmGame::onClose() { cmdPrevious.click(); }
+void frmGame::onClose() {
+    cmdPrevious.click();
+}
 
 void frmGame::onUnload() {
     for (DataControl* control : {&adoTBKEvent, &adoTBKGame, &adoTBKFrame})
@@ -129,7 +134,8 @@ void frmGame::onUnload() {
 }
 
 void frmGame::Clear_Game() {
-    for (TextBox* box : {&txtEventName, &txtDateBowled, &txtGameNum, &txtStartLane, &txtLaneCond, &txtComment})
+    for (TextBox* box :
+         {&txtEventName, &txtDateBowled, &txtGameNum, &txtStartLane, &txtLaneCond, &txtComment})
         box->setText("");
     for (const auto& option : optAltLanes)
         option->setValue(false);
@@ -254,8 +260,9 @@ void frmGame::readGame(const Handler& step) {
 
 // Unguarded: with fewer than two frames it fails into its caller, which tries it again.
 void frmGame::Get_Lanes() {
-    adoTBKFrame.setRecordSource("SELECT * FROM tblFrameInfo WHERE fldSessionNum = " + text(session().gSessionNum) +
-                                " AND fldGameNum = " + text(session().gGameNum) + " ORDER BY fldFrameNum");
+    adoTBKFrame.setRecordSource(
+        "SELECT * FROM tblFrameInfo WHERE fldSessionNum = " + text(session().gSessionNum) +
+        " AND fldGameNum = " + text(session().gGameNum) + " ORDER BY fldFrameNum");
     adoTBKFrame.Refresh();
     Recordset& frames = adoTBKFrame.recordset();
     FrmsRecorded = frames.RecordCount();
@@ -314,8 +321,9 @@ void frmGame::cmdUpdFrame_Click() {
 }
 
 void frmGame::cmdReset_Click() {
-    MessageBox box = question(
-        lines({"This will cancel any changes you have made to the current game.", "Continue?"}), "Reset Form");
+    MessageBox box =
+        question(lines({"This will cancel any changes you have made to the current game.", "Continue?"}),
+                 "Reset Form");
     box.preset = Answer::No;
     if (ask(box) != Answer::Yes)
         return;

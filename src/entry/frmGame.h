@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "shell/Screen.h"
 #include "store/DataControl.h"
+
+#include <string>
 
 namespace tallybrook {
 
@@ -20,9 +20,8 @@ public:
     TextBox txtGameNum{*this, "txtGameNum", {.width = 12, .readOnly = true, .tabStop = false}};
     TextBox txtStartLane{*this, "txtStartLane", {.width = 6}};
     TextBox txtGameScore{*this, "txtGameScore", {.tip = "Enter the score you got for the game", .width = 6}};
-    TextBox txtLaneCond{*this,
-                        "txtLaneCond",
-                        {.tip = "Enter the lane condition - use whatever format you like"}};
+    TextBox txtLaneCond{
+        *this, "txtLaneCond", {.tip = "Enter the lane condition - use whatever format you like"}};
     TextBox txtComment{*this, "txtComment", {.tip = "If desired, enter any comments about the game"}};
 
     Frame fraAltLanes{*this, "fraAltLanes", "Alternate Lanes?"};

@@ -1,9 +1,9 @@
 #include "shell/Control.h"
 
-#include <utility>
-
 #include "runtime/TextCompare.h"
 #include "shell/Screen.h"
+
+#include <utility>
 
 namespace tallybrook {
 
@@ -28,16 +28,22 @@ void Control::setVisible(bool visible) {
     screen_.reviewFocus();
 }
 
-bool Control::isEnabled() const { return enabled_ && (above_ == nullptr || above_->isEnabled()); }
+bool Control::isEnabled() const {
+    return enabled_ && (above_ == nullptr || above_->isEnabled());
+}
 
-bool Control::isVisible() const { return visible_ && (above_ == nullptr || above_->isVisible()); }
+bool Control::isVisible() const {
+    return visible_ && (above_ == nullptr || above_->isVisible());
+}
 
 bool Control::isFocusable() const {
     return kind_ == Kind::TextBox || kind_ == Kind::Button || kind_ == Kind::OptionButton ||
            kind_ == Kind::CheckBox;
 }
 
-bool Control::hasFocus() const { return screen_.focused() == this; }
+bool Control::hasFocus() const {
+    return screen_.focused() == this;
+}
 
 void Control::focus() {
     if (screen_.isVisible())

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "runtime/Integer.h"
+#include "runtime/RunTimeError.h"
+
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "runtime/Integer.h"
-#include "runtime/RunTimeError.h"
 
 namespace tallybrook {
 
@@ -163,7 +163,8 @@ private:
 
 class OptionButton : public Control {
 public:
-    OptionButton(Place place, std::string name, OptionGroup& group, std::string caption, std::string tip = {});
+    OptionButton(Place place, std::string name, OptionGroup& group, std::string caption,
+                 std::string tip = {});
 
     [[nodiscard]] bool value() const { return value_; }
     /// Turning it on turns the others of its group off and runs its click, unless it is on already.

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "runtime/RunTimeError.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "runtime/RunTimeError.h"
 
 namespace tallybrook {
 

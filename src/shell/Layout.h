@@ -1,21 +1,21 @@
 #pragma once
 
+#include "shell/Control.h"
+
 #include <utility>
 #include <vector>
-
-#include "shell/Control.h"
 
 namespace tallybrook {
 
 /// Where things stand on a screen, told in rows, columns, groups and forms; a display draws it.
 struct Layout {
     enum class Kind {
-        Item,    // one control
-        Row,     // parts beside each other
-        Column,  // parts below each other
-        Form,    // pairs of parts: a label and what it names, the labels aligned
-        Table,   // parts in `columns` columns, row by row
-        Group,   // a frame control around one part
+        Item,     // one control
+        Row,      // parts beside each other
+        Column,   // parts below each other
+        Form,     // pairs of parts: a label and what it names, the labels aligned
+        Table,    // parts in `columns` columns, row by row
+        Group,    // a frame control around one part
         Buttons,  // buttons of one width, below each other
         Space,    // room that takes up what is left over
     };
@@ -48,11 +48,21 @@ struct Layout {
 
 namespace layout {
 
-inline Layout row(std::vector<Layout> parts) { return {Layout::Kind::Row, std::move(parts)}; }
-inline Layout column(std::vector<Layout> parts) { return {Layout::Kind::Column, std::move(parts)}; }
-inline Layout form(std::vector<Layout> parts) { return {Layout::Kind::Form, std::move(parts)}; }
-inline Layout buttons(std::vector<Layout> parts) { return {Layout::Kind::Buttons, std::move(parts)}; }
-inline Layout space() { return Layout{}.stretched(); }
+inline Layout row(std::vector<Layout> parts) {
+    return {Layout::Kind::Row, std::move(parts)};
+}
+inline Layout column(std::vector<Layout> parts) {
+    return {Layout::Kind::Column, std::move(parts)};
+}
+inline Layout form(std::vector<Layout> parts) {
+    return {Layout::Kind::Form, std::move(parts)};
+}
+inline Layout buttons(std::vector<Layout> parts) {
+    return {Layout::Kind::Buttons, std::move(parts)};
+}
+inline Layout space() {
+    return Layout{}.stretched();
+}
 
 inline Layout table(int columns, std::vector<Layout> parts) {
     Layout made{Layout::Kind::Table, std::move(parts)};

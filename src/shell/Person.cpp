@@ -9,7 +9,9 @@ namespace tallybrook::person {
 
 namespace {
 
-bool isButton(const Control& control) { return control.kind() == Control::Kind::Button; }
+bool isButton(const Control& control) {
+    return control.kind() == Control::Kind::Button;
+}
 
 /// Whether the control answers a click with more than taking the focus.
 bool isPressed(const Control& control) {
@@ -19,7 +21,7 @@ bool isPressed(const Control& control) {
 
 TextBox* asTextBox(Control* control) {
     return control != nullptr && control->kind() == Control::Kind::TextBox ? static_cast<TextBox*>(control)
-                                                                            : nullptr;
+                                                                           : nullptr;
 }
 
 /// The letter, in upper case, that reaches the control with Alt; nothing if its caption marks none.
@@ -38,8 +40,9 @@ bool isReachedBy(const Control& control, char letter) {
     if (isPressed(control) && accessLetter(control) == letter)
         return true;
     return std::ranges::any_of(control.screen().controls(), [&](const Control* other) {
-        return other->kind() == Control::Kind::Label && static_cast<const Label*>(other)->names() == &control &&
-               other->isVisible() && accessLetter(*other) == letter;
+        return other->kind() == Control::Kind::Label &&
+               static_cast<const Label*>(other)->names() == &control && other->isVisible() &&
+               accessLetter(*other) == letter;
     });
 }
 
@@ -49,8 +52,9 @@ Control* reachedByAlt(const Screen& screen, char letter) {
     const auto current = std::ranges::find(order, screen.focused());
     if (current != order.end())
         std::ranges::rotate(order, current + 1);
-    const auto found = std::ranges::find_if(
-        order, [&](const Control* control) { return control->canTakeFocus() && isReachedBy(*control, letter); });
+    const auto found = std::ranges::find_if(order, [&](const Control* control) {
+        return control->canTakeFocus() && isReachedBy(*control, letter);
+    });
     return found == order.end() ? nullptr : *found;
 }
 
@@ -66,7 +70,7 @@ Menu* entryWithShortcut(const Screen& screen, const std::string& shortcut) {
 }
 
 /// The button that Return or Escape presses where the focused control does not take the key itself.
-Button* standingButton(const Screen& screen, bool ButtonOptions::* role) {
+Button* standingButton(const Screen& screen, bool ButtonOptions::*role) {
     for (Control* control : screen.controls()) {
         if (isButton(*control) && static_cast<Button*>(control)->options().*role)
             return static_cast<Button*>(control);
@@ -89,9 +93,13 @@ Control* neighbour(const Control& from, bool backwards) {
     return next == around.end() ? nullptr : *next;
 }
 
-Press used(Arrival arrival, Control* target) { return {.used = true, .arrival = arrival, .target = target}; }
+Press used(Arrival arrival, Control* target) {
+    return {.used = true, .arrival = arrival, .target = target};
+}
 
-Press pressClick(Control* target) { return target == nullptr ? Press{} : used(click(*target), target); }
+Press pressClick(Control* target) {
+    return target == nullptr ? Press{} : used(click(*target), target);
+}
 
 Press pressTab(Screen& screen, bool backwards) {
     Control* const next = screen.nextInTabOrder(screen.focused(), backwards);
@@ -162,7 +170,9 @@ Key readKey(std::string_view text) {
     return key;
 }
 
-Arrival arrive(Control& control) { return control.screen().moveFocus(control); }
+Arrival arrive(Control& control) {
+    return control.screen().moveFocus(control);
+}
 
 void activate(Control& control) {
     if (!control.isEnabled() || !control.isVisible() || !control.screen().isVisible())
@@ -199,7 +209,9 @@ Arrival type(TextBox& box, std::string_view text) {
     return arrival;
 }
 
-Arrival tab(Screen& screen, bool backwards) { return pressTab(screen, backwards).arrival; }
+Arrival tab(Screen& screen, bool backwards) {
+    return pressTab(screen, backwards).arrival;
+}
 
 Press press(Screen& screen, const Key& key) {
     if (key.alt)
@@ -245,6 +257,8 @@ bool typeKey(TextBox& box, const Key& key) {
     return true;
 }
 
-void close(Screen& screen) { screen.onClose(); }
+void close(Screen& screen) {
+    screen.onClose();
+}
 
 }  // namespace tallybrook::person

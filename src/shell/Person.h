@@ -1,9 +1,9 @@
 #pragma once
 
+#include "shell/Screen.h"
+
 #include <string>
 #include <string_view>
-
-#include "shell/Screen.h"
 
 // What a person does on a screen, with mouse and keyboard, in the program's own terms. Every display passes
 // what it sees its user do to these functions, inside Program::perform(), and so behaves alike.
@@ -27,8 +27,8 @@ Arrival arrive(Control& control);
 /// a check box. Nothing if the control is disabled or not visible.
 void activate(Control& control);
 
-/// A click with the mouse: a control that can take the focus takes it first; if the control left keeps it, the
-/// click does not happen.
+/// A click with the mouse: a control that can take the focus takes it first; if the control left keeps it,
+/// the click does not happen.
 Arrival click(Control& control);
 
 /// Replaces the text of a box as by typing over the selected whole, once the focus is there.

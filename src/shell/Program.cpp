@@ -1,11 +1,11 @@
 #include "shell/Program.h"
 
-#include <new>
-#include <utility>
-
 #include "runtime/EndProgram.h"
 #include "shell/Screen.h"
 #include "shell/TBK_Globals.h"
+
+#include <new>
+#include <utility>
 
 namespace tallybrook {
 
@@ -22,7 +22,9 @@ Store& Program::store() {
     return *store_;
 }
 
-void Program::openLogbook() { store_ = std::make_unique<Store>(dataFolder / "Tallybrook_DB.mdb", clock); }
+void Program::openLogbook() {
+    store_ = std::make_unique<Store>(dataFolder / "Tallybrook_DB.mdb", clock);
+}
 
 void Program::perform(const std::function<void()>& action) {
     if (ended_)

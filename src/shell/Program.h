@@ -1,16 +1,16 @@
 #pragma once
 
-#include <filesystem>
-#include <functional>
-#include <memory>
-#include <string>
-
 #include "runtime/Clock.h"
 #include "runtime/Handler.h"
 #include "shell/Display.h"
 #include "shell/Screens.h"
 #include "shell/SessionState.h"
 #include "store/Store.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
 
 namespace tallybrook {
 
@@ -29,6 +29,10 @@ private:
 class Program {
 public:
     Program(Display& shown, const Clock& time, std::filesystem::path folder);
+
+    ~Program() { screens.dropAll(); }  // before the logbook that they hold recordsets of
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
 
     Display& display;
     const Clock& clock;

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "runtime/Handler.h"
 #include "shell/Control.h"
 #include "shell/Layout.h"
 #include "shell/Program.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace tallybrook {
 

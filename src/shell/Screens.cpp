@@ -1,9 +1,9 @@
 #include "shell/Screens.h"
 
+#include "shell/Screen.h"
+
 #include <algorithm>
 #include <utility>
-
-#include "shell/Screen.h"
 
 namespace tallybrook {
 
@@ -75,13 +75,18 @@ std::vector<Screen*> Screens::loaded() const {
 }
 
 Screen* Screens::find(const std::string& name) const {
-    const auto found = std::ranges::find_if(loaded_, [&](const auto& screen) { return screen->name() == name; });
+    const auto found =
+        std::ranges::find_if(loaded_, [&](const auto& screen) { return screen->name() == name; });
     return found == loaded_.end() ? nullptr : found->get();
 }
 
-Screen* Screens::front() const { return shown_.empty() ? nullptr : shown_.back(); }
+Screen* Screens::front() const {
+    return shown_.empty() ? nullptr : shown_.back();
+}
 
-void Screens::dropUnloaded() { unloaded_.clear(); }
+void Screens::dropUnloaded() {
+    unloaded_.clear();
+}
 
 void Screens::dropAll() {
     shown_.clear();

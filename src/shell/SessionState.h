@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "runtime/DateTime.h"
 #include "runtime/Integer.h"
+
+#include <string>
+#include <vector>
 
 namespace tallybrook {
 

@@ -1,12 +1,12 @@
 #include "shell/TBK_Globals.h"
 
-#include <fmt/format.h>
-
-#include <utility>
-
 #include "runtime/EndProgram.h"
 #include "shell/Program.h"
 #include "shell/Screen.h"
+
+#include <utility>
+
+#include <fmt/format.h>
 
 namespace tallybrook {
 
@@ -22,12 +22,13 @@ std::string lines(std::initializer_list<std::string_view> parts) {
 }
 
 MessageBox databaseErrorBox(const RunTimeError& failure, std::string_view module) {
-    return {.text = lines({fmt::format("Error Number: {}", failure.number()),
-                           fmt::format("Error: {}", failure.description()), fmt::format("Module: {}", module),
-                           fmt::format("If this persists, please send email to {} with this error information.",
-                                       kSupportAddress)}),
-            .title = "Database Error",
-            .icon = Icon::Critical};
+    return {
+        .text = lines({fmt::format("Error Number: {}", failure.number()),
+                       fmt::format("Error: {}", failure.description()), fmt::format("Module: {}", module),
+                       fmt::format("If this persists, please send email to {} with this error information.",
+                                   kSupportAddress)}),
+        .title = "Database Error",
+        .icon = Icon::Critical};
 }
 
 MessageBox question(std::string text, std::string title, Icon icon) {
@@ -42,9 +43,8 @@ void Exit_Confirm(Program& program) {
 }
 
 Answer Reset_Confirm(Program& program) {
-    return program.display.messageBox(
-        question(lines({"Resetting the form will erase the data in the form", "Continue?"}),
-                 "Confirm - Form Reset"));
+    return program.display.messageBox(question(
+        lines({"Resetting the form will erase the data in the form", "Continue?"}), "Confirm - Form Reset"));
 }
 
 void showAbout(Program& program) {

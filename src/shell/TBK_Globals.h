@@ -1,11 +1,11 @@
 #pragma once
 
+#include "runtime/RunTimeError.h"
+#include "shell/Display.h"
+
 #include <initializer_list>
 #include <string>
 #include <string_view>
-
-#include "runtime/RunTimeError.h"
-#include "shell/Display.h"
 
 // What all screens share: the confirmations, and the boxes of the failures.
 namespace tallybrook {

@@ -14,13 +14,18 @@ frmAbout::frmAbout(Program& owner) : Screen(owner, "frmAbout", "About Tallybrook
 }
 
 Layout frmAbout::layout() {
-    return layout::column({layout::row({Layout(Image1).centred(),
-                                        layout::column({lblProduct, lblVersion, lblMaker, lblMail}).stretched()}),
-                           Layout(Text1).stretched(), Layout(cmdAboutOK).centred()});
+    return layout::column(
+        {layout::row({Layout(Image1).centred(),
+                      layout::column({lblProduct, lblVersion, lblMaker, lblMail}).stretched()}),
+         Layout(Text1).stretched(), Layout(cmdAboutOK).centred()});
 }
 
-void frmAbout::onLoad() { screens().show(*this); }
+void frmAbout::onLoad() {
+    screens().show(*this);
+}
 
-void frmAbout::onClose() { cmdAboutOK.click(); }
+void frmAbout::onClose() {
+    cmdAboutOK.click();
+}
 
 }  // namespace tallybrook

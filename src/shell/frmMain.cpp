@@ -36,11 +36,16 @@ void frmMain::goTo(const std::string& screen) {
 }
 
 Layout frmMain::layout() {
-    return layout::column({layout::space(), Layout(imgLogo).centred(), Layout(lblTitle).centred(), layout::space()});
+    return layout::column(
+        {layout::space(), Layout(imgLogo).centred(), Layout(lblTitle).centred(), layout::space()});
 }
 
-void frmMain::onLoad() { screens().show(*this); }
+void frmMain::onLoad() {
+    screens().show(*this);
+}
 
-void frmMain::onClose() { mnuExit.click(); }
+void frmMain::onClose() {
+    mnuExit.click();
+}
 
 }  // namespace tallybrook

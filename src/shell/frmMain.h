@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "shell/Screen.h"
+
+#include <string>
 
 namespace tallybrook {
 

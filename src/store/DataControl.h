@@ -1,11 +1,11 @@
 #pragma once
 
+#include "store/Recordset.h"
+
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "store/Recordset.h"
 
 namespace tallybrook {
 

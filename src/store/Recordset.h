@@ -1,12 +1,12 @@
 #pragma once
 
+#include "runtime/Value.h"
+#include "store/Store.h"
+
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-
-#include "runtime/Value.h"
-#include "store/Store.h"
 
 namespace tallybrook {
 

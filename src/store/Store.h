@@ -1,13 +1,13 @@
 #pragma once
 
+#include "runtime/Clock.h"
+#include "runtime/Value.h"
+
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-#include "runtime/Clock.h"
-#include "runtime/Value.h"
 
 namespace tallybrook {
 
@@ -37,11 +37,11 @@ public:
     /// The stored rows of a table in key order, dates as DateTime.
     [[nodiscard]] std::vector<Row> rows(const std::string& table);
 
-    class Implementation;
-    [[nodiscard]] Implementation& implementation() { return *implementation_; }
+    class Connection;
+    [[nodiscard]] Connection& connection() { return *connection_; }
 
 private:
-    std::unique_ptr<Implementation> implementation_;
+    std::unique_ptr<Connection> connection_;
 };
 
 }  // namespace tallybrook

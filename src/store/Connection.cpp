@@ -1,0 +1,78 @@
+#include "store/Connection.h"
+
+#include "runtime/TextCompare.h"
+#include "store/Query.h"
+
+#include <sqlite3.h>
+
+namespace tallybrook {
+
+namespace {
+
+std::string_view bytesOf(sqlite3_value* value) {
+    const void* const bytes = sqlite3_value_blob(value);
+    return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+/// tbk_compare(a, b): the order of two texts without case; Null if either is Null.
+void compareFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    for (int i = 0; i < 2; ++i) {
+        if (sqlite3_value_type(arguments[i]) == SQLITE_NULL)
+            return sqlite3_result_null(context);
+    }
+    sqlite3_result_int(context, compareText(bytesOf(arguments[0]), bytesOf(arguments[1])));
+}
+
+/// tbk_like(value, pattern, type): whether the text form of a field's value is like the pattern.
+void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
+    const auto type = static_cast<FieldType>(sqlite3_value_int(arguments[2]));
+    const Value value = valueOfColumn(arguments[0], type);
+    if (isNull(value))
+        return sqlite3_result_null(context);
+    sqlite3_result_int(context, likeText(toText(value), bytesOf(arguments[1])) ? 1 : 0);
+}
+
+int collate(void*, int leftSize, const void* left, int rightSize, const void* right) {
+    return compareText({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
+                       {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
+}
+
+/// What the queries need beyond SQLite's own. Nothing in the file refers to it.
+void addTextFunctions(sqlite3* handle) {
+    constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+    sqlite3_create_function(handle, "tbk_compare", 2, kFlags, nullptr, compareFunction, nullptr, nullptr);
+    sqlite3_create_function(handle, "tbk_like", 3, kFlags, nullptr, likeFunction, nullptr, nullptr);
+    sqlite3_create_collation(handle, "tbk", SQLITE_UTF8, nullptr, collate);
+}
+
+}  // namespace
+
+Store::Connection::Connection(const std::filesystem::path& file, const Clock& clock)
+    : clock_(clock), database_(file.string(), SQLite::OPEN_READWRITE) {
+    database_.exec("PRAGMA locking_mode = EXCLUSIVE");
+    database_.exec("PRAGMA journal_mode = DELETE");
+    database_.exec("PRAGMA synchronous = FULL");
+    addTextFunctions(database_.getHandle());
+    database_.exec("BEGIN EXCLUSIVE");  // takes the lock for as long as the connection lives
+    database_.exec("COMMIT");
+}
+
+SQLite::Statement& Store::Connection::prepared(const std::string& sql) {
+    constexpr std::size_t kMostStatements = 200;
+    const auto found = prepared_.find(sql);
+    if (found != prepared_.end())
+        return *found->second;
+    if (prepared_.size() >= kMostStatements)
+        prepared_.clear();
+    return *prepared_.emplace(sql, std::make_unique<SQLite::Statement>(database_, sql)).first->second;
+}
+
+void Store::Connection::readBeforeChange(const Table& table, const UnreadRows* by) {
+    const std::vector<UnreadRows*> unread = unread_;  // each takes itself off the list as it is read
+    for (UnreadRows* const rows : unread) {
+        if (rows != by && &rows->table() == &table)
+            rows->read();
+    }
+}
+
+}  // namespace tallybrook

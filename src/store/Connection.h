@@ -1,0 +1,78 @@
+#pragma once
+
+#include "runtime/Clock.h"
+#include "runtime/RunTimeError.h"
+#include "store/Schema.h"
+#include "store/Store.h"
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace tallybrook {
+
+/// A set of rows that was opened but not yet read from the tables.
+class UnreadRows {
+public:
+    virtual ~UnreadRows() = default;
+    /// Reads the rows, so that later changes do not show in them.
+    virtual void read() = 0;
+    [[nodiscard]] virtual const Table& table() const = 0;
+};
+
+/// The one connection to the logbook's file: statements kept ready, and the rows of open recordsets that are
+/// still to be read.
+class Store::Connection {
+public:
+    Connection(const std::filesystem::path& file, const Clock& clock);
+
+    [[nodiscard]] SQLite::Database& database() { return database_; }
+    [[nodiscard]] int currentYear() const { return clock_.year(); }
+
+    /// A statement, prepared once and reused, with nothing bound.
+    SQLite::Statement& prepared(const std::string& sql);
+
+    void enlist(UnreadRows& rows) { unread_.push_back(&rows); }
+    void strike(UnreadRows& rows) { std::erase(unread_, &rows); }
+    /// To be called before rows of the table are changed or deleted through `by`.
+    void readBeforeChange(const Table& table, const UnreadRows* by);
+
+private:
+    const Clock& clock_;
+    SQLite::Database database_;
+    std::map<std::string, std::unique_ptr<SQLite::Statement>> prepared_;
+    std::vector<UnreadRows*> unread_;
+};
+
+/// Ends the use of a prepared statement, however it ends.
+class StatementUse {
+public:
+    explicit StatementUse(SQLite::Statement& statement) : statement_(statement) {}
+    ~StatementUse() {
+        statement_.tryReset();
+        statement_.clearBindings();
+    }
+    StatementUse(const StatementUse&) = delete;
+    StatementUse& operator=(const StatementUse&) = delete;
+    SQLite::Statement* operator->() { return &statement_; }
+    SQLite::Statement& operator*() { return statement_; }
+
+private:
+    SQLite::Statement& statement_;
+};
+
+/// Runs what works on the file; a failure that SQLite reports becomes error -2147467259 with its text.
+template <typename Work>
+auto onFile(Work&& work) {
+    try {
+        return work();
+    } catch (const SQLite::Exception& failure) {
+        throw RunTimeError(error::kEngineFailure, failure.what());
+    }
+}
+
+}  // namespace tallybrook

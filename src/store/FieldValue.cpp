@@ -1,0 +1,91 @@
+#include "store/FieldValue.h"
+
+#include "runtime/TextForms.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <string_view>
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+/// A text that reads as a number as a whole: blanks around it, a sign, grouping commas, a point, an exponent.
+double wholeTextAsNumber(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        throw RunTimeError(error::kValueNotTaken);
+    std::string digits(text.substr(first, text.find_last_not_of(' ') - first + 1));
+    std::erase(digits, ',');
+    std::string_view rest = digits;
+    const bool negative = rest.starts_with('-');
+    if (negative || rest.starts_with('+'))
+        rest.remove_prefix(1);
+    double number = 0;
+    const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), number);
+    if (rest.starts_with('-') || read.ec != std::errc{} || read.ptr != rest.data() + rest.size() ||
+        !std::isfinite(number))
+        throw RunTimeError(error::kValueNotTaken);
+    return negative ? -number : number;
+}
+
+double asNumber(const Value& value) {
+    const auto* const text = std::get_if<std::string>(&value);
+    return text != nullptr ? wholeTextAsNumber(*text) : toDouble(value);
+}
+
+Value converted(const Value& value, FieldType type, int currentYear) {
+    switch (type) {
+        case FieldType::Number16:
+            return valueOf(toInt16(asNumber(value)));
+        case FieldType::Number32:
+            return valueOf(toInt32(asNumber(value)));
+        case FieldType::Double:
+            return asNumber(value);
+        case FieldType::Date:
+            return dateOnly(toDate(value, currentYear));
+        case FieldType::Text:
+            break;
+    }
+    return toText(value);
+}
+
+}  // namespace
+
+Value toFieldValue(const Value& value, FieldType type, int currentYear) {
+    if (isNull(value))
+        return value;
+    try {
+        return converted(value, type, currentYear);
+    } catch (const RunTimeError&) {
+        throw RunTimeError(error::kValueNotTaken);
+    }
+}
+
+std::string storedDate(DateTime date) {
+    const std::chrono::year_month_day day{std::chrono::floor<std::chrono::days>(date)};
+    return fmt::format("{:04}-{:02}-{:02}", int{day.year()}, unsigned{day.month()}, unsigned{day.day()});
+}
+
+Value fromStoredDate(const std::string& text) {
+    int year = 0;
+    unsigned month = 0;
+    unsigned day = 0;
+    const char* const begin = text.data();
+    if (text.size() != 10 || text[4] != '-' || text[7] != '-')
+        return text;
+    const auto reads = [](const char* from, const char* to, auto& number) {
+        return *from >= '0' && *from <= '9' && std::from_chars(from, to, number).ptr == to;
+    };
+    if (!reads(begin, begin + 4, year) || !reads(begin + 5, begin + 7, month) ||
+        !reads(begin + 8, begin + 10, day))
+        return text;
+    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month},
+                                           std::chrono::day{day}};
+    return date.ok() ? Value{DateTime{std::chrono::local_days{date}}} : Value{text};
+}
+
+}  // namespace tallybrook

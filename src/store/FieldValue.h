@@ -1,0 +1,19 @@
+#pragma once
+
+#include "runtime/Value.h"
+#include "store/Schema.h"
+
+namespace tallybrook {
+
+/// The value in a field's own type. A number field takes a text that reads as a number as a whole, a date
+/// field one that reads as a date (of `currentYear` where it names no year); a Null stays one. Error
+/// -2147217887 for anything else.
+Value toFieldValue(const Value& value, FieldType type, int currentYear);
+
+/// A date as it is stored: YYYY-MM-DD.
+std::string storedDate(DateTime date);
+
+/// What a stored text in a date column means: the date, or the text itself where it is none.
+Value fromStoredDate(const std::string& text);
+
+}  // namespace tallybrook

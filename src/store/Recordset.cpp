@@ -1,0 +1,382 @@
+#include "store/Recordset.h"
+
+#include "runtime/TextCompare.h"
+#include "store/FieldValue.h"
+#include "store/Snapshot.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+[[noreturn]] void noCurrentRow() {
+    throw RunTimeError(error::kNoCurrentRow);
+}
+
+}  // namespace
+
+class Recordset::Implementation {
+public:
+    explicit Implementation(Store& store) : connection_(store.connection()) {}
+
+    void open(const std::string& sql) {
+        if (rows_)
+            throw RunTimeError(error::kObjectOpen);
+        rows_ = std::make_unique<Snapshot>(connection_, sql);
+        place_ = {};
+        pending_ = Pending::None;
+        rowShown();
+    }
+
+    void close() {
+        requireOpen();
+        rows_.reset();
+    }
+
+    [[nodiscard]] bool isOpen() const { return rows_ != nullptr; }
+
+    [[nodiscard]] int count() {
+        const std::size_t size = opened().size();
+        return static_cast<int>(size) - (place_.deleted ? 1 : 0);
+    }
+
+    [[nodiscard]] bool isAtEnd() {
+        requireOpen();
+        return pending_ != Pending::New && (settled().where == Where::PastEnd || isEmpty());
+    }
+
+    [[nodiscard]] bool isAtBeginning() {
+        requireOpen();
+        return pending_ != Pending::New && (settled().where == Where::BeforeFirst || isEmpty());
+    }
+
+    void moveFirst() {
+        leaveRow();
+        if (rows_->size() == 0)
+            noCurrentRow();
+        showAt({.where = Where::OnRow, .index = 0});
+    }
+
+    void moveLast() {
+        leaveRow();
+        if (rows_->size() == 0)
+            noCurrentRow();
+        showAt({.where = Where::OnRow, .index = rows_->size() - 1});
+    }
+
+    void moveNext() {
+        const bool deleted = leaveRow();
+        if (settled().where == Where::PastEnd || (rows_->size() == 0 && !deleted))
+            noCurrentRow();
+        std::size_t next = 0;
+        if (place_.where == Where::OnRow)
+            next = deleted ? place_.index : place_.index + 1;
+        showAt(next < rows_->size() ? Place{.where = Where::OnRow, .index = next}
+                                    : Place{.where = Where::PastEnd});
+    }
+
+    void movePrevious() {
+        const bool deleted = leaveRow();
+        if (settled().where == Where::BeforeFirst || (rows_->size() == 0 && !deleted))
+            noCurrentRow();
+        const std::size_t behind = place_.where == Where::PastEnd ? rows_->size() : place_.index;
+        showAt(behind > 0 ? Place{.where = Where::OnRow, .index = behind - 1}
+                          : Place{.where = Where::BeforeFirst});
+    }
+
+    [[nodiscard]] Value read(std::string_view name) {
+        const std::size_t field = fieldOf(name);
+        if (pending_ != Pending::None && written_[field])
+            return *written_[field];
+        if (pending_ == Pending::New)
+            return Null{};
+        return current().values[field];
+    }
+
+    void write(std::string_view name, const Value& value) {
+        const std::size_t field = fieldOf(name);
+        if (pending_ == Pending::None)
+            current();  // fails where there is no row to edit
+        const Column& column = *rows_->fields()[field];
+        if (!rows_->isUpdatable() || &column == &rows_->table().key())
+            throw RunTimeError(error::kValueNotTaken);
+        Value taken = toFieldValue(value, column.type, connection_.currentYear());
+        if (pending_ == Pending::None)
+            begin(Pending::Edit);
+        written_[field] = std::move(taken);
+    }
+
+    void addNew() {
+        if (!opened().isUpdatable())
+            throw RunTimeError(error::kValueNotTaken);
+        begin(Pending::New);
+        rowShown();
+    }
+
+    void update() {
+        requireOpen();
+        if (pending_ == Pending::New)
+            insertRow();
+        else if (pending_ == Pending::Edit)
+            changeRow();
+    }
+
+    void cancelUpdate() {
+        requireOpen();
+        if (std::exchange(pending_, Pending::None) != Pending::None)
+            rowShown();
+    }
+
+    void deleteRow() {
+        requireOpen();
+        if (pending_ == Pending::New)
+            return cancelUpdate();
+        const std::int64_t key = current().key;
+        pending_ = Pending::None;
+        connection_.readBeforeChange(rows_->table(), rows_.get());
+        rows_->read();
+        onFile([&] {
+            const Table& table = rows_->table();
+            StatementUse use(connection_.prepared(
+                fmt::format("DELETE FROM {} WHERE {} = ?", table.name, table.key().name)));
+            use->bind(1, key);
+            use->exec();
+        });
+        place_.deleted = true;
+    }
+
+    void resync() {
+        requireOpen();
+        if (pending_ == Pending::New)
+            noCurrentRow();
+        StoredRow& row = current();
+        StoredRow stored{.key = row.key, .values = {}};
+        if (!readRow(connection_, rows_->table(), rows_->fields(), stored))
+            throw RunTimeError(error::kRowGone);
+        row = std::move(stored);
+        pending_ = Pending::None;
+    }
+
+    std::function<void()> onRowShown;
+
+private:
+    enum class Where {
+        AtStart,  // on the first row if there is one; not looked at yet
+        OnRow,
+        LastAdded,  // on the row added last; its index not counted yet
+        BeforeFirst,
+        PastEnd,
+    };
+    struct Place {
+        Where where = Where::AtStart;
+        std::size_t index = 0;
+        bool deleted = false;  // the row was deleted, and stays current until the next move
+    };
+    enum class Pending { None, Edit, New };
+
+    [[nodiscard]] Snapshot& opened() {
+        if (!rows_)
+            throw RunTimeError(error::kObjectClosed);
+        return *rows_;
+    }
+
+    void requireOpen() { static_cast<void>(opened()); }
+
+    void rowShown() const {
+        if (onRowShown)
+            onRowShown();
+    }
+
+    [[nodiscard]] bool isEmpty() { return rows_->size() == 0; }
+
+    /// The place with its index counted.
+    Place& settled() {
+        if (place_.where == Where::AtStart)
+            place_ = isEmpty() ? Place{.where = Where::PastEnd} : Place{.where = Where::OnRow};
+        else if (place_.where == Where::LastAdded)
+            place_ = {.where = Where::OnRow, .index = rows_->size() - 1};
+        return place_;
+    }
+
+    StoredRow& current() {
+        if (place_.where == Where::LastAdded)
+            return rows_->lastAdded();
+        if (settled().where != Where::OnRow || place_.deleted)
+            noCurrentRow();
+        return rows_->row(place_.index);
+    }
+
+    [[nodiscard]] std::size_t fieldOf(std::string_view name) {
+        const auto& fields = opened().fields();
+        for (std::size_t i = 0; i < fields.size(); ++i) {
+            if (compareText(fields[i]->name, name) == 0)
+                return i;
+        }
+        throw RunTimeError(error::kUnknownField);
+    }
+
+    void begin(Pending pending) {
+        pending_ = pending;
+        written_.assign(rows_->fields().size(), std::nullopt);
+    }
+
+    /// Ends what is pending before a move: an edit is stored, a new row discarded, a deleted row dropped.
+    /// Tells whether it was a deleted one.
+    bool leaveRow() {
+        if (requireOpen(); pending_ == Pending::Edit)
+            changeRow();
+        pending_ = Pending::None;
+        settled();
+        const bool deleted = std::exchange(place_.deleted, false);
+        if (deleted)
+            rows_->erase(place_.index);
+        return deleted;
+    }
+
+    void showAt(Place place) {
+        place_ = place;
+        rowShown();
+    }
+
+    /// The fields written, for a statement's list and for its parameters.
+    template <typename Each>
+    void forEachWritten(Each each) const {
+        for (std::size_t i = 0; i < written_.size(); ++i) {
+            if (written_[i])
+                each(i, *rows_->fields()[i], *written_[i]);
+        }
+    }
+
+    [[nodiscard]] std::string insertStatement() const {
+        std::string columns;
+        std::string parameters;
+        forEachWritten([&](std::size_t, const Column& column, const Value&) {
+            columns += (columns.empty() ? "" : ", ") + column.name;
+            parameters += parameters.empty() ? "?" : ", ?";
+        });
+        const std::string& table = rows_->table().name;
+        return columns.empty() ? fmt::format("INSERT INTO {} DEFAULT VALUES", table)
+                               : fmt::format("INSERT INTO {} ({}) VALUES ({})", table, columns, parameters);
+    }
+
+    [[nodiscard]] std::string updateStatement() const {
+        std::string settings;
+        forEachWritten([&](std::size_t, const Column& column, const Value&) {
+            settings += (settings.empty() ? "" : ", ") + column.name + " = ?";
+        });
+        const Table& table = rows_->table();
+        return fmt::format("UPDATE {} SET {} WHERE {} = ?", table.name, settings, table.key().name);
+    }
+
+    /// Binds the values written; returns the index of the next parameter.
+    int bindWritten(SQLite::Statement& statement) const {
+        int index = 1;
+        forEachWritten(
+            [&](std::size_t, const Column&, const Value& value) { bindValue(statement, index++, value); });
+        return index;
+    }
+
+    void insertRow() {
+        StoredRow row;
+        onFile([&] {
+            StatementUse use(connection_.prepared(insertStatement()));
+            bindWritten(*use);
+            use->exec();
+            row.key = connection_.database().getLastInsertRowid();
+        });
+        pending_ = Pending::None;
+        readRow(connection_, rows_->table(), rows_->fields(), row);
+        rows_->append(std::move(row));
+        place_ = {.where = Where::LastAdded};
+    }
+
+    void changeRow() {
+        StoredRow& row = current();
+        connection_.readBeforeChange(rows_->table(), rows_.get());
+        rows_->read();
+        const int changed = onFile([&] {
+            StatementUse use(connection_.prepared(updateStatement()));
+            use->bind(bindWritten(*use), row.key);
+            return use->exec();
+        });
+        if (changed == 0)
+            throw RunTimeError(error::kRowGone);
+        forEachWritten(
+            [&](std::size_t field, const Column&, const Value& value) { row.values[field] = value; });
+        pending_ = Pending::None;
+    }
+
+    Store::Connection& connection_;
+    std::unique_ptr<Snapshot> rows_;
+    Place place_;
+    Pending pending_ = Pending::None;
+    std::vector<std::optional<Value>> written_;  // by field, while a row is pending
+};
+
+Value Field::value() const {
+    return recordset_.implementation_->read(name_);
+}
+
+Field& Field::operator=(const Value& value) {
+    recordset_.implementation_->write(name_, value);
+    return *this;
+}
+
+Recordset::Recordset(Store& store) : implementation_(std::make_unique<Implementation>(store)) {}
+Recordset::~Recordset() = default;
+
+void Recordset::Open(const std::string& sql) {
+    implementation_->open(sql);
+}
+void Recordset::Close() {
+    implementation_->close();
+}
+int Recordset::State() const {
+    return implementation_->isOpen() ? 1 : 0;
+}
+int Recordset::RecordCount() const {
+    return implementation_->count();
+}
+bool Recordset::Eof() const {
+    return implementation_->isAtEnd();
+}
+bool Recordset::Bof() const {
+    return implementation_->isAtBeginning();
+}
+void Recordset::MoveFirst() {
+    implementation_->moveFirst();
+}
+void Recordset::MoveLast() {
+    implementation_->moveLast();
+}
+void Recordset::MoveNext() {
+    implementation_->moveNext();
+}
+void Recordset::MovePrevious() {
+    implementation_->movePrevious();
+}
+void Recordset::AddNew() {
+    implementation_->addNew();
+}
+void Recordset::Update() {
+    implementation_->update();
+}
+void Recordset::CancelUpdate() {
+    implementation_->cancelUpdate();
+}
+void Recordset::Delete() {
+    implementation_->deleteRow();
+}
+void Recordset::Resync() {
+    implementation_->resync();
+}
+void Recordset::onRowShown(std::function<void()> callback) {
+    implementation_->onRowShown = std::move(callback);
+}
+
+}  // namespace tallybrook

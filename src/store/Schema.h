@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tallybrook {
+
+enum class FieldType { Number16, Number32, Double, Text, Date };
+
+struct Column {
+    std::string name;
+    FieldType type;
+};
+
+/// One of the logbook's tables. Its first column is the key, which the store assigns.
+struct Table {
+    std::string name;
+    std::vector<Column> columns;
+
+    [[nodiscard]] const Column& key() const { return columns.front(); }
+    /// The column of that name, without case; nullptr if there is none.
+    [[nodiscard]] const Column* find(std::string_view column) const;
+};
+
+/// The tables of the logbook.
+const std::vector<Table>& tables();
+
+/// The table of that name, without case; nullptr if there is none.
+const Table* findTable(std::string_view name);
+
+/// The schema's number, kept in the file's user_version.
+inline constexpr int kSchemaVersion = 1;
+
+/// The statements that make the tables and indexes of an empty logbook.
+std::vector<std::string> schemaStatements();
+
+}  // namespace tallybrook

@@ -1,0 +1,294 @@
+#include "store/Sql.h"
+
+#include "runtime/TextCompare.h"
+#include "runtime/TextForms.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <optional>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+struct Token {
+    enum class Kind { Word, Number, Text, Date, Sign, End };
+    Kind kind = Kind::End;
+    std::string text;  // a text without its quotes, a date without its hash marks
+};
+
+[[noreturn]] void notUnderstood(const std::string& why) {
+    throw RunTimeError(error::kStatementNotUnderstood, "Syntax error in the statement: " + why + ".");
+}
+
+bool isWordCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
+/// Cuts a statement into tokens.
+class Lexer {
+public:
+    explicit Lexer(std::string_view sql) : rest_(sql) {}
+
+    Token next() {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t\r\n"), rest_.size()));
+        if (rest_.empty())
+            return {};
+        const char c = rest_.front();
+        if (c == '\'')
+            return {Token::Kind::Text, quoted()};
+        if (c == '#')
+            return {Token::Kind::Date, date()};
+        if (startsNumber())
+            return {Token::Kind::Number, number()};
+        if (isWordCharacter(c))
+            return {Token::Kind::Word, take(lengthWhile(isWordCharacter))};
+        return {Token::Kind::Sign, take(rest_.starts_with(">=") || rest_.starts_with("<=") ? 2 : 1)};
+    }
+
+private:
+    template <typename Predicate>
+    std::size_t lengthWhile(Predicate holds) const {
+        return static_cast<std::size_t>(std::ranges::find_if_not(rest_, holds) - rest_.begin());
+    }
+
+    [[nodiscard]] bool startsNumber() const {
+        const std::size_t first = rest_.find_first_not_of("+-.");
+        return first <= 2 && first < rest_.size() &&
+               std::isdigit(static_cast<unsigned char>(rest_[first])) != 0;
+    }
+
+    std::string take(std::size_t length) {
+        std::string taken(rest_.substr(0, length));
+        rest_.remove_prefix(length);
+        return taken;
+    }
+
+    /// Two quotes in a row stand for one.
+    std::string quoted() {
+        std::string text;
+        for (;;) {
+            rest_.remove_prefix(1);
+            const std::size_t end = rest_.find('\'');
+            if (end == std::string_view::npos)
+                notUnderstood("a text has no end");
+            text += take(end);
+            rest_.remove_prefix(1);
+            if (!rest_.starts_with('\''))
+                return text;
+            text += '\'';
+        }
+    }
+
+    std::string date() {
+        rest_.remove_prefix(1);
+        const std::size_t end = rest_.find('#');
+        if (end == std::string_view::npos)
+            notUnderstood("a date has no end");
+        std::string text = take(end);
+        rest_.remove_prefix(1);
+        return text;
+    }
+
+    /// A sign, digits and a point, nothing of a word right behind them.
+    std::string number() {
+        const std::size_t sign = rest_.front() == '-' || rest_.front() == '+' ? 1 : 0;
+        const std::string text = take(std::min(rest_.find_first_not_of("0123456789.", sign), rest_.size()));
+        if (std::ranges::count(text, '.') > 1 || (!rest_.empty() && isWordCharacter(rest_.front())))
+            notUnderstood("\"" + text + "\" is no number");
+        return text;
+    }
+
+    std::string_view rest_;
+};
+
+constexpr std::array<std::pair<std::string_view, Comparator>, 5> kComparators{{
+    {"=", Comparator::Equal},
+    {">=", Comparator::GreaterEqual},
+    {"<=", Comparator::LessEqual},
+    {">", Comparator::Greater},
+    {"<", Comparator::Less},
+}};
+
+bool isNumber(FieldType type) {
+    return type != FieldType::Text && type != FieldType::Date;
+}
+
+/// Whether a value written in a statement can be compared with a column of that type.
+bool isComparable(const Token& literal, FieldType type, Comparator comparator) {
+    if (comparator == Comparator::Like)
+        return literal.kind == Token::Kind::Text;
+    switch (literal.kind) {
+        case Token::Kind::Text:
+            return type == FieldType::Text;
+        case Token::Kind::Date:
+            return type == FieldType::Date;
+        default:
+            return isNumber(type);
+    }
+}
+
+class Parser {
+public:
+    Parser(const std::string& sql, int currentYear) : lexer_(sql), currentYear_(currentYear) { advance(); }
+
+    Select parse() {
+        expectWord("SELECT");
+        Select select;
+        select.distinct = takeWord("DISTINCT");
+        const std::vector<std::string> names = fieldList();
+        expectWord("FROM");
+        select.table = findTable(word());
+        if (select.table == nullptr)
+            notUnderstood("there is no such table");
+        select.fields = fieldsOf(*select.table, names);
+        if (takeWord("WHERE"))
+            select.anyOf = criteria(*select.table);
+        if (takeWord("ORDER")) {
+            expectWord("BY");
+            select.orderBy = order(*select.table);
+        }
+        if (token_.kind != Token::Kind::End)
+            notUnderstood("\"" + token_.text + "\" was not expected");
+        return select;
+    }
+
+private:
+    void advance() { token_ = lexer_.next(); }
+
+    [[nodiscard]] bool isWord(std::string_view keyword) const {
+        return token_.kind == Token::Kind::Word && compareText(token_.text, keyword) == 0;
+    }
+    bool takeWord(std::string_view keyword) {
+        const bool found = isWord(keyword);
+        if (found)
+            advance();
+        return found;
+    }
+    void expectWord(std::string_view keyword) {
+        if (!takeWord(keyword))
+            notUnderstood(fmt::format("{} was expected", keyword));
+    }
+    bool takeSign(std::string_view sign) {
+        const bool found = token_.kind == Token::Kind::Sign && token_.text == sign;
+        if (found)
+            advance();
+        return found;
+    }
+    std::string word() {
+        if (token_.kind != Token::Kind::Word)
+            notUnderstood("a name was expected");
+        std::string name = std::move(token_.text);
+        advance();
+        return name;
+    }
+
+    /// The names of a field list; none for all fields. "table.*" leaves the table's name to be compared.
+    std::vector<std::string> fieldList() {
+        if (takeSign("*"))
+            return {};
+        std::vector<std::string> names{word()};
+        if (takeSign(".")) {
+            if (!takeSign("*"))
+                notUnderstood("* was expected");
+            starTable_ = names.front();
+            return {};
+        }
+        while (takeSign(","))
+            names.push_back(word());
+        return names;
+    }
+
+    std::vector<const Column*> fieldsOf(const Table& table, const std::vector<std::string>& names) const {
+        if (starTable_ && findTable(*starTable_) != &table)
+            notUnderstood("the fields are not those of the table");
+        std::vector<const Column*> fields;
+        for (const std::string& name : names)
+            fields.push_back(&columnOf(table, name));
+        if (names.empty()) {
+            for (const Column& column : table.columns)
+                fields.push_back(&column);
+        }
+        return fields;
+    }
+
+    static const Column& columnOf(const Table& table, const std::string& name) {
+        const Column* const column = table.find(name);
+        if (column == nullptr)
+            throw RunTimeError(error::kUnknownColumn,
+                               "The statement names the column \"" + name + "\", which does not exist.");
+        return *column;
+    }
+
+    /// Criteria joined by AND, which binds tighter, and OR.
+    std::vector<std::vector<Criterion>> criteria(const Table& table) {
+        std::vector<std::vector<Criterion>> anyOf{{criterion(table)}};
+        for (;;) {
+            if (takeWord("AND"))
+                anyOf.back().push_back(criterion(table));
+            else if (takeWord("OR"))
+                anyOf.push_back({criterion(table)});
+            else
+                return anyOf;
+        }
+    }
+
+    Criterion criterion(const Table& table) {
+        const Column& column = columnOf(table, word());
+        const Comparator comparator = this->comparator();
+        const Token literal = token_;
+        if (literal.kind != Token::Kind::Text && literal.kind != Token::Kind::Date &&
+            literal.kind != Token::Kind::Number)
+            notUnderstood("a value was expected");
+        if (!isComparable(literal, column.type, comparator))
+            throw RunTimeError(error::kCriteriaOfWrongType);
+        advance();
+        return {&column, comparator, valueOfLiteral(literal)};
+    }
+
+    Comparator comparator() {
+        if (takeWord("LIKE"))
+            return Comparator::Like;
+        for (const auto& [sign, comparator] : kComparators) {
+            if (takeSign(sign))
+                return comparator;
+        }
+        notUnderstood("a comparison was expected");
+    }
+
+    [[nodiscard]] Value valueOfLiteral(const Token& literal) const {
+        if (literal.kind == Token::Kind::Text)
+            return literal.text;
+        if (literal.kind == Token::Kind::Number)
+            return leadingNumber(literal.text);
+        try {
+            return dateOnly(readDate(literal.text, currentYear_));
+        } catch (const RunTimeError&) {
+            notUnderstood("#" + literal.text + "# is no date");
+        }
+    }
+
+    std::vector<const Column*> order(const Table& table) {
+        std::vector<const Column*> columns{&columnOf(table, word())};
+        if (takeSign(","))
+            columns.push_back(&columnOf(table, word()));
+        return columns;
+    }
+
+    Lexer lexer_;
+    Token token_;
+    int currentYear_;
+    std::optional<std::string> starTable_;
+};
+
+}  // namespace
+
+Select parseSelect(const std::string& sql, int currentYear) {
+    return Parser(sql, currentYear).parse();
+}
+
+}  // namespace tallybrook

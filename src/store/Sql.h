@@ -1,0 +1,34 @@
+#pragma once
+
+#include "runtime/Value.h"
+#include "store/Schema.h"
+
+#include <string>
+#include <vector>
+
+namespace tallybrook {
+
+enum class Comparator { Equal, GreaterEqual, LessEqual, Greater, Less, Like };
+
+/// One criterion: a column compared with a value of the column's own kind (LIKE: with a text pattern).
+struct Criterion {
+    const Column* column;
+    Comparator comparator;
+    Value value;
+};
+
+/// A statement of the subset: rows of one table that meet all criteria of any one group, in order.
+struct Select {
+    const Table* table = nullptr;
+    bool distinct = false;
+    std::vector<const Column*> fields;
+    std::vector<std::vector<Criterion>> anyOf;  // no group: every row
+    std::vector<const Column*> orderBy;
+};
+
+/// Understands a statement of the subset. `currentYear` is taken for dates without a year. Errors:
+/// -2147217900 for what is not in the subset, -2147217904 for an unknown column, -2147217913 for a value of
+/// the wrong kind.
+Select parseSelect(const std::string& sql, int currentYear);
+
+}  // namespace tallybrook

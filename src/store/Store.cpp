@@ -1,0 +1,135 @@
+#include "store/Store.h"
+
+#include "store/Connection.h"
+#include "store/Query.h"
+#include "store/Schema.h"
+
+#include <array>
+#include <fstream>
+#include <limits>
+#include <system_error>
+
+#include <sqlite3.h>
+#include <unistd.h>
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void refuse(const fs::path& file, const std::string& why) {
+    throw LogbookRefused("The logbook cannot be opened:\r\n" + file.string() + "\r\n" + why);
+}
+
+/// The head of an SQLite file: its mark, and at byte 60 the schema's number.
+constexpr std::size_t kHeadSize = 100;
+constexpr std::string_view kMark{"SQLite format 3\0", 16};
+
+int schemaVersionIn(const std::array<char, kHeadSize>& head) {
+    unsigned version = 0;
+    for (std::size_t at = 60; at < 64; ++at)
+        version = version << 8U | static_cast<unsigned char>(head[at]);
+    return static_cast<int>(version);
+}
+
+/// Refuses what is no logbook by its first bytes alone, so that nothing else of it is touched.
+void inspectHead(const fs::path& file) {
+    if (!fs::is_regular_file(file))
+        refuse(file, "There is something else of that name where the file should be. Please move it away.");
+    std::array<char, kHeadSize> head{};
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        refuse(file, "The file cannot be read. Please check its permissions.");
+    stream.read(head.data(), kHeadSize);
+    if (stream.gcount() < static_cast<std::streamsize>(kHeadSize) ||
+        std::string_view(head.data(), kMark.size()) != kMark)
+        refuse(file,
+               "The file is no logbook of this program. Please move it away, or put a copy of your logbook "
+               "in its "
+               "place.");
+    const int version = schemaVersionIn(head);
+    if (version > kSchemaVersion)
+        refuse(file, "The logbook was written by a newer version of Tallybrook. Please update the program.");
+    if (version != kSchemaVersion)
+        refuse(file, "The file belongs to another program. Please move it away.");
+    if (access(file.c_str(), W_OK) != 0 || access(file.parent_path().c_str(), W_OK) != 0)
+        refuse(file, "The file or its folder cannot be written. Please check their permissions.");
+}
+
+bool hasAllTables(const SQLite::Database& database) {
+    for (const Table& table : tables()) {
+        for (const Column& column : table.columns) {
+            SQLite::Statement found(database, "SELECT 1 FROM pragma_table_info(?) WHERE name = ?");
+            found.bind(1, table.name);
+            found.bind(2, column.name);
+            if (!found.executeStep())
+                return false;
+        }
+    }
+    return true;
+}
+
+void inspectTables(const fs::path& file) {
+    // For reading and writing, so that a save that was cut off is rolled back.
+    const SQLite::Database database(file.string(), SQLite::OPEN_READWRITE);
+    if (!hasAllTables(database))
+        refuse(file,
+               "The file belongs to another program, or is damaged. Please put a copy of your logbook in its "
+               "place.");
+}
+
+/// Makes an empty logbook, whole or not at all: under another name first.
+void makeLogbook(const fs::path& file) {
+    const fs::path unfinished = file.string() + ".new";
+    fs::remove(unfinished);
+    {
+        SQLite::Database database(unfinished.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        fs::permissions(unfinished, fs::perms::owner_read | fs::perms::owner_write);
+        SQLite::Transaction transaction(database);
+        for (const std::string& statement : schemaStatements())
+            database.exec(statement);
+        transaction.commit();
+    }
+    fs::rename(unfinished, file);
+}
+
+}  // namespace
+
+Store::Store(const fs::path& file, const Clock& clock) {
+    try {
+        if (fs::symlink_status(file).type() == fs::file_type::not_found)
+            makeLogbook(file);
+        inspectHead(file);
+        inspectTables(file);
+        connection_ = std::make_unique<Connection>(file, clock);
+    } catch (const SQLite::Exception& failure) {
+        refuse(file, failure.getErrorCode() == SQLITE_BUSY
+                         ? std::string("Another program is using it. Please close that program first.")
+                         : "The database reports: " + std::string(failure.what()));
+    } catch (const fs::filesystem_error& failure) {
+        refuse(file, failure.code().message());
+    }
+}
+
+Store::~Store() = default;
+
+std::vector<std::string> Store::fieldNames(const std::string& table) {
+    std::vector<std::string> names;
+    if (const Table* const found = findTable(table); found != nullptr) {
+        for (const Column& column : found->columns)
+            names.push_back(column.name);
+    }
+    return names;
+}
+
+std::vector<Store::Row> Store::rows(const std::string& table) {
+    std::vector<Row> rows;
+    for (StoredRow& row :
+         runSelect(*connection_, parseSelect("SELECT * FROM " + table, connection_->currentYear()),
+                   std::numeric_limits<std::int64_t>::max()))
+        rows.push_back({std::move(row.values)});
+    return rows;
+}
+
+}  // namespace tallybrook
