@@ -74,6 +74,15 @@ public:
     void load(const std::string& name, const std::vector<Expected>& boxes = {}) {
         run([&] { program().screens.load(name); }, boxes);
     }
+    /// Loads a screen as another one that hands over does.
+    void handOverTo(const std::string& name, const std::vector<Expected>& boxes = {}) {
+        run(
+            [&] {
+                program().screens.hide(screen());
+                program().screens.load(name);
+            },
+            boxes);
+    }
     void run(const std::function<void()>& action, const std::vector<Expected>& boxes = {}) {
         for (const Expected& box : boxes)
             display.expect(box);
@@ -100,7 +109,7 @@ public:
         for (; !rows.Eof(); rows.MoveNext()) {
             std::string row;
             for (const std::string& field : fields)
-                row += (row.empty() ? "" : "|") + (isNull(rows[field]) ? "null" : toText(rows[field]));
+                row += (&field == &fields.front() ? "" : "|") + (isNull(rows[field]) ? "null" : toText(rows[field]));
             found.push_back(row);
         }
         return found;

@@ -1,0 +1,289 @@
+#include "support/Play.h"
+
+namespace tallybrook::test {
+
+namespace {
+
+const Expected kSave{"Save Event", Answer::Yes};
+const Expected kDoNotSave{"Save Event", Answer::No};
+const Expected kNotSaved{"Action Cancelled", Answer::OK, "Event not saved."};
+const Expected kBack{"Previous Screen", Answer::Yes};
+const Expected kStay{"Previous Screen", Answer::No};
+
+class EventScreen : public testing::Test {
+protected:
+    void addEvent() { play.click("mnuAddFromForm"); }
+    void editEvent(const std::vector<Expected>& boxes = {}) {
+        play.session().gMode = kEdit;
+        play.load("frmEvent", boxes);
+    }
+    std::vector<std::string> events() {
+        return play.rows("tblEventInfo", {"fldSessionNum", "fldEventName", "fldDateBowled", "fldCenterName",
+                                          "fldCenterLoc", "fldEventType", "fldNumGames", "fldGmsRecorded",
+                                          "fldSeriesTot", "fldSeriesAvg", "fldComment", "fldHHRecordID"});
+    }
+    Play play;
+};
+
+TEST_F(EventScreen, OffersAFreshEvent) {
+    addEvent();
+    EXPECT_EQ(play.focus(), "txtEvent");
+    EXPECT_EQ(play.text("txtDateBowled"), "11/14/2026");
+    EXPECT_EQ(play.text("txtNumGames"), "3");
+    EXPECT_TRUE(play.value("optLeague"));
+    EXPECT_TRUE(play.enabled("cmdReset"));
+    EXPECT_TRUE(play.enabled("mnuReset"));
+    EXPECT_EQ(play.session().gMode, kAdd);
+}
+
+TEST_F(EventScreen, StoresAnEventFieldByField) {
+    addEvent();
+    play.type("txtEvent", "O'Brien Classic");
+    play.type("txtDateBowled", "nov 12, 2026");
+    play.type("txtCenter", "Brook Lanes");
+    play.type("txtLoc", "Millbrook");
+    EXPECT_EQ(play.focus(), "txtLoc");
+    play.click("optTourn");
+    play.type("txtNumGames", "4");
+    play.type("txtComment", "House shot");
+    play.click("cmdUpdGames", {{"Update Games", Answer::No},
+                               {"Game Update Cancelled.", Answer::OK,
+                                "Game update cancelled, current event record was saved."}});
+    EXPECT_EQ(events(), std::vector<std::string>{
+                            "1|O'Brien Classic|11/12/2026|Brook Lanes|Millbrook|TOURNAMENT|4|0|0|0|House shot|NONE"});
+    EXPECT_EQ(play.session().gSessionNum, Int32(1));
+    EXPECT_EQ(play.session().gNumGames, Int16(4));
+    play.click("cmdUpdGames", {{"Update Games", Answer::Yes}});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName"}).size(), 1U);  // the same row was rewritten
+    EXPECT_EQ(play.screen().name(), "frmGame");
+}
+
+TEST_F(EventScreen, TakesAtMostFiftyCharactersForAName) {
+    addEvent();
+    play.type("txtEvent", std::string(60, 'a'));
+    EXPECT_EQ(play.text("txtEvent"), std::string(50, 'a'));
+}
+
+TEST_F(EventScreen, StoresAnEventWithoutANameAfterTheMessage) {
+    addEvent();
+    play.click("cmdPrevious",
+               {kSave, {"Required Field", Answer::OK, "Event name is required."}, kStay});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName"}), std::vector<std::string>{""});
+    EXPECT_EQ(play.focus(), "txtEvent");
+}
+
+TEST_F(EventScreen, RefusesADateInTheFuture) {
+    addEvent();
+    play.type("txtEvent", "Thursday League");
+    play.type("txtDateBowled", "11/15/2026");
+    play.click("cmdPrevious", {kSave,
+                               {"Invalid Date", Answer::OK,
+                                "Invalid date.\r\nDate must be of the format mm/dd/yyyy and cannot be in the future."},
+                               kStay});
+    EXPECT_TRUE(events().empty());
+    EXPECT_EQ(play.focus(), "txtDateBowled");
+}
+
+TEST_F(EventScreen, LeadsToAnEndlessRetryWhenNothingWasStored) {
+    addEvent();
+    play.type("txtEvent", "Thursday League");
+    play.type("txtDateBowled", "1/1/2030");
+    play.click("cmdUpdGames", {{"Invalid Date", Answer::OK}, {"Update Games", Answer::Yes}});
+    EXPECT_EQ(play.display.retrying_, "Game Information, Form Load.");
+    EXPECT_EQ(play.display.retries(), TestDisplay::kMostRetries);
+}
+
+TEST_F(EventScreen, StoresTheOtherFieldsWhenTheDateCannotBeRead) {
+    addEvent();
+    play.type("txtEvent", "Thursday League");
+    play.type("txtDateBowled", "someday");
+    play.click("cmdPrevious", {kSave, {"Database Error", Answer::OK}, {"Database Error", Answer::OK}, kStay});
+    const auto& boxes = play.display.boxes();
+    EXPECT_EQ(boxes[1].text,
+              "Error Number: 13\r\nError: Type mismatch\r\nModule: Event Information, Update_Event.\r\nIf this "
+              "persists, please send email to support@tallybrook.example with this error information.");
+    EXPECT_EQ(boxes[1].icon, Icon::Critical);
+    EXPECT_TRUE(boxes[2].text.starts_with("Error Number: -2147217887\r\n")) << boxes[2].text;
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName", "fldDateBowled"}),
+              std::vector<std::string>{"Thursday League|null"});
+}
+
+TEST_F(EventScreen, DiscardsThePendingRowOnNo) {
+    play.insertEvent();
+    addEvent();
+    play.type("txtEvent", "Second");
+    play.click("cmdPrevious", {kDoNotSave, kNotSaved, kStay});
+    EXPECT_EQ(play.text("txtEvent"), "Second");
+    play.click("cmdPrevious", {kSave, kStay});  // now into the row that was current before
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldSessionNum", "fldEventName"}), std::vector<std::string>{"1|Second"});
+}
+
+TEST_F(EventScreen, RetriesWithoutEndWhenNoRowIsLeftToSaveInto) {
+    addEvent();
+    play.type("txtEvent", "Only");
+    play.click("cmdPrevious", {kDoNotSave, kNotSaved, kStay});
+    play.click("cmdPrevious", {kSave});
+    EXPECT_EQ(play.display.retrying_, "Event Information, Update_Event.");
+}
+
+TEST_F(EventScreen, LooksUpTheLocationOfAKnownCenter) {
+    play.insert("tblEventInfo", {{"fldCenterName", "Brook Lanes"}, {"fldCenterLoc", "Millbrook"}});
+    addEvent();
+    play.type("txtLoc", "typed before");
+    play.type("txtCenter", "brook LANES");
+    play.tab();
+    EXPECT_EQ(play.text("txtLoc"), "Millbrook");
+    EXPECT_EQ(play.focus(), "txtNumGames");
+    play.type("txtCenter", "Elsewhere");
+    play.tab();
+    EXPECT_EQ(play.text("txtLoc"), "");
+    EXPECT_EQ(play.focus(), "txtLoc");
+    play.type("txtLoc", "kept");
+    play.type("txtCenter", "");
+    play.click("optPractice");
+    EXPECT_EQ(play.text("txtLoc"), "kept");
+    EXPECT_EQ(play.focus(), "optPractice");
+}
+
+TEST_F(EventScreen, ClicksAButtonEvenWhenTheLookUpMovesTheFocus) {
+    addEvent();
+    play.type("txtCenter", "New Lanes");
+    EXPECT_EQ(play.click("cmdReset", {{"Confirm - Form Reset", Answer::No}}), Arrival::Elsewhere);
+    EXPECT_EQ(play.focus(), "txtLoc");
+    play.type("txtCenter", "Newer Lanes");
+    EXPECT_EQ(play.type("txtComment", "lost"), Arrival::Elsewhere);
+    EXPECT_EQ(play.text("txtComment"), "");
+}
+
+TEST_F(EventScreen, EndsOnAnApostropheInTheCenter) {
+    addEvent();
+    play.type("txtCenter", "O'Brien's");
+    play.display.forgetEvents();
+    play.tab();
+    EXPECT_EQ(play.display.events(), (std::vector<std::string>{"run-time error -2147217900", "end program"}));
+    EXPECT_TRUE(play.program().hasEnded());
+}
+
+TEST_F(EventScreen, KeepsTheFocusOnABadNumberOfGames) {
+    addEvent();
+    for (const char* bad : {"", "0", "-1", "0.9", "three"}) {
+        play.type("txtNumGames", bad);
+        EXPECT_EQ(play.click("cmdPrevious", {{"Invalid Data", Answer::OK,
+                                              "Number of games must be greater than 0. Please re-enter."}}),
+                  Arrival::Kept)
+            << bad;
+        EXPECT_EQ(play.focus(), "txtNumGames");
+    }
+    play.type("txtNumGames", "2");
+    play.click("optPractice");
+    EXPECT_EQ(play.session().gNumGames, Int16(2));
+}
+
+TEST_F(EventScreen, WarnsOfAnIncompleteEvent) {
+    play.insert("tblEventInfo", {{"fldEventName", "Open"},
+                                 {"fldDateBowled", makeDate(2026, 1, 2)},
+                                 {"fldEventType", "PRACTICE"},
+                                 {"fldNumGames", std::int64_t{3}},
+                                 {"fldGmsRecorded", std::int64_t{2}},
+                                 {"fldSeriesTot", std::int64_t{401}},
+                                 {"fldSeriesAvg", 200.5}});
+    play.session().gSessionNum = 1;
+    editEvent({{"Incomplete event.", Answer::OK, "Incomplete event record, only 2 of 3 entered."}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Information);
+    EXPECT_TRUE(play.value("optPractice"));
+    EXPECT_FALSE(play.enabled("cmdReset"));
+    EXPECT_FALSE(play.enabled("mnuReset"));
+    EXPECT_EQ(play.text("txtDateBowled"), "1/2/2026");
+    EXPECT_EQ(play.session().gSeriesTot, Int16(401));
+    EXPECT_EQ(play.session().gSeriesAvg, 200.5);
+}
+
+TEST_F(EventScreen, IsSilentAboutACompleteEvent) {
+    play.insert("tblEventInfo", {{"fldNumGames", std::int64_t{3}}, {"fldGmsRecorded", std::int64_t{3}}});
+    play.session().gSessionNum = 1;
+    editEvent();
+    EXPECT_TRUE(play.display.boxes().empty());
+}
+
+TEST_F(EventScreen, SwitchesToAddingWithTheNextEvent) {
+    play.insert("tblEventInfo", {{"fldEventName", "Old"},
+                                 {"fldDateBowled", makeDate(2026, 1, 2)},
+                                 {"fldEventType", "TOURNAMENT"},
+                                 {"fldNumGames", std::int64_t{0}}});
+    play.session().gSessionNum = 1;
+    editEvent();
+    play.type("txtNumGames", "3");
+    play.click("cmdNextEvent", {kSave, {"Add New Event", Answer::Yes, "Add a new event?"}});
+    EXPECT_EQ(play.session().gMode, kAdd);
+    EXPECT_EQ(play.session().gSessionNum, Int32(0));
+    EXPECT_EQ(play.text("txtEvent"), "");
+    EXPECT_TRUE(play.value("optLeague"));
+    EXPECT_TRUE(play.enabled("cmdReset"));
+    play.type("txtEvent", "New");
+    play.click("cmdNextEvent", {kSave, {"Add New Event", Answer::No}});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldSessionNum", "fldEventName", "fldEventType"}),
+              (std::vector<std::string>{"1|Old|TOURNAMENT", "2|New|LEAGUE"}));
+}
+
+TEST_F(EventScreen, ResetLeavesThePlaceAlone) {
+    addEvent();
+    play.type("txtEvent", "Name");
+    play.type("txtLoc", "Millbrook");
+    play.type("txtComment", "Comment");
+    play.type("txtNumGames", "9");
+    play.click("optPractice");
+    play.click("cmdReset", {{"Confirm - Form Reset", Answer::Yes,
+                             "Resetting the form will erase the data in the form\r\nContinue?"}});
+    EXPECT_EQ(play.text("txtEvent") + play.text("txtComment"), "");
+    EXPECT_EQ(play.text("txtLoc"), "Millbrook");
+    EXPECT_EQ(play.text("txtNumGames"), "3");
+    EXPECT_TRUE(play.value("optLeague"));
+    EXPECT_EQ(play.focus(), "txtEvent");
+}
+
+TEST_F(EventScreen, CountsItsGamesAndTotalsWhenSaved) {
+    play.insertEvent(3);
+    play.insertGame(1, "N", 200);
+    play.insertGame(2, "N", 201);
+    play.session().gSessionNum = 1;
+    play.session().gMode = kEdit;
+    play.load("frmEvent", {{"Incomplete event.", Answer::OK}});
+    play.click("cmdPrevious", {kSave, kStay});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
+              std::vector<std::string>{"2|401|200.5"});
+}
+
+TEST_F(EventScreen, LeavesByEveryWayAfterTheSavePrompt) {
+    addEvent();
+    play.type("txtEvent", "Kept");
+    play.click("mnuExit", {kSave, {"Confirm - Exit", Answer::No, "Exit Tallybrook?"}});
+    EXPECT_EQ(play.screen().name(), "frmEvent");
+    EXPECT_EQ(play.display.boxes().back().defaultAnswer(), Answer::No);
+    play.click("cmdMain", {kSave, {"Return to Main", Answer::No, "Return to main menu?"}});
+    EXPECT_EQ(play.screen().name(), "frmEvent");
+    play.display.forgetEvents();
+    play.click("cmdMain", {kSave, {"Return to Main", Answer::Yes}});
+    EXPECT_EQ(play.display.events(),
+              (std::vector<std::string>{"unload frmEvent", "unload frmMain", "load frmMain", "show frmMain"}));
+    addEvent();
+    play.display.forgetEvents();
+    play.close({kSave, {"Required Field", Answer::Cancel}, kBack});
+    EXPECT_EQ(play.display.events(), (std::vector<std::string>{"unload frmEvent", "show frmMain"}));
+    addEvent();
+    play.click("cmdExit", {kDoNotSave, kNotSaved, {"Confirm - Exit", Answer::Yes}});
+    EXPECT_TRUE(play.program().hasEnded());
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName"}), (std::vector<std::string>{"Kept", ""}));
+}
+
+TEST_F(EventScreen, HelpEntriesDoNothing) {
+    addEvent();
+    play.display.forgetEvents();
+    play.click("mnuTBKHelp");
+    play.click("mnuAbout");
+    play.press("F1");
+    EXPECT_TRUE(play.display.events().empty());
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test
