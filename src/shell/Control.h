@@ -234,12 +234,15 @@ private:
 /// A picture, drawn from the file of its name among the program's own pictures.
 class Picture : public Control {
 public:
-    Picture(Place place, std::string name, std::string file)
-        : Control(Kind::Picture, place, std::move(name)), file_(std::move(file)) {}
+    /// A picture `size` pixels wide and high.
+    Picture(Place place, std::string name, std::string file, int size = 40)
+        : Control(Kind::Picture, place, std::move(name)), file_(std::move(file)), size_(size) {}
     [[nodiscard]] const std::string& file() const { return file_; }
+    [[nodiscard]] int size() const { return size_; }
 
 private:
     std::string file_;
+    int size_;
 };
 
 /// Controls of one name, told apart by an index.

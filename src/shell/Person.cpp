@@ -46,18 +46,6 @@ bool isReachedBy(const Control& control, char letter) {
     });
 }
 
-/// The control that Alt with this letter reaches now: of several, the next one after the focus.
-Control* reachedByAlt(const Screen& screen, char letter) {
-    std::vector<Control*> order = screen.tabOrder();
-    const auto current = std::ranges::find(order, screen.focused());
-    if (current != order.end())
-        std::ranges::rotate(order, current + 1);
-    const auto found = std::ranges::find_if(order, [&](const Control* control) {
-        return control->canTakeFocus() && isReachedBy(*control, letter);
-    });
-    return found == order.end() ? nullptr : *found;
-}
-
 Menu* entryWithShortcut(const Screen& screen, const std::string& shortcut) {
     for (Control* control : screen.controls()) {
         if (control->kind() != Control::Kind::Menu)
@@ -107,7 +95,7 @@ Press pressTab(Screen& screen, bool backwards) {
 }
 
 Press pressAlt(const Screen& screen, const Key& key) {
-    Control* const target = key.name.size() == 1 ? reachedByAlt(screen, key.name[0]) : nullptr;
+    Control* const target = reachedBy(screen, key);
     if (target == nullptr)
         return {};
     return isPressed(*target) && accessLetter(*target) == key.name[0] ? pressClick(target)
@@ -168,6 +156,19 @@ Key readKey(std::string_view text) {
     if ((key.alt || key.control) && key.name.size() == 1)
         key.name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(key.name[0])));
     return key;
+}
+
+Control* reachedBy(const Screen& screen, const Key& key) {
+    if (!key.alt || key.name.size() != 1)
+        return nullptr;
+    std::vector<Control*> order = screen.tabOrder();
+    const auto current = std::ranges::find(order, screen.focused());
+    if (current != order.end())
+        std::ranges::rotate(order, current + 1);
+    const auto found = std::ranges::find_if(order, [&](const Control* control) {
+        return control->canTakeFocus() && isReachedBy(*control, key.name[0]);
+    });
+    return found == order.end() ? nullptr : *found;
 }
 
 Arrival arrive(Control& control) {

@@ -20,6 +20,10 @@ struct Key {
 /// Reads the text form of a key; the name is empty where it is none.
 Key readKey(std::string_view text);
 
+/// The control that Alt with a letter reaches now: by its own caption, or by the label that names it; of
+/// several the next one after the focus. nullptr if there is none, or the key is no such key.
+Control* reachedBy(const Screen& screen, const Key& key);
+
 /// Moves the focus to a control by mouse or keyboard.
 Arrival arrive(Control& control);
 

@@ -9,7 +9,7 @@ class frmAbout : public Screen {
 public:
     explicit frmAbout(Program& owner);
 
-    Picture Image1{*this, "Image1", "logo.svg"};
+    Picture Image1{*this, "Image1", "logo.svg", 96};
     Label lblProduct{*this, "lblProduct", "Tallybrook", LabelLook::Heading};
     Label lblVersion{*this, "lblVersion", "Version 2.0 (v2.0.5P)"};
     Label lblMaker{*this, "lblMaker", "The Tallybrook team"};

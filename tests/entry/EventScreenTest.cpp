@@ -49,8 +49,9 @@ TEST_F(EventScreen, StoresAnEventFieldByField) {
     play.click("cmdUpdGames", {{"Update Games", Answer::No},
                                {"Game Update Cancelled.", Answer::OK,
                                 "Game update cancelled, current event record was saved."}});
-    EXPECT_EQ(events(), std::vector<std::string>{
-                            "1|O'Brien Classic|11/12/2026|Brook Lanes|Millbrook|TOURNAMENT|4|0|0|0|House shot|NONE"});
+    EXPECT_EQ(events(),
+              std::vector<std::string>{
+                  "1|O'Brien Classic|11/12/2026|Brook Lanes|Millbrook|TOURNAMENT|4|0|0|0|House shot|NONE"});
     EXPECT_EQ(play.session().gSessionNum, Int32(1));
     EXPECT_EQ(play.session().gNumGames, Int16(4));
     play.click("cmdUpdGames", {{"Update Games", Answer::Yes}});
@@ -66,8 +67,7 @@ TEST_F(EventScreen, TakesAtMostFiftyCharactersForAName) {
 
 TEST_F(EventScreen, StoresAnEventWithoutANameAfterTheMessage) {
     addEvent();
-    play.click("cmdPrevious",
-               {kSave, {"Required Field", Answer::OK, "Event name is required."}, kStay});
+    play.click("cmdPrevious", {kSave, {"Required Field", Answer::OK, "Event name is required."}, kStay});
     EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName"}), std::vector<std::string>{""});
     EXPECT_EQ(play.focus(), "txtEvent");
 }
@@ -76,10 +76,11 @@ TEST_F(EventScreen, RefusesADateInTheFuture) {
     addEvent();
     play.type("txtEvent", "Thursday League");
     play.type("txtDateBowled", "11/15/2026");
-    play.click("cmdPrevious", {kSave,
-                               {"Invalid Date", Answer::OK,
-                                "Invalid date.\r\nDate must be of the format mm/dd/yyyy and cannot be in the future."},
-                               kStay});
+    play.click("cmdPrevious",
+               {kSave,
+                {"Invalid Date", Answer::OK,
+                 "Invalid date.\r\nDate must be of the format mm/dd/yyyy and cannot be in the future."},
+                kStay});
     EXPECT_TRUE(events().empty());
     EXPECT_EQ(play.focus(), "txtDateBowled");
 }
@@ -99,9 +100,10 @@ TEST_F(EventScreen, StoresTheOtherFieldsWhenTheDateCannotBeRead) {
     play.type("txtDateBowled", "someday");
     play.click("cmdPrevious", {kSave, {"Database Error", Answer::OK}, {"Database Error", Answer::OK}, kStay});
     const auto& boxes = play.display.boxes();
-    EXPECT_EQ(boxes[1].text,
-              "Error Number: 13\r\nError: Type mismatch\r\nModule: Event Information, Update_Event.\r\nIf this "
-              "persists, please send email to support@tallybrook.example with this error information.");
+    EXPECT_EQ(
+        boxes[1].text,
+        "Error Number: 13\r\nError: Type mismatch\r\nModule: Event Information, Update_Event.\r\nIf this "
+        "persists, please send email to support@tallybrook.example with this error information.");
     EXPECT_EQ(boxes[1].icon, Icon::Critical);
     EXPECT_TRUE(boxes[2].text.starts_with("Error Number: -2147217887\r\n")) << boxes[2].text;
     EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName", "fldDateBowled"}),
@@ -115,7 +117,8 @@ TEST_F(EventScreen, DiscardsThePendingRowOnNo) {
     play.click("cmdPrevious", {kDoNotSave, kNotSaved, kStay});
     EXPECT_EQ(play.text("txtEvent"), "Second");
     play.click("cmdPrevious", {kSave, kStay});  // now into the row that was current before
-    EXPECT_EQ(play.rows("tblEventInfo", {"fldSessionNum", "fldEventName"}), std::vector<std::string>{"1|Second"});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldSessionNum", "fldEventName"}),
+              std::vector<std::string>{"1|Second"});
 }
 
 TEST_F(EventScreen, RetriesWithoutEndWhenNoRowIsLeftToSaveInto) {
@@ -263,8 +266,8 @@ TEST_F(EventScreen, LeavesByEveryWayAfterTheSavePrompt) {
     EXPECT_EQ(play.screen().name(), "frmEvent");
     play.display.forgetEvents();
     play.click("cmdMain", {kSave, {"Return to Main", Answer::Yes}});
-    EXPECT_EQ(play.display.events(),
-              (std::vector<std::string>{"unload frmEvent", "unload frmMain", "load frmMain", "show frmMain"}));
+    EXPECT_EQ(play.display.events(), (std::vector<std::string>{"unload frmEvent", "unload frmMain",
+                                                               "load frmMain", "show frmMain"}));
     addEvent();
     play.display.forgetEvents();
     play.close({kSave, {"Required Field", Answer::Cancel}, kBack});

@@ -5,17 +5,21 @@ namespace tallybrook::test {
 namespace {
 
 const std::string kFaultWords =
-    "Line score values were incomplete.\r\nAcceptable values are 0 - 9, X and /. Examples: \r\n9/, X, 80, 8/ are "
+    "Line score values were incomplete.\r\nAcceptable values are 0 - 9, X and /. Examples: \r\n9/, X, 80, 8/ "
+    "are "
     "acceptable. Values such as /9, 9X are not.";
 const Expected kFault{"Invalid Line Score", Answer::OK, kFaultWords};
-const Expected kAllAdded{"All Frames Added", Answer::No,
-                         "All frames for this game have been added.\r\nClick \"OK\" to return to the game screen."};
+const Expected kAllAdded{
+    "All Frames Added", Answer::No,
+    "All frames for this game have been added.\r\nClick \"OK\" to return to the game screen."};
 const Expected kLastFrame{"Frame Input", Answer::OK, "This is the last frame for this game."};
-const Expected kAddAnother{"Frame Input", Answer::Yes,
-                           "There are less than 10 frames for this game.\r\nDo you want to add another frame?"};
+const Expected kAddAnother{
+    "Frame Input", Answer::Yes,
+    "There are less than 10 frames for this game.\r\nDo you want to add another frame?"};
 const Expected kNoRow{
     "Database Error", Answer::Cancel,
-    "New record could not be added or updated.\r\nThis could be due to timing. Click Retry to attempt to add the "
+    "New record could not be added or updated.\r\nThis could be due to timing. Click Retry to attempt to add "
+    "the "
     "record again.\r\nClick Cancel to return to the previous screen.\r\nDebug Information: Module - Frame "
     "Information, Save_Frame"};
 
@@ -150,9 +154,9 @@ TEST_F(FrameScreen, CarriesBallAndPositionFromFrameToFrame) {
     strike();
     EXPECT_EQ(play.text("txtBallUsed") + play.text("txtFootPos") + play.text("txtLaneTgt"), "Blue2212");
     EXPECT_EQ(play.text("txtComment"), "");
-    EXPECT_EQ(frames({"fldFrameNum", "fldGameNum", "fldSessionNum", "fldLaneBowled", "fldBallUsed", "fldFootPos",
-                      "fldLaneTgt", "fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes", "fldComment",
-                      "fldLineScore", "fldHHRecordID"}),
+    EXPECT_EQ(frames({"fldFrameNum", "fldGameNum", "fldSessionNum", "fldLaneBowled", "fldBallUsed",
+                      "fldFootPos", "fldLaneTgt", "fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes",
+                      "fldComment", "fldLineScore", "fldHHRecordID"}),
               std::vector<std::string>{"1|1|1|13|Blue|22|12|X|||first|X|NONE"});
     EXPECT_EQ(play.session().gFrameKey, Int32(1));
     EXPECT_EQ(play.session().gFrmsRecorded, Int16(1));
@@ -226,7 +230,7 @@ TEST_F(FrameScreen, ShowsALockedFrameWithItsPins) {
         EXPECT_FALSE(play.enabled("chkFirstPinfall" + number));
     }
     EXPECT_FALSE(play.enabled("optFirstYes"));
-    EXPECT_TRUE(play.enabled("cmdFirstDone"));   // what the load has clicked is not locked again
+    EXPECT_TRUE(play.enabled("cmdFirstDone"));  // what the load has clicked is not locked again
     EXPECT_TRUE(play.enabled("cmdSecondDone"));
     EXPECT_FALSE(play.enabled("cmdFillDone"));
     EXPECT_EQ(cell(1), "72");
@@ -291,8 +295,8 @@ TEST_F(FrameScreen, StoresABlankFrameOnTheWayToTheMainMenu) {
     openGame("P", {});
     play.display.forgetEvents();
     play.click("cmdRetMain");
-    EXPECT_EQ(play.display.events(),
-              (std::vector<std::string>{"unload frmFrame", "unload frmMain", "load frmMain", "show frmMain"}));
+    EXPECT_EQ(play.display.events(), (std::vector<std::string>{"unload frmFrame", "unload frmMain",
+                                                               "load frmMain", "show frmMain"}));
     EXPECT_EQ(frames({"fldFrameNum", "fldLaneBowled", "fldFirstBallRes", "fldLineScore"}),
               std::vector<std::string>{"1|13||"});
     EXPECT_EQ(play.session().gFrmsRecorded, Int16(1));
@@ -419,19 +423,20 @@ TEST_F(FrameScreen, TabsThroughItsControlsInOrder) {
         play.tab();
         order.push_back(play.focus());
     }
-    EXPECT_EQ(order, (std::vector<std::string>{"txtLaneNum", "txtBallUsed", "txtFootPos", "txtLaneTgt", "optFirstYes",
-                                               "optFirstNo", "txtComment", "cmdNextFrame", "cmdReset", "cmdPrevious",
-                                               "cmdRetMain", "cmdExit"}));
+    EXPECT_EQ(order, (std::vector<std::string>{"txtLaneNum", "txtBallUsed", "txtFootPos", "txtLaneTgt",
+                                               "optFirstYes", "optFirstNo", "txtComment", "cmdNextFrame",
+                                               "cmdReset", "cmdPrevious", "cmdRetMain", "cmdExit"}));
 }
 
 // --- The score ---
 
 TEST_F(FrameScreen, CalculatesAtTheEndOfTheFrames) {
     openThroughGame(kTenStrikes, 300);
-    walkToTheEnd({kLastFrame,
-                  {"Game Score", Answer::Cancel,
-                   "Calculated score for this game is 300.\r\nClick \"OK\" to return to the previous screen, click "
-                   "\"Cancel\" to stay at the frame screen."}});
+    walkToTheEnd(
+        {kLastFrame,
+         {"Game Score", Answer::Cancel,
+          "Calculated score for this game is 300.\r\nClick \"OK\" to return to the previous screen, click "
+          "\"Cancel\" to stay at the frame screen."}});
     EXPECT_EQ(play.screen().name(), "frmFrame");
     EXPECT_EQ(play.text("txtTotScore"), "300");
     for (int frame = 1; frame <= 10; ++frame)
@@ -447,11 +452,12 @@ TEST_F(FrameScreen, CalculatesAtTheEndOfTheFrames) {
 
 TEST_F(FrameScreen, HandsAnAcceptedScoreToTheGameScreen) {
     openThroughGame(kTenStrikes, 0);
-    const Expected mismatch{
-        "Score Mismatch", Answer::No,
-        "Based on the pinfall you entered, a score of 300 was calculated. This differs from the score of 0 that was "
-        "recorded.\r\nTo accept the score of 300 click the \"Yes\" button.\r\nTo keep the recorded score of 0 click "
-        "the \"No\"button."};
+    const Expected mismatch{"Score Mismatch", Answer::No,
+                            "Based on the pinfall you entered, a score of 300 was calculated. This differs "
+                            "from the score of 0 that was "
+                            "recorded.\r\nTo accept the score of 300 click the \"Yes\" button.\r\nTo keep "
+                            "the recorded score of 0 click "
+                            "the \"No\"button."};
     walkToTheEnd({kLastFrame, mismatch});
     EXPECT_EQ(play.display.boxes().back().icon, Icon::Warning);
     EXPECT_EQ(play.screen().name(), "frmFrame");
@@ -464,7 +470,8 @@ TEST_F(FrameScreen, HandsAnAcceptedScoreToTheGameScreen) {
     EXPECT_EQ(play.session().gScoreFixes[0].game, Int16(1));
     EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore"}), std::vector<std::string>{"0"});
     play.click("cmdMain", {{"Return to Main", Answer::Yes}});
-    EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore", "fldFrmsRecorded"}), std::vector<std::string>{"300|10"});
+    EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore", "fldFrmsRecorded"}),
+              std::vector<std::string>{"300|10"});
 }
 
 TEST_F(FrameScreen, ClosesAfterTheTenthFrameWhateverIsAnswered) {
@@ -474,10 +481,10 @@ TEST_F(FrameScreen, ClosesAfterTheTenthFrameWhateverIsAnswered) {
         Expected box;
         std::string shown;
     };
-    for (const Case& one : {Case{300, {"Game Score", Answer::OK}, "300"},
-                            Case{300, {"Game Score", Answer::Cancel}, "300"},
-                            Case{200, {"Score Mismatch", Answer::No}, "200"},
-                            Case{200, {"Score Mismatch", Answer::Yes}, "300"}}) {
+    for (const Case& one :
+         {Case{300, {"Game Score", Answer::OK}, "300"}, Case{300, {"Game Score", Answer::Cancel}, "300"},
+          Case{200, {"Score Mismatch", Answer::No}, "200"},
+          Case{200, {"Score Mismatch", Answer::Yes}, "300"}}) {
         Play other;
         other.insertEvent(1);
         other.insertGame(1, "L", one.recorded);
@@ -532,9 +539,10 @@ TEST_F(FrameScreen, OffersToRetryAfterTheEndOfTheRows) {
 
 TEST_F(FrameScreen, RetriesItsLoading) {
     play.session().gSessionNum = 5;
-    const Expected plain{"Tallybrook", Answer::OK,
-                         "Error Number: 3021\r\nError: Either BOF or EOF is True, or the current record has been "
-                         "deleted. Requested operation requires a current record."};
+    const Expected plain{
+        "Tallybrook", Answer::OK,
+        "Error Number: 3021\r\nError: Either BOF or EOF is True, or the current record has been "
+        "deleted. Requested operation requires a current record."};
     Expected retry = with(kNoRow, Answer::Retry);
     retry.text = kNoRow.text.substr(0, kNoRow.text.rfind("Save_Frame")) + "Form Load";
     play.display.forgetEvents();

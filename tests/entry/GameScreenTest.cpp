@@ -15,8 +15,8 @@ protected:
         play.load("frmGame");
     }
     std::vector<std::string> games() {
-        return play.rows("tblGameInfo", {"fldGameNum", "fldStartLane", "fldLanePair", "fldGameScore", "fldScoreType",
-                                         "fldFrmsRecorded", "fldHHRecordID", "fldBowlHand"});
+        return play.rows("tblGameInfo", {"fldGameNum", "fldStartLane", "fldLanePair", "fldGameScore",
+                                         "fldScoreType", "fldFrmsRecorded", "fldHHRecordID", "fldBowlHand"});
     }
     Play play;
 };
@@ -124,7 +124,8 @@ TEST_F(GameScreen, StaysOnTheLastGame) {
 TEST_F(GameScreen, OffersAMissingGame) {
     openGames(3, 2, kEdit);
     play.click("cmdNextGame");
-    const std::string words = "There are less than 3 games for this event.\r\nDo you want to add another game?";
+    const std::string words =
+        "There are less than 3 games for this event.\r\nDo you want to add another game?";
     play.click("cmdNextGame", {{"Game Input", Answer::Yes, words}});
     EXPECT_EQ(play.text("txtGameNum"), "3 of 3");
     EXPECT_EQ(play.text("txtStartLane"), "");

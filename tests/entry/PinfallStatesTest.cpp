@@ -2,8 +2,8 @@
 //
 //     first panel | second panel | fill panel | caption of the second question | score cell
 //
-// and a panel as "answers, pins, Done": the answers off, or on with the one that is selected; the enabled pins
-// (a "+" behind a ticked one); whether Done is enabled.
+// and a panel as "answers, pins, Done": the answers off, or on with the one that is selected; the enabled
+// pins (a "+" behind a ticked one); whether Done is enabled.
 
 #include "support/Play.h"
 
@@ -26,7 +26,8 @@ std::string panelState(Play& play, const std::string& ball) {
     }
     if (pins == "1 2 3 4 5 6 7 8 9 10")
         pins = "all";
-    return state + ", " + (pins.empty() ? "off" : pins) + ", " + (play.enabled("cmd" + ball + "Done") ? "on" : "off");
+    return state + ", " + (pins.empty() ? "off" : pins) + ", " +
+           (play.enabled("cmd" + ball + "Done") ? "on" : "off");
 }
 
 struct Step {
@@ -51,8 +52,8 @@ protected:
     }
 
     std::string state(int frame) {
-        return panelState(play, "First") + " | " + panelState(play, "Second") + " | " + panelState(play, "Fill") +
-               " | " + play.control("lblSecond").caption() + " | " +
+        return panelState(play, "First") + " | " + panelState(play, "Second") + " | " +
+               panelState(play, "Fill") + " | " + play.control("lblSecond").caption() + " | " +
                play.text("txtCount(" + std::to_string(frame) + ")");
     }
 
@@ -116,11 +117,12 @@ TEST_F(PinfallStates, TenthFrameThreeStrikes) {
 }
 
 TEST_F(PinfallStates, TenthFrameTwoStrikesAndACount) {
-    walk(10, {{"T2", {"optFirstYes", "optSecondYes"}, kStrike + "on yes, off, off | on, off, off | Strike? | XX"},
-              {"T6", {"optFillNo"}, kStrike + "on yes, off, off | on no, all, on | Strike? | XX"},
-              {"T7",
-               {"chkFillPinfall(9)", "chkFillPinfall(10)", "cmdFillDone"},
-               kStrike + "on yes, off, off | on no, 1 2 3 4 5 6 7 8 9+ 10+, off | Strike? | XX8"}});
+    walk(10,
+         {{"T2", {"optFirstYes", "optSecondYes"}, kStrike + "on yes, off, off | on, off, off | Strike? | XX"},
+          {"T6", {"optFillNo"}, kStrike + "on yes, off, off | on no, all, on | Strike? | XX"},
+          {"T7",
+           {"chkFillPinfall(9)", "chkFillPinfall(10)", "cmdFillDone"},
+           kStrike + "on yes, off, off | on no, 1 2 3 4 5 6 7 8 9+ 10+, off | Strike? | XX8"}});
 }
 
 TEST_F(PinfallStates, TenthFrameStrikeThenSpare) {
@@ -134,15 +136,16 @@ TEST_F(PinfallStates, TenthFrameStrikeThenSpare) {
 }
 
 TEST_F(PinfallStates, TenthFrameStrikeThenOpen) {
-    walk(10,
-         {{"T4",
-           {"optFirstYes", "optSecondNo", "chkSecondPinfall(3)", "chkSecondPinfall(6)", "chkSecondPinfall(10)",
-            "cmdSecondDone"},
-           kStrike + "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | on, 3 6 10, off | Strike? | X7"},
-          {"T9", {"optFillNo"}, kStrike + "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | on no, 3 6 10, on | Strike? | X7"},
-          {"T10",
-           {"chkFillPinfall(10)", "cmdFillDone"},
-           kStrike + "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | on no, 3 6 10+, off | Strike? | X72"}});
+    walk(10, {{"T4",
+               {"optFirstYes", "optSecondNo", "chkSecondPinfall(3)", "chkSecondPinfall(6)",
+                "chkSecondPinfall(10)", "cmdSecondDone"},
+               kStrike + "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | on, 3 6 10, off | Strike? | X7"},
+              {"T9",
+               {"optFillNo"},
+               kStrike + "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | on no, 3 6 10, on | Strike? | X7"},
+              {"T10",
+               {"chkFillPinfall(10)", "cmdFillDone"},
+               kStrike + "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | on no, 3 6 10+, off | Strike? | X72"}});
 }
 
 const std::string kSeven = "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | ";
@@ -166,8 +169,8 @@ TEST_F(PinfallStates, TenthFrameSpareThenAllPinsLeft) {
     for (int pin = 1; pin <= 10; ++pin)
         play.click("chkFillPinfall(" + std::to_string(pin) + ")");
     play.click("cmdFillDone");
-    EXPECT_EQ(state(10), kSeven +
-                             "on yes, 3 6 10, off | on no, 1+ 2+ 3+ 4+ 5+ 6+ 7+ 8+ 9+ 10+, off | Spare? | 7/0");
+    EXPECT_EQ(state(10),
+              kSeven + "on yes, 3 6 10, off | on no, 1+ 2+ 3+ 4+ 5+ 6+ 7+ 8+ 9+ 10+, off | Spare? | 7/0");
     play.click("cmdPrevious");
     EXPECT_EQ(play.rows("tblFrameInfo", {"fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes"}).back(),
               "3-6-10|/|1-2-3-4-5-6-7-8-9-10");
@@ -182,7 +185,8 @@ TEST_F(PinfallStates, TenthFrameOpenHasNoThirdBall) {
 }
 
 TEST_F(PinfallStates, StrikeAnswerOfTheTenthFrameAppends) {
-    walk(10, {{"twice", {"optFirstYes", "optFirstNo", "optFirstYes"},
+    walk(10, {{"twice",
+               {"optFirstYes", "optFirstNo", "optFirstYes"},
                "on yes, all, on | on, off, off | off, off, off | Strike? | XX"}});
 }
 

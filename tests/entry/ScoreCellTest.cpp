@@ -1,8 +1,7 @@
+#include "entry/PinString.h"
 #include "entry/ScoreCell.h"
 
 #include <gtest/gtest.h>
-
-#include "entry/PinString.h"
 
 namespace tallybrook {
 
@@ -68,10 +67,18 @@ TEST(Pinfall, RequiresTheBallsOfAFrame) {
         std::string first, second, fill, result;
     };
     const std::vector<Case> cases{
-        {1, "", "", "", "First Pinfall"},   {1, "7", "", "", "Second Pinfall"}, {1, "X", "", "", "Good"},
-        {1, "7", "/", "", "Good"},          {1, "X", "7", "", "Good"},          {10, "X", "", "", "Second Pinfall"},
-        {10, "7", "", "", "Second Pinfall"}, {10, "X", "X", "", "Fill Pinfall"}, {10, "7", "/", "", "Fill Pinfall"},
-        {10, "X", "7", "", "Good"},         {10, "7", "7", "", "Good"},         {10, "X", "X", "X", "Good"},
+        {1, "", "", "", "First Pinfall"},
+        {1, "7", "", "", "Second Pinfall"},
+        {1, "X", "", "", "Good"},
+        {1, "7", "/", "", "Good"},
+        {1, "X", "7", "", "Good"},
+        {10, "X", "", "", "Second Pinfall"},
+        {10, "7", "", "", "Second Pinfall"},
+        {10, "X", "X", "", "Fill Pinfall"},
+        {10, "7", "/", "", "Fill Pinfall"},
+        {10, "X", "7", "", "Good"},
+        {10, "7", "7", "", "Good"},
+        {10, "X", "X", "X", "Good"},
     };
     for (const Case& one : cases)
         EXPECT_EQ(checkPinfall(one.frame, one.first, one.second, one.fill), one.result)
@@ -80,7 +87,9 @@ TEST(Pinfall, RequiresTheBallsOfAFrame) {
 
 using Cells = std::array<std::string, kFrames>;
 
-int total(const Cells& cells) { return runningScores(cells).back().value(); }
+int total(const Cells& cells) {
+    return runningScores(cells).back().value();
+}
 
 TEST(Score, KnowsTheClassicGames) {
     const Cells strikes{"X", "X", "X", "X", "X", "X", "X", "X", "X", "XXX"};
@@ -98,20 +107,11 @@ TEST(Score, CountsEachFrameByItsPattern) {
         int addsEighth, addsNinth, addsTenth;
     };
     const std::vector<Case> cases{
-        {"7", "5-", "7x", 7, 5, 7},
-        {"9/", "72", "72", 17, 9, 9},
-        {"9/", "X", "X72", 20, 27, 19},
-        {"X", "72", "XX8", 19, 9, 28},
-        {"X", "7/", "X7/", 20, 20, 20},
-        {"X", "X", "72", 27, 19, 9},
-        {"X", "X", "XXX", 30, 30, 30},
-        {"X", "X", "7/X", 27, 20, 20},
-        {"72", "X", "X7", 9, 27, 17},
-        {"72", "X", "7/5", 9, 20, 15},
-        {"72", "X", "X", 9, 20, 10},
-        {"72", "9/", "X", 9, 20, 10},
-        {"72", "9/", "725", 9, 17, 9},
-        {"72", "X", "XX", 9, 30, 20},
+        {"7", "5-", "7x", 7, 5, 7},    {"9/", "72", "72", 17, 9, 9},   {"9/", "X", "X72", 20, 27, 19},
+        {"X", "72", "XX8", 19, 9, 28}, {"X", "7/", "X7/", 20, 20, 20}, {"X", "X", "72", 27, 19, 9},
+        {"X", "X", "XXX", 30, 30, 30}, {"X", "X", "7/X", 27, 20, 20},  {"72", "X", "X7", 9, 27, 17},
+        {"72", "X", "7/5", 9, 20, 15}, {"72", "X", "X", 9, 20, 10},    {"72", "9/", "X", 9, 20, 10},
+        {"72", "9/", "725", 9, 17, 9}, {"72", "X", "XX", 9, 30, 20},
     };
     for (const Case& one : cases) {
         Cells cells;

@@ -1,17 +1,17 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "app/Application.h"
 #include "shell/Person.h"
 #include "shell/Screen.h"
 #include "store/Recordset.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
 
 namespace tallybrook::test {
 
@@ -102,14 +102,16 @@ public:
         rows.Update();
     }
     /// The stored rows of a table, one text a row with the values of these fields.
-    [[nodiscard]] std::vector<std::string> rows(const std::string& table, const std::vector<std::string>& fields) {
+    [[nodiscard]] std::vector<std::string> rows(const std::string& table,
+                                                const std::vector<std::string>& fields) {
         Recordset rows(program().store());
         rows.Open("SELECT * FROM " + table);
         std::vector<std::string> found;
         for (; !rows.Eof(); rows.MoveNext()) {
             std::string row;
             for (const std::string& field : fields)
-                row += (&field == &fields.front() ? "" : "|") + (isNull(rows[field]) ? "null" : toText(rows[field]));
+                row += (&field == &fields.front() ? "" : "|") +
+                       (isNull(rows[field]) ? "null" : toText(rows[field]));
             found.push_back(row);
         }
         return found;

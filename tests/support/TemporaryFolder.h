@@ -1,10 +1,10 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+
+#include <stdlib.h>
 
 namespace tallybrook::test {
 

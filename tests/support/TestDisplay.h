@@ -1,14 +1,14 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include "runtime/EndProgram.h"
+#include "shell/Display.h"
 
 #include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "runtime/EndProgram.h"
-#include "shell/Display.h"
+#include <gtest/gtest.h>
 
 namespace tallybrook::test {
 
@@ -73,9 +73,15 @@ public:
     void hidden(Screen& screen) override;
     void unloaded(Screen& screen) override;
     void raised(Screen& screen) override;
-    void pointer(Pointer pointer) override { events_.push_back(pointer == Pointer::Busy ? "busy" : "default"); }
-    void help(HelpTopic topic) override { events_.push_back("help " + std::to_string(static_cast<int>(topic))); }
-    void startViewer(const std::filesystem::path& file) override { events_.push_back("viewer " + file.string()); }
+    void pointer(Pointer pointer) override {
+        events_.push_back(pointer == Pointer::Busy ? "busy" : "default");
+    }
+    void help(HelpTopic topic) override {
+        events_.push_back("help " + std::to_string(static_cast<int>(topic)));
+    }
+    void startViewer(const std::filesystem::path& file) override {
+        events_.push_back("viewer " + file.string());
+    }
     void retrying(std::string_view module, int tries) override {
         retrying_ = module;
         retries_ = tries;

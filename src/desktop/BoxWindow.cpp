@@ -1,0 +1,81 @@
+#include "desktop/BoxWindow.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <array>
+#include <utility>
+
+namespace tallybrook {
+
+namespace {
+
+constexpr std::array<std::pair<Answer, QMessageBox::StandardButton>, 5> kButtons{{
+    {Answer::OK, QMessageBox::Ok},
+    {Answer::Cancel, QMessageBox::Cancel},
+    {Answer::Yes, QMessageBox::Yes},
+    {Answer::No, QMessageBox::No},
+    {Answer::Retry, QMessageBox::Retry},
+}};
+
+QMessageBox::Icon iconOf(Icon icon) {
+    switch (icon) {
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::Warning:
+            return QMessageBox::Warning;
+        case Icon::Critical:
+            return QMessageBox::Critical;
+        case Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+BoxWindow::BoxWindow(const MessageBox& box, QWidget* parent)
+    : QMessageBox(parent), mustBeAnswered_(box.buttons == Buttons::YesNo) {
+    setObjectName("messageBox");
+    setWindowTitle(QString::fromStdString(box.title));
+    setTextFormat(Qt::PlainText);
+    setText(QString::fromStdString(box.text).replace("\r\n", "\n"));
+    setIcon(iconOf(box.icon));
+    for (const Answer answer : answersOf(box.buttons))
+        addButton(buttonOf(answer));
+    setDefaultButton(buttonOf(box.defaultAnswer()));
+    setWindowModality(Qt::ApplicationModal);
+}
+
+QMessageBox::StandardButton BoxWindow::buttonOf(Answer answer) {
+    for (const auto& [one, button] : kButtons) {
+        if (one == answer)
+            return button;
+    }
+    return NoButton;
+}
+
+Answer BoxWindow::ask() {
+    const int pressed = exec();
+    for (const auto& [answer, button] : kButtons) {
+        if (button == pressed)
+            return answer;
+    }
+    return Answer::Cancel;
+}
+
+void BoxWindow::keyPressEvent(QKeyEvent* event) {
+    if (mustBeAnswered_ && event->key() == Qt::Key_Escape)
+        return;
+    QMessageBox::keyPressEvent(event);
+}
+
+void BoxWindow::closeEvent(QCloseEvent* event) {
+    if (mustBeAnswered_)
+        return event->ignore();
+    QMessageBox::closeEvent(event);
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "shell/Control.h"
+
+#include <QWidget>
+#include <memory>
+
+namespace tallybrook {
+
+/// What a view tells the window of what its user does.
+class ViewListener {
+public:
+    virtual ~ViewListener() = default;
+    /// The widget of a button, option or check box was clicked.
+    virtual void clicked(Control& control) = 0;
+    /// The user has changed the text of a box.
+    virtual void edited(TextBox& box, const QString& text) = 0;
+};
+
+/// One control as a widget. The control is the master: refresh() makes the widget show what it holds, and the
+/// widget changes nothing by itself.
+class ControlView {
+public:
+    explicit ControlView(Control& control) : control_(control) {}
+    virtual ~ControlView() = default;
+    ControlView(const ControlView&) = delete;
+    ControlView& operator=(const ControlView&) = delete;
+
+    [[nodiscard]] Control& control() const { return control_; }
+    [[nodiscard]] virtual QWidget& widget() const = 0;
+    void refresh();
+
+protected:
+    /// Shows what the kind of control has besides being enabled, visible and tipped.
+    virtual void refreshContent() = 0;
+
+private:
+    Control& control_;
+};
+
+/// Makes the view of a control as a child of `parent`; nothing for a menu.
+std::unique_ptr<ControlView> makeView(Control& control, QWidget& parent, ViewListener& listener);
+
+/// The text of a box or caption as the toolkit has it.
+QString toQt(const std::string& text);
+
+}  // namespace tallybrook

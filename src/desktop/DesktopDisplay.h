@@ -1,0 +1,76 @@
+#pragma once
+
+#include "desktop/HelpWindow.h"
+#include "desktop/RetryNotice.h"
+#include "desktop/ScreenWindow.h"
+#include "shell/Display.h"
+#include "shell/Program.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+#include <exception>
+#include <functional>
+#include <map>
+#include <memory>
+
+namespace tallybrook {
+
+/// The program on the real desktop: each screen in a window of its own. It draws any screen and knows none.
+class DesktopDisplay : public Display {
+public:
+    DesktopDisplay();
+    ~DesktopDisplay() override;
+    DesktopDisplay(const DesktopDisplay&) = delete;
+    DesktopDisplay& operator=(const DesktopDisplay&) = delete;
+
+    /// The program whose screens are shown; to be told before its start.
+    void attach(Program& program) { program_ = &program; }
+
+    /// Whether the windows are brought up to date after what a person did always, or only if it was of use.
+    enum class Refresh { Always, IfUsed };
+    /// Runs what a person did. No exception leaves it, since none may pass through the toolkit: what the
+    /// program itself does not take is kept for takeFailure().
+    void perform(const std::function<void()>& action, Refresh refresh = Refresh::Always,
+                 const bool* used = nullptr);
+    /// What has escaped from a perform() since the last call; nullptr if nothing has.
+    [[nodiscard]] std::exception_ptr takeFailure() { return std::exchange(failure_, nullptr); }
+
+    /// The window of a loaded screen; nullptr if there is none.
+    [[nodiscard]] ScreenWindow* windowOf(const Screen& screen) const;
+    [[nodiscard]] QWidget* widgetOf(const Control& control) const;
+    [[nodiscard]] QAction* actionOf(const Control& control) const;
+
+    /// What became of the focus by the last press of the mouse or a key.
+    void noteArrival(Arrival arrival) { lastArrival_ = arrival; }
+    [[nodiscard]] Arrival lastArrival() const { return lastArrival_; }
+
+    Answer messageBox(const MessageBox& box) override;
+    std::optional<std::string> inputBox(const InputBox& box) override;
+    std::optional<std::filesystem::path> fileDialog(const FileDialog& dialog) override;
+    void loaded(Screen& screen) override;
+    void shown(Screen& screen) override;
+    void hidden(Screen& screen) override;
+    void unloaded(Screen& screen) override;
+    void raised(Screen& screen) override;
+    void pointer(Pointer pointer) override;
+    void help(HelpTopic topic) override;
+    void startViewer(const std::filesystem::path& file) override;
+    void retrying(std::string_view module, int tries) override;
+    void runTimeError(const RunTimeError& failure) override;
+    void ended() override;
+
+private:
+    void refreshAll();
+    void bringToFront(Screen& screen);
+    [[nodiscard]] QWidget* frontWindow() const;
+
+    Program* program_ = nullptr;
+    std::map<const Screen*, QPointer<ScreenWindow>> windows_;
+    std::unique_ptr<HelpWindow> help_;
+    std::unique_ptr<RetryNotice> notice_;
+    QElapsedTimer waiting_;
+    std::exception_ptr failure_;
+    Arrival lastArrival_ = Arrival::Arrived;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "shell/Person.h"
+
+#include <QKeyEvent>
+
+namespace tallybrook {
+
+/// The key that was pressed, in the program's own terms.
+person::Key keyOf(const QKeyEvent& event);
+
+}  // namespace tallybrook

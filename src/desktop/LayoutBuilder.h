@@ -1,0 +1,30 @@
+#pragma once
+
+#include "shell/Layout.h"
+
+#include <QLayout>
+#include <functional>
+
+namespace tallybrook {
+
+/// Turns a screen's layout into the toolkit's.
+class LayoutBuilder {
+public:
+    /// `widgetFor` gives the widget of a control as a child of the widget that it is to stand in.
+    using WidgetFor = std::function<QWidget&(Control& control, QWidget& parent)>;
+
+    explicit LayoutBuilder(WidgetFor widgetFor) : widgetFor_(std::move(widgetFor)) {}
+
+    /// Lays the parts out in `parent`.
+    [[nodiscard]] QLayout* build(const Layout& layout, QWidget& parent) const;
+
+private:
+    [[nodiscard]] QLayout* buildBox(const Layout& layout, QWidget& parent) const;
+    [[nodiscard]] QLayout* buildForm(const Layout& layout, QWidget& parent) const;
+    [[nodiscard]] QLayout* buildTable(const Layout& layout, QWidget& parent) const;
+    [[nodiscard]] QWidget* widgetOf(const Layout& part, QWidget& parent) const;
+
+    WidgetFor widgetFor_;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,31 @@
+#include "desktop/RetryNotice.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tallybrook {
+
+RetryNotice::RetryNotice(QWidget* parent) : QDialog(parent) {
+    setObjectName("retryNotice");
+    setWindowTitle("Tallybrook");
+    setModal(true);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    const auto addButton = [&](const QString& caption, Choice choice) {
+        auto* const button = new QPushButton(caption);
+        connect(button, &QPushButton::clicked, this, [this, choice] { choice_ = choice; });
+        buttons->addWidget(button);
+    };
+    addButton("Close Screen", Choice::CloseScreen);
+    addButton("End Tallybrook", Choice::EndProgram);
+
+    auto* const content = new QVBoxLayout(this);
+    content->setContentsMargins(18, 16, 18, 16);
+    content->addWidget(new QLabel("Tallybrook is waiting for a record that is not there."));
+    content->addLayout(buttons);
+    show();
+}
+
+}  // namespace tallybrook

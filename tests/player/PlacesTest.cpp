@@ -1,0 +1,52 @@
+#include "player/Places.h"
+
+#include <gtest/gtest.h>
+
+namespace tallybrook::test {
+
+namespace {
+
+TEST(Places, AreNamedWhereverATextHoldsThem) {
+    const Places places("/home/ann/data", "/work/play");
+    EXPECT_EQ(places.named("/home/ann/data"), "<data>");
+    EXPECT_EQ(places.named("/home/ann/data/"), "<data>/");
+    EXPECT_EQ(places.named("notepad.exe /home/ann/data/Report.txt"), "notepad.exe <data>/Report.txt");
+    EXPECT_EQ(places.named("copy \"/home/ann/data/a\" to /work/play/b."), "copy \"<data>/a\" to <cwd>/b.");
+    EXPECT_EQ(places.named("It lies in /home/ann/data.\r\nReally."), "It lies in <data>.\r\nReally.");
+    EXPECT_EQ(places.named("It lies in /work/play."), "It lies in <cwd>.");
+    EXPECT_EQ(places.named("no path"), "no path");
+    EXPECT_EQ(places.named(""), "");
+}
+
+TEST(Places, AreNamedOnlyAsTheBeginningOfAPath) {
+    const Places places("/home/ann/data", "/work/play");
+    for (const std::string text :
+         {"/home/ann/data2", "/home/ann/data.old", "/home/ann/data-1/x", "/home/ann/dat",
+          "/mnt/home/ann/data", "x/home/ann/data", "//home/ann/data", "/home/ann/data\xC3\xA9"})
+        EXPECT_EQ(places.named(text), text);
+}
+
+TEST(Places, TheLongerPathGoesFirst) {
+    const Places inside("/work/play/data", "/work/play");
+    EXPECT_EQ(inside.named("/work/play/data/x, /work/play/x"), "<data>/x, <cwd>/x");
+    const Places around("/work", "/work/play");
+    EXPECT_EQ(around.named("/work/play/x, /work/x"), "<cwd>/x, <data>/x");
+    const Places same("/work", "/work");
+    EXPECT_EQ(same.named("/work/x"), "<data>/x");
+}
+
+TEST(Places, TheRootIsNoPlace) {
+    const Places places("/home/ann/data", "/");
+    EXPECT_EQ(places.named("/ and /usr"), "/ and /usr");
+    EXPECT_EQ(Places().named("/home"), "/home");
+}
+
+TEST(Places, APathIsMadePlain) {
+    EXPECT_EQ(plainPath("/a/./b/../c/"), "/a/c");
+    EXPECT_EQ(plainPath("x"), std::filesystem::current_path() / "x");
+    EXPECT_EQ(plainPath("/"), "/");
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test
