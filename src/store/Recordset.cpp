@@ -139,7 +139,7 @@ public:
         const std::int64_t key = current().key;
         pending_ = Pending::None;
         connection_.readBeforeChange(rows_->table(), rows_.get());
-        rows_->read();
+        settled();
         onFile([&] {
             const Table& table = rows_->table();
             StatementUse use(connection_.prepared(
@@ -232,6 +232,10 @@ private:
             changeRow();
         pending_ = Pending::None;
         settled();
+        return dropDeletedRow();
+    }
+
+    bool dropDeletedRow() {
         const bool deleted = std::exchange(place_.deleted, false);
         if (deleted)
             rows_->erase(place_.index);
@@ -291,6 +295,7 @@ private:
         });
         pending_ = Pending::None;
         readRow(connection_, rows_->table(), rows_->fields(), row);
+        dropDeletedRow();
         rows_->append(std::move(row));
         place_ = {.where = Where::LastAdded};
     }
@@ -298,7 +303,6 @@ private:
     void changeRow() {
         StoredRow& row = current();
         connection_.readBeforeChange(rows_->table(), rows_.get());
-        rows_->read();
         const int changed = onFile([&] {
             StatementUse use(connection_.prepared(updateStatement()));
             use->bind(bindWritten(*use), row.key);

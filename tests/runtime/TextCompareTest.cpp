@@ -1,0 +1,60 @@
+#include "runtime/TextCompare.h"
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+namespace tallybrook {
+
+namespace {
+
+TEST(TextCompare, KnowsNoCase) {
+    EXPECT_EQ(compareText("Brook Lanes", "BROOK lanes"), 0);
+    EXPECT_EQ(compareText("M\u00dcNCHEN", "m\u00fcnchen"), 0);
+    EXPECT_EQ(compareText("\u0416", "\u0436"), 0);
+    EXPECT_EQ(compareText("Stra\u00dfe", "STRASSE"), 0);
+    EXPECT_LT(compareText("a", "B"), 0);
+    EXPECT_GT(compareText("b", "A"), 0);
+    EXPECT_LT(compareText("a", "ab"), 0);
+    EXPECT_NE(compareText("\xff", "\xfe"), 0);
+}
+
+TEST(TextCompare, IsAnOrder) {
+    EXPECT_TRUE(rc::check([](const std::string& a, const std::string& b, const std::string& c) {
+        RC_ASSERT(compareText(a, b) == -compareText(b, a));
+        if (compareText(a, b) <= 0 && compareText(b, c) <= 0)
+            RC_ASSERT(compareText(a, c) <= 0);
+        RC_ASSERT((compareText(a, b) == 0) == (foldCase(a) == foldCase(b)));
+    }));
+}
+
+bool plainLike(std::string_view text, std::string_view pattern) {
+    if (pattern.empty())
+        return text.empty();
+    if (pattern[0] == '%')
+        return plainLike(text, pattern.substr(1)) || (!text.empty() && plainLike(text.substr(1), pattern));
+    return !text.empty() && (pattern[0] == '_' || pattern[0] == text[0]) &&
+           plainLike(text.substr(1), pattern.substr(1));
+}
+
+TEST(Like, AgreesWithThePlainRule) {
+    EXPECT_TRUE(rc::check([] {
+        const auto text = (*rc::gen::container<std::string>(rc::gen::element('a', 'b', 'c'))).substr(0, 12);
+        const auto pattern =
+            (*rc::gen::container<std::string>(rc::gen::element('a', 'b', '%', '_'))).substr(0, 8);
+        RC_ASSERT(likeText(text, pattern) == plainLike(text, pattern));
+    }));
+    EXPECT_TRUE(likeText("Z\u00dcRICH Lanes", "%\u00fcr_ch%"));
+    EXPECT_FALSE(likeText(std::string(5000, 'a'), "%a%a%a%a%a%a%a%a%b"));
+}
+
+TEST(Characters, AreCountedAndCut) {
+    EXPECT_EQ(characterCount("\u00e4\u00f6x"), 3U);
+    EXPECT_EQ(firstCharacters("\u00e4\u00f6x", 2), "\u00e4\u00f6");
+    EXPECT_EQ(firstCharacters("ab", 5), "ab");
+    EXPECT_EQ(firstCharacters("", 5), "");
+    EXPECT_EQ(characterCount("\xff\xff"), 2U);
+}
+
+}  // namespace
+
+}  // namespace tallybrook
