@@ -56,16 +56,12 @@ public:
     }
 
     void moveFirst() {
-        leaveRow();
-        if (rows_->size() == 0)
-            noCurrentRow();
+        leaveForEnd();
         showAt({.where = Where::OnRow, .index = 0});
     }
 
     void moveLast() {
-        leaveRow();
-        if (rows_->size() == 0)
-            noCurrentRow();
+        leaveForEnd();
         showAt({.where = Where::OnRow, .index = rows_->size() - 1});
     }
 
@@ -233,6 +229,15 @@ private:
         pending_ = Pending::None;
         settled();
         return dropDeletedRow();
+    }
+
+    /// The same before a move to the first or last row, which needs one.
+    void leaveForEnd() {
+        leaveRow();
+        if (isEmpty()) {
+            place_ = {.where = Where::PastEnd};
+            noCurrentRow();
+        }
     }
 
     bool dropDeletedRow() {
