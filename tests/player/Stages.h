@@ -9,7 +9,7 @@
 namespace tallybrook::test {
 
 /// The stages that every play must look the same on.
-inline const std::array<std::string, 1> kStages{"model"};
+inline const std::array<std::string, 2> kStages{"model", "desktop"};
 
 /// A new stage of that name.
 std::unique_ptr<Stage> makeStage(const std::string& name);

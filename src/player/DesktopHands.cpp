@@ -1,0 +1,96 @@
+#include "player/DesktopHands.h"
+
+#include "player/KeyNames.h"
+#include "shell/Person.h"
+
+#include <QAbstractScrollArea>
+#include <QCheckBox>
+#include <QPointer>
+#include <QRadioButton>
+#include <QStyle>
+#include <QTest>
+#include <functional>
+
+namespace tallybrook::hands {
+
+namespace {
+
+/// What of the widget the mouse is pressed on.
+QWidget& surfaceOf(QWidget& widget) {
+    auto* const area = qobject_cast<QAbstractScrollArea*>(&widget);
+    return area == nullptr ? widget : *area->viewport();
+}
+
+/// Where the mouse is pressed: in the middle, but on the mark of an option or check box, which may be much
+/// wider than what takes the click.
+QPoint spotOn(const QWidget& widget) {
+    const bool isMarked = qobject_cast<const QCheckBox*>(&widget) != nullptr ||
+                          qobject_cast<const QRadioButton*>(&widget) != nullptr;
+    const QPoint middle = widget.rect().center();
+    if (!isMarked)
+        return middle;
+    return {widget.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &widget) / 2, middle.y()};
+}
+
+Qt::KeyboardModifiers modifiersOf(const person::Key& key) {
+    Qt::KeyboardModifiers modifiers;
+    modifiers.setFlag(Qt::AltModifier, key.alt);
+    modifiers.setFlag(Qt::ControlModifier, key.control);
+    modifiers.setFlag(Qt::ShiftModifier, key.shift);
+    return modifiers;
+}
+
+/// The key that gives a character: keyboards name it by the capital letter.
+Qt::Key keyOf(char32_t character) {
+    return character == U'\n' ? Qt::Key_Return : static_cast<Qt::Key>(QChar::toUpper(character));
+}
+
+void strike(QWidget& widget, char32_t character) {
+    const QString text = character == U'\n' ? "\r" : QString::fromUcs4(&character, 1);
+    QTest::sendKeyEvent(QTest::Click, &widget, keyOf(character), text, Qt::NoModifier);
+}
+
+/// Presses the mouse on the widget and releases it at a place, unless the widget is gone by then.
+void pressAndRelease(QWidget& widget, const std::function<QPoint(const QWidget& surface)>& place) {
+    const QPointer<QWidget> surface(&surfaceOf(widget));
+    QTest::mousePress(surface, Qt::LeftButton, Qt::NoModifier, spotOn(*surface));
+    if (surface)
+        QTest::mouseRelease(surface, Qt::LeftButton, Qt::NoModifier, place(*surface));
+}
+
+}  // namespace
+
+void click(QWidget& widget) {
+    pressAndRelease(widget, spotOn);
+}
+
+void touch(QWidget& widget) {
+    pressAndRelease(widget, [](const QWidget&) { return QPoint(-2, -2); });
+}
+
+void pressKey(QWidget& window, const std::string& key) {
+    const person::Key read = person::readKey(key);
+    QWidget& target = window.focusWidget() == nullptr ? window : *window.focusWidget();
+    if (const std::optional<Qt::Key> named = keyNamed(read.name); named) {
+        const QString text = *named == Qt::Key_Space ? " " : *named == Qt::Key_Return ? "\r" : "";
+        QTest::sendKeyEvent(QTest::Click, &target, *named, text, modifiersOf(read));
+        return;
+    }
+    const char32_t character = QString::fromStdString(read.name).toUcs4().front();
+    const bool writes = !read.alt && !read.control;
+    QTest::sendKeyEvent(QTest::Click, &target, keyOf(character),
+                        writes ? QString::fromUcs4(&character, 1) : QString(), modifiersOf(read));
+}
+
+void typeOver(QWidget& widget, const std::string& text) {
+    const QPointer<QWidget> lasting(&widget);
+    QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
+    if (text.empty())
+        QTest::keyClick(&widget, Qt::Key_Delete);
+    for (const char32_t character : QString::fromStdString(text).toUcs4()) {
+        if (lasting)
+            strike(widget, character);
+    }
+}
+
+}  // namespace tallybrook::hands

@@ -1,0 +1,100 @@
+#include "player/DesktopStage.h"
+
+#include "player/DesktopHands.h"
+
+#include <QAction>
+#include <QPixmap>
+#include <stdexcept>
+#include <utility>
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+DesktopStage::DesktopStage(std::optional<fs::path> shots) : shots_(std::move(shots)) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // nobody can reach into those
+}
+
+Arrival DesktopStage::click(Control& control) {
+    if (QAction* const action = display_.actionOf(control); action != nullptr)
+        return act([action] { action->trigger(); });
+    QWidget& widget = widgetOf(control);
+    return act([&widget] { hands::click(widget); });
+}
+
+Arrival DesktopStage::type(TextBox& box, const std::string& text) {
+    QWidget& widget = widgetOf(box);
+    return act([&] {
+        hands::click(widget);
+        if (const Arrival arrival = display_.lastArrival(); arrival == Arrival::Arrived) {
+            hands::typeOver(widget, text);
+            display_.noteArrival(arrival);
+        }
+    });
+}
+
+Arrival DesktopStage::focus(Control& control) {
+    QWidget& widget = widgetOf(control);
+    return act([&widget] { hands::touch(widget); });
+}
+
+Arrival DesktopStage::tab(Screen& screen, bool backwards) {
+    return press(screen, backwards ? "Shift+Tab" : "Tab");
+}
+
+Arrival DesktopStage::press(Screen& screen, const std::string& key) {
+    QWidget& window = windowOf(screen);
+    return act([&] {
+        hands::pressKey(window, key);
+        if (QWidget* const menu = QApplication::activePopupWidget(); menu != nullptr)
+            menu->close();
+    });
+}
+
+void DesktopStage::close(Screen& screen) {
+    QWidget& window = windowOf(screen);
+    act([&window] { window.close(); });
+}
+
+void DesktopStage::takePicture(Screen& screen, const std::string& name) {
+    if (!shots_)
+        return;
+    fs::create_directories(*shots_);
+    const fs::path file = *shots_ / (name + ".png");
+    if (!windowOf(screen).grab().save(QString::fromStdString(file.string())))
+        throw std::runtime_error("the picture " + file.string() + " cannot be written");
+}
+
+QWidget& DesktopStage::widgetOf(const Control& control) const {
+    QWidget* const widget = display_.widgetOf(control);
+    if (widget == nullptr)
+        throw std::runtime_error(control.name() + " is not on the window");
+    return *widget;
+}
+
+QWidget& DesktopStage::windowOf(const Screen& screen) const {
+    QWidget* const window = display_.windowOf(screen);
+    if (window == nullptr)
+        throw std::runtime_error(screen.name() + " has no window");
+    return *window;
+}
+
+Arrival DesktopStage::act(const std::function<void()>& action) {
+    settle();
+    display_.noteArrival(Arrival::Arrived);
+    action();
+    const Arrival arrival = display_.lastArrival();
+    settle();
+    return arrival;
+}
+
+void DesktopStage::settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    if (const std::exception_ptr escaped = display_.takeFailure(); escaped != nullptr)
+        std::rethrow_exception(escaped);
+    if (const std::optional<std::string> failure = boxes_.takeFailure(); failure)
+        throw std::runtime_error(*failure);
+}
+
+}  // namespace tallybrook

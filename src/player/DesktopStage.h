@@ -1,0 +1,46 @@
+#pragma once
+
+#include "desktop/DesktopDisplay.h"
+#include "player/BoxHands.h"
+#include "player/Stage.h"
+
+#include <QApplication>
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+namespace tallybrook {
+
+/// The real windows: whatever the hands do becomes mouse and key events on their widgets. There must be a
+/// QApplication.
+class DesktopStage : public Stage {
+public:
+    /// `shots` is the folder for pictures; none are taken without one.
+    explicit DesktopStage(std::optional<std::filesystem::path> shots = std::nullopt);
+
+    Display& display() override { return display_; }
+    void attach(Program& program) override { display_.attach(program); }
+    void plan(Planned answer) override { boxes_.plan(std::move(answer)); }
+
+    Arrival click(Control& control) override;
+    Arrival type(TextBox& box, const std::string& text) override;
+    Arrival focus(Control& control) override;
+    Arrival tab(Screen& screen, bool backwards) override;
+    Arrival press(Screen& screen, const std::string& key) override;
+    void close(Screen& screen) override;
+    void takePicture(Screen& screen, const std::string& name) override;
+
+private:
+    [[nodiscard]] QWidget& widgetOf(const Control& control) const;
+    [[nodiscard]] QWidget& windowOf(const Screen& screen) const;
+    /// Does something with the mouse or the keyboard, lets the windows follow, and raises what has escaped
+    /// from the program meanwhile.
+    Arrival act(const std::function<void()>& action);
+    void settle();
+
+    std::optional<std::filesystem::path> shots_;
+    DesktopDisplay display_;
+    BoxHands boxes_;
+};
+
+}  // namespace tallybrook

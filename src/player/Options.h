@@ -1,0 +1,39 @@
+#pragma once
+
+#include "runtime/DateTime.h"
+
+#include <filesystem>
+#include <optional>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace tallybrook {
+
+/// What the player is called with.
+struct Options {
+    enum class Where { Model, Desktop };
+
+    Where where = Where::Model;
+    std::optional<std::filesystem::path> data;  // a temporary folder where none is told
+    DateTime clock =
+        makeDate(2026, 11, 14) + std::chrono::hours{21} + std::chrono::minutes{55} + std::chrono::seconds{32};
+    std::optional<std::filesystem::path> shots;   // no pictures where none is told
+    std::optional<std::filesystem::path> script;  // standard input where none is told
+};
+
+inline constexpr std::string_view kUsage =
+    "usage: tallybrook-play [--display model|desktop] [--data DIR] [--clock \"YYYY-MM-DD HH:MM:SS\"] "
+    "[--shots DIR] [SCRIPT]";
+
+/// A command line that the player does not take; what() says why.
+class WrongUsage : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads the arguments of the command line, without the program's name. Throws WrongUsage.
+Options readOptions(std::span<const std::string> arguments);
+
+}  // namespace tallybrook

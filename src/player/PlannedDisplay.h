@@ -1,0 +1,38 @@
+#pragma once
+
+#include "player/Stage.h"
+#include "shell/Display.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace tallybrook {
+
+/// A display that shows nothing and gives the answers that were planned.
+class PlannedDisplay : public Display {
+public:
+    void plan(Planned answer) { planned_ = std::move(answer); }
+
+    Answer messageBox(const MessageBox&) override { return std::get<Answer>(planned_); }
+    std::optional<std::string> inputBox(const InputBox&) override { return std::get<Reply>(planned_).text; }
+    std::optional<std::filesystem::path> fileDialog(const FileDialog&) override;
+
+    void loaded(Screen&) override {}
+    void shown(Screen&) override {}
+    void hidden(Screen&) override {}
+    void unloaded(Screen&) override {}
+    void raised(Screen&) override {}
+
+    void pointer(Pointer) override {}
+    void help(HelpTopic) override {}
+    void startViewer(const std::filesystem::path&) override {}
+    void retrying(std::string_view, int) override {}
+    void runTimeError(const RunTimeError&) override {}
+    void ended() override {}
+
+private:
+    Planned planned_ = Answer::OK;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,46 @@
+#include "player/DesktopPlay.h"
+#include "player/ModelStage.h"
+#include "player/Options.h"
+#include "player/PlayApplication.h"
+#include "player/PlayStopped.h"
+
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <vector>
+
+using namespace tallybrook;
+
+namespace {
+
+int play(const Options& options, std::istream& script, int argc, char** argv) {
+    if (options.where == Options::Where::Desktop)
+        return playOnDesktop(options, script, std::cout, std::cerr, argc, argv);
+    ModelStage stage;
+    return playApplication(options, stage, script, std::cout, std::cerr);
+}
+
+int playScript(const Options& options, int argc, char** argv) {
+    if (!options.script)
+        return play(options, std::cin, argc, argv);
+    std::ifstream script(*options.script);
+    if (!script || std::filesystem::is_directory(*options.script))
+        throw WrongUsage("there is no script " + options.script->string());
+    return play(options, script, argc, argv);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        const std::vector<std::string> arguments(argv + 1, argv + argc);
+        return playScript(readOptions(arguments), argc, argv);
+    } catch (const WrongUsage& wrong) {
+        std::cerr << wrong.what() << '\n' << kUsage << '\n';
+        return status::kWrongUsage;
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return status::kNotCarriedOut;
+    }
+}
