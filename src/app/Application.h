@@ -26,8 +26,8 @@ private:
     void openDataFolder();
     void openLogbook();
 
+    std::unique_ptr<InstanceLock> lock_;  // let go of last, when the logbook is closed
     Program program_;
-    std::unique_ptr<InstanceLock> lock_;
 };
 
 /// Where the data folder lies when nobody says otherwise: `Tallybrook/` below the user's data home.

@@ -15,6 +15,8 @@ public:
     virtual void clicked(Control& control) = 0;
     /// The user has changed the text of a box.
     virtual void edited(TextBox& box, const QString& text) = 0;
+    /// The user has selected all of the text of a box, or no longer all of it.
+    virtual void selected(TextBox& box, bool all) = 0;
 };
 
 /// One control as a widget. The control is the master: refresh() makes the widget show what it holds, and the
@@ -40,8 +42,5 @@ private:
 
 /// Makes the view of a control as a child of `parent`; nothing for a menu.
 std::unique_ptr<ControlView> makeView(Control& control, QWidget& parent, ViewListener& listener);
-
-/// The text of a box or caption as the toolkit has it.
-QString toQt(const std::string& text);
 
 }  // namespace tallybrook

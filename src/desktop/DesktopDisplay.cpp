@@ -160,7 +160,7 @@ void DesktopDisplay::retrying(std::string_view /*module*/, int tries) {
     QThread::msleep(kPause);
     switch (notice_ ? notice_->choice() : RetryNotice::Choice::None) {
         case RetryNotice::Choice::CloseScreen:
-            program_->screens.goBackFrom(*program_->screens.loaded().back());
+            program_->screens.goBackFrom(*program_->waiting);
             throw EndHandler{};
         case RetryNotice::Choice::EndProgram:
             throw EndProgram{};

@@ -102,9 +102,10 @@ void frmEvent::Load_Event() {
     step([&] { HHRecordID = toText(EventRS["fldHHRecordID"]); });
     step([&] { session().gSessionNum = toInt32(EventRS["fldSessionNum"]); });
 
-    std::string type;
-    step([&] { type = toText(EventRS["fldEventType"]); });
-    OptionButton& kind = type == "TOURNAMENT" ? optTourn : type == "LEAGUE" ? optLeague : optPractice;
+    const auto isType = [&](const char* type) {
+        return step.test([&] { return toText(EventRS["fldEventType"]) == type; });
+    };
+    OptionButton& kind = isType("TOURNAMENT") ? optTourn : isType("LEAGUE") ? optLeague : optPractice;
     kind.setValue(true);
 
     step([&] { session().gGmsRecorded = toInt16(EventRS["fldGmsRecorded"]); });

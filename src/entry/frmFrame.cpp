@@ -374,7 +374,7 @@ void frmFrame::writeFrame(const Handler& step) {
     write("fldFrameNum", valueOf(mFrameNum));
     write("fldGameNum", valueOf(session().gGameNum));
     write("fldSessionNum", valueOf(session().gSessionNum));
-    write("fldLaneBowled", leadingNumber(txtLaneNum.text()));
+    step([&] { adoTBKFrame.recordset()["fldLaneBowled"] = leadingNumber(txtLaneNum.text()); });
     write("fldBallUsed", txtBallUsed.text());
     write("fldFootPos", txtFootPos.text());
     write("fldLaneTgt", txtLaneTgt.text());
@@ -391,7 +391,9 @@ void frmFrame::writeFrame(const Handler& step) {
 
 void frmFrame::cmdNextFrame_Click() {
     const Handler step = handler("frmFrame, cmdNextFrame.");
-    if (!frameIsGood())
+    std::string result;
+    step([&] { result = Check_Frame(); });
+    if (!isGood(result))
         return;
     Save_Frame();
     if (session().gMode == kAdd)
@@ -460,7 +462,7 @@ void frmFrame::cmdReset_Click() {
 }
 
 void frmFrame::cmdPrevious_Click() {
-    if (!frameIsGood())
+    if (!isGood(Check_Frame()))
         return;
     Save_Frame();
     updateSeries(program());
@@ -507,9 +509,9 @@ std::string frmFrame::Check_Frame() {
     return check.result;
 }
 
-/// Checks the frame, and shows the one box that serves every fault.
-bool frmFrame::frameIsGood() {
-    if (Check_Frame() == "Good")
+/// What is done about the result of the check: one box serves every fault.
+bool frmFrame::isGood(const std::string& result) {
+    if (result == "Good")
         return true;
     ask({.text =
              lines({"Line score values were incomplete.", "Acceptable values are 0 - 9, X and /. Examples: ",

@@ -167,7 +167,7 @@ private:
 
     // The check and the score.
     std::string Check_Frame();
-    bool frameIsGood();
+    bool isGood(const std::string& result);
     void Calc_Score();
     void acceptScore(const Handler& step, Int16 score);
 

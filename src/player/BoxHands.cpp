@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <utility>
 
 namespace tallybrook {
@@ -19,10 +20,14 @@ namespace {
 
 using Button = QDialogButtonBox::StandardButton;
 
-/// Clicks a button of the dialog; false where it has no such button.
-bool clickButton(QDialog& dialog, Button button) {
+QPushButton* buttonOf(const QDialog& dialog, Button button) {
     const auto* const buttons = dialog.findChild<QDialogButtonBox*>();
-    QAbstractButton* const found = buttons == nullptr ? nullptr : buttons->button(button);
+    return buttons == nullptr ? nullptr : buttons->button(button);
+}
+
+/// Clicks a button of the dialog; false where it has no such button.
+bool clickButton(const QDialog& dialog, Button button) {
+    QPushButton* const found = buttonOf(dialog, button);
     if (found != nullptr)
         hands::click(*found);
     return found != nullptr;
@@ -45,21 +50,32 @@ bool replyTo(QInputDialog& dialog, const Reply& reply) {
     return clickButton(dialog, QDialogButtonBox::Ok);
 }
 
+/// Types the path of a file where its name goes. The dialog follows what is typed, and selects and completes
+/// what it meets on the way; for the time being it must not.
+void typePath(QFileDialog& dialog, QLineEdit& line, const std::string& path) {
+    for (QAbstractItemView* const view : dialog.findChildren<QAbstractItemView*>())
+        view->clearSelection();
+    const QSignalBlocker quiet(line);
+    line.setCompleter(nullptr);
+    hands::typeOver(line, path);
+}
+
 bool chooseIn(QFileDialog& dialog, const Choice& choice) {
     if (!choice.file)
         return clickButton(dialog, QDialogButtonBox::Cancel);
+    const Button accepts =
+        dialog.acceptMode() == QFileDialog::AcceptSave ? QDialogButtonBox::Save : QDialogButtonBox::Open;
     auto* const line = dialog.findChild<QLineEdit*>("fileNameEdit");
-    if (line == nullptr)
+    QPushButton* const button = buttonOf(dialog, accepts);
+    if (line == nullptr || button == nullptr)
         return false;
-    // The script is answered as it stands: no question about a file that is there, or is not.
+    // The choice is taken as it stands: no question about a file that is there, or is not.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setFileMode(QFileDialog::AnyFile);
-    line->setCompleter(nullptr);
-    hands::typeOver(*line, choice.file->string());
-    for (QAbstractItemView* const view : dialog.findChildren<QAbstractItemView*>())
-        view->clearSelection();  // a folder met while typing would go before what is typed
-    const bool saves = dialog.acceptMode() == QFileDialog::AcceptSave;
-    return clickButton(dialog, saves ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+    typePath(dialog, *line, choice.file->string());
+    button->setEnabled(true);
+    hands::click(*button);
+    return true;
 }
 
 }  // namespace

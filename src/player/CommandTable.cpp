@@ -28,6 +28,8 @@ const std::vector<Command>& commands() {
         {"show", {Shape::Names}, When::Running, &Performer::show},
         {"screens", {}, When::Running, &Performer::screens},
         {"rows", {Shape::Name}, When::Always, &Performer::rows},
+        {"put", {Shape::Name, Shape::Fields}, When::Running, &Performer::put},
+        {"change", {Shape::Name, Shape::Row, Shape::Fields}, When::Running, &Performer::change},
         {"shot", {Shape::Name}, When::Running, &Performer::shot},
         {"note", {Shape::Text}, When::Always, &Performer::note},
     };
@@ -53,6 +55,8 @@ bool fits(const Word& word, Shape shape) {
         case Shape::Item:
             return word.quoted ||
                    (word.text.starts_with('#') && isNumber(std::string_view(word.text).substr(1), 0));
+        case Shape::Fields:
+            return true;
         case Shape::Row:
             break;
     }
@@ -62,8 +66,8 @@ bool fits(const Word& word, Shape shape) {
 bool fits(const ScriptLine& line, const std::vector<Shape>& shapes) {
     std::vector<Shape> wanted = shapes;
     const std::size_t given = line.words.size() - 1;
-    if (!wanted.empty() && wanted.back() == Shape::Names)
-        wanted.resize(std::max(given, wanted.size()), Shape::Names);
+    if (!wanted.empty() && (wanted.back() == Shape::Names || wanted.back() == Shape::Fields))
+        wanted.resize(std::max(given, wanted.size()), wanted.back());
     return std::equal(line.words.begin() + 1, line.words.end(), wanted.begin(), wanted.end(),
                       [](const Word& word, Shape shape) { return fits(word, shape); });
 }
@@ -80,6 +84,8 @@ std::string_view described(Shape shape) {
             return " \"TEXT\"|cancel";
         case Shape::Item:
             return " \"TEXT\"|#N";
+        case Shape::Fields:
+            return " FIELD VALUE ...";
         case Shape::Row:
             break;
     }

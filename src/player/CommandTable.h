@@ -17,6 +17,7 @@ enum class Shape {
     TextOrCancel,  // a text, or the word "cancel"
     Item,          // a text, or "#" and a position from 0
     Row,           // a whole number from 1
+    Fields,        // pairs of a field's name and its value: a text, a bare number or date, or null
 };
 
 /// When a command can be carried out.

@@ -42,6 +42,28 @@ std::string asTyped(std::string_view text) {
     return typed;
 }
 
+/// The pairs of a field's name and its value, from that argument on.
+std::vector<FieldText> fieldsFrom(const ScriptLine& line, std::size_t argument) {
+    std::vector<FieldText> fields;
+    for (; argument + 1 < line.words.size(); argument += 2) {
+        const Word& value = line.words[argument + 1];
+        fields.push_back({line.argument(argument),
+                          value.quoted || value.text != "null" ? std::optional(value.text) : std::nullopt});
+    }
+    if (argument < line.words.size())
+        line.fail("the field " + line.argument(argument) + " has no value");
+    return fields;
+}
+
+/// Works on the logbook past the screens; a failure there stops the play.
+void tryOnStore(const ScriptLine& line, const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const RunTimeError& failure) {
+        line.fail(failure.description());
+    }
+}
+
 std::string describe(const Screen& screen) {
     return screen.name() + (screen.isVisible() ? "(shown)" : "(hidden)");
 }
@@ -171,6 +193,15 @@ void Performer::rows(const ScriptLine& line) {
     transcript_.line(fmt::format("rows {} {}", table, written.size()));
     for (const std::string& row : written)
         transcript_.line("  " + row);
+}
+
+void Performer::put(const ScriptLine& line) {
+    tryOnStore(line, [&] { addRow(program_.store(), line.argument(1), fieldsFrom(line, 2)); });
+}
+
+void Performer::change(const ScriptLine& line) {
+    tryOnStore(line,
+               [&] { changeRow(program_.store(), line.argument(1), line.argument(2), fieldsFrom(line, 3)); });
 }
 
 void Performer::shot(const ScriptLine& line) {

@@ -37,6 +37,8 @@ public:
     void show(const ScriptLine& line);
     void screens(const ScriptLine& line);
     void rows(const ScriptLine& line);
+    void put(const ScriptLine& line);
+    void change(const ScriptLine& line);
     void shot(const ScriptLine& line);
     void note(const ScriptLine& line);
 

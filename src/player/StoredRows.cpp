@@ -2,6 +2,7 @@
 
 #include "player/Moment.h"
 #include "runtime/TextForms.h"
+#include "store/Recordset.h"
 
 #include <variant>
 
@@ -31,6 +32,12 @@ std::string rowText(const std::vector<std::string>& fields, const Store::Row& ro
     return written;
 }
 
+void write(Recordset& rows, const std::vector<FieldText>& fields) {
+    for (const FieldText& one : fields)
+        rows[one.field] = one.value ? Value{*one.value} : Value{Null{}};
+    rows.Update();
+}
+
 }  // namespace
 
 std::vector<std::string> storedRows(Store& store, const std::string& table, const Transcript& transcript) {
@@ -39,6 +46,21 @@ std::vector<std::string> storedRows(Store& store, const std::string& table, cons
     for (const Store::Row& row : store.rows(table))
         written.push_back(rowText(fields, row, transcript));
     return written;
+}
+
+void addRow(Store& store, const std::string& table, const std::vector<FieldText>& fields) {
+    Recordset rows(store);
+    rows.Open("SELECT * FROM " + table);
+    rows.AddNew();
+    write(rows, fields);
+}
+
+void changeRow(Store& store, const std::string& table, const std::string& key,
+               const std::vector<FieldText>& fields) {
+    const std::vector<std::string> names = Store::fieldNames(table);
+    Recordset rows(store);
+    rows.Open("SELECT * FROM " + table + (names.empty() ? "" : " WHERE " + names.front() + " = " + key));
+    write(rows, fields);
 }
 
 }  // namespace tallybrook

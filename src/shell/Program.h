@@ -40,6 +40,7 @@ public:
     SessionState session;
     Screens screens;
     BoxReporter reporter;
+    Screen* waiting = nullptr;  // the screen whose procedure tried a statement again last
 
     /// The logbook; error 91 before the start procedure has opened it.
     [[nodiscard]] Store& store();

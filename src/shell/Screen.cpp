@@ -22,8 +22,16 @@ std::vector<Menu*> Screen::menuBar() const {
     return menus;
 }
 
-Handler Screen::handler(std::string module, Retry retry) const {
-    return Handler(program_.reporter, std::move(module), retry);
+Handler Screen::handler(std::string module, Retry retry) {
+    return Handler([this, module = std::move(module), retry](const RunTimeError& failure, int tries) {
+        if (retry == Retry::Never || failure.number() != error::kNoCurrentRow) {
+            program_.reporter.databaseError(failure, module);
+            return Recovery::GoOn;
+        }
+        program_.waiting = this;
+        program_.reporter.retrying(module, tries);
+        return Recovery::TryAgain;
+    });
 }
 
 Arrival Screen::moveFocus(Control& target) {
@@ -55,6 +63,7 @@ Arrival Screen::moveFocus(Control& target) {
 }
 
 void Screen::runLeaving(Control& left) {
+    redirected_ = nullptr;
     if (!left.onLostFocus)
         return;
     struct Leaving {
@@ -62,7 +71,6 @@ void Screen::runLeaving(Control& left) {
         ~Leaving() { running_ = false; }
         bool& running_;
     } leaving(leaving_);
-    redirected_ = nullptr;
     left.onLostFocus();
 }
 

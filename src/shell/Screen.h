@@ -76,7 +76,7 @@ protected:
     /// Shows a box and returns the button pressed.
     Answer ask(const MessageBox& box) const { return program_.display.messageBox(box); }
     /// A handler with the general box of the database failures.
-    [[nodiscard]] Handler handler(std::string module, Retry retry = Retry::Never) const;
+    [[nodiscard]] Handler handler(std::string module, Retry retry = Retry::Never);
 
 private:
     friend class Control;

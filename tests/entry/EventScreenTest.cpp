@@ -278,6 +278,22 @@ TEST_F(EventScreen, LeavesByEveryWayAfterTheSavePrompt) {
     EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName"}), (std::vector<std::string>{"Kept", ""}));
 }
 
+TEST_F(EventScreen, StoresTheOtherFieldsBesideANumberOfGamesThatIsNone) {
+    addEvent();
+    play.type("txtEvent", "Night");
+    play.type("txtNumGames", "3 games");
+    play.click("cmdPrevious", {kSave, {"Database Error", Answer::OK}, kStay});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName", "fldNumGames", "fldEventType"}),
+              std::vector<std::string>{"Night|0|LEAGUE"});
+}
+
+TEST_F(EventScreen, EndsOnTooManyGames) {
+    addEvent();
+    play.type("txtNumGames", "40000");
+    play.tab();
+    EXPECT_EQ(play.display.events().back(), "end program");
+}
+
 TEST_F(EventScreen, HelpEntriesDoNothing) {
     addEvent();
     play.display.forgetEvents();

@@ -559,6 +559,51 @@ TEST_F(FrameScreen, UpdatesTheSeriesOnTheWayOut) {
     EXPECT_EQ(play.screen().name(), "frmMain");
 }
 
+TEST_F(FrameScreen, GoesOnWithAFrameNumberThatIsNone) {
+    play.insertEvent();
+    play.insertGame(1, "L");
+    play.insertFrame(11, "X");
+    const Expected failure{"Database Error", Answer::OK};
+    play.handOverTo("frmFrame", {failure, failure});
+    EXPECT_NE(play.display.boxes()[0].text.find(
+                  "Error Number: 340\r\nError: Control array element '11' doesn't exist"),
+              std::string::npos);
+    play.click("cmdNextFrame", {failure, kFault});
+    EXPECT_NE(play.display.boxes()[2].text.find("Module: frmFrame, cmdNextFrame."), std::string::npos);
+    EXPECT_FALSE(play.program().hasEnded());
+}
+
+TEST_F(FrameScreen, StoresTheRestOfAFrameWithAnImpossibleLane) {
+    openGame("P", {});
+    play.click("optFirstYes");
+    play.type("txtLaneNum", "1e999");
+    play.click("mnuRetMain", {{"Database Error", Answer::OK}});
+    EXPECT_NE(
+        play.display.boxes()[0].text.find("Error Number: 6\r\nError: Overflow\r\nModule: Frame Information, "
+                                          "Save_Frame."),
+        std::string::npos);
+    EXPECT_EQ(frames({"fldLaneBowled", "fldLineScore"}), std::vector<std::string>{"0|X"});
+    EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(FrameScreen, NamesTheProcedureThatFoundNoRow) {
+    struct Case {
+        std::string click, debugName;
+    };
+    for (const Case& one : {Case{"cmdNextFrame", "Save_Frame"}, Case{"cmdPrevFrame", "Save_Frame"}}) {
+        Play other;
+        other.insertEvent();
+        other.insertGame(1, "L");
+        other.insertFrame(1, "X");
+        other.handOverTo("frmFrame");
+        other.click("cmdNextFrame", {with(kAddAnother, Answer::No)});
+        Expected box = kNoRow;
+        box.text = kNoRow.text.substr(0, kNoRow.text.rfind("Save_Frame")) + one.debugName;
+        other.click(one.click, {box});
+        EXPECT_EQ(other.screen().name(), "frmMain");
+    }
+}
+
 TEST_F(FrameScreen, ClosesByTheTitleBarAsByPreviousScreen) {
     openGame("P", {});
     play.type("txtLaneNum", "99");  // not left by the title bar, but by the way to Reset Pinfall

@@ -58,11 +58,16 @@ TEST_F(GameScreen, DoesNotStoreAGameWithABadLane) {
     openGames(1, 0);
     const Expected badLane{"Invalid Start Lane", Answer::OK,
                            "Invalid starting lane. Starting lane must be 1 or greater."};
-    play.click("cmdMain", {{"Return to Main", Answer::No}});
     for (const char* lane : {"", "0", "-3", "left", "0.9"}) {
         play.type("txtStartLane", lane);
-        play.click("mnuUpdFrame", {{"Update Frames", Answer::No}});
+        play.click("txtComment");
+        play.click("mnuMain", {{"Return to Main", Answer::No}});
+        play.click("mnuReset", {{"Reset Form", Answer::No}});
+        play.run([&] { play.control("mnuNextGame").click(); },
+                 {badLane, {"Game Information", Answer::Yes}});  // nothing to add to
+        EXPECT_EQ(play.display.boxes()[play.display.boxes().size() - 2].icon, Icon::Critical);
         EXPECT_EQ(play.focus(), "txtStartLane");
+        play.session().gMode = kAdd;
     }
     play.click("cmdPrevious", {{"Previous Screen", Answer::Yes, "Return to the previous screen?"}, badLane});
     EXPECT_TRUE(games().empty());
@@ -210,6 +215,42 @@ TEST_F(GameScreen, RetriesWithoutEndOnAGameOfFewerThanTwoFrames) {
     play.load("frmGame");
     EXPECT_EQ(play.display.retrying_, "Game Information, Load_Game.");
     EXPECT_FALSE(play.program().screens.find("frmGame")->isVisible());
+}
+
+TEST_F(GameScreen, RetriesWithoutEndPastTheLastGame) {
+    openGames(3, 1, kEdit);
+    play.click("cmdNextGame", {{"Game Input", Answer::No}});
+    play.click("cmdNextGame", {{"Invalid Start Lane", Answer::OK}});
+    EXPECT_EQ(play.display.retrying_, "Game Information, cmdNextGame.");
+    play.click("cmdReset", {{"Reset Form", Answer::Yes}});
+    EXPECT_EQ(play.display.retrying_, "Game Information, Load_Game.");
+}
+
+TEST_F(GameScreen, AsksWhileItLoadsForAnEventOfNoGames) {
+    play.insertEvent(0);
+    play.display.forgetEvents();
+    play.handOverTo("frmGame", {{"Game Information", Answer::No}});
+    EXPECT_EQ(play.display.events(),
+              (std::vector<std::string>{"hide frmMain", "load frmGame", "unload frmGame", "show frmMain"}));
+}
+
+TEST_F(GameScreen, TakesAnyOtherTypeForScoreOnly) {
+    for (const Value& type : {Value{""}, Value{Null{}}, Value{"x"}}) {
+        Play other;
+        other.insertEvent();
+        other.insertGame();
+        other.run([&] {
+            Recordset games(other.program().store());
+            games.Open("SELECT * FROM tblGameInfo");
+            games["fldScoreType"] = type;
+            games.Update();
+        });
+        other.session().gMode = kEdit;
+        other.handOverTo("frmGame");
+        EXPECT_TRUE(other.value("optScType(2)"));
+        EXPECT_EQ(other.display.retries(), 0);
+        EXPECT_EQ(other.screen().name(), "frmGame");
+    }
 }
 
 TEST_F(GameScreen, ExitsWithItsOwnQuestion) {

@@ -3,6 +3,8 @@
 #include "player/PlayStopped.h"
 #include "player/Player.h"
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -453,6 +455,19 @@ TEST_P(PlayerTest, DialogsAreGivenAFile) {
                      "> show txtFirst\n"
                      "txtFirst text=\"(cancelled)\" enabled=yes visible=yes focus=no\n");
     expectStopped("click cmdOpen\nanswer Cancel\n", "line 3: unanswered box \"Which File\"", dialog);
+}
+
+TEST_P(PlayerTest, AFileThatIsThereIsChosenLikeAnyOther) {
+    const TemporaryFolder folder;
+    const std::string file = (folder.path() / "in a folder" / "old.txt").string();
+    std::filesystem::create_directory(folder.path() / "in a folder");
+    std::ofstream(file) << "old";
+    for (const std::string command : {"click cmdSave", "click cmdOpen"}) {
+        const Outcome outcome = play("start\n" + command + "\nchoose \"" + file + "\"\nshow txtFirst\n");
+        EXPECT_NE(outcome.transcript.find("txtFirst text=\"" + file + "\""), std::string::npos)
+            << outcome.transcript;
+        EXPECT_EQ(outcome.errors, "");
+    }
 }
 
 TEST_P(PlayerTest, ARelativeChoiceLiesWhereThePlayWasStarted) {

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+// The program's texts as the toolkit has them.
+namespace tallybrook {
+
+/// The text as it stands.
+QString toQt(const std::string& text);
+
+/// The lines of a text, ended as the toolkit ends them.
+QString linesToQt(const std::string& text);
+
+/// A caption without the mark of its Alt letter, as it is read aloud.
+QString spoken(const std::string& caption);
+
+/// A text for a place that would underline the letter after a "&": all of it is shown as it stands.
+QString unmarked(const std::string& text);
+
+/// The text of a tip, for a place that would take "<" for markup.
+QString asTip(const std::string& text);
+
+}  // namespace tallybrook
