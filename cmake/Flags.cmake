@@ -2,7 +2,7 @@
 add_library(tallybrook_flags INTERFACE)
 target_compile_options(tallybrook_flags INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wnull-dereference
-    -Wconversion -Wsign-conversion -Wcast-align -Wimplicit-fallthrough -Wduplicated-cond)
+    -Wconversion -Wsign-conversion -Wcast-align -Wimplicit-fallthrough)
 
 if(TALLYBROOK_SANITIZE)
     # GCC's null-dereference analysis reports false positives in instrumented code.

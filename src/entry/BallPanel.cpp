@@ -71,7 +71,7 @@ void BallPanel::tickPins(PinFlags& flagged) {
 }
 
 Layout BallPanel::layout() {
-    const auto rack = [this](std::vector<Layout> row) { return layout::row(std::move(row)).centred(); };
+    const auto rack = [](std::vector<Layout> row) { return layout::row(std::move(row)).centred(); };
     return layout::group(frame, layout::column({layout::row({question, optYes, optNo, layout::space()}),
                                                 lblPins, rack({pins(7), pins(8), pins(9), pins(10)}),
                                                 rack({pins(4), pins(5), pins(6)}), rack({pins(2), pins(3)}),

@@ -238,8 +238,9 @@ void Performer::act(Control& target, const std::string& word, const std::functio
         transcript_.refused(word, *refusal);
         return;
     }
-    const std::string screen = target.screen().name();
-    const std::string name = target.name();
+    // Copies, since the action may take the control away.
+    const std::string screen = target.screen().name();  // NOLINT(performance-unnecessary-copy-initialization)
+    const std::string name = target.name();             // NOLINT(performance-unnecessary-copy-initialization)
     const Arrival arrival = action();
     if (arrival == Arrival::Arrived || program_.hasEnded())
         return;

@@ -4,7 +4,7 @@
 #include <string>
 #include <system_error>
 
-#include <stdlib.h>
+#include <cstdlib>
 
 namespace tallybrook {
 

@@ -35,7 +35,7 @@ double readUnsigned(std::string_view digits) {
     const bool tooSmall =
         used.find_first_of("eE") != std::string_view::npos
             ? used.find("e-") != std::string_view::npos || used.find("E-") != std::string_view::npos
-            : used.find_first_not_of("0") == used.find('.');
+            : used.find_first_not_of('0') == used.find('.');
     if (!tooSmall)
         throw RunTimeError(error::kOverflow);
     return 0;
@@ -73,12 +73,12 @@ Decimal toDecimal(double number) {
 
 /// Adds one to a run of decimal digits; it may grow by one digit.
 void increase(std::string& digits) {
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        if (*digit != '9') {
-            ++*digit;
+    for (std::size_t at = digits.size(); at-- > 0;) {
+        if (digits[at] != '9') {
+            ++digits[at];
             return;
         }
-        *digit = '0';
+        digits[at] = '0';
     }
     digits.insert(digits.begin(), '1');
 }
@@ -92,14 +92,12 @@ std::string roundedDigits(const Decimal& decimal, std::size_t decimals) {
     return digits;
 }
 
-std::string grouped(const std::string& whole) {
-    std::string text;
-    for (std::size_t at = 0; at < whole.size(); ++at) {
-        if (at > 0 && (whole.size() - at) % 3 == 0)
-            text += ',';
-        text += whole[at];
+std::string grouped(std::string whole) {
+    for (std::size_t at = whole.size(); at > 3;) {
+        at -= 3;
+        whole.insert(at, ",");
     }
-    return text;
+    return whole;
 }
 
 }  // namespace

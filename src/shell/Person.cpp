@@ -75,7 +75,7 @@ Control* neighbour(const Control& from, bool backwards) {
     }
     if (backwards)
         std::ranges::reverse(around);
-    std::ranges::rotate(around, std::ranges::find(around, &from) + 1);
+    std::rotate(around.begin(), std::ranges::find(around, &from) + 1, around.end());
     const auto next =
         std::ranges::find_if(around, [](const Control* control) { return control->canTakeFocus(); });
     return next == around.end() ? nullptr : *next;
@@ -164,7 +164,7 @@ Control* reachedBy(const Screen& screen, const Key& key) {
     std::vector<Control*> order = screen.tabOrder();
     const auto current = std::ranges::find(order, screen.focused());
     if (current != order.end())
-        std::ranges::rotate(order, current + 1);
+        std::rotate(order.begin(), current + 1, order.end());
     const auto found = std::ranges::find_if(order, [&](const Control* control) {
         return control->canTakeFocus() && isReachedBy(*control, key.name[0]);
     });

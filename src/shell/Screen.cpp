@@ -99,7 +99,7 @@ Control* Screen::nextInTabOrder(const Control* after, bool backwards) const {
         std::ranges::reverse(order);
     const auto current = std::ranges::find(order, after);
     if (current != order.end())
-        std::ranges::rotate(order, current + 1);
+        std::rotate(order.begin(), current + 1, order.end());
     const auto next = std::ranges::find_if(
         order, [](const Control* control) { return control->isTabStop() && control->canTakeFocus(); });
     return next == order.end() ? nullptr : *next;

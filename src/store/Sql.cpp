@@ -97,7 +97,7 @@ private:
     /// A sign, digits and a point, nothing of a word right behind them.
     std::string number() {
         const std::size_t sign = rest_.front() == '-' || rest_.front() == '+' ? 1 : 0;
-        const std::string text = take(std::min(rest_.find_first_not_of("0123456789.", sign), rest_.size()));
+        std::string text = take(std::min(rest_.find_first_not_of("0123456789.", sign), rest_.size()));
         if (std::ranges::count(text, '.') > 1 || (!rest_.empty() && isWordCharacter(rest_.front())))
             notUnderstood("\"" + text + "\" is no number");
         return text;
@@ -207,6 +207,7 @@ private:
         if (starTable_ && findTable(*starTable_) != &table)
             notUnderstood("the fields are not those of the table");
         std::vector<const Column*> fields;
+        fields.reserve(table.columns.size());
         for (const std::string& name : names)
             fields.push_back(&columnOf(table, name));
         if (names.empty()) {
