@@ -7,11 +7,16 @@
 
 namespace tallybrook {
 
+namespace {
+
+qsizetype charactersIn(const QString& text) {
+    return text.toUcs4().size();
+}
+
+}  // namespace
+
 QValidator::State LimitedText::validate(QString& input, int& position) const {
-    const auto characters = [](const QString& text) { return text.toUcs4().size(); };
-    const qsizetype limit =
-        std::max<qsizetype>(box_.options().maxLength, characters(toQt(box_.text())));
-    while (position > 0 && characters(input) > limit) {
+    while (limit_ != 0 && position > 0 && charactersIn(input) > limit_) {
         const int width = position > 1 && input[position - 1].isLowSurrogate() ? 2 : 1;
         position -= width;
         input.remove(position, width);
@@ -20,19 +25,21 @@ QValidator::State LimitedText::validate(QString& input, int& position) const {
 }
 
 LineEdit::LineEdit(QWidget& parent, const TextBox& box)
-    : QLineEdit(&parent), characters_(box.options().width) {
+    : QLineEdit(&parent), limited_(new LimitedText(this)), characters_(box.options().width) {
     setMaxLength(std::numeric_limits<int>::max());  // the box's own limit holds for typing alone
-    if (box.options().maxLength != 0)
-        setValidator(new LimitedText(this, box));
+    setValidator(limited_);
     if (box.options().centred)
         setAlignment(Qt::AlignCenter);
     if (characters_ != 0)
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(this, &QLineEdit::textEdited, this, &LineEdit::editedByUser);
 }
 
+/// A text from code may be longer than the limit, and stays so until it is typed over.
 void LineEdit::showText(const TextBox& box) {
-    if (const QString shown = toQt(box.text()); shown != text())
+    const QString shown = toQt(box.text());
+    const qsizetype limit = box.options().maxLength;
+    limited_->setLimit(limit == 0 ? 0 : std::max(limit, charactersIn(shown)));
+    if (shown != text())
         setText(shown);
 }
 
@@ -47,13 +54,12 @@ QSize LineEdit::minimumSizeHint() const {
     return characters_ == 0 ? QLineEdit::minimumSizeHint() : sizeHint();
 }
 
-LinesEdit::LinesEdit(QWidget& parent) : QPlainTextEdit(&parent) {
-    connect(this, &QPlainTextEdit::textChanged, this, [this] { emit editedByUser(lines()); });
-}
-
 /// The text with its own blanks: toPlainText() would make those that do not break to usual ones.
 QString LinesEdit::lines() const {
-    return document()->toRawText().replace(QChar::ParagraphSeparator, '\n').replace(QChar::LineSeparator, '\n');
+    return document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, '\n')
+        .replace(QChar::LineSeparator, '\n');
 }
 
 void LinesEdit::showText(const TextBox& box) {
@@ -76,7 +82,8 @@ bool LinesEdit::isAllSelected() const {
 }
 
 int LinesEdit::heightOf(int lines) const {
-    return fontMetrics().lineSpacing() * lines + 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+    return fontMetrics().lineSpacing() * lines +
+           2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
 }
 
 QSize LinesEdit::sizeHint() const {

@@ -8,25 +8,27 @@
 
 namespace tallybrook {
 
-/// Keeps what is typed or pasted into a box within its limit: what is too much of it is left out. A text that
-/// is too long already stays as it is.
+/// Keeps what is typed or pasted into a box within its limit: what is too much of it is left out.
 class LimitedText : public QValidator {
-    Q_OBJECT
-
 public:
-    LimitedText(QObject* parent, const TextBox& box) : QValidator(parent), box_(box) {}
+    explicit LimitedText(QObject* parent) : QValidator(parent) {}
+    /// The most characters; 0 for no limit.
+    void setLimit(qsizetype limit) { limit_ = limit; }
     State validate(QString& input, int& position) const override;
 
 private:
-    const TextBox& box_;
+    qsizetype limit_ = 0;
 };
 
 /// A box of one line, as wide as the number of characters that its control asks for.
 class LineEdit : public QLineEdit {
-    Q_OBJECT
-
 public:
     LineEdit(QWidget& parent, const TextBox& box);
+    /// Has `told` called with the text whenever the user has changed it.
+    template <typename Told>
+    void whenEdited(Told told) {
+        connect(this, &QLineEdit::textEdited, this, told);
+    }
     void showText(const TextBox& box);
     void selectNothing() { deselect(); }
     [[nodiscard]] bool isAllSelected() const { return hasSelectedText() && selectedText() == text(); }
@@ -34,28 +36,25 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
-signals:
-    void editedByUser(const QString& text);
-
 private:
+    LimitedText* limited_;
     int characters_;  // 0 for as wide as there is room
 };
 
 /// A box of several lines.
 class LinesEdit : public QPlainTextEdit {
-    Q_OBJECT
-
 public:
-    explicit LinesEdit(QWidget& parent);
+    explicit LinesEdit(QWidget& parent) : QPlainTextEdit(&parent) {}
+    template <typename Told>
+    void whenEdited(Told told) {
+        connect(this, &QPlainTextEdit::textChanged, this, [this, told] { told(lines()); });
+    }
     void showText(const TextBox& box);
     void selectNothing();
     [[nodiscard]] bool isAllSelected() const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
-
-signals:
-    void editedByUser(const QString& text);
 
 private:
     [[nodiscard]] QString lines() const;

@@ -1,5 +1,7 @@
 #include "desktop/BoxWindow.h"
 
+#include "desktop/QtText.h"
+
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -39,14 +41,15 @@ QMessageBox::Icon iconOf(Icon icon) {
 BoxWindow::BoxWindow(const MessageBox& box, QWidget* parent)
     : QMessageBox(parent), mustBeAnswered_(box.buttons == Buttons::YesNo) {
     setObjectName("messageBox");
-    setWindowTitle(QString::fromStdString(box.title));
+    setWindowTitle(toQt(box.title));
     setTextFormat(Qt::PlainText);
-    setText(QString::fromStdString(box.text).replace("\r\n", "\n"));
+    setText(linesToQt(box.text));
     setIcon(iconOf(box.icon));
     for (const Answer answer : answersOf(box.buttons))
         addButton(buttonOf(answer));
     setDefaultButton(buttonOf(box.defaultAnswer()));
     setWindowModality(Qt::ApplicationModal);
+    setWindowFlag(Qt::WindowCloseButtonHint, !mustBeAnswered_);
 }
 
 QMessageBox::StandardButton BoxWindow::buttonOf(Answer answer) {

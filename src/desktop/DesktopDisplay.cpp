@@ -1,15 +1,16 @@
 #include "desktop/DesktopDisplay.h"
 
 #include "desktop/BoxWindow.h"
+#include "desktop/Dialogs.h"
+#include "desktop/QtText.h"
 #include "runtime/EndProgram.h"
 
 #include <QApplication>
-#include <QCoreApplication>
 #include <QDir>
-#include <QFileDialog>
-#include <QInputDialog>
+#include <QIcon>
 #include <QProcess>
 #include <QThread>
+#include <algorithm>
 
 static void initResources() {
     Q_INIT_RESOURCE(resources);
@@ -25,20 +26,22 @@ DesktopDisplay::DesktopDisplay() {
 
 DesktopDisplay::~DesktopDisplay() {
     for (const auto& [screen, window] : windows_)
-        delete window.data();
+        window->letGo();
+    pointer(Pointer::Default);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void DesktopDisplay::perform(const std::function<void()>& action, Refresh refresh, const bool* used) {
+void DesktopDisplay::perform(const std::function<void()>& action) {
     if (program_->hasEnded())
         return;
     try {
         program_->perform(action);
     } catch (...) {
         failure_ = std::current_exception();
+        QCoreApplication::quit();
     }
     notice_.reset();
-    if (refresh == Refresh::Always || *used)
-        refreshAll();
+    refreshAll();
 }
 
 void DesktopDisplay::refreshAll() {
@@ -46,9 +49,11 @@ void DesktopDisplay::refreshAll() {
         window->refresh();
 }
 
+// --- Windows -----------------------------------------------------------------------------------------------
+
 ScreenWindow* DesktopDisplay::windowOf(const Screen& screen) const {
     const auto found = windows_.find(&screen);
-    return found == windows_.end() ? nullptr : found->second.data();
+    return found == windows_.end() ? nullptr : found->second;
 }
 
 QWidget* DesktopDisplay::widgetOf(const Control& control) const {
@@ -66,40 +71,6 @@ QWidget* DesktopDisplay::frontWindow() const {
     return front == nullptr ? nullptr : windowOf(*front);
 }
 
-Answer DesktopDisplay::messageBox(const MessageBox& box) {
-    refreshAll();
-    BoxWindow window(box, frontWindow());
-    return window.ask();
-}
-
-std::optional<std::string> DesktopDisplay::inputBox(const InputBox& box) {
-    refreshAll();
-    bool given = false;
-    const QString text =
-        QInputDialog::getText(frontWindow(), toQt(box.title), toQt(box.text), QLineEdit::Normal, {}, &given);
-    return given ? std::optional(text.toStdString()) : std::nullopt;
-}
-
-std::optional<std::filesystem::path> DesktopDisplay::fileDialog(const FileDialog& dialog) {
-    refreshAll();
-    QFileDialog window(frontWindow(), toQt(dialog.title), toQt(dialog.folder));
-    const bool saves = dialog.purpose == FileDialog::Purpose::Save;
-    window.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    window.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    const QStringList parts = toQt(dialog.filter).split('|');  // a name and its pattern by turns
-    QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
-        filters << parts[i];
-    window.setNameFilters(filters);
-    if (!dialog.name.empty())
-        window.selectFile(toQt(dialog.name));
-    if (window.exec() != QDialog::Accepted)
-        return std::nullopt;
-    const QString file = window.selectedFiles().value(0);
-    QDir::setCurrent(QFileInfo(file).absolutePath());
-    return std::filesystem::path(file.toStdString());
-}
-
 void DesktopDisplay::loaded(Screen& screen) {
     windows_[&screen] = new ScreenWindow(screen, *this);
 }
@@ -107,16 +78,11 @@ void DesktopDisplay::loaded(Screen& screen) {
 void DesktopDisplay::shown(Screen& screen) {
     windowOf(screen)->refresh();
     windowOf(screen)->show();
-    bringToFront(screen);
+    windowOf(screen)->bringToFront();
 }
 
 void DesktopDisplay::raised(Screen& screen) {
-    bringToFront(screen);
-}
-
-void DesktopDisplay::bringToFront(Screen& screen) {
-    windowOf(screen)->raise();
-    windowOf(screen)->activateWindow();
+    windowOf(screen)->bringToFront();
 }
 
 void DesktopDisplay::hidden(Screen& screen) {
@@ -124,16 +90,89 @@ void DesktopDisplay::hidden(Screen& screen) {
 }
 
 void DesktopDisplay::unloaded(Screen& screen) {
-    if (ScreenWindow* const window = windowOf(screen); window != nullptr)
-        window->letGo();
+    windowOf(screen)->letGo();
     windows_.erase(&screen);
 }
 
+void DesktopDisplay::ended() {
+    for (const auto& [screen, window] : windows_)
+        window->letGo();
+    windows_.clear();
+    help_.reset();
+    notice_.reset();
+    pointer(Pointer::Default);
+    QCoreApplication::quit();
+}
+
+// --- Boxes and dialogs -------------------------------------------------------------------------------------
+
+QWidget* DesktopDisplay::prepareForBox() {
+    notice_.reset();
+    refreshAll();
+    return frontWindow();
+}
+
+Answer DesktopDisplay::messageBox(const MessageBox& box) {
+    return BoxWindow(box, prepareForBox()).ask();
+}
+
+std::optional<std::string> DesktopDisplay::inputBox(const InputBox& box) {
+    return askForText(box, prepareForBox());
+}
+
+std::optional<std::filesystem::path> DesktopDisplay::fileDialog(const FileDialog& dialog) {
+    return chooseFile(dialog, prepareForBox());
+}
+
+void DesktopDisplay::runTimeError(const RunTimeError& failure) {
+    messageBox(
+        {.text = "Run-time error '" + std::to_string(failure.number()) + "':\r\n\r\n" + failure.description(),
+         .icon = Icon::Critical});
+}
+
+// --- Waiting for a record ----------------------------------------------------------------------------------
+
+void DesktopDisplay::retrying(std::string_view /*module*/, int tries) {
+    constexpr qint64 kPatience = 5000;  // milliseconds until the notice
+    constexpr unsigned long kPause = 10;
+    if (tries == 1) {
+        notice_.reset();
+        waiting_.start();
+        refreshAll();
+    }
+    if (!notice_ && waiting_.elapsed() >= kPatience)
+        notice_ = std::make_unique<RetryNotice>(frontWindow());
+    // Until the notice is up nobody may use the windows of a program that is in the middle of something.
+    QCoreApplication::processEvents(notice_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+    QThread::msleep(kPause);
+    if (notice_ && notice_->choice() != RetryNotice::Choice::None)
+        giveUpWaiting();
+}
+
+/// Does what was chosen on the notice. Where no other screen is left to go back to, the program ends.
+void DesktopDisplay::giveUpWaiting() {
+    const RetryNotice::Choice choice = notice_->choice();
+    notice_.reset();
+    if (choice == RetryNotice::Choice::EndProgram || program_->screens.loaded().size() < 2)
+        throw EndProgram{};
+    program_->screens.goBackFrom(*waitingScreen());
+    throw EndHandler{};
+}
+
+/// The loaded screen whose procedure is waiting; the last loaded one where nobody has told.
+Screen* DesktopDisplay::waitingScreen() const {
+    const std::vector<Screen*> loaded = program_->screens.loaded();
+    const auto told = std::ranges::find(loaded, program_->waiting);
+    return told == loaded.end() ? loaded.back() : *told;
+}
+
+// --- Pointer, help, viewer ---------------------------------------------------------------------------------
+
 void DesktopDisplay::pointer(Pointer pointer) {
+    while (QApplication::overrideCursor() != nullptr)
+        QApplication::restoreOverrideCursor();
     if (pointer == Pointer::Busy)
         QApplication::setOverrideCursor(Qt::WaitCursor);
-    else
-        QApplication::restoreOverrideCursor();
 }
 
 void DesktopDisplay::help(HelpTopic topic) {
@@ -144,44 +183,8 @@ void DesktopDisplay::help(HelpTopic topic) {
 
 void DesktopDisplay::startViewer(const std::filesystem::path& file) {
     const QString viewer = QDir(QCoreApplication::applicationDirPath()).filePath("tallybrook-viewer");
-    if (!QProcess::startDetached(viewer, {toQt(file.string())}))
+    if (!QProcess::startDetached(viewer, {QString::fromStdU16String(file.u16string())}))
         throw RunTimeError(error::kFileNotFound);
-}
-
-void DesktopDisplay::retrying(std::string_view /*module*/, int tries) {
-    constexpr qint64 kPatience = 5000;  // milliseconds until the notice
-    constexpr unsigned long kPause = 10;
-    if (tries == 1)
-        waiting_.start();
-    if (!notice_ && waiting_.elapsed() >= kPatience)
-        notice_ = std::make_unique<RetryNotice>(frontWindow());
-    // Until the notice is up nobody may use the windows of a program that is in the middle of something.
-    QCoreApplication::processEvents(notice_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
-    QThread::msleep(kPause);
-    switch (notice_ ? notice_->choice() : RetryNotice::Choice::None) {
-        case RetryNotice::Choice::CloseScreen:
-            program_->screens.goBackFrom(*program_->waiting);
-            throw EndHandler{};
-        case RetryNotice::Choice::EndProgram:
-            throw EndProgram{};
-        case RetryNotice::Choice::None:
-            break;
-    }
-}
-
-void DesktopDisplay::runTimeError(const RunTimeError& failure) {
-    messageBox(
-        {.text = "Run-time error '" + std::to_string(failure.number()) + "':\r\n\r\n" + failure.description(),
-         .icon = Icon::Critical});
-}
-
-void DesktopDisplay::ended() {
-    for (const auto& [screen, window] : windows_)
-        window->letGo();
-    windows_.clear();
-    help_.reset();
-    notice_.reset();
-    QCoreApplication::quit();
 }
 
 }  // namespace tallybrook

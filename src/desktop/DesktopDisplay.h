@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/ActionTaker.h"
 #include "desktop/HelpWindow.h"
 #include "desktop/RetryNotice.h"
 #include "desktop/ScreenWindow.h"
@@ -7,16 +8,17 @@
 #include "shell/Program.h"
 
 #include <QElapsedTimer>
-#include <QPointer>
 #include <exception>
 #include <functional>
 #include <map>
 #include <memory>
+#include <utility>
 
 namespace tallybrook {
 
 /// The program on the real desktop: each screen in a window of its own. It draws any screen and knows none.
-class DesktopDisplay : public Display {
+/// There must be a QApplication.
+class DesktopDisplay : public Display, private ActionTaker {
 public:
     DesktopDisplay();
     ~DesktopDisplay() override;
@@ -26,23 +28,22 @@ public:
     /// The program whose screens are shown; to be told before its start.
     void attach(Program& program) { program_ = &program; }
 
-    /// Whether the windows are brought up to date after what a person did always, or only if it was of use.
-    enum class Refresh { Always, IfUsed };
     /// Runs what a person did. No exception leaves it, since none may pass through the toolkit: what the
-    /// program itself does not take is kept for takeFailure().
-    void perform(const std::function<void()>& action, Refresh refresh = Refresh::Always,
-                 const bool* used = nullptr);
+    /// program itself does not take is kept for takeFailure(), and ends the event loop.
+    void perform(const std::function<void()>& action) override;
     /// What has escaped from a perform() since the last call; nullptr if nothing has.
     [[nodiscard]] std::exception_ptr takeFailure() { return std::exchange(failure_, nullptr); }
 
     /// The window of a loaded screen; nullptr if there is none.
     [[nodiscard]] ScreenWindow* windowOf(const Screen& screen) const;
+    /// The widget of a control; nullptr for menus and for what the layout leaves out.
     [[nodiscard]] QWidget* widgetOf(const Control& control) const;
+    /// The action of a menu or an entry; nullptr for other controls.
     [[nodiscard]] QAction* actionOf(const Control& control) const;
 
     /// What became of the focus by the last press of the mouse or a key.
-    void noteArrival(Arrival arrival) { lastArrival_ = arrival; }
     [[nodiscard]] Arrival lastArrival() const { return lastArrival_; }
+    void noteArrival(Arrival arrival) override { lastArrival_ = arrival; }
 
     Answer messageBox(const MessageBox& box) override;
     std::optional<std::string> inputBox(const InputBox& box) override;
@@ -61,11 +62,14 @@ public:
 
 private:
     void refreshAll();
-    void bringToFront(Screen& screen);
+    /// Gets everything ready for a box: what it may be about is seen. Returns the window that it belongs to.
+    QWidget* prepareForBox();
     [[nodiscard]] QWidget* frontWindow() const;
+    void giveUpWaiting();
+    [[nodiscard]] Screen* waitingScreen() const;
 
     Program* program_ = nullptr;
-    std::map<const Screen*, QPointer<ScreenWindow>> windows_;
+    std::map<const Screen*, ScreenWindow*> windows_;
     std::unique_ptr<HelpWindow> help_;
     std::unique_ptr<RetryNotice> notice_;
     QElapsedTimer waiting_;

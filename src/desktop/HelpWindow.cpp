@@ -17,11 +17,19 @@ QUrl pageOf(HelpTopic topic) {
 
 /// A browser that follows links among the program's own pages and nowhere else.
 class OwnPages : public QTextBrowser {
+public:
+    QVariant loadResource(int type, const QUrl& name) override {
+        return isOwn(name) ? QTextBrowser::loadResource(type, name) : QVariant();
+    }
+
 protected:
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override {
-        if (name.scheme() == "qrc" || name.isRelative())
+        if (isOwn(name))
             QTextBrowser::doSetSource(name, type);
     }
+
+private:
+    static bool isOwn(const QUrl& name) { return name.scheme() == "qrc" || name.isRelative(); }
 };
 
 }  // namespace
@@ -31,30 +39,48 @@ HelpWindow::HelpWindow() : pages_(new OwnPages), sought_(new QLineEdit) {
     setWindowTitle("Tallybrook Help");
     pages_->document()->setDocumentMargin(18);
     setCentralWidget(pages_);
-
-    auto* const bar = addToolBar("Help");
+    QToolBar* const bar = addToolBar("Help");
     bar->setMovable(false);
-    const auto addAction = [&](const QString& caption, auto run) {
-        return bar->addAction(caption, this, run);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    addPageActions(*bar);
+    addSearch(*bar);
+    const int line = fontMetrics().height();
+    resize(line * 48, line * 40);
+}
+
+void HelpWindow::addPageActions(QToolBar& bar) {
+    const auto add = [&](const QString& caption, const QKeySequence& key, auto run) {
+        QAction* const action = bar.addAction(caption, this, run);
+        action->setShortcut(key);
+        return action;
     };
-    addAction("Contents", [this] { pages_->setSource(pageOf(HelpTopic::Contents)); });
-    QAction* const back = addAction("Back", [this] { pages_->backward(); });
-    QAction* const forward = addAction("Forward", [this] { pages_->forward(); });
-    back->setShortcut(QKeySequence::Back);
+    add("Contents", Qt::ALT | Qt::Key_Home, [this] { pages_->setSource(pageOf(HelpTopic::Contents)); });
+    QAction* const back = add("Back", QKeySequence::Back, [this] { pages_->backward(); });
+    QAction* const forward = add("Forward", QKeySequence::Forward, [this] { pages_->forward(); });
     back->setEnabled(false);
     forward->setEnabled(false);
     connect(pages_, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
     connect(pages_, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+}
 
-    sought_->setPlaceholderText("Find on this page");
-    sought_->setClearButtonEnabled(true);
-    sought_->setMaximumWidth(240);
+void HelpWindow::addSearch(QToolBar& bar) {
     auto* const room = new QWidget;
     room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    bar->addWidget(room);
-    bar->addWidget(sought_);
+    bar.addWidget(room);
+    sought_->setPlaceholderText("Find on this page");
+    sought_->setAccessibleName(sought_->placeholderText());
+    sought_->setClearButtonEnabled(true);
+    sought_->setMaximumWidth(fontMetrics().averageCharWidth() * 32);
+    bar.addWidget(sought_);
     connect(sought_, &QLineEdit::returnPressed, this, [this] { findNext(); });
-    resize(760, 640);
+
+    auto* const find = new QAction(this);
+    find->setShortcut(QKeySequence::Find);
+    connect(find, &QAction::triggered, this, [this] {
+        sought_->setFocus();
+        sought_->selectAll();
+    });
+    addAction(find);
 }
 
 void HelpWindow::open(HelpTopic topic) {

@@ -6,6 +6,7 @@
 
 class QLineEdit;
 class QTextBrowser;
+class QToolBar;
 
 namespace tallybrook {
 
@@ -20,6 +21,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void addPageActions(QToolBar& bar);
+    void addSearch(QToolBar& bar);
     void findNext();
 
     QTextBrowser* pages_;

@@ -1,33 +1,40 @@
 #include "desktop/KeyNames.h"
 
 #include <QKeySequence>
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
 
 namespace tallybrook {
 
+namespace {
+
+/// The keys that the program names otherwise than the toolkit.
+constexpr std::array<std::pair<Qt::Key, std::string_view>, 5> kNames{{
+    {Qt::Key_Backtab, "Tab"},
+    {Qt::Key_Enter, "Return"},
+    {Qt::Key_Return, "Return"},
+    {Qt::Key_Escape, "Escape"},
+    {Qt::Key_Space, "Space"},
+}};
+
+std::string nameOf(int key) {
+    const auto* const known =
+        std::ranges::find(kNames, key, [](const auto& entry) { return int{entry.first}; });
+    if (known != kNames.end())
+        return std::string(known->second);
+    return QKeySequence(key).toString(QKeySequence::PortableText).toStdString();
+}
+
+}  // namespace
+
 person::Key keyOf(const QKeyEvent& event) {
-    person::Key key;
-    key.alt = event.modifiers().testFlag(Qt::AltModifier);
-    key.control = event.modifiers().testFlag(Qt::ControlModifier);
-    key.shift = event.modifiers().testFlag(Qt::ShiftModifier);
-    switch (event.key()) {
-        case Qt::Key_Backtab:
-            key.shift = true;
-            key.name = "Tab";
-            break;
-        case Qt::Key_Enter:
-        case Qt::Key_Return:
-            key.name = "Return";
-            break;
-        case Qt::Key_Escape:
-            key.name = "Escape";
-            break;
-        case Qt::Key_Space:
-            key.name = "Space";
-            break;
-        default:
-            key.name = QKeySequence(event.key()).toString(QKeySequence::PortableText).toStdString();
-    }
-    return key;
+    const Qt::KeyboardModifiers modifiers = event.modifiers();
+    return {.alt = modifiers.testFlag(Qt::AltModifier),
+            .control = modifiers.testFlag(Qt::ControlModifier),
+            .shift = modifiers.testFlag(Qt::ShiftModifier) || event.key() == Qt::Key_Backtab,
+            .name = nameOf(event.key())};
 }
 
 }  // namespace tallybrook

@@ -8,6 +8,10 @@ namespace tallybrook {
 
 namespace {
 
+constexpr int kBeside = 10;  // pixels between parts beside each other
+constexpr int kBelow = 8;    // and below each other
+constexpr int kInTable = 3;
+
 Qt::Alignment alignmentOf(const Layout& part) {
     switch (part.align) {
         case Layout::Align::Centre:
@@ -32,6 +36,9 @@ QLayout* LayoutBuilder::build(const Layout& layout, QWidget& parent) const {
             return buildForm(layout, parent);
         case Layout::Kind::Table:
             return buildTable(layout, parent);
+        case Layout::Kind::Item:
+        case Layout::Kind::Group:
+            return buildBox({Layout::Kind::Column, {layout}}, parent);
         default:
             return buildBox(layout, parent);
     }
@@ -47,6 +54,7 @@ QWidget* LayoutBuilder::widgetOf(const Layout& part, QWidget& parent) const {
 QLayout* LayoutBuilder::buildBox(const Layout& layout, QWidget& parent) const {
     const bool isRow = layout.kind == Layout::Kind::Row;
     auto* const box = new QBoxLayout(isRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    box->setSpacing(isRow ? kBeside : kBelow);
     for (const Layout& part : layout.parts) {
         if (part.kind == Layout::Kind::Space) {
             box->addStretch(part.stretch);
@@ -65,32 +73,33 @@ QLayout* LayoutBuilder::buildBox(const Layout& layout, QWidget& parent) const {
 
 QLayout* LayoutBuilder::buildForm(const Layout& layout, QWidget& parent) const {
     auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(kBeside);
+    grid->setVerticalSpacing(kBelow);
     grid->setColumnStretch(1, 1);
-    grid->setHorizontalSpacing(12);
-    for (std::size_t i = 0; i < layout.parts.size(); ++i) {
-        const Layout& part = layout.parts[i];
-        const int row = static_cast<int>(i / 2);
-        const int column = static_cast<int>(i % 2);
-        if (isOneWidget(part))
-            grid->addWidget(widgetOf(part, parent), row, column, alignmentOf(part));
-        else
-            grid->addLayout(build(part, parent), row, column, alignmentOf(part));
-    }
+    fill(*grid, layout, 2, parent);
     return grid;
 }
 
 QLayout* LayoutBuilder::buildTable(const Layout& layout, QWidget& parent) const {
     auto* const grid = new QGridLayout;
-    grid->setSpacing(4);
-    for (std::size_t i = 0; i < layout.parts.size(); ++i) {
-        const Layout& part = layout.parts[i];
-        const int row = static_cast<int>(i) / layout.columns;
-        const int column = static_cast<int>(i) % layout.columns;
+    grid->setSpacing(kInTable);
+    for (int column = 0; column < layout.columns; ++column)
         grid->setColumnStretch(column, 1);
-        if (part.kind != Layout::Kind::Space)
-            grid->addWidget(widgetOf(part, parent), row, column, Qt::AlignCenter);
-    }
+    fill(*grid, layout, layout.columns, parent);
     return grid;
+}
+
+void LayoutBuilder::fill(QGridLayout& grid, const Layout& layout, int columns, QWidget& parent) const {
+    int place = 0;
+    for (const Layout& part : layout.parts) {
+        const int row = place / columns;
+        const int column = place % columns;
+        ++place;
+        if (isOneWidget(part))
+            grid.addWidget(widgetOf(part, parent), row, column, alignmentOf(part));
+        else if (part.kind != Layout::Kind::Space)
+            grid.addLayout(build(part, parent), row, column, alignmentOf(part));
+    }
 }
 
 }  // namespace tallybrook

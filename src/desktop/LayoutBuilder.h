@@ -5,12 +5,14 @@
 #include <QLayout>
 #include <functional>
 
+class QGridLayout;
+
 namespace tallybrook {
 
 /// Turns a screen's layout into the toolkit's.
 class LayoutBuilder {
 public:
-    /// `widgetFor` gives the widget of a control as a child of the widget that it is to stand in.
+    /// Gives the widget of a control, as a child of the widget that it is to stand in.
     using WidgetFor = std::function<QWidget&(Control& control, QWidget& parent)>;
 
     explicit LayoutBuilder(WidgetFor widgetFor) : widgetFor_(std::move(widgetFor)) {}
@@ -22,6 +24,8 @@ private:
     [[nodiscard]] QLayout* buildBox(const Layout& layout, QWidget& parent) const;
     [[nodiscard]] QLayout* buildForm(const Layout& layout, QWidget& parent) const;
     [[nodiscard]] QLayout* buildTable(const Layout& layout, QWidget& parent) const;
+    /// Puts the parts into a grid row by row.
+    void fill(QGridLayout& grid, const Layout& layout, int columns, QWidget& parent) const;
     [[nodiscard]] QWidget* widgetOf(const Layout& part, QWidget& parent) const;
 
     WidgetFor widgetFor_;

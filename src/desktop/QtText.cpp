@@ -19,8 +19,8 @@ QString spoken(const std::string& caption) {
     return text;
 }
 
-QString unmarked(const std::string& text) {
-    return toQt(text).replace('&', "&&");
+QString unmarked(QString text) {
+    return text.replace('&', "&&");
 }
 
 QString asTip(const std::string& text) {

@@ -16,7 +16,7 @@ QString linesToQt(const std::string& text);
 QString spoken(const std::string& caption);
 
 /// A text for a place that would underline the letter after a "&": all of it is shown as it stands.
-QString unmarked(const std::string& text);
+QString unmarked(QString text);
 
 /// The text of a tip, for a place that would take "<" for markup.
 QString asTip(const std::string& text);

@@ -10,11 +10,13 @@ namespace tallybrook {
 RetryNotice::RetryNotice(QWidget* parent) : QDialog(parent) {
     setObjectName("retryNotice");
     setWindowTitle("Tallybrook");
-    setModal(true);
+    setModal(true);  // the windows of a program that waits are of no use
+
     auto* const buttons = new QHBoxLayout;
     buttons->addStretch(1);
     const auto addButton = [&](const QString& caption, Choice choice) {
         auto* const button = new QPushButton(caption);
+        button->setAutoDefault(false);  // no key on its way elsewhere must press it
         connect(button, &QPushButton::clicked, this, [this, choice] { choice_ = choice; });
         buttons->addWidget(button);
     };
@@ -23,8 +25,10 @@ RetryNotice::RetryNotice(QWidget* parent) : QDialog(parent) {
 
     auto* const content = new QVBoxLayout(this);
     content->setContentsMargins(18, 16, 18, 16);
+    content->setSpacing(16);
     content->addWidget(new QLabel("Tallybrook is waiting for a record that is not there."));
     content->addLayout(buttons);
+    setFocus();
     show();
 }
 

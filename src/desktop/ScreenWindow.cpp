@@ -1,19 +1,27 @@
 #include "desktop/ScreenWindow.h"
 
-#include "desktop/DesktopDisplay.h"
 #include "desktop/KeyNames.h"
 #include "desktop/LayoutBuilder.h"
+#include "desktop/QtText.h"
+#include "shell/Person.h"
 
 #include <QAbstractScrollArea>
-#include <QApplication>
 #include <QCloseEvent>
-#include <QMenuBar>
+#include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QWindow>
+#include <utility>
 
 namespace tallybrook {
 
 namespace {
+
+constexpr QMargins kMargins{18, 14, 18, 18};  // around the content, in pixels
+constexpr QSize kSmallest{480, 360};
+constexpr QSize kTitleBar{8, 32};  // room that the frame of a window takes
 
 bool isTextBox(const Control* control) {
     return control != nullptr && control->kind() == Control::Kind::TextBox;
@@ -21,80 +29,71 @@ bool isTextBox(const Control* control) {
 
 }  // namespace
 
-ScreenWindow::ScreenWindow(Screen& screen, DesktopDisplay& display) : screen_(&screen), display_(display) {
+// --- Building ----------------------------------------------------------------------------------------------
+
+ScreenWindow::ScreenWindow(Screen& screen, ActionTaker& taker)
+    : screen_(&screen),
+      taker_(taker),
+      menus_(screen, *menuBar(), [this](Control& entry) { clicked(entry); }),
+      area_(buildContent()) {
     setObjectName(toQt(screen.name()));
     setWindowTitle(toQt(screen.caption()));
-    buildMenuBar();
-    buildContent();
-    nameBoxes();
+    setCentralWidget(area_);
+    nameWidgets();
     installEventFilter(this);
     refresh();
 }
 
-void ScreenWindow::buildContent() {
+/// The content can be scrolled, for small displays and large fonts.
+QScrollArea* ScreenWindow::buildContent() {
     auto* const content = new QWidget;
     const LayoutBuilder builder(
         [this](Control& control, QWidget& parent) -> QWidget& { return makeWidget(control, parent); });
     QLayout* const layout = builder.build(screen_->layout(), *content);
-    layout->setContentsMargins(18, 16, 18, 18);
+    layout->setContentsMargins(kMargins);
     content->setLayout(layout);
 
-    auto* const area = new QScrollArea;  // for small displays and large fonts
+    auto* const area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(content);
-    setCentralWidget(area);
+    return area;
 }
 
 QWidget& ScreenWindow::makeWidget(Control& control, QWidget& parent) {
-    auto& view = views_[&control];
+    std::unique_ptr<ControlView>& view = views_[&control];
     view = makeView(control, parent, *this);
     QWidget& widget = view->widget();
     widget.setObjectName(toQt(control.name()));
     widget.setFocusPolicy(control.isFocusable() ? Qt::TabFocus : Qt::NoFocus);
-    widget.installEventFilter(this);
-    controls_.insert(&widget, &control);
-    if (auto* const area = qobject_cast<QAbstractScrollArea*>(&widget); area != nullptr) {
-        area->viewport()->installEventFilter(this);
-        controls_.insert(area->viewport(), &control);
-    }
+    watch(widget, control);
+    if (auto* const area = qobject_cast<QAbstractScrollArea*>(&widget); area != nullptr)
+        watch(*area->viewport(), control);
     return widget;
 }
 
-void ScreenWindow::nameBoxes() {
-    for (const Control* control : screen_->controls()) {
-        if (control->kind() != Control::Kind::Label)
+void ScreenWindow::watch(QWidget& widget, Control& control) {
+    widget.installEventFilter(this);
+    controls_.insert(&widget, &control);
+}
+
+/// Gives the boxes the names that they are read aloud with: those of their labels, else their tips.
+void ScreenWindow::nameWidgets() {
+    for (const auto& [control, view] : views_) {
+        if (isTextBox(control))
+            view->widget().setAccessibleName(toQt(control->tip()));
+    }
+    for (const auto& [control, view] : views_) {
+        auto* const label = qobject_cast<QLabel*>(&view->widget());
+        const Control* const named = label == nullptr ? nullptr : static_cast<const Label*>(control)->names();
+        QWidget* const widget = named == nullptr ? nullptr : widgetOf(*named);
+        if (widget == nullptr)
             continue;
-        const Control* const named = static_cast<const Label*>(control)->names();
-        if (QWidget* const widget = named == nullptr ? nullptr : widgetOf(*named);
-            widget != nullptr && isTextBox(named))
-            widget->setAccessibleName(toQt(control->caption()).remove('&').trimmed());
+        label->setBuddy(widget);
+        if (isTextBox(named))
+            widget->setAccessibleName(spoken(control->caption()));
     }
-}
-
-void ScreenWindow::buildMenuBar() {
-    for (Menu* const menu : screen_->menuBar()) {
-        QMenu* const top = menuBar()->addMenu(toQt(menu->caption()));
-        actions_[menu] = top->menuAction();
-        for (Menu* const entry : menu->entries())
-            addMenu(*entry, *top);
-    }
-}
-
-void ScreenWindow::addMenu(Menu& menu, QMenu& above) {
-    if (!menu.isEntry()) {
-        QMenu* const inner = above.addMenu(toQt(menu.caption()));
-        actions_[&menu] = inner->menuAction();
-        for (Menu* const entry : menu.entries())
-            addMenu(*entry, *inner);
-        return;
-    }
-    // The shortcut is only shown: the keys are the screen's.
-    const QString shortcut = menu.shortcut().empty() ? QString() : "\t" + toQt(menu.shortcut());
-    QAction* const action = above.addAction(toQt(menu.caption()) + shortcut);
-    actions_[&menu] = action;
-    connect(action, &QAction::triggered, this, [this, &menu] { clicked(menu); });
 }
 
 QWidget* ScreenWindow::widgetOf(const Control& control) const {
@@ -102,9 +101,35 @@ QWidget* ScreenWindow::widgetOf(const Control& control) const {
     return found == views_.end() ? nullptr : &found->second->widget();
 }
 
-QAction* ScreenWindow::actionOf(const Control& control) const {
-    const auto found = actions_.find(&control);
-    return found == actions_.end() ? nullptr : found->second;
+// --- Showing -----------------------------------------------------------------------------------------------
+
+void ScreenWindow::refresh() {
+    if (screen_ == nullptr)
+        return;
+    for (const auto& [control, view] : views_)
+        view->refresh();
+    menus_.refresh();
+    followFocus();
+}
+
+/// Puts the toolkit's focus where the screen has its own.
+void ScreenWindow::followFocus() {
+    const Control* const focused = screen_->focused();
+    QWidget* const target = focused == nullptr ? nullptr : widgetOf(*focused);
+    QWidget* const current = focusWidget();
+    if (target == current)
+        return;
+    if (target == nullptr)
+        return current->clearFocus();
+    target->setFocus(Qt::OtherFocusReason);
+    area_->ensureWidgetVisible(target);
+}
+
+void ScreenWindow::bringToFront() {
+    if (isMinimized())
+        showNormal();
+    raise();
+    activateWindow();
 }
 
 void ScreenWindow::letGo() {
@@ -113,116 +138,161 @@ void ScreenWindow::letGo() {
     deleteLater();
 }
 
-void ScreenWindow::refresh() {
-    if (screen_ == nullptr)
+void ScreenWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (std::exchange(isPlaced_, true))
         return;
-    for (const auto& [control, view] : views_)
-        view->refresh();
-    refreshMenus();
-    followFocus();
+    windowHandle()->installEventFilter(this);
+    placeOnScreen();
 }
 
-void ScreenWindow::refreshMenus() {
-    for (const auto& [control, action] : actions_) {
-        action->setEnabled(control->isEnabled());
-        action->setVisible(control->isVisible());
-    }
+/// As large as its content asks for and the display allows, in the middle.
+void ScreenWindow::placeOnScreen() {
+    const QRect available = screen()->availableGeometry();
+    const QSize largest = available.size() - kTitleBar;
+    for (QWidget* const widget : findChildren<QWidget*>())
+        widget->ensurePolished();  // before, the hints are not final
+    QSize wanted = area_->widget()->sizeHint() + QSize(0, menuBar()->sizeHint().height());
+    qDebug() << wanted << area_->widget()->minimumSizeHint() << menuBar()->sizeHint();
+    if (wanted.height() > largest.height())
+        wanted.rwidth() += area_->verticalScrollBar()->sizeHint().width();
+    resize(wanted.expandedTo(kSmallest).boundedTo(largest));
+    move(available.center() - rect().center());
 }
 
-/// Puts the toolkit's focus where the screen has its own.
-void ScreenWindow::followFocus() {
-    const Control* const focused = screen_->focused();
-    QWidget* const target = focused == nullptr ? nullptr : widgetOf(*focused);
-    QWidget* const current = focusWidget();
-    if (target != nullptr && target != current)
-        target->setFocus(Qt::OtherFocusReason);
-    else if (target == nullptr && current != nullptr)
-        current->clearFocus();
+void ScreenWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        refresh();
 }
 
-void ScreenWindow::clicked(Control& control) {
-    display_.perform([&control] { person::activate(control); });
-}
-
-void ScreenWindow::edited(TextBox& box, const QString& text) {
-    display_.perform([&box, text] { box.enter(text.toStdString()); });
-}
+// --- What the user does ------------------------------------------------------------------------------------
 
 bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
     if (screen_ == nullptr)
-        return true;
-    Control* const control = controls_.value(watched);
+        return false;
+    const Control* const control = controls_.value(watched);
     switch (event->type()) {
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-            return control != nullptr && mousePressed(*control);
+            return mousePressed(watched, static_cast<const QMouseEvent&>(*event));
+        case QEvent::MouseMove:
+            return watched == swallowed_;
+        case QEvent::MouseButtonRelease:
+            return std::exchange(swallowed_, nullptr) == watched;
+        case QEvent::ContextMenu:
+            return isTextBox(control) && !control->hasFocus();
         case QEvent::ShortcutOverride:
-            if (meansSomething(static_cast<const QKeyEvent&>(*event)))
-                event->accept();
-            return false;
+            event->setAccepted(isShortcut(static_cast<const QKeyEvent&>(*event)));
+            return event->isAccepted();
         case QEvent::KeyPress:
-            return keyPressed(static_cast<const QKeyEvent&>(*event));
+            return watched == (focusWidget() == nullptr ? this : focusWidget()) &&
+                   keyPressed(static_cast<const QKeyEvent&>(*event));
+        case QEvent::FocusIn:
+            // Whatever else than the screen has moved the focus: back with it, once the toolkit is ready.
+            if (control != nullptr && !control->hasFocus())
+                QMetaObject::invokeMethod(
+                    this, [this] { refresh(); }, Qt::QueuedConnection);
+            return false;
         default:
             return false;
     }
 }
 
-/// Lets the focus go to the control that the mouse was pressed on. True if the press has come to nothing
-/// else.
-bool ScreenWindow::mousePressed(Control& control) {
-    if (!control.isFocusable())
-        return false;
-    if (control.hasFocus()) {
-        if (isTextBox(&control))
-            static_cast<TextBox&>(control).dropSelection();
-        display_.noteArrival(Arrival::Arrived);
+/// A press reaches the window first, if it is a mouse's, and then the widget.
+bool ScreenWindow::mousePressed(QObject* watched, const QMouseEvent& event) {
+    if (watched == windowHandle()) {
+        isMouse_ = true;
         return false;
     }
-    Arrival arrival = Arrival::Refused;
-    display_.perform([&] { arrival = person::arrive(control); });
-    display_.noteArrival(arrival);
+    const bool isMouse = std::exchange(isMouse_, false);
+    Control* const control = controls_.value(watched);
+    const bool isText = isTextBox(control);
+    if (control == nullptr || !control->isFocusable() || (event.button() != Qt::LeftButton && !isText))
+        return false;
+
+    pressed_ = nullptr;
+    bool goesOn = isText ? pressOnBox(static_cast<TextBox&>(*control)) : pressOnButton(*control);
+    const bool isHeld = QGuiApplication::mouseButtons().testFlag(event.button());
+    if (goesOn && !isText && isMouse && !isHeld) {
+        clicked(*control);  // the release has gone to a box that came up meanwhile
+        goesOn = false;
+    }
+    swallowed_ = goesOn ? nullptr : watched;
+    return !goesOn;
+}
+
+/// Lets the focus go to the control that the mouse was pressed on.
+Arrival ScreenWindow::arriveAt(Control& control) {
+    Arrival arrival = Arrival::Refused;  // should the leaving of another control be given up
+    taker_.perform([&] { arrival = person::arrive(control); });
+    taker_.noteArrival(arrival);
+    return screen_ == nullptr ? Arrival::Refused : arrival;
+}
+
+/// True if the click may follow.
+bool ScreenWindow::pressOnButton(Control& control) {
+    const Arrival arrival = arriveAt(control);
     if (arrival == Arrival::Kept || arrival == Arrival::Refused)
-        return true;
-    return isTextBox(&control);  // the first press selects the whole text
+        return false;
+    pressed_ = &control;
+    return true;
+}
+
+/// True if the press may put the cursor somewhere: the first one selects the whole text instead.
+bool ScreenWindow::pressOnBox(TextBox& box) {
+    const bool wasThere = box.hasFocus();
+    return arriveAt(box) == Arrival::Arrived && (wasThere || !box.isAllSelected());
+}
+
+void ScreenWindow::clicked(Control& control) {
+    if (screen_ == nullptr)
+        return;
+    // What was not pressed by the mouse, but by a screen reader, takes the focus now.
+    const bool hasArrived = std::exchange(pressed_, nullptr) == &control || !control.isFocusable();
+    taker_.perform([&] {
+        if (hasArrived)
+            person::activate(control);
+        else
+            person::click(control);
+    });
+}
+
+void ScreenWindow::edited(TextBox& box, const QString& text) {
+    if (screen_ != nullptr)
+        taker_.perform([&] { box.enter(text.toStdString()); });
+}
+
+void ScreenWindow::selected(TextBox& box, bool all) {
+    if (screen_ == nullptr || !box.hasFocus())
+        return;
+    if (all)
+        box.selectAll();
+    else
+        box.dropSelection();
 }
 
 /// Whether the screen itself answers a key, so that the toolkit's own shortcuts must not.
-bool ScreenWindow::meansSomething(const QKeyEvent& event) const {
+bool ScreenWindow::isShortcut(const QKeyEvent& event) const {
     const person::Key key = keyOf(event);
     return key.alt ? person::reachedBy(*screen_, key) != nullptr : key.name == "Escape" || key.name == "Tab";
 }
 
 bool ScreenWindow::keyPressed(const QKeyEvent& event) {
     const person::Key key = keyOf(event);
-    person::Press press;
-    display_.perform([&] { press = person::press(*screen_, key); }, DesktopDisplay::Refresh::IfUsed,
-                     &press.used);
-    display_.noteArrival(press.arrival);
-    if (screen_ != nullptr && !press.used && isTextBox(screen_->focused()) && !key.control && !key.alt)
-        static_cast<TextBox*>(screen_->focused())->dropSelection();
-    return press.used;
+    person::Press press{.used = true};  // should the screen have given up on it
+    taker_.perform([&] { press = person::press(*screen_, key); });
+    taker_.noteArrival(press.arrival);
+    if (press.used || screen_ == nullptr)
+        return true;
+    // Only a text box knows more keys than the screen; and Alt with a character writes nothing.
+    return !isTextBox(screen_->focused()) || (key.alt && key.name.size() == 1);
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (screen_ != nullptr)
-        display_.perform([this] { person::close(*screen_); });
-}
-
-void ScreenWindow::showEvent(QShowEvent* event) {
-    QMainWindow::showEvent(event);
-    if (!placed_)
-        placeOnScreen();
-    placed_ = true;
-}
-
-/// As large as its content asks for and the display allows, in the middle.
-void ScreenWindow::placeOnScreen() {
-    const QRect available = screen()->availableGeometry();
-    const QSize content = static_cast<QScrollArea*>(centralWidget())->widget()->sizeHint();
-    const QSize wanted(content.width() + 4, content.height() + menuBar()->sizeHint().height() + 4);
-    resize(wanted.expandedTo({480, 360}).boundedTo(available.size() - QSize(8, 32)));
-    move(available.center() - rect().center());
+        taker_.perform([this] { person::close(*screen_); });
 }
 
 }  // namespace tallybrook

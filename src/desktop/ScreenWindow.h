@@ -1,62 +1,74 @@
 #pragma once
 
+#include "desktop/ActionTaker.h"
 #include "desktop/ControlView.h"
-#include "shell/Person.h"
-#include "shell/Screen.h"
+#include "desktop/MenuBarView.h"
 
-#include <QAction>
 #include <QHash>
 #include <QMainWindow>
 #include <map>
 #include <memory>
 
-namespace tallybrook {
+class QScrollArea;
 
-class DesktopDisplay;
+namespace tallybrook {
 
 /// One screen as a window. The screen is the master of everything, its focus included: the window passes what
 /// its user does to it, and then shows what has become of it.
 class ScreenWindow : public QMainWindow, private ViewListener {
 public:
-    ScreenWindow(Screen& screen, DesktopDisplay& display);
+    ScreenWindow(Screen& screen, ActionTaker& taker);
 
     /// Shows all that the screen holds by now.
     void refresh();
-    /// The screen is going away: the window must not touch it again.
+    void bringToFront();
+    /// The screen is going away: the window must not touch it again, and goes too.
     void letGo();
 
     /// The widget of a control; nullptr for menus and for what the layout leaves out.
     [[nodiscard]] QWidget* widgetOf(const Control& control) const;
-    /// The action of a menu entry; nullptr for other controls.
-    [[nodiscard]] QAction* actionOf(const Control& control) const;
+    /// The action of a menu or an entry; nullptr for other controls.
+    [[nodiscard]] QAction* actionOf(const Control& control) const { return menus_.actionOf(control); }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    void buildContent();
-    void buildMenuBar();
-    void addMenu(Menu& menu, QMenu& above);
+    QScrollArea* buildContent();
     QWidget& makeWidget(Control& control, QWidget& parent);
-    void nameBoxes();
+    void watch(QWidget& widget, Control& control);
+    void nameWidgets();
     void placeOnScreen();
-
-    void clicked(Control& control) override;
-    void edited(TextBox& box, const QString& text) override;
-    bool mousePressed(Control& control);
-    bool keyPressed(const QKeyEvent& event);
-    bool meansSomething(const QKeyEvent& event) const;
-    void refreshMenus();
     void followFocus();
 
+    // What the views tell.
+    void clicked(Control& control) override;
+    void edited(TextBox& box, const QString& text) override;
+    void selected(TextBox& box, bool all) override;
+
+    // What the event filter sees; true where the widget must not see it.
+    bool mousePressed(QObject* watched, const QMouseEvent& event);
+    bool keyPressed(const QKeyEvent& event);
+
+    Arrival arriveAt(Control& control);
+    bool pressOnButton(Control& control);
+    bool pressOnBox(TextBox& box);
+    [[nodiscard]] bool isShortcut(const QKeyEvent& event) const;
+
     Screen* screen_;
-    DesktopDisplay& display_;
+    ActionTaker& taker_;
     std::map<const Control*, std::unique_ptr<ControlView>> views_;
-    std::map<const Control*, QAction*> actions_;
-    QHash<QObject*, Control*> controls_;  // by what their events come to
-    bool placed_ = false;
+    QHash<QObject*, Control*> controls_;  // by what receives their events
+    MenuBarView menus_;
+    QScrollArea* area_;
+    bool isPlaced_ = false;
+
+    QObject* swallowed_ = nullptr;      // where the mouse was pressed, if the widget has not seen it
+    const Control* pressed_ = nullptr;  // the control that the mouse was pressed on, and may be clicked
+    bool isMouse_ = false;              // whether the press on its way comes from a mouse
 };
 
 }  // namespace tallybrook

@@ -31,8 +31,7 @@ public:
         : ControlView(box), box_(box), edit_(edit), listener_(listener) {
         edit_->setReadOnly(box.options().readOnly);
         edit_->setAcceptDrops(false);
-        QObject::connect(edit_, &Edit::editedByUser, edit_,
-                         [this](const QString& text) { listener_.edited(box_, text); });
+        edit_->whenEdited([this](const QString& text) { listener_.edited(box_, text); });
         QObject::connect(edit_, &Edit::selectionChanged, edit_, [this] { noteSelection(); });
     }
     [[nodiscard]] QWidget& widget() const override { return *edit_; }

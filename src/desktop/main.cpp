@@ -2,16 +2,37 @@
 #include "desktop/DesktopDisplay.h"
 
 #include <QApplication>
+#include <QMessageBox>
+#include <exception>
+
+namespace {
+
+/// Runs the program to its end; what nothing has caught leaves it.
+void run(tallybrook::Application& program, tallybrook::DesktopDisplay& display) {
+    display.attach(program.program());
+    display.perform([&] { program.start(); });
+    std::exception_ptr failure = display.takeFailure();
+    if (failure == nullptr && !program.program().hasEnded()) {
+        QApplication::exec();
+        failure = display.takeFailure();
+    }
+    if (failure != nullptr)
+        std::rethrow_exception(failure);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QApplication::setApplicationName("Tallybrook");
-    QApplication::setApplicationDisplayName("Tallybrook");
-
-    const tallybrook::SystemClock clock;
-    tallybrook::DesktopDisplay display;
-    tallybrook::Application tallybrook(display, clock, tallybrook::defaultDataFolder());
-    display.attach(tallybrook.program());
-    tallybrook.start();
-    return tallybrook.program().hasEnded() ? 0 : QApplication::exec();
+    try {
+        const tallybrook::SystemClock clock;
+        tallybrook::DesktopDisplay display;
+        tallybrook::Application program(display, clock, tallybrook::defaultDataFolder());
+        run(program, display);
+        return 0;
+    } catch (const std::exception& failure) {
+        QMessageBox::critical(nullptr, "Tallybrook", failure.what());
+        return 1;
+    }
 }

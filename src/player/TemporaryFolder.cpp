@@ -1,10 +1,9 @@
 #include "player/TemporaryFolder.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <string>
 #include <system_error>
-
-#include <cstdlib>
 
 namespace tallybrook {
 

@@ -490,6 +490,22 @@ TEST_P(PlayerTest, WritesWhatTheProgramDoesOutside) {
                  "focus cmdOutside\n");
 }
 
+TEST_P(PlayerTest, GoesOnBesideTheHelp) {
+    expectPlayed("click cmdHelp\ntype txtFirst \"a\"\nclick cmdAsk\nanswer No\nshow txtFirst\n",
+                 "> click cmdHelp\n"
+                 "help contents\n"
+                 "help 233\n"
+                 "focus cmdHelp\n"
+                 "> type txtFirst \"a\"\n"
+                 "focus txtFirst\n"
+                 "> click cmdAsk\n"
+                 "box title=\"First\" icon=question buttons=Yes|No default=No text=\"Sure?\"\n"
+                 "> answer No\n"
+                 "focus cmdAsk\n"
+                 "> show txtFirst\n"
+                 "txtFirst text=\"a\" enabled=yes visible=yes focus=no\n");
+}
+
 TEST_P(PlayerTest, MovesTheClock) {
     expectPlayed(
         "click cmdTime\nshow txtFirst\nclock \"2027-01-02 00:00:00\"\nclick cmdTime\nshow txtFirst\n",

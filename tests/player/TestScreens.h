@@ -48,6 +48,10 @@ public:
             step([] { throw RunTimeError(error::kNoCurrentRow, "No row."); });
         };
         cmdOutside.onClick = [this] { useOutside(); };
+        cmdHelp.onClick = [this] {
+            program().display.help(HelpTopic::Contents);
+            program().display.help(HelpTopic::LineScoreEntry);
+        };
         cmdTime.onClick = [this] {
             txtFirst.setText(program().clock.now() == makeDate(2027, 1, 2) ? "new" : "old");
         };
@@ -91,6 +95,7 @@ public:
     Button cmdEnd{*this, "cmdEnd", "End"};
     Button cmdAgain{*this, "cmdAgain", "Again"};
     Button cmdOutside{*this, "cmdOutside", "Outside"};
+    Button cmdHelp{*this, "cmdHelp", "Help"};
     Button cmdTime{*this, "cmdTime", "Time"};
     Button cmdDefault{*this, "cmdDefault", "Default", {.isDefault = true}};
     Button cmdCancel{*this, "cmdCancel", "Cancel", {.isCancel = true}};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "shell/Screen.h"
+
+#include <functional>
+
+namespace tallybrook {
+
+/// Takes what a person does at the windows.
+class ActionTaker {
+public:
+    virtual ~ActionTaker() = default;
+
+    /// Runs what a person did, to its end, and brings the windows up to date. No exception leaves it, since
+    /// none may pass through the toolkit.
+    virtual void perform(const std::function<void()>& action) = 0;
+    /// Told what became of the focus by a press of the mouse or a key.
+    virtual void noteArrival(Arrival arrival) = 0;
+};
+
+}  // namespace tallybrook

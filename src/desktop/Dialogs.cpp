@@ -1,0 +1,56 @@
+#include "desktop/Dialogs.h"
+
+#include "desktop/QtText.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+
+namespace tallybrook {
+
+namespace {
+
+/// The filters as the toolkit has them: "Text files (*.txt *.csv)". In the program's form names and patterns
+/// take turns, as in "Text files|*.txt;*.csv", and a name may hold its pattern or not.
+QStringList filtersOf(const FileDialog& dialog) {
+    const QStringList parts = toQt(dialog.filter).split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString name = parts[i].section('(', 0, 0).trimmed();
+        filters << name + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
+    }
+    return filters;
+}
+
+}  // namespace
+
+std::optional<std::string> askForText(const InputBox& box, QWidget* parent) {
+    QInputDialog window(parent);
+    window.setObjectName("inputBox");
+    window.setWindowTitle(toQt(box.title));
+    window.setLabelText(unmarked(linesToQt(box.text)));
+    for (QLabel* const label : window.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
+    if (window.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return window.textValue().toStdString();
+}
+
+std::optional<std::filesystem::path> chooseFile(const FileDialog& dialog, QWidget* parent) {
+    QFileDialog window(parent, toQt(dialog.title), toQt(dialog.folder));
+    window.setObjectName("fileDialog");
+    const bool saves = dialog.purpose == FileDialog::Purpose::Save;
+    window.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    window.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    window.setNameFilters(filtersOf(dialog));
+    if (!dialog.name.empty())
+        window.selectFile(toQt(dialog.name));
+    if (window.exec() != QDialog::Accepted)
+        return std::nullopt;
+    const QFileInfo file(window.selectedFiles().value(0));
+    QDir::setCurrent(file.absolutePath());
+    return file.filesystemAbsoluteFilePath();
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,44 @@
+#include "Rehearsal.h"
+#include "player/DesktopStage.h"
+#include "player/PlayStopped.h"
+
+#include <QImage>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+namespace tallybrook::test {
+
+namespace {
+
+TEST(DesktopStage, TakesAPictureOfTheScreenInFront) {
+    const TemporaryFolder folder;
+    DesktopStage stage(folder.path() / "shots");
+    const Outcome outcome = rehearse(stage, "start\nshot one\nclick cmdOther\nshot two\n");
+    EXPECT_EQ(outcome.status, status::kPlayed) << outcome.errors;
+    const QImage one(QString::fromStdString((folder.path() / "shots" / "one.png").string()));
+    const QImage two(QString::fromStdString((folder.path() / "shots" / "two.png").string()));
+    EXPECT_FALSE(one.isNull());
+    EXPECT_FALSE(two.isNull());
+    EXPECT_NE(one, two);
+}
+
+TEST(DesktopStage, APictureThatCannotBeWrittenStopsThePlay) {
+    const TemporaryFolder folder;
+    DesktopStage stage(folder.path());
+    const Outcome outcome = rehearse(stage, "start\nshot no/such/folder\n");
+    EXPECT_EQ(outcome.status, status::kNotCarriedOut);
+    EXPECT_TRUE(outcome.errors.starts_with("line 2: the picture ")) << outcome.errors;
+}
+
+TEST(DesktopStage, LeavesNoWindowBehind) {
+    {
+        DesktopStage stage;
+        rehearse(stage, "start\nclick cmdOther\nclick mnuBack\n");
+    }
+    EXPECT_TRUE(QApplication::topLevelWidgets().isEmpty());
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test
