@@ -18,7 +18,7 @@ static void initResources() {
 
 namespace tallybrook {
 
-DesktopDisplay::DesktopDisplay() {
+DesktopDisplay::DesktopDisplay(std::chrono::milliseconds patience) : patience_(patience) {
     initResources();
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
@@ -133,14 +133,13 @@ void DesktopDisplay::runTimeError(const RunTimeError& failure) {
 // --- Waiting for a record ----------------------------------------------------------------------------------
 
 void DesktopDisplay::retrying(std::string_view /*module*/, int tries) {
-    constexpr qint64 kPatience = 5000;  // milliseconds until the notice
-    constexpr unsigned long kPause = 10;
+    constexpr unsigned long kPause = 10;  // milliseconds between tries
     if (tries == 1) {
         notice_.reset();
         waiting_.start();
         refreshAll();
     }
-    if (!notice_ && waiting_.elapsed() >= kPatience)
+    if (!notice_ && waiting_.hasExpired(patience_.count()))
         notice_ = std::make_unique<RetryNotice>(frontWindow());
     // Until the notice is up nobody may use the windows of a program that is in the middle of something.
     QCoreApplication::processEvents(notice_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);

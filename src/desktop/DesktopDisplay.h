@@ -8,6 +8,7 @@
 #include "shell/Program.h"
 
 #include <QElapsedTimer>
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <map>
@@ -20,7 +21,8 @@ namespace tallybrook {
 /// There must be a QApplication.
 class DesktopDisplay : public Display, private ActionTaker {
 public:
-    DesktopDisplay();
+    /// `patience` is how long the user is left to wait for a record before being asked.
+    explicit DesktopDisplay(std::chrono::milliseconds patience = std::chrono::seconds{5});
     ~DesktopDisplay() override;
     DesktopDisplay(const DesktopDisplay&) = delete;
     DesktopDisplay& operator=(const DesktopDisplay&) = delete;
@@ -71,6 +73,7 @@ private:
     Program* program_ = nullptr;
     std::map<const Screen*, ScreenWindow*> windows_;
     std::unique_ptr<HelpWindow> help_;
+    std::chrono::milliseconds patience_;
     std::unique_ptr<RetryNotice> notice_;
     QElapsedTimer waiting_;
     std::exception_ptr failure_;

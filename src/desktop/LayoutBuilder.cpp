@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QWidget>
 
 namespace tallybrook {
@@ -86,6 +87,10 @@ QLayout* LayoutBuilder::buildTable(const Layout& layout, QWidget& parent) const 
     for (int column = 0; column < layout.columns; ++column)
         grid->setColumnStretch(column, 1);
     fill(*grid, layout, layout.columns, parent);
+    for (int i = 0; i < grid->count(); ++i) {
+        if (auto* const cell = qobject_cast<QLineEdit*>(grid->itemAt(i)->widget()); cell != nullptr)
+            cell->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);  // cells fill their columns
+    }
     return grid;
 }
 

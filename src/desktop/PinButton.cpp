@@ -4,42 +4,56 @@
 
 namespace tallybrook {
 
+namespace {
+
+constexpr double kInset = 3.5;  // of the ring from the edge: room for the mark of the focus
+
+/// A colour between two, `share` of the way from the first to the second.
+QColor between(const QColor& first, const QColor& second, double share) {
+    const auto mix = [share](int from, int to) { return static_cast<int>(from + share * (to - from)); };
+    return {mix(first.red(), second.red()), mix(first.green(), second.green()),
+            mix(first.blue(), second.blue())};
+}
+
+}  // namespace
+
 PinButton::PinButton(QWidget* parent) : QAbstractButton(parent) {
     setCheckable(true);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize PinButton::sizeHint() const {
-    const int side = fontMetrics().height() + 14;
+    const int side = fontMetrics().height() + 16;
     return {side, side};
 }
 
-// A standing pin is filled, with a bold number; one that is down is an empty ring. What is off is drawn with
-// a thin broken line.
+// A standing pin is a full disc with a bold number, one that is down an empty ring. What is off is paler,
+// with a dotted ring.
 void PinButton::paintEvent(QPaintEvent* /*event*/) {
+    constexpr double kPale = 0.4;
+    const QColor ground = palette().color(QPalette::Active, QPalette::Window);
+    const QColor strong = palette().color(QPalette::Active, QPalette::WindowText);
+    const QColor ink = isEnabled() ? strong : between(strong, ground, kPale);
+    const QColor inside = isEnabled() ? palette().color(QPalette::Base) : ground;
+    const QRectF ring = QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset);
+
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QPalette::ColorGroup group = isEnabled() ? QPalette::Active : QPalette::Disabled;
-    const QColor ink = palette().color(group, QPalette::WindowText);
-    const QColor filling = isChecked()
-                               ? palette().color(group, QPalette::Highlight)
-                               : palette().color(group, isEnabled() ? QPalette::Base : QPalette::Window);
-    const QColor number = isChecked() ? palette().color(group, QPalette::HighlightedText) : ink;
-    const QRectF ring = QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5);
-
-    painter.setPen(isEnabled() ? QPen(ink, isChecked() ? 2.0 : 1.3) : QPen(ink, 1.0, Qt::DotLine));
-    painter.setBrush(filling);
+    painter.setPen(QPen(ink, 1.5, isEnabled() ? Qt::SolidLine : Qt::DotLine));
+    painter.setBrush(isChecked() ? ink : inside);
     painter.drawEllipse(ring);
+
+    QFont number = font();
+    number.setBold(isChecked());
+    painter.setFont(number);
+    painter.setPen(isChecked() ? inside : ink);
+    painter.drawText(ring, Qt::AlignCenter, text());
+
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
     }
-    QFont numberFont = font();
-    numberFont.setBold(isChecked());
-    painter.setFont(numberFont);
-    painter.setPen(number);
-    painter.drawText(ring, Qt::AlignCenter, text());
 }
 
 }  // namespace tallybrook

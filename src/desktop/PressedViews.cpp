@@ -17,6 +17,14 @@ bool isOn(const Control& control) {
                                                          : static_cast<const CheckBox&>(control).value();
 }
 
+/// A button with some room around its caption.
+class RoomyButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+    [[nodiscard]] QSize sizeHint() const override { return QPushButton::sizeHint() + QSize(16, 4); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+};
+
 class PressedView : public ControlView {
 public:
     PressedView(Control& control, QAbstractButton* button, ViewListener& listener)
@@ -54,7 +62,7 @@ protected:
 }  // namespace
 
 std::unique_ptr<ControlView> makeButtonView(Control& control, QWidget& parent, ViewListener& listener) {
-    return std::make_unique<PressedView>(control, new QPushButton(&parent), listener);
+    return std::make_unique<PressedView>(control, new RoomyButton(&parent), listener);
 }
 
 std::unique_ptr<ControlView> makeOptionView(Control& control, QWidget& parent, ViewListener& listener) {

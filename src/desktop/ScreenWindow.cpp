@@ -6,9 +6,10 @@
 #include "shell/Person.h"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -20,6 +21,7 @@ namespace tallybrook {
 namespace {
 
 constexpr QMargins kMargins{18, 14, 18, 18};  // around the content, in pixels
+constexpr int kBetweenBlocks = 14;
 constexpr QSize kSmallest{480, 360};
 constexpr QSize kTitleBar{8, 32};  // room that the frame of a window takes
 
@@ -41,6 +43,7 @@ ScreenWindow::ScreenWindow(Screen& screen, ActionTaker& taker)
     setCentralWidget(area_);
     nameWidgets();
     installEventFilter(this);
+    leaveMenusAtOnce();
     refresh();
 }
 
@@ -51,6 +54,7 @@ QScrollArea* ScreenWindow::buildContent() {
         [this](Control& control, QWidget& parent) -> QWidget& { return makeWidget(control, parent); });
     QLayout* const layout = builder.build(screen_->layout(), *content);
     layout->setContentsMargins(kMargins);
+    layout->setSpacing(kBetweenBlocks);
     content->setLayout(layout);
 
     auto* const area = new QScrollArea;
@@ -94,6 +98,16 @@ void ScreenWindow::nameWidgets() {
         if (isTextBox(named))
             widget->setAccessibleName(spoken(control->caption()));
     }
+}
+
+/// The keyboard is back with the screen as soon as no menu is open: the bar keeps nothing of it.
+void ScreenWindow::leaveMenusAtOnce() {
+    const auto leave = [this] {
+        if (QApplication::activePopupWidget() == nullptr)
+            refresh();
+    };
+    for (const QMenu* const menu : menuBar()->findChildren<QMenu*>())
+        connect(menu, &QMenu::aboutToHide, this, leave, Qt::QueuedConnection);
 }
 
 QWidget* ScreenWindow::widgetOf(const Control& control) const {
@@ -150,10 +164,8 @@ void ScreenWindow::showEvent(QShowEvent* event) {
 void ScreenWindow::placeOnScreen() {
     const QRect available = screen()->availableGeometry();
     const QSize largest = available.size() - kTitleBar;
-    for (QWidget* const widget : findChildren<QWidget*>())
-        widget->ensurePolished();  // before, the hints are not final
+    area_->widget()->layout()->activate();  // takes in what has changed since the window was built
     QSize wanted = area_->widget()->sizeHint() + QSize(0, menuBar()->sizeHint().height());
-    qDebug() << wanted << area_->widget()->minimumSizeHint() << menuBar()->sizeHint();
     if (wanted.height() > largest.height())
         wanted.rwidth() += area_->verticalScrollBar()->sizeHint().width();
     resize(wanted.expandedTo(kSmallest).boundedTo(largest));
@@ -213,7 +225,7 @@ bool ScreenWindow::mousePressed(QObject* watched, const QMouseEvent& event) {
 
     pressed_ = nullptr;
     bool goesOn = isText ? pressOnBox(static_cast<TextBox&>(*control)) : pressOnButton(*control);
-    const bool isHeld = QGuiApplication::mouseButtons().testFlag(event.button());
+    const bool isHeld = QApplication::mouseButtons().testFlag(event.button());
     if (goesOn && !isText && isMouse && !isHeld) {
         clicked(*control);  // the release has gone to a box that came up meanwhile
         goesOn = false;

@@ -41,6 +41,7 @@ private:
     QWidget& makeWidget(Control& control, QWidget& parent);
     void watch(QWidget& widget, Control& control);
     void nameWidgets();
+    void leaveMenusAtOnce();
     void placeOnScreen();
     void followFocus();
 

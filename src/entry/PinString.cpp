@@ -31,7 +31,8 @@ std::string pinString(PinFlags pins) {
 void markPins(std::string_view text, PinFlags& pins) {
     std::string number;
     const auto mark = [&] {
-        pins(toInt16(leadingNumber(number))) = true;
+        const double pin = leadingNumber(number);
+        pins(pin >= 1 && pin <= kPins ? toInt16(pin) : Int16(0)) = true;
         number.clear();
     };
     for (std::size_t at = 0; at < text.size(); ++at) {

@@ -20,11 +20,12 @@ bool isDisplayKnown() {
 }  // namespace
 
 int playOnDesktop(const Options& options, std::istream& script, std::ostream& transcript,
-                  std::ostream& errors, int argc, char** argv) {
+                  std::ostream& errors, char* program) {
     if (!isDisplayKnown())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     passOverToolkitNotes();
-    const QApplication application(argc, argv);
+    int count = 1;  // the player's own options are none of the toolkit's, which knows a --display too
+    const QApplication application(count, &program);
     DesktopStage stage(options.shots);
     return playApplication(options, stage, script, transcript, errors);
 }

@@ -1,6 +1,7 @@
 #include "player/PlayApplication.h"
 
 #include "app/Application.h"
+#include "player/CurrentFolder.h"
 #include "player/Places.h"
 #include "player/Player.h"
 #include "player/TemporaryFolder.h"

@@ -21,9 +21,4 @@ TemporaryFolder::~TemporaryFolder() {
     fs::remove_all(path_, ignored);
 }
 
-CurrentFolder::~CurrentFolder() {
-    std::error_code ignored;
-    fs::current_path(path_, ignored);
-}
-
 }  // namespace tallybrook

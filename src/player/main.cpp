@@ -14,20 +14,20 @@ using namespace tallybrook;
 
 namespace {
 
-int play(const Options& options, std::istream& script, int argc, char** argv) {
+int play(const Options& options, std::istream& script, char* program) {
     if (options.where == Options::Where::Desktop)
-        return playOnDesktop(options, script, std::cout, std::cerr, argc, argv);
+        return playOnDesktop(options, script, std::cout, std::cerr, program);
     ModelStage stage;
     return playApplication(options, stage, script, std::cout, std::cerr);
 }
 
-int playScript(const Options& options, int argc, char** argv) {
+int playScript(const Options& options, char* program) {
     if (!options.script)
-        return play(options, std::cin, argc, argv);
+        return play(options, std::cin, program);
     std::ifstream script(*options.script);
     if (!script || std::filesystem::is_directory(*options.script))
         throw WrongUsage("there is no script " + options.script->string());
-    return play(options, script, argc, argv);
+    return play(options, script, program);
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ int playScript(const Options& options, int argc, char** argv) {
 int main(int argc, char** argv) {
     try {
         const std::vector<std::string> arguments(argv + 1, argv + argc);
-        return playScript(readOptions(arguments), argc, argv);
+        return playScript(readOptions(arguments), argv[0]);
     } catch (const WrongUsage& wrong) {
         std::cerr << wrong.what() << '\n' << kUsage << '\n';
         return status::kWrongUsage;

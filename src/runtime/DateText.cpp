@@ -1,8 +1,8 @@
+#include "runtime/Ascii.h"
 #include "runtime/TextForms.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 #include <optional>
 #include <string>
@@ -34,26 +34,25 @@ struct Token {
     [[nodiscard]] bool isSign(char sign) const { return kind == Kind::Sign && text[0] == sign; }
 };
 
-Token::Kind kindOf(unsigned char c) {
-    return std::isdigit(c) != 0   ? Token::Kind::Number
-           : std::isalpha(c) != 0 ? Token::Kind::Word
-                                  : Token::Kind::Sign;
+Token::Kind kindOf(char c) {
+    if (isDigit(c))
+        return Token::Kind::Number;
+    return isLetter(c) ? Token::Kind::Word : Token::Kind::Sign;
 }
 
 std::vector<Token> tokensOf(std::string_view text) {
     std::vector<Token> tokens;
     bool joins = false;  // whether the next character may belong to the last token
     for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte == ' ' || byte == '\t') {
+        if (c == ' ' || c == '\t') {
             joins = false;
             continue;
         }
-        const Token::Kind kind = kindOf(byte);
+        const Token::Kind kind = kindOf(c);
         if (joins && kind != Token::Kind::Sign && tokens.back().kind == kind)
-            tokens.back().text += static_cast<char>(std::tolower(byte));
+            tokens.back().text += toLower(c);
         else
-            tokens.push_back({kind, std::string(1, static_cast<char>(std::tolower(byte)))});
+            tokens.push_back({kind, std::string(1, toLower(c))});
         joins = true;
     }
     return tokens;
@@ -83,10 +82,10 @@ std::optional<int> monthOf(const Token& token) {
 /// A year as written: two digits are 1930 to 2029, four stand for themselves.
 std::optional<int> yearOf(const Token& token) {
     const std::optional<int> number = numberOf(token, 4);
-    if (!number || token.text.size() == 3)
-        return std::nullopt;
     if (token.text.size() == 4)
         return number;
+    if (!number || token.text.size() != 2)
+        return std::nullopt;
     return *number + (*number < 30 ? 2000 : 1900);
 }
 
@@ -124,9 +123,24 @@ MaybeDate numericDate(const std::vector<Token>& tokens, int currentYear) {
     return monthAndDay(yearOf(tokens[4]), numberOf(tokens[0], 2), numberOf(tokens[2], 2));
 }
 
+bool isJoint(const Token& token) {
+    return token.isSign(',') || token.isSign('-');
+}
+
+/// Whether commas and hyphens stand only between two parts, one at a time.
+bool partsAreJoined(const std::vector<Token>& tokens) {
+    for (std::size_t at = 0; at < tokens.size(); ++at) {
+        if (isJoint(tokens[at]) && (at == 0 || at + 1 == tokens.size() || isJoint(tokens[at - 1])))
+            return false;
+    }
+    return true;
+}
+
 /// A month's name among one or two numbers: the day, and perhaps the year behind it or in front of all.
 MaybeDate namedDate(std::vector<Token> tokens, int currentYear) {
-    std::erase_if(tokens, [](const Token& token) { return token.isSign(',') || token.isSign('-'); });
+    if (!partsAreJoined(tokens))
+        return std::nullopt;
+    std::erase_if(tokens, isJoint);
     const auto name =
         std::ranges::find_if(tokens, [](const Token& token) { return monthOf(token).has_value(); });
     if (name == tokens.end())
@@ -148,16 +162,13 @@ MaybeTime timeOf(const std::vector<Token>& tokens) {
     std::array<int, 3> parts{};
     std::size_t at = 0;
     std::size_t count = 0;
-    for (; at < tokens.size() && count < parts.size(); ++count) {
-        const std::optional<int> number = numberOf(tokens[at], 2);
-        if (!number)
+    while (true) {
+        const std::optional<int> number = at < tokens.size() ? numberOf(tokens[at], 2) : std::nullopt;
+        if (!number || count == parts.size())
             return std::nullopt;
-        parts[count] = *number;
-        ++at;
-        if (at == tokens.size() || !tokens[at].isSign(':')) {
-            ++count;
+        parts[count++] = *number;
+        if (++at == tokens.size() || !tokens[at].isSign(':'))
             break;
-        }
         ++at;
     }
     const std::string half = at < tokens.size() ? tokens[at++].text : "";
@@ -211,8 +222,6 @@ DateTime readDate(std::string_view text, int currentYear) {
     MaybeDate date = numericDate(dateTokens, currentYear);
     if (!date)
         date = namedDate(dateTokens, currentYear);
-    if (!date && dateTokens.empty() && !timeTokens.empty())
-        date = kZeroDate;
     const MaybeTime time = timeTokens.empty() ? MaybeTime{std::chrono::seconds{0}} : timeOf(timeTokens);
     if (!date || !time)
         throw RunTimeError(error::kTypeMismatch);

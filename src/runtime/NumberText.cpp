@@ -1,3 +1,4 @@
+#include "runtime/Ascii.h"
 #include "runtime/TextForms.h"
 
 #include <algorithm>
@@ -16,10 +17,6 @@ std::string withoutAny(std::string_view text, std::string_view unwanted) {
     std::ranges::copy_if(text, std::back_inserter(kept),
                          [&](char c) { return unwanted.find(c) == std::string_view::npos; });
     return kept;
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 /// Reads digits with an optional point and exponent; 0 where there are none, error 6 where they are too many

@@ -1,7 +1,8 @@
 #include "shell/Person.h"
 
+#include "runtime/Ascii.h"
+
 #include <algorithm>
-#include <cctype>
 #include <optional>
 #include <utility>
 
@@ -30,7 +31,7 @@ std::optional<char> accessLetter(const Control& control) {
     for (std::size_t at = caption.find('&'); at != std::string::npos && at + 1 < caption.size();
          at = caption.find('&', at + 2)) {
         if (caption[at + 1] != '&')
-            return static_cast<char>(std::toupper(static_cast<unsigned char>(caption[at + 1])));
+            return toUpper(caption[at + 1]);
     }
     return std::nullopt;
 }
@@ -51,7 +52,7 @@ Menu* entryWithShortcut(const Screen& screen, const std::string& shortcut) {
         if (control->kind() != Control::Kind::Menu)
             continue;
         auto* const menu = static_cast<Menu*>(control);
-        if (menu->isEntry() && menu->shortcut() == shortcut)
+        if (menu->isEntry() && !shortcut.empty() && menu->shortcut() == shortcut)
             return menu;
     }
     return nullptr;
@@ -154,7 +155,7 @@ Key readKey(std::string_view text) {
     }
     key.name = text;
     if ((key.alt || key.control) && key.name.size() == 1)
-        key.name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(key.name[0])));
+        key.name[0] = toUpper(key.name[0]);
     return key;
 }
 

@@ -14,25 +14,36 @@ std::string_view bytesOf(sqlite3_value* value) {
     return {static_cast<const char*>(bytes), static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
+/// Gives a function's whole number back. No exception may pass through the engine.
+template <typename Compute>
+void answer(sqlite3_context* context, Compute compute) noexcept {
+    try {
+        sqlite3_result_int(context, compute());
+    } catch (const std::exception&) {
+        sqlite3_result_error_nomem(context);
+    }
+}
+
 /// tbk_compare(a, b): the order of two texts without case; Null if either is Null.
 void compareFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
     for (int i = 0; i < 2; ++i) {
         if (sqlite3_value_type(arguments[i]) == SQLITE_NULL)
             return sqlite3_result_null(context);
     }
-    sqlite3_result_int(context, compareText(bytesOf(arguments[0]), bytesOf(arguments[1])));
+    answer(context, [&] { return compareText(bytesOf(arguments[0]), bytesOf(arguments[1])); });
 }
 
 /// tbk_like(value, pattern, type): whether the text form of a field's value is like the pattern.
 void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
-    const auto type = static_cast<FieldType>(sqlite3_value_int(arguments[2]));
-    const Value value = valueOfColumn(arguments[0], type);
-    if (isNull(value))
+    if (sqlite3_value_type(arguments[0]) == SQLITE_NULL)
         return sqlite3_result_null(context);
-    sqlite3_result_int(context, likeText(toText(value), bytesOf(arguments[1])) ? 1 : 0);
+    answer(context, [&] {
+        const auto type = static_cast<FieldType>(sqlite3_value_int(arguments[2]));
+        return likeText(toText(valueOfColumn(arguments[0], type)), bytesOf(arguments[1])) ? 1 : 0;
+    });
 }
 
-int collate(void*, int leftSize, const void* left, int rightSize, const void* right) {
+int collate(void*, int leftSize, const void* left, int rightSize, const void* right) noexcept {
     return compareText({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
                        {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
 }
@@ -67,10 +78,10 @@ SQLite::Statement& Store::Connection::prepared(const std::string& sql) {
     return *prepared_.emplace(sql, std::make_unique<SQLite::Statement>(database_, sql)).first->second;
 }
 
-void Store::Connection::readBeforeChange(const Table& table, const UnreadRows* by) {
+void Store::Connection::readBeforeChange(const Table& table, std::int64_t key) {
     const std::vector<UnreadRows*> unread = unread_;  // each takes itself off the list as it is read
     for (UnreadRows* const rows : unread) {
-        if (rows != by && &rows->table() == &table)
+        if (rows->mayHold(table, key))
             rows->read();
     }
 }

@@ -5,6 +5,7 @@
 #include "store/Schema.h"
 #include "store/Store.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -21,7 +22,8 @@ public:
     virtual ~UnreadRows() = default;
     /// Reads the rows, so that later changes do not show in them.
     virtual void read() = 0;
-    [[nodiscard]] virtual const Table& table() const = 0;
+    /// Whether the row of that key may be among them.
+    [[nodiscard]] virtual bool mayHold(const Table& table, std::int64_t key) const = 0;
 };
 
 /// The one connection to the logbook's file: statements kept ready, and the rows of open recordsets that are
@@ -38,8 +40,8 @@ public:
 
     void enlist(UnreadRows& rows) { unread_.push_back(&rows); }
     void strike(UnreadRows& rows) { std::erase(unread_, &rows); }
-    /// To be called before rows of the table are changed or deleted through `by`.
-    void readBeforeChange(const Table& table, const UnreadRows* by);
+    /// To be called before a row is changed or deleted: reads the sets that may hold it.
+    void readBeforeChange(const Table& table, std::int64_t key);
 
 private:
     const Clock& clock_;

@@ -25,6 +25,8 @@ void DataControl::bind(std::string field, std::function<void(const std::string&)
 
 void DataControl::showRow() {
     for (const Binding& binding : bindings_) {
+        if (!recordset_)
+            return;  // what the last box did has unloaded the screen
         std::string text;
         try {
             text = toText((*recordset_)[binding.field]);

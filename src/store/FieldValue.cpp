@@ -26,15 +26,17 @@ double wholeTextAsNumber(std::string_view text) {
         rest.remove_prefix(1);
     double number = 0;
     const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), number);
-    if (rest.starts_with('-') || read.ec != std::errc{} || read.ptr != rest.data() + rest.size() ||
-        !std::isfinite(number))
+    if (rest.starts_with('-') || read.ec != std::errc{} || read.ptr != rest.data() + rest.size())
         throw RunTimeError(error::kValueNotTaken);
     return negative ? -number : number;
 }
 
 double asNumber(const Value& value) {
     const auto* const text = std::get_if<std::string>(&value);
-    return text != nullptr ? wholeTextAsNumber(*text) : toDouble(value);
+    const double number = text != nullptr ? wholeTextAsNumber(*text) : toDouble(value);
+    if (!std::isfinite(number))
+        throw RunTimeError(error::kValueNotTaken);
+    return number;
 }
 
 Value converted(const Value& value, FieldType type, int currentYear) {

@@ -1,5 +1,6 @@
 #include "store/Query.h"
 
+#include "runtime/TextCompare.h"
 #include "store/FieldValue.h"
 
 #include <fmt/format.h>
@@ -31,7 +32,8 @@ private:
     }
 
     std::string condition() {
-        std::string all = key() + " <= ?";
+        // The plus keeps SQLite from walking the keys where an index would serve better.
+        std::string all = "+" + key() + " <= ?";
         std::string any;
         for (const auto& group : select_.anyOf) {
             any += any.empty() ? "(" : " OR (";
@@ -45,6 +47,8 @@ private:
     /// Rows whose value is of another kind than the column are no hit: SQLite would order them by kind.
     std::string compared(const Criterion& criterion) {
         const std::string& column = criterion.column->name;
+        if (criterion.column->isLookedUp && criterion.comparator == Comparator::Equal)
+            return lookedUp(criterion);
         values_.push_back(criterion.value);
         if (criterion.comparator == Comparator::Like)
             return fmt::format("tbk_like({}, ?, {})", column, static_cast<int>(criterion.column->type));
@@ -53,11 +57,23 @@ private:
             case FieldType::Text:
                 return fmt::format("tbk_compare({}, ?) {} 0", column, sign);
             case FieldType::Date:
-                return fmt::format("({0} {1} ? AND {0} GLOB '[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9]')",
-                                   column, sign);
+                // Counted through, a day that does not exist becomes another one.
+                return fmt::format("({0} {1} ? AND date({0}, '+0 days') = {0})", column, sign);
             default:
                 return fmt::format("({0} {1} ? AND typeof({0}) IN ('integer', 'real'))", column, sign);
         }
+    }
+
+    /// Equality without case by way of the indexes. A plain ASCII value can only equal a text that folds to
+    /// plain ASCII, and NOCASE compares the two; every other value is in the second index.
+    std::string lookedUp(const Criterion& criterion) {
+        const auto& wanted = std::get<std::string>(criterion.value);
+        values_.emplace_back(foldCase(wanted));
+        values_.emplace_back(wanted);
+        return fmt::format(
+            "{0} IN (SELECT {0} FROM {1} WHERE {2} = ? COLLATE NOCASE"
+            " UNION ALL SELECT {0} FROM {1} WHERE {3} AND tbk_compare({2}, ?) = 0)",
+            key(), select_.table->name, criterion.column->name, isBeyondNocase(*criterion.column));
     }
 
     static std::string_view signOf(Comparator comparator) {

@@ -67,8 +67,8 @@ public:
 
     void moveNext() {
         const bool deleted = leaveRow();
-        if (settled().where == Where::PastEnd || (rows_->size() == 0 && !deleted))
-            noCurrentRow();
+        if (settled().where == Where::PastEnd || (isEmpty() && !deleted))
+            nowhereToGo();
         std::size_t next = 0;
         if (place_.where == Where::OnRow)
             next = deleted ? place_.index : place_.index + 1;
@@ -78,8 +78,8 @@ public:
 
     void movePrevious() {
         const bool deleted = leaveRow();
-        if (settled().where == Where::BeforeFirst || (rows_->size() == 0 && !deleted))
-            noCurrentRow();
+        if (settled().where == Where::BeforeFirst || (isEmpty() && !deleted))
+            nowhereToGo();
         const std::size_t behind = place_.where == Where::PastEnd ? rows_->size() : place_.index;
         showAt(behind > 0 ? Place{.where = Where::OnRow, .index = behind - 1}
                           : Place{.where = Where::BeforeFirst});
@@ -99,7 +99,8 @@ public:
         if (pending_ == Pending::None)
             current();  // fails where there is no row to edit
         const Column& column = *rows_->fields()[field];
-        if (!rows_->isUpdatable() || &column == &rows_->table().key())
+        requireUpdatable();
+        if (&column == &rows_->table().key())
             throw RunTimeError(error::kValueNotTaken);
         Value taken = toFieldValue(value, column.type, connection_.currentYear());
         if (pending_ == Pending::None)
@@ -108,8 +109,8 @@ public:
     }
 
     void addNew() {
-        if (!opened().isUpdatable())
-            throw RunTimeError(error::kValueNotTaken);
+        requireOpen();
+        requireUpdatable();
         begin(Pending::New);
         rowShown();
     }
@@ -120,6 +121,8 @@ public:
             insertRow();
         else if (pending_ == Pending::Edit)
             changeRow();
+        else
+            current();  // nothing to store, but it needs a row
     }
 
     void cancelUpdate() {
@@ -133,8 +136,8 @@ public:
         if (pending_ == Pending::New)
             return cancelUpdate();
         const std::int64_t key = current().key;
-        pending_ = Pending::None;
-        connection_.readBeforeChange(rows_->table(), rows_.get());
+        requireUpdatable();
+        connection_.readBeforeChange(rows_->table(), key);
         settled();
         onFile([&] {
             const Table& table = rows_->table();
@@ -143,6 +146,7 @@ public:
             use->bind(1, key);
             use->exec();
         });
+        pending_ = Pending::None;
         place_.deleted = true;
     }
 
@@ -182,6 +186,11 @@ private:
     }
 
     void requireOpen() { static_cast<void>(opened()); }
+
+    void requireUpdatable() const {
+        if (!rows_->isUpdatable())
+            throw RunTimeError(error::kValueNotTaken);
+    }
 
     void rowShown() const {
         if (onRowShown)
@@ -236,8 +245,14 @@ private:
         leaveRow();
         if (isEmpty()) {
             place_ = {.where = Where::PastEnd};
-            noCurrentRow();
+            nowhereToGo();
         }
+    }
+
+    /// Fails a move; what was pending before it is gone all the same.
+    [[noreturn]] void nowhereToGo() const {
+        rowShown();
+        noCurrentRow();
     }
 
     bool dropDeletedRow() {
@@ -299,7 +314,8 @@ private:
             row.key = connection_.database().getLastInsertRowid();
         });
         pending_ = Pending::None;
-        readRow(connection_, rows_->table(), rows_->fields(), row);
+        if (!readRow(connection_, rows_->table(), rows_->fields(), row))
+            throw RunTimeError(error::kRowGone);
         dropDeletedRow();
         rows_->append(std::move(row));
         place_ = {.where = Where::LastAdded};
@@ -307,7 +323,7 @@ private:
 
     void changeRow() {
         StoredRow& row = current();
-        connection_.readBeforeChange(rows_->table(), rows_.get());
+        connection_.readBeforeChange(rows_->table(), row.key);
         const int changed = onFile([&] {
             StatementUse use(connection_.prepared(updateStatement()));
             use->bind(bindWritten(*use), row.key);

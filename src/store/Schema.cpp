@@ -13,8 +13,6 @@ namespace {
 /// Columns that the statements look rows up by.
 constexpr const char* kIndexes[] = {
     "CREATE INDEX idxEventDate ON tblEventInfo (fldDateBowled)",
-    "CREATE INDEX idxEventCenter ON tblEventInfo (fldCenterName)",
-    "CREATE INDEX idxEventRecord ON tblEventInfo (fldHHRecordID)",
     "CREATE INDEX idxGame ON tblGameInfo (fldSessionNum, fldGameNum)",
     "CREATE INDEX idxFrame ON tblFrameInfo (fldSessionNum, fldGameNum, fldFrameNum)",
 };
@@ -42,6 +40,15 @@ std::string createStatement(const Table& table) {
     return fmt::format("CREATE TABLE {} ({})", table.name, columns);
 }
 
+/// Two indexes serve the comparison without case, which SQLite knows for plain ASCII only: one by its own
+/// NOCASE, and one of the few rows that it cannot compare.
+void addTextIndexes(std::vector<std::string>& statements, const Table& table, const Column& column) {
+    statements.push_back(
+        fmt::format("CREATE INDEX idx_{1} ON {0} ({1} COLLATE NOCASE)", table.name, column.name));
+    statements.push_back(fmt::format("CREATE INDEX idx_{1}_other ON {0} ({1}) WHERE {2}", table.name,
+                                     column.name, isBeyondNocase(column)));
+}
+
 template <typename Named>
 const Named* findByName(const std::vector<Named>& among, std::string_view name) {
     const auto found =
@@ -62,7 +69,7 @@ const std::vector<Table>& tables() {
          {{"fldSessionNum", Number32},
           {"fldEventName", Text},
           {"fldDateBowled", Date},
-          {"fldCenterName", Text},
+          {"fldCenterName", Text, true},
           {"fldCenterLoc", Text},
           {"fldEventType", Text},
           {"fldNumGames", Number16},
@@ -70,7 +77,7 @@ const std::vector<Table>& tables() {
           {"fldSeriesTot", Number16},
           {"fldSeriesAvg", Double},
           {"fldComment", Text},
-          {"fldHHRecordID", Text}}},
+          {"fldHHRecordID", Text, true}}},
         {"tblGameInfo",
          {{"fldGameKey", Number32},
           {"fldSessionNum", Number32},
@@ -109,10 +116,19 @@ const Table* findTable(std::string_view name) {
     return findByName(tables(), name);
 }
 
+std::string isBeyondNocase(const Column& column) {
+    return fmt::format("({0} GLOB '*[^ -~]*' OR typeof({0}) = 'blob')", column.name);
+}
+
 std::vector<std::string> schemaStatements() {
     std::vector<std::string> statements;
-    for (const Table& table : tables())
+    for (const Table& table : tables()) {
         statements.push_back(createStatement(table));
+        for (const Column& column : table.columns) {
+            if (column.isLookedUp)
+                addTextIndexes(statements, table, column);
+        }
+    }
     statements.insert(statements.end(), std::begin(kIndexes), std::end(kIndexes));
     statements.push_back(fmt::format("PRAGMA user_version = {}", kSchemaVersion));
     return statements;

@@ -11,6 +11,7 @@ enum class FieldType { Number16, Number32, Double, Text, Date };
 struct Column {
     std::string name;
     FieldType type;
+    bool isLookedUp = false;  // a text that statements find rows by
 };
 
 /// One of the logbook's tables. Its first column is the key, which the store assigns.
@@ -28,6 +29,11 @@ const std::vector<Table>& tables();
 
 /// The table of that name, without case; nullptr if there is none.
 const Table* findTable(std::string_view name);
+
+/// The condition, in SQL, that a column's value is one that SQLite's own NOCASE cannot compare: it holds more
+/// than plain ASCII, or is no text. An index holds the rows for which it is true, so a query that looks for
+/// them must word it the same.
+std::string isBeyondNocase(const Column& column);
 
 /// The schema's number, kept in the file's user_version.
 inline constexpr int kSchemaVersion = 1;

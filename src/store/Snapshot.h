@@ -18,11 +18,15 @@ public:
     Snapshot(const Snapshot&) = delete;
     Snapshot& operator=(const Snapshot&) = delete;
 
-    [[nodiscard]] const Table& table() const override { return *select_.table; }
+    [[nodiscard]] const Table& table() const { return *select_.table; }
     [[nodiscard]] const std::vector<const Column*>& fields() const { return select_.fields; }
     /// Whether its rows stand for rows of the table, so that they can be changed.
     [[nodiscard]] bool isUpdatable() const { return !select_.distinct; }
     void read() override;
+    /// Rows that are newer than the opening never are: keys only grow.
+    [[nodiscard]] bool mayHold(const Table& in, std::int64_t key) const override {
+        return &in == select_.table && key <= lastKey_;
+    }
 
     [[nodiscard]] std::size_t size();
     [[nodiscard]] StoredRow& row(std::size_t index);

@@ -1,11 +1,11 @@
 #include "store/Sql.h"
 
+#include "runtime/Ascii.h"
 #include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <optional>
 #include <utility>
 
@@ -26,7 +26,7 @@ struct Token {
 }
 
 bool isWordCharacter(char c) {
-    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+    return isDigit(c) || isLetter(c) || c == '_';
 }
 
 /// Cuts a statement into tokens.
@@ -58,8 +58,7 @@ private:
 
     [[nodiscard]] bool startsNumber() const {
         const std::size_t first = rest_.find_first_not_of("+-.");
-        return first <= 2 && first < rest_.size() &&
-               std::isdigit(static_cast<unsigned char>(rest_[first])) != 0;
+        return first <= 2 && first < rest_.size() && isDigit(rest_[first]);
     }
 
     std::string take(std::size_t length) {

@@ -53,7 +53,7 @@ void inspectHead(const fs::path& file) {
         refuse(file, "The logbook was written by a newer version of Tallybrook. Please update the program.");
     if (version != kSchemaVersion)
         refuse(file, "The file belongs to another program. Please move it away.");
-    if (access(file.c_str(), W_OK) != 0 || access(file.parent_path().c_str(), W_OK) != 0)
+    if (access(file.c_str(), W_OK) != 0 || access(fs::absolute(file).parent_path().c_str(), W_OK) != 0)
         refuse(file, "The file or its folder cannot be written. Please check their permissions.");
 }
 
@@ -91,6 +91,9 @@ void makeLogbook(const fs::path& file) {
             database.exec(statement);
         transaction.commit();
     }
+    // What an older logbook of that name has left of a save that was cut off is not this one's.
+    for (const char* companion : {"-journal", "-wal", "-shm"})
+        fs::remove(file.string() + companion);
     fs::rename(unfinished, file);
 }
 

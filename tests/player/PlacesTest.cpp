@@ -7,19 +7,19 @@ namespace tallybrook::test {
 namespace {
 
 TEST(Places, AreNamedWhereverATextHoldsThem) {
-    const Places places("/home/ann/data", "/work/play");
+    const Places places("/home/ann/data", "/srv/play");
     EXPECT_EQ(places.named("/home/ann/data"), "<data>");
     EXPECT_EQ(places.named("/home/ann/data/"), "<data>/");
     EXPECT_EQ(places.named("notepad.exe /home/ann/data/Report.txt"), "notepad.exe <data>/Report.txt");
-    EXPECT_EQ(places.named("copy \"/home/ann/data/a\" to /work/play/b."), "copy \"<data>/a\" to <cwd>/b.");
+    EXPECT_EQ(places.named("copy \"/home/ann/data/a\" to /srv/play/b."), "copy \"<data>/a\" to <cwd>/b.");
     EXPECT_EQ(places.named("It lies in /home/ann/data.\r\nReally."), "It lies in <data>.\r\nReally.");
-    EXPECT_EQ(places.named("It lies in /work/play."), "It lies in <cwd>.");
+    EXPECT_EQ(places.named("It lies in /srv/play."), "It lies in <cwd>.");
     EXPECT_EQ(places.named("no path"), "no path");
     EXPECT_EQ(places.named(""), "");
 }
 
 TEST(Places, AreNamedOnlyAsTheBeginningOfAPath) {
-    const Places places("/home/ann/data", "/work/play");
+    const Places places("/home/ann/data", "/srv/play");
     for (const std::string text :
          {"/home/ann/data2", "/home/ann/data.old", "/home/ann/data-1/x", "/home/ann/dat",
           "/mnt/home/ann/data", "x/home/ann/data", "//home/ann/data", "/home/ann/data\xC3\xA9"})
@@ -27,12 +27,12 @@ TEST(Places, AreNamedOnlyAsTheBeginningOfAPath) {
 }
 
 TEST(Places, TheLongerPathGoesFirst) {
-    const Places inside("/work/play/data", "/work/play");
-    EXPECT_EQ(inside.named("/work/play/data/x, /work/play/x"), "<data>/x, <cwd>/x");
-    const Places around("/work", "/work/play");
-    EXPECT_EQ(around.named("/work/play/x, /work/x"), "<cwd>/x, <data>/x");
-    const Places same("/work", "/work");
-    EXPECT_EQ(same.named("/work/x"), "<data>/x");
+    const Places inside("/srv/play/data", "/srv/play");
+    EXPECT_EQ(inside.named("/srv/play/data/x, /srv/play/x"), "<data>/x, <cwd>/x");
+    const Places around("/srv", "/srv/play");
+    EXPECT_EQ(around.named("/srv/play/x, /srv/x"), "<cwd>/x, <data>/x");
+    const Places same("/srv", "/srv");
+    EXPECT_EQ(same.named("/srv/x"), "<data>/x");
 }
 
 TEST(Places, TheRootIsNoPlace) {

@@ -1,4 +1,5 @@
 #include "Stages.h"
+#include "player/CurrentFolder.h"
 #include "player/PlayApplication.h"
 #include "player/PlayStopped.h"
 #include "player/TemporaryFolder.h"

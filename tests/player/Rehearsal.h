@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TestScreens.h"
+#include "player/CurrentFolder.h"
 #include "player/Player.h"
 #include "player/TemporaryFolder.h"
 

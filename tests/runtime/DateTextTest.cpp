@@ -68,6 +68,15 @@ TEST(DateText, RefusesEverythingElse) {
                              "-1/1/2026",
                              ":",
                              "1:2:3:4",
+                             "9:55 PM",
+                             "12:00:00 AM",
+                             "11/14/2026 9:55:",
+                             "11/14/2026 9:55: PM",
+                             "11/4/5",
+                             "-Nov 14",
+                             "Nov--14",
+                             ",,14 Nov",
+                             "Nov 14,",
                              "\xff\xfe"}) {
         try {
             readDate(text, 2026);

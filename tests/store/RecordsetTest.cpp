@@ -2,6 +2,8 @@
 #include "store/Recordset.h"
 #include "support/TemporaryFolder.h"
 
+#include <limits>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook {
@@ -111,7 +113,9 @@ TEST_F(RecordsetEdges, FailAsTheyShould) {
          [](Recordset& rows) { rows["fldGameNum"] = std::int64_t{5}; },
          {kClosed, kNoRow, 0, kNoRow, kNoRow, 0, 0, kNoRow}},
         {"AddNew", [](Recordset& rows) { rows.AddNew(); }, {kClosed, 0, 0, 0, 0, 0, 0, 0}},
-        {"Update", [](Recordset& rows) { rows.Update(); }, {kClosed, 0, 0, 0, 0, 0, 0, 0}},
+        {"Update",
+         [](Recordset& rows) { rows.Update(); },
+         {kClosed, kNoRow, 0, kNoRow, kNoRow, 0, 0, kNoRow}},
         {"CancelUpdate", [](Recordset& rows) { rows.CancelUpdate(); }, {kClosed, 0, 0, 0, 0, 0, 0, 0}},
         {"Delete",
          [](Recordset& rows) { rows.Delete(); },
@@ -254,6 +258,33 @@ TEST_F(RecordsetEdges, AreSnapshotsHoweverLateTheyAreLookedAt) {
     EXPECT_EQ(stored(), (std::vector<std::string>{"1", "300", "400"}));
 }
 
+TEST_F(RecordsetEdges, KeepEachRowAsItWasBeforeAnotherTouchesIt) {
+    for (std::size_t touched = 0; touched < 3; ++touched) {
+        const std::vector<std::string> before = stored();
+        Recordset unread(store);
+        unread.Open("SELECT * FROM tblGameInfo");
+        Recordset other(store);
+        other.Open("SELECT * FROM tblGameInfo");
+        for (std::size_t i = 0; i < touched; ++i)
+            other.MoveNext();
+        other["fldGameScore"] = std::int64_t{7};
+        other.Update();
+        std::vector<std::string> seen;
+        for (; !unread.Eof(); unread.MoveNext())
+            seen.push_back(toText(unread["fldGameScore"]));
+        EXPECT_EQ(seen, before) << touched;
+    }
+    for (std::size_t left = 3; left > 0; --left) {
+        Recordset unread(store);
+        unread.Open("SELECT * FROM tblGameInfo");
+        Recordset other(store);
+        other.Open("SELECT * FROM tblGameInfo");
+        other.MoveLast();
+        other.Delete();
+        EXPECT_EQ(unread.RecordCount(), static_cast<int>(left));
+    }
+}
+
 TEST_F(RecordsetEdges, MoveOnFromADeletedRow) {
     Recordset rows(store);
     rows.Open("SELECT * FROM tblGameInfo");
@@ -335,6 +366,58 @@ TEST_F(RecordsetEdges, RefuseToChangeDistinctValues) {
     rows.Open("SELECT DISTINCT fldGameNum FROM tblGameInfo");
     EXPECT_EQ(faultOf([&] { rows["fldGameNum"] = std::int64_t{1}; }), error::kValueNotTaken);
     EXPECT_EQ(faultOf([&] { rows.AddNew(); }), error::kValueNotTaken);
+    EXPECT_EQ(faultOf([&] { rows.Delete(); }), error::kValueNotTaken);
+    EXPECT_EQ(stored().size(), 3U);
+}
+
+TEST_F(RecordsetEdges, StoreNoNumberThatIsNone) {
+    Recordset rows(store);
+    rows.Open("SELECT * FROM tblEventInfo");
+    rows.AddNew();
+    rows["fldSeriesAvg"] = 200.5;
+    for (const double none :
+         {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_EQ(faultOf([&] { rows["fldSeriesAvg"] = none; }), error::kValueNotTaken);
+    EXPECT_EQ(toText(rows["fldSeriesAvg"]), "200.5");
+}
+
+TEST_F(RecordsetEdges, KeepAnEditWhoseRowIsGoneUntilItIsCancelled) {
+    Recordset rows(store);
+    rows.Open("SELECT * FROM tblGameInfo");
+    EXPECT_EQ(rows.RecordCount(), 3);
+    Recordset other(store);
+    other.Open("SELECT * FROM tblGameInfo");
+    other.Delete();
+    rows["fldGameScore"] = std::int64_t{5};
+    EXPECT_EQ(faultOf([&] { rows.MoveNext(); }), error::kRowGone);
+    EXPECT_EQ(toText(rows["fldGameScore"]), "5");
+    EXPECT_EQ(faultOf([&] { rows.Resync(); }), error::kRowGone);
+    rows.CancelUpdate();
+    EXPECT_EQ(toText(rows["fldGameScore"]), "100");
+    rows.MoveNext();
+    EXPECT_EQ(toText(rows["fldGameScore"]), "200");
+}
+
+TEST_F(RecordsetEdges, CanBeOpenedAgain) {
+    Recordset rows(store);
+    rows.Open("SELECT * FROM tblGameInfo");
+    rows.MoveLast();
+    rows.AddNew();
+    rows["fldGameScore"] = std::int64_t{9};
+    rows.Close();
+    rows.Open("SELECT * FROM tblGameInfo WHERE fldGameNum = 2");
+    EXPECT_EQ(toText(rows["fldGameScore"]), "200");
+    EXPECT_EQ(stored().size(), 3U);
+}
+
+TEST_F(RecordsetEdges, AreUnharmedByAStatementThatFails) {
+    Recordset rows(store);
+    EXPECT_EQ(faultOf([&] { rows.Open("SELECT * FROM tblGameInfo WHERE fldComment = 'O'Brien'"); }),
+              error::kStatementNotUnderstood);
+    EXPECT_EQ(rows.State(), 0);
+    rows.Open(
+        "SELECT * FROM tblGameInfo WHERE fldComment = 'x' OR fldGameScore LIKE '%'");  // a quote's doing
+    EXPECT_EQ(rows.RecordCount(), 3);
 }
 
 TEST_F(RecordsetEdges, ShowTheRowInBoundBoxes) {
@@ -354,8 +437,46 @@ TEST_F(RecordsetEdges, ShowTheRowInBoundBoxes) {
     rows.MoveLast();
     rows.MoveNext();
     EXPECT_EQ(shown, (std::vector<std::string>{"100", "200", "", "5", "300", ""}));
+    rows.MoveFirst();
+    rows["fldGameScore"] = Null{};
+    rows.Update();
+    control.Refresh();
+    EXPECT_EQ(shown.back(), "");
     control.setRecordSource("SELECT nonsense");
     EXPECT_NE(faultOf([&] { control.Refresh(); }), 0);
+    EXPECT_EQ(faultOf([&] { static_cast<void>(control.recordset()); }), error::kObjectNotSet);
+}
+
+TEST_F(RecordsetEdges, ShowDatesAndNumbersInTheirUsualForms) {
+    Recordset events(store);
+    events.Open("SELECT * FROM tblEventInfo");
+    events.AddNew();
+    events["fldDateBowled"] = "2026-11-04";
+    events["fldSeriesAvg"] = "1,200.50";
+    events.Update();
+    DataControl control(store);
+    std::string shown;
+    for (const char* field : {"fldDateBowled", "fldSeriesAvg", "fldNumGames"})
+        control.bind(field, [&](const std::string& text) { shown += text + "|"; });
+    control.setRecordSource("SELECT * FROM tblEventInfo");
+    control.Refresh();
+    EXPECT_EQ(shown, "11/4/2026|1200.5|0|");
+}
+
+TEST_F(RecordsetEdges, StopShowingWhenABoxUnloadsItsScreen) {
+    DataControl control(store);
+    int shown = 0;
+    bool unloads = false;
+    control.bind("fldGameScore", [&](const std::string&) {
+        if (unloads)
+            control.drop();
+    });
+    control.bind("fldComment", [&](const std::string&) { ++shown; });
+    control.setRecordSource("SELECT * FROM tblGameInfo");
+    control.Refresh();
+    unloads = true;
+    control.recordset().MoveNext();
+    EXPECT_EQ(shown, 1);
     EXPECT_EQ(faultOf([&] { static_cast<void>(control.recordset()); }), error::kObjectNotSet);
 }
 
