@@ -2,6 +2,7 @@
 
 #include "desktop/BoxWindow.h"
 #include "desktop/Dialogs.h"
+#include "desktop/OutlinedStyle.h"
 #include "desktop/QtText.h"
 #include "runtime/EndProgram.h"
 
@@ -22,6 +23,8 @@ DesktopDisplay::DesktopDisplay(std::chrono::milliseconds patience) : patience_(p
     initResources();
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
+    if (dynamic_cast<OutlinedStyle*>(QApplication::style()) == nullptr)
+        QApplication::setStyle(new OutlinedStyle);
 }
 
 DesktopDisplay::~DesktopDisplay() {

@@ -1,5 +1,7 @@
 #include "desktop/PinButton.h"
 
+#include "desktop/Colours.h"
+
 #include <QPainter>
 
 namespace tallybrook {
@@ -7,13 +9,6 @@ namespace tallybrook {
 namespace {
 
 constexpr double kInset = 3.5;  // of the ring from the edge: room for the mark of the focus
-
-/// A colour between two, `share` of the way from the first to the second.
-QColor between(const QColor& first, const QColor& second, double share) {
-    const auto mix = [share](int from, int to) { return static_cast<int>(from + share * (to - from)); };
-    return {mix(first.red(), second.red()), mix(first.green(), second.green()),
-            mix(first.blue(), second.blue())};
-}
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include "desktop/BoxEdits.h"
 #include "desktop/QtText.h"
 
+#include <QApplication>
 #include <QSignalBlocker>
 
 namespace tallybrook {
@@ -11,7 +12,7 @@ namespace {
 
 /// What the user cannot write into is drawn on the window's own ground, and as readable as the rest.
 void drawQuiet(QWidget& widget, bool quiet) {
-    const QPalette usual = widget.parentWidget()->palette();
+    const QPalette usual = QApplication::palette();
     QPalette palette = widget.palette();
     const auto take = [&](QPalette::ColorRole role, QPalette::ColorRole from) {
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})

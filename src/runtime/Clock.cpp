@@ -9,7 +9,10 @@ int Clock::year() const {
 }
 
 DateTime SystemClock::now() const {
-    const std::time_t moment = std::time(nullptr);
+    return localTime(std::time(nullptr));
+}
+
+DateTime localTime(std::time_t moment) {
     std::tm local{};
     localtime_r(&moment, &local);
     return makeDate(local.tm_year + 1900, static_cast<unsigned>(local.tm_mon + 1),

@@ -2,7 +2,12 @@
 
 #include "runtime/DateTime.h"
 
+#include <ctime>
+
 namespace tallybrook {
+
+/// A moment of the machine's clock as local date and time.
+DateTime localTime(std::time_t moment);
 
 /// Where the program takes the time from.
 class Clock {

@@ -1,0 +1,156 @@
+#include "runtime/TextFile.h"
+
+#include "runtime/Clock.h"
+#include "runtime/RunTimeError.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kLineEnd = "\r\n";
+
+bool folderExists(const fs::path& file) {
+    std::error_code ignored;
+    const fs::path folder = file.parent_path();
+    return folder.empty() || fs::is_directory(folder, ignored);
+}
+
+/// Why a file could not be opened for reading.
+int refusalToRead(const fs::path& file) {
+    std::error_code ignored;
+    if (!folderExists(file))
+        return error::kPathNotFound;
+    return fs::exists(file, ignored) ? error::kPathFileAccess : error::kFileNotFound;
+}
+
+std::string bytesOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream || !fileExists(file))
+        throw RunTimeError(refusalToRead(file));
+    std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+    if (stream.bad())
+        throw RunTimeError(error::kPathFileAccess);
+    return bytes;
+}
+
+void requireFile(const fs::path& file) {
+    if (!fileExists(file))
+        throw RunTimeError(error::kFileNotFound);
+}
+
+[[noreturn]] void writingFailed() {
+    throw RunTimeError(errno == ENOSPC ? error::kDiskFull : error::kPathFileAccess);
+}
+
+std::FILE* openForWriting(const fs::path& file, TextWriter::Mode mode) {
+    const bool appends = mode == TextWriter::Mode::Append;
+    const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (appends ? O_APPEND : O_TRUNC),
+                                S_IRUSR | S_IWUSR);
+    if (descriptor < 0)
+        throw RunTimeError(folderExists(file) ? error::kPathFileAccess : error::kPathNotFound);
+    std::FILE* const stream = fdopen(descriptor, appends ? "ab" : "wb");
+    if (stream == nullptr) {
+        ::close(descriptor);
+        throw RunTimeError(error::kOutOfMemory);
+    }
+    return stream;
+}
+
+}  // namespace
+
+TextReader::TextReader(const fs::path& file) : bytes_(bytesOf(file)), encoding_(encodingOf(bytes_)) {
+    if (bytes_.starts_with(kByteOrderMark))
+        next_ = kByteOrderMark.size();
+}
+
+void TextReader::requireOpen() const {
+    if (!isOpen_)
+        throw RunTimeError(error::kBadFileNameOrNumber);
+}
+
+bool TextReader::atEnd() const {
+    requireOpen();
+    return next_ >= bytes_.size();
+}
+
+std::string TextReader::readLine() {
+    if (atEnd())
+        throw RunTimeError(error::kInputPastEndOfFile);
+    const std::size_t end = std::min(bytes_.find_first_of(kLineEnd, next_), bytes_.size());
+    const std::string_view line = std::string_view(bytes_).substr(next_, end - next_);
+    const bool bothSigns = std::string_view(bytes_).substr(end).starts_with(kLineEnd);
+    next_ = end + (bothSigns ? kLineEnd.size() : 1);
+    return decoded(line, encoding_);
+}
+
+TextWriter::TextWriter(const fs::path& file, Mode mode, Encoding encoding)
+    : stream_(openForWriting(file, mode)), encoding_(encoding) {}
+
+void TextWriter::write(std::string_view text) {
+    if (!stream_)
+        throw RunTimeError(error::kBadFileNameOrNumber);
+    const std::string bytes = encoded(text, encoding_);
+    if (std::fwrite(bytes.data(), 1, bytes.size(), stream_.get()) != bytes.size())
+        writingFailed();
+}
+
+void TextWriter::writeLine(std::string_view line) {
+    write(line);
+    write(kLineEnd);
+}
+
+void TextWriter::close() {
+    if (stream_ && std::fclose(stream_.release()) != 0)
+        writingFailed();
+}
+
+bool fileExists(const fs::path& file) {
+    std::error_code ignored;
+    return fs::is_regular_file(file, ignored);
+}
+
+void copyFile(const fs::path& from, const fs::path& to) {
+    requireFile(from);
+    if (!folderExists(to))
+        throw RunTimeError(error::kPathNotFound);
+    std::error_code failure;
+    fs::copy_file(from, to, fs::copy_options::overwrite_existing, failure);
+    if (failure)
+        throw RunTimeError(failure == std::errc::no_space_on_device ? error::kDiskFull
+                                                                    : error::kPermissionDenied);
+}
+
+void deleteFile(const fs::path& file) {
+    requireFile(file);
+    std::error_code failure;
+    fs::remove(file, failure);
+    if (failure)
+        throw RunTimeError(error::kPermissionDenied);
+}
+
+std::uintmax_t fileLength(const fs::path& file) {
+    requireFile(file);
+    return fs::file_size(file);
+}
+
+DateTime fileDate(const fs::path& file) {
+    struct stat status {};
+    if (!fileExists(file) || stat(file.c_str(), &status) != 0)
+        throw RunTimeError(error::kFileNotFound);
+    return localTime(status.st_mtime);
+}
+
+}  // namespace tallybrook
