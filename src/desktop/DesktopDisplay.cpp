@@ -30,7 +30,7 @@ DesktopDisplay::DesktopDisplay(std::chrono::milliseconds patience) : patience_(p
 DesktopDisplay::~DesktopDisplay() {
     for (const auto& [screen, window] : windows_)
         window->letGo();
-    pointer(Pointer::Default);
+    DesktopDisplay::pointer(Pointer::Default);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -16,10 +16,9 @@ struct Outline {
     double radius;  // of the corners, in pixels
 };
 
-constexpr std::array<Outline, 5> kOutlines{{
+constexpr std::array<Outline, 4> kOutlines{{
     {QStyle::PE_PanelLineEdit, 2},
     {QStyle::PE_Frame, 2},
-    {QStyle::PE_FrameGroupBox, 2},
     {QStyle::PE_IndicatorCheckBox, 2},
     {QStyle::PE_IndicatorRadioButton, 99},
 }};
