@@ -1,0 +1,197 @@
+#include "Desktop.h"
+#include "desktop/Dialogs.h"
+
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <fstream>
+
+namespace tallybrook::test {
+
+class BoxTest : public Desktop {
+protected:
+    void pressInNext(Qt::Key key) {
+        hands.expect([key](QDialog& box) { QTest::keyClick(&box, key); });
+    }
+    void closeNext() {
+        hands.expect([](QDialog& box) { box.close(); });
+    }
+    static void clickButton(QDialog& window, QDialogButtonBox::StandardButton button) {
+        QTest::mouseClick(window.findChild<QDialogButtonBox*>()->button(button), Qt::LeftButton);
+    }
+    std::optional<std::string> input(const InputBox& box) {
+        std::optional<std::string> given;
+        display.perform([&] { given = display.inputBox(box); });
+        return given;
+    }
+    std::optional<std::filesystem::path> choose(const FileDialog& dialog) {
+        std::optional<std::filesystem::path> file;
+        display.perform([&] { file = display.fileDialog(dialog); });
+        return file;
+    }
+};
+
+TEST_F(BoxTest, ShowsWhatItIsTold) {
+    hands.expect([this](QDialog& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.objectName(), "messageBox");
+        EXPECT_EQ(box.windowTitle(), "Sure?");
+        EXPECT_EQ(box.text(), "<b>Save</b> it?\nNow & here?");
+        EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.icon(), QMessageBox::Question);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(box.defaultButton(), box.button(QMessageBox::No));
+        EXPECT_EQ(box.windowModality(), Qt::ApplicationModal);
+        EXPECT_EQ(box.parentWidget(), &this->window());
+        QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton);
+    });
+    EXPECT_EQ(ask({.text = "<b>Save</b> it?\r\nNow & here?",
+                   .title = "Sure?",
+                   .buttons = Buttons::YesNo,
+                   .icon = Icon::Question,
+                   .preset = Answer::No}),
+              Answer::Yes);
+}
+
+TEST_F(BoxTest, EveryButtonAnswers) {
+    for (const Buttons buttons : {Buttons::OK, Buttons::OKCancel, Buttons::YesNo, Buttons::RetryCancel}) {
+        for (const Answer answer : answersOf(buttons)) {
+            answerNext(answer);
+            EXPECT_EQ(ask({.text = "Well?", .buttons = buttons}), answer);
+        }
+    }
+}
+
+TEST_F(BoxTest, EveryIconIsItsOwn) {
+    const std::vector<std::pair<Icon, QMessageBox::Icon>> icons{
+        {Icon::None, QMessageBox::NoIcon},
+        {Icon::Question, QMessageBox::Question},
+        {Icon::Information, QMessageBox::Information},
+        {Icon::Warning, QMessageBox::Warning},
+        {Icon::Critical, QMessageBox::Critical},
+    };
+    for (const auto& [icon, shown] : icons)
+        EXPECT_EQ(BoxWindow({.text = "Well?", .icon = icon}, nullptr).icon(), shown);
+}
+
+TEST_F(BoxTest, ReturnPressesTheDefaultButton) {
+    pressInNext(Qt::Key_Return);
+    EXPECT_EQ(ask({.text = "Well?", .buttons = Buttons::OKCancel, .preset = Answer::Cancel}), Answer::Cancel);
+    pressInNext(Qt::Key_Return);
+    EXPECT_EQ(ask({.text = "Well?", .buttons = Buttons::YesNo}), Answer::Yes);
+}
+
+TEST_F(BoxTest, EscapeAndClosingCancel) {
+    const std::vector<std::pair<Buttons, Answer>> answers{{Buttons::OK, Answer::OK},
+                                                          {Buttons::OKCancel, Answer::Cancel},
+                                                          {Buttons::RetryCancel, Answer::Cancel}};
+    for (const auto& [buttons, answer] : answers) {
+        pressInNext(Qt::Key_Escape);
+        EXPECT_EQ(ask({.text = "Well?", .buttons = buttons}), answer);
+        closeNext();
+        EXPECT_EQ(ask({.text = "Well?", .buttons = buttons}), answer);
+    }
+}
+
+TEST_F(BoxTest, YesOrNoMustBeAnswered) {
+    hands.expect([](QDialog& box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        EXPECT_TRUE(box.isVisible());
+        box.close();
+        EXPECT_TRUE(box.isVisible());
+        EXPECT_FALSE(box.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        QTest::mouseClick(dynamic_cast<QMessageBox&>(box).button(QMessageBox::No), Qt::LeftButton);
+    });
+    EXPECT_EQ(ask({.text = "Well?", .buttons = Buttons::YesNo}), Answer::No);
+}
+
+TEST_F(BoxTest, WhatItIsAboutIsSeen) {
+    hands.expect([this](QDialog& box) {
+        EXPECT_EQ(widget<QLineEdit>(screen().txtName).text(), "wrong");
+        EXPECT_EQ(window().focusWidget(), &widget(screen().cmdGo));
+        box.close();
+    });
+    display.perform([this] {
+        screen().txtName.setText("wrong");
+        screen().cmdGo.focus();
+        display.messageBox({.text = "That is wrong."});
+    });
+}
+
+TEST_F(BoxTest, InputBoxGivesTheText) {
+    hands.expect([](QDialog& window) {
+        auto& box = dynamic_cast<QInputDialog&>(window);
+        EXPECT_EQ(box.windowTitle(), "Question");
+        EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
+        QTest::keyClicks(box.findChild<QLineEdit*>(), "forty-two");
+        clickButton(box, QDialogButtonBox::Ok);
+    });
+    EXPECT_EQ(input({.text = "<i>What</i> & why?", .title = "Question"}), "forty-two");
+}
+
+TEST_F(BoxTest, InputBoxCanBeCancelled) {
+    hands.expect([](QDialog& window) { clickButton(window, QDialogButtonBox::Cancel); });
+    EXPECT_EQ(input({.text = "What?"}), std::nullopt);
+}
+
+class FileDialogTest : public BoxTest {
+protected:
+    FileDialogTest() {
+        std::filesystem::create_directory(files);
+        std::ofstream(files / "night.txt") << "9/";
+    }
+    ~FileDialogTest() override { std::filesystem::current_path(before); }
+
+    static void enter(QDialog& window, const QString& name, QDialogButtonBox::StandardButton button) {
+        auto* const line = window.findChild<QLineEdit*>("fileNameEdit");
+        line->setCompleter(nullptr);
+        line->clear();
+        QTest::keyClicks(line, name);
+        clickButton(window, button);
+    }
+
+    const std::filesystem::path before = std::filesystem::current_path();
+    const std::filesystem::path files = folder.path() / "files";
+};
+
+TEST_F(FileDialogTest, OpensAFileAndMovesToItsFolder) {
+    hands.expect([this](QDialog& window) {
+        auto& dialog = dynamic_cast<QFileDialog&>(window);
+        EXPECT_EQ(dialog.windowTitle(), "Which File");
+        EXPECT_EQ(dialog.directory().path().toStdString(), files.string());
+        EXPECT_EQ(dialog.nameFilters(), (QStringList{"Text files (*.txt *.csv)", "All files (*.*)"}));
+        EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+        enter(dialog, "night.txt", QDialogButtonBox::Open);
+    });
+    EXPECT_EQ(choose({.title = "Which File",
+                      .folder = files.string(),
+                      .filter = "Text files|*.txt;*.csv|All files (*.*)|*.*",
+                      .name = ""}),
+              files / "night.txt");
+    EXPECT_EQ(std::filesystem::current_path(), files);
+}
+
+TEST_F(FileDialogTest, SavesUnderTheNameOffered) {
+    hands.expect([](QDialog& window) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(window).acceptMode(), QFileDialog::AcceptSave);
+        clickButton(window, QDialogButtonBox::Save);
+    });
+    EXPECT_EQ(choose({.purpose = FileDialog::Purpose::Save,
+                      .title = "Save",
+                      .folder = files.string(),
+                      .filter = "Text files (*.txt)|*.txt",
+                      .name = "new.txt"}),
+              files / "new.txt");
+}
+
+TEST_F(FileDialogTest, CancelledGivesNothingAndMovesNowhere) {
+    hands.expect([](QDialog& window) { clickButton(window, QDialogButtonBox::Cancel); });
+    EXPECT_EQ(choose({.title = "Which File", .folder = files.string(), .filter = "", .name = ""}),
+              std::nullopt);
+    EXPECT_EQ(std::filesystem::current_path(), before);
+}
+
+}  // namespace tallybrook::test

@@ -1,0 +1,203 @@
+#include "Desktop.h"
+#include "runtime/EndProgram.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <stdexcept>
+
+namespace tallybrook::test {
+
+using DesktopDisplayTest = Desktop;
+
+TEST_F(DesktopDisplayTest, ScreenIsAWindowInTheMiddle) {
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_EQ(window().windowTitle(), "A Test <b>Screen</b>");
+    EXPECT_EQ(window().objectName(), "frmMain");
+    const QPoint middle = window().screen()->availableGeometry().center();
+    EXPECT_LE((window().geometry().center() - middle).manhattanLength(), 4);
+}
+
+TEST_F(DesktopDisplayTest, WindowsComeAndGoWithTheirScreens) {
+    display.perform([this] {
+        program.screens.hide(screen());
+        program.screens.load("frmOther");
+    });
+    EXPECT_FALSE(window().isVisible());
+    const QPointer<QWidget> other = display.windowOf(screen<frmOther>("frmOther"));
+    EXPECT_TRUE(other->isVisible());
+    QTest::mouseClick(&widget(screen<frmOther>("frmOther").cmdBack), Qt::LeftButton);
+    EXPECT_TRUE(window().isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(other.isNull());
+}
+
+TEST_F(DesktopDisplayTest, WindowIsRaisedAndRestored) {
+    load("frmOther");
+    window().showMinimized();
+    display.perform([this] { program.screens.show(screen()); });
+    EXPECT_FALSE(window().isMinimized());
+    EXPECT_EQ(program.screens.front(), &screen());
+}
+
+TEST_F(DesktopDisplayTest, TitleBarsCloseIsTheScreens) {
+    EXPECT_FALSE(window().close());
+    EXPECT_EQ(log(), Lines{"close"});
+    EXPECT_TRUE(window().isVisible());
+}
+
+TEST_F(DesktopDisplayTest, ProgramEndsInTheMiddleOfAClick) {
+    const QPointer<QWidget> going = &window();
+    screen().cmdGo.onClick = [] { throw EndProgram{}; };
+    click(screen().cmdGo);
+    EXPECT_TRUE(program.hasEnded());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(going.isNull());
+    bool ran = false;
+    display.perform([&] { ran = true; });
+    EXPECT_FALSE(ran);
+}
+
+TEST_F(DesktopDisplayTest, UncaughtFailureIsShownAndEndsTheProgram) {
+    hands.expect([](QDialog& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.windowTitle(), "Tallybrook");
+        EXPECT_EQ(box.text(), "Run-time error '13':\n\nType mismatch");
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+        box.close();
+    });
+    screen().cmdGo.onClick = [] { throw RunTimeError(error::kTypeMismatch); };
+    click(screen().cmdGo);
+    EXPECT_TRUE(program.hasEnded());
+}
+
+TEST_F(DesktopDisplayTest, WhatTheProgramDoesNotTakeIsKept) {
+    screen().cmdGo.onClick = [] { throw std::logic_error("a fault"); };
+    click(screen().cmdGo);
+    const std::exception_ptr failure = display.takeFailure();
+    ASSERT_NE(failure, nullptr);
+    EXPECT_THROW(std::rethrow_exception(failure), std::logic_error);
+    EXPECT_EQ(display.takeFailure(), nullptr);
+}
+
+TEST_F(DesktopDisplayTest, PointerIsBusyOrNot) {
+    display.pointer(Pointer::Busy);
+    display.pointer(Pointer::Busy);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    display.pointer(Pointer::Default);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DesktopDisplayTest, ViewerThatIsNotThereIsAMissingFile) {
+    try {
+        display.startViewer(folder.path() / "Report.txt");
+        FAIL() << "there is no viewer";
+    } catch (const RunTimeError& failure) {
+        EXPECT_EQ(failure.number(), error::kFileNotFound);
+    }
+}
+
+// --- Waiting for a record ----------------------------------------------------------------------------------
+
+class WaitingTest : public Desktop {
+protected:
+    /// Has the screen's procedure wait until it is given up, or 500 tries are over.
+    void wait() {
+        display.perform([this] {
+            for (tries = 1; tries <= 500; ++tries)
+                display.retrying("A Screen, A_Procedure.", tries);
+        });
+    }
+    static QDialog* notice() { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); }
+    /// Once the notice is up, clicks on one of its buttons.
+    void clickOnNotice(const QString& caption) {
+        QObject::connect(&timer, &QTimer::timeout, &timer, [this, caption] {
+            if (notice() == nullptr)
+                return;
+            timer.stop();
+            for (QPushButton* const button : notice()->findChildren<QPushButton*>()) {
+                if (button->text() == caption)
+                    QTest::mouseClick(button, Qt::LeftButton);
+            }
+        });
+        timer.start(1);
+    }
+
+    QTimer timer;
+    int tries = 0;
+};
+
+TEST_F(WaitingTest, UserMayCloseTheScreen) {
+    load("frmOther");
+    program.waiting = &screen();
+    clickOnNotice("Close Screen");
+    wait();
+    EXPECT_LT(tries, 500);
+    EXPECT_EQ(program.screens.find("frmMain"), nullptr);
+    EXPECT_EQ(program.screens.front(), program.screens.find("frmOther"));
+    EXPECT_EQ(notice(), nullptr);
+}
+
+TEST_F(WaitingTest, LastLoadedScreenIsClosedWhereNobodyHasToldWhichWaits) {
+    load("frmOther");
+    clickOnNotice("Close Screen");
+    wait();
+    EXPECT_EQ(program.screens.find("frmOther"), nullptr);
+}
+
+TEST_F(WaitingTest, ClosingTheOnlyScreenEndsTheProgram) {
+    clickOnNotice("Close Screen");
+    wait();
+    EXPECT_TRUE(program.hasEnded());
+}
+
+TEST_F(WaitingTest, UserMayEndTheProgram) {
+    load("frmOther");
+    clickOnNotice("End Tallybrook");
+    wait();
+    EXPECT_TRUE(program.hasEnded());
+    EXPECT_EQ(notice(), nullptr);
+}
+
+TEST_F(WaitingTest, NoticeTellsWhatIsWaitedForAndStays) {
+    bool wasSeen = false;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        if (notice() == nullptr || std::exchange(wasSeen, true))
+            return;
+        EXPECT_EQ(notice()->findChild<QLabel*>()->text(),
+                  "Tallybrook is waiting for a record that is not there.");
+        QTest::keyClick(notice(), Qt::Key_Escape);
+        QTest::keyClick(notice(), Qt::Key_Return);
+        notice()->close();
+        EXPECT_TRUE(notice()->isVisible());
+    });
+    timer.start(1);
+    display.perform([this] {
+        for (tries = 1; tries <= 20; ++tries)
+            display.retrying("A Screen, A_Procedure.", tries);
+    });
+    EXPECT_TRUE(wasSeen);
+    EXPECT_EQ(notice(), nullptr);
+    EXPECT_FALSE(program.hasEnded());
+}
+
+TEST_F(WaitingTest, ShortWaitShowsNothing) {
+    display.perform([this] {
+        display.retrying("A Screen, A_Procedure.", 1);
+        display.retrying("A Screen, A_Procedure.", 2);
+    });
+    EXPECT_EQ(notice(), nullptr);
+}
+
+TEST_F(WaitingTest, NoticeGoesWhenABoxComes) {
+    answerNext(Answer::OK);
+    display.perform([this] {
+        for (tries = 1; tries <= 20; ++tries)
+            display.retrying("A Screen, A_Procedure.", tries);
+        ASSERT_NE(notice(), nullptr);
+        display.messageBox({.text = "Found."});
+    });
+}
+
+}  // namespace tallybrook::test

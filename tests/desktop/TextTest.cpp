@@ -1,0 +1,141 @@
+#include "Desktop.h"
+
+#include <QClipboard>
+#include <QPlainTextEdit>
+
+namespace tallybrook::test {
+
+class TextTest : public Desktop {
+protected:
+    QLineEdit& nameEdit() { return widget<QLineEdit>(screen().txtName); }
+    QPlainTextEdit& linesEdit() { return widget<QPlainTextEdit>(screen().txtLines); }
+    void setText(TextBox& box, const std::string& text) {
+        display.perform([&] { box.setText(text); });
+    }
+    void paste(const QString& text) {
+        QApplication::clipboard()->setText(text);
+        press(Qt::Key_V, Qt::ControlModifier);
+    }
+};
+
+TEST_F(TextTest, TypedTextIsTheScreens) {
+    Lines changes;
+    screen().txtName.onChange = [&] { changes.push_back(screen().txtName.text()); };
+    type("Al");
+    EXPECT_EQ(changes, (Lines{"A", "Al"}));
+}
+
+TEST_F(TextTest, TypingReplacesWhatIsSelected) {
+    setText(screen().txtShort, "abc");
+    click(screen().txtShort);
+    type("x");
+    EXPECT_EQ(screen().txtShort.text(), "x");
+    EXPECT_FALSE(screen().txtShort.isAllSelected());
+}
+
+TEST_F(TextTest, WhatTheScreenMakesOfItIsShown) {
+    screen().txtName.onChange = [this] {
+        if (screen().txtName.text() == "a")
+            screen().txtName.setText("[a]");
+    };
+    type("a");
+    EXPECT_EQ(nameEdit().text(), "[a]");
+}
+
+TEST_F(TextTest, LimitHoldsForTypingAndPasting) {
+    click(screen().txtShort);
+    type("abcd");
+    EXPECT_EQ(screen().txtShort.text(), "abc");
+    press(Qt::Key_Home);
+    type("x");
+    EXPECT_EQ(screen().txtShort.text(), "abc");
+    press(Qt::Key_A, Qt::ControlModifier);
+    paste(QString::fromUtf8("ä\xF0\x9F\x8E\xB3\xF0\x9F\x8E\xB3yz"));
+    EXPECT_EQ(screen().txtShort.text(), "ä\xF0\x9F\x8E\xB3\xF0\x9F\x8E\xB3");
+}
+
+TEST_F(TextTest, TextFromCodeIsNotCut) {
+    setText(screen().txtShort, "abcdef");
+    EXPECT_EQ(widget<QLineEdit>(screen().txtShort).text(), "abcdef");
+    const std::string endless(100'000, 'x');
+    setText(screen().txtName, endless);
+    EXPECT_EQ(nameEdit().text().size(), 100'000);
+}
+
+TEST_F(TextTest, CursorStaysWhereTheUserIs) {
+    type("abcd");
+    nameEdit().setCursorPosition(1);
+    display.perform([] {});
+    EXPECT_EQ(nameEdit().cursorPosition(), 1);
+}
+
+TEST_F(TextTest, SelectionIsTheScreens) {
+    setText(screen().txtName, "abc");
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(screen().txtName.isAllSelected());
+    press(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_FALSE(screen().txtName.isAllSelected());
+    type("d");
+    EXPECT_EQ(screen().txtName.text(), "abcd");
+}
+
+TEST_F(TextTest, SelectionOutlastsABoxAndAMenu) {
+    setText(screen().txtName, "abc");
+    press(Qt::Key_A, Qt::ControlModifier);
+    answerNext(Answer::OK);
+    ask({.text = "Well?"});
+    EXPECT_EQ(nameEdit().selectedText(), "abc");
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    press(Qt::Key_F, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
+    QTest::qWait(1);
+    EXPECT_EQ(window().focusWidget(), &nameEdit());
+    EXPECT_EQ(nameEdit().selectedText(), "abc");
+}
+
+TEST_F(TextTest, ReadOnlyBoxTakesNothing) {
+    setText(screen().txtShown, "as it is");
+    click(screen().txtShown);
+    type("x");
+    EXPECT_EQ(screen().txtShown.text(), "as it is");
+    EXPECT_EQ(widget<QLineEdit>(screen().txtShown).text(), "as it is");
+}
+
+TEST_F(TextTest, WhatCannotBeWrittenIntoIsQuietButReadable) {
+    setText(screen().cellOne, "X");
+    const QPalette& usual = window().palette();
+    const QPalette& off = widget(screen().cellOne).palette();
+    EXPECT_EQ(off.color(QPalette::Disabled, QPalette::Text),
+              usual.color(QPalette::Active, QPalette::WindowText));
+    EXPECT_EQ(off.color(QPalette::Disabled, QPalette::Base), usual.color(QPalette::Active, QPalette::Window));
+    display.perform([this] { screen().cellOne.setEnabled(true); });
+    EXPECT_EQ(widget(screen().cellOne).palette().color(QPalette::Base), usual.color(QPalette::Base));
+}
+
+TEST_F(TextTest, LinesAreEndedAsTheToolkitDoes) {
+    setText(screen().txtLines, "one\r\ntwo\rthree");
+    EXPECT_EQ(linesEdit().toPlainText(), "one\ntwo\nthree");
+    click(screen().txtLines);
+    EXPECT_TRUE(linesEdit().textCursor().hasSelection());
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_FALSE(screen().txtLines.isAllSelected());
+    type("!");
+    EXPECT_EQ(screen().txtLines.text(), "one\ntwo\nthree!");
+}
+
+TEST_F(TextTest, BlanksThatDoNotBreakStay) {
+    setText(screen().txtLines, "a\u00a0b");
+    click(screen().txtLines);
+    press(Qt::Key_End, Qt::ControlModifier);
+    type("c");
+    EXPECT_EQ(screen().txtLines.text(), "a\u00a0bc");
+}
+
+TEST_F(TextTest, NothingIsDroppedIntoABox) {
+    EXPECT_FALSE(nameEdit().acceptDrops());
+    EXPECT_FALSE(linesEdit().acceptDrops());
+}
+
+}  // namespace tallybrook::test
