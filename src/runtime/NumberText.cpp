@@ -2,6 +2,7 @@
 #include "runtime/TextForms.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
@@ -137,6 +138,15 @@ std::string doubleText(double number) {
         return "0";
     return fmt::format("{}", number).ends_with(".0") ? fmt::format("{:.0f}", number)
                                                      : fmt::format("{}", number);
+}
+
+std::string plainDecimal(double number) {
+    if (number == 0)
+        return "0";
+    std::array<char, 400> digits{};  // the longest has 309 before the point, or 341 behind it
+    const auto written =
+        std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
+    return {digits.data(), written.ptr};
 }
 
 }  // namespace tallybrook

@@ -1,5 +1,7 @@
 #include "runtime/TextCompare.h"
 
+#include "runtime/Ascii.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <vector>
@@ -10,10 +12,21 @@ namespace tallybrook {
 
 namespace {
 
+constexpr utf8proc_int32_t kEndOfAscii = 0x80;
+
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < kEndOfAscii;
+}
+
 /// Takes the first character off the text. A byte that is no UTF-8 becomes a code point of its own, beyond
 /// all real ones.
 utf8proc_int32_t takeCharacter(std::string_view& text) {
     constexpr utf8proc_int32_t kBeyondUnicode = 0x110000;
+    if (isAscii(text.front())) {
+        const char character = text.front();
+        text.remove_prefix(1);
+        return character;
+    }
     utf8proc_int32_t codePoint = 0;
     const auto* const bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data());
     const utf8proc_ssize_t taken =
@@ -27,12 +40,28 @@ utf8proc_int32_t takeCharacter(std::string_view& text) {
     return codePoint;
 }
 
+/// Puts the character back as it was taken.
+void appendCharacter(std::string& text, utf8proc_int32_t codePoint) {
+    constexpr utf8proc_int32_t kLastCodePoint = 0x10FFFF;
+    if (codePoint > kLastCodePoint) {
+        text += static_cast<char>(codePoint - kLastCodePoint - 1);
+        return;
+    }
+    utf8proc_uint8_t encoded[4];
+    const auto length = static_cast<std::size_t>(utf8proc_encode_char(codePoint, encoded));
+    text.append(reinterpret_cast<const char*>(encoded), length);
+}
+
 /// The folded code points of a text.
 std::vector<utf8proc_int32_t> folded(std::string_view text) {
     std::vector<utf8proc_int32_t> codePoints;
     codePoints.reserve(text.size());
     while (!text.empty()) {
         const utf8proc_int32_t codePoint = takeCharacter(text);
+        if (codePoint < kEndOfAscii) {
+            codePoints.push_back(toLower(static_cast<char>(codePoint)));
+            continue;
+        }
         constexpr std::size_t kLongestFolding = 4;
         utf8proc_int32_t buffer[kLongestFolding];
         int boundClass = 0;
@@ -49,21 +78,28 @@ std::vector<utf8proc_int32_t> folded(std::string_view text) {
 }  // namespace
 
 std::string foldCase(std::string_view text) {
-    constexpr utf8proc_int32_t kLastCodePoint = 0x10FFFF;
     std::string bytes;
-    for (const utf8proc_int32_t codePoint : folded(text)) {
-        if (codePoint > kLastCodePoint) {
-            bytes += static_cast<char>(codePoint - kLastCodePoint - 1);
-            continue;
-        }
-        utf8proc_uint8_t encoded[4];
-        const auto length = static_cast<std::size_t>(utf8proc_encode_char(codePoint, encoded));
-        bytes.append(reinterpret_cast<const char*>(encoded), length);
-    }
+    for (const utf8proc_int32_t codePoint : folded(text))
+        appendCharacter(bytes, codePoint);
     return bytes;
 }
 
+std::string upperCase(std::string_view text) {
+    std::string capitals;
+    while (!text.empty())
+        appendCharacter(capitals, utf8proc_toupper(takeCharacter(text)));
+    return capitals;
+}
+
 int compareText(std::string_view a, std::string_view b) {
+    while (!a.empty() && !b.empty() && isAscii(a.front()) && isAscii(b.front())) {
+        const char left = toLower(a.front());
+        const char right = toLower(b.front());
+        if (left != right)
+            return left < right ? -1 : 1;
+        a.remove_prefix(1);
+        b.remove_prefix(1);
+    }
     const auto left = folded(a);
     const auto right = folded(b);
     const auto order =

@@ -11,6 +11,9 @@ namespace tallybrook {
 /// The text with every letter folded, so that texts that differ only in case become equal.
 std::string foldCase(std::string_view text);
 
+/// The text in capitals.
+std::string upperCase(std::string_view text);
+
 /// Below, equal to or above 0 as `a` comes before, with or after `b`, without case, by code points.
 int compareText(std::string_view a, std::string_view b);
 

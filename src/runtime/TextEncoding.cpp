@@ -74,4 +74,23 @@ std::string encoded(std::string_view text, Encoding encoding) {
     return bytes;
 }
 
+std::u32string charactersOf(std::string_view text) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    std::u32string characters;
+    characters.reserve(text.size());
+    while (!text.empty()) {
+        const utf8proc_int32_t codePoint = takeCodePoint(text);
+        characters += codePoint < 0 ? kReplacement : static_cast<char32_t>(codePoint);
+    }
+    return characters;
+}
+
+std::string textOf(std::u32string_view characters) {
+    std::string text;
+    text.reserve(characters.size());
+    for (const char32_t character : characters)
+        append(text, static_cast<utf8proc_int32_t>(character));
+    return text;
+}
+
 }  // namespace tallybrook

@@ -51,6 +51,42 @@ void requireFile(const fs::path& file) {
         throw RunTimeError(error::kFileNotFound);
 }
 
+/// Whether a copy of a file may take the place of what is at the target, if anything is.
+bool canBeReplacedBy(const fs::path& from, const fs::path& target) {
+    std::error_code ignored;
+    return !fs::exists(target, ignored) || (fileExists(target) && !fs::equivalent(from, target, ignored) &&
+                                            access(target.c_str(), W_OK) == 0);
+}
+
+/// Brings a file, or the names in a folder, to the disk.
+std::error_code bringToDisk(const fs::path& path) {
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool done = descriptor >= 0 && fsync(descriptor) == 0;
+    const std::error_code failure =
+        done ? std::error_code{} : std::error_code(errno, std::generic_category());
+    if (descriptor >= 0)
+        ::close(descriptor);
+    return failure;
+}
+
+/// Makes the copy under another name, and puts it in its place when all of it is on the disk.
+void replaceByCopy(const fs::path& from, const fs::path& target, std::error_code& failure) {
+    const fs::path unfinished = target.string() + ".new";
+    std::error_code ignored;
+    fs::remove(unfinished, ignored);
+    fs::copy_file(from, unfinished, failure);
+    if (!failure && fileExists(target))
+        fs::permissions(unfinished, fs::status(target).permissions(), failure);
+    if (!failure)
+        failure = bringToDisk(unfinished);
+    if (!failure)
+        fs::rename(unfinished, target, failure);
+    if (failure)
+        fs::remove(unfinished, ignored);
+    else
+        bringToDisk(target.parent_path());  // not every file system can; the copy is whole either way
+}
+
 [[noreturn]] void writingFailed() {
     throw RunTimeError(errno == ENOSPC ? error::kDiskFull : error::kPathFileAccess);
 }
@@ -127,7 +163,10 @@ void copyFile(const fs::path& from, const fs::path& to) {
     if (!folderExists(to))
         throw RunTimeError(error::kPathNotFound);
     std::error_code failure;
-    fs::copy_file(from, to, fs::copy_options::overwrite_existing, failure);
+    const fs::path target = fs::weakly_canonical(to, failure);
+    if (failure || !canBeReplacedBy(from, target))
+        throw RunTimeError(error::kPermissionDenied);
+    replaceByCopy(from, target, failure);
     if (failure)
         throw RunTimeError(failure == std::errc::no_space_on_device ? error::kDiskFull
                                                                     : error::kPermissionDenied);

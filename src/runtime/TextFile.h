@@ -64,8 +64,9 @@ private:
 /// Whether there is a file, not a folder, of that name.
 bool fileExists(const std::filesystem::path& file);
 
-/// Copies a file over what is there. Error 53 where there is no source, 76 where the target's folder is
-/// missing, 61 where the disk is full, 70 for any other refusal.
+/// Copies a file over what is there, whole or not at all, and so that it is on the disk afterwards. What is
+/// there keeps its permissions. Error 53 where there is no source, 76 where the target's folder is missing,
+/// 61 where the disk is full, 70 for any other refusal.
 void copyFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Deletes a file. Error 53 where there is none, 70 for any other refusal.

@@ -46,4 +46,7 @@ double readFormatted(std::string_view text);
 /// The shortest text that reads back as the same double, without a point for a whole number.
 std::string doubleText(double number);
 
+/// The same without an exponent, however large or small the number.
+std::string plainDecimal(double number);
+
 }  // namespace tallybrook

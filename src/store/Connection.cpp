@@ -3,6 +3,7 @@
 #include "runtime/TextCompare.h"
 #include "store/Query.h"
 
+#include <fmt/format.h>
 #include <sqlite3.h>
 
 namespace tallybrook {
@@ -59,10 +60,11 @@ void addTextFunctions(sqlite3* handle) {
 }  // namespace
 
 Store::Connection::Connection(const std::filesystem::path& file, const Clock& clock)
-    : clock_(clock), database_(file.string(), SQLite::OPEN_READWRITE) {
+    : clock_(clock), database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX) {
     database_.exec("PRAGMA locking_mode = EXCLUSIVE");
     database_.exec("PRAGMA journal_mode = DELETE");
     database_.exec("PRAGMA synchronous = FULL");
+    database_.exec("PRAGMA cache_size = -8192");  // KiB: a life of bowling mostly fits
     addTextFunctions(database_.getHandle());
     database_.exec("BEGIN EXCLUSIVE");  // takes the lock for as long as the connection lives
     database_.exec("COMMIT");
@@ -76,6 +78,36 @@ SQLite::Statement& Store::Connection::prepared(const std::string& sql) {
     if (prepared_.size() >= kMostStatements)
         prepared_.clear();
     return *prepared_.emplace(sql, std::make_unique<SQLite::Statement>(database_, sql)).first->second;
+}
+
+UnderstoodStatement Store::Connection::understand(const std::string& sql) {
+    constexpr std::size_t kMostPlans = 200;
+    StatementShape shape = shapeOf(sql);
+    auto found = plans_.find(shape.text);
+    if (found == plans_.end()) {
+        auto plan =
+            onFile([&] { return std::make_shared<Plan>(database_, parseSelect(sql, currentYear())); });
+        if (plans_.size() >= kMostPlans)
+            plans_.clear();
+        found = plans_.emplace(std::move(shape.text), std::move(plan)).first;
+    }
+    UnderstoodStatement understood{.plan = found->second, .values = {}};
+    for (const Literal& literal : shape.literals)
+        understood.values.push_back(valueOf(literal, currentYear()));
+    return understood;
+}
+
+std::int64_t Store::Connection::highestKey(const Table& table) {
+    const auto known = highestKeys_.find(&table);
+    if (known != highestKeys_.end())
+        return known->second;
+    const std::int64_t key = onFile([&] {
+        StatementUse use(prepared(fmt::format("SELECT max({}) FROM {}", table.key().name, table.name)));
+        use->executeStep();
+        return use->getColumn(0).getInt64();
+    });
+    highestKeys_[&table] = key;
+    return key;
 }
 
 void Store::Connection::readBeforeChange(const Table& table, std::int64_t key) {

@@ -2,6 +2,7 @@
 
 #include "runtime/Clock.h"
 #include "runtime/RunTimeError.h"
+#include "store/Plan.h"
 #include "store/Schema.h"
 #include "store/Store.h"
 
@@ -10,20 +11,27 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace tallybrook {
 
-/// A set of rows that was opened but not yet read from the tables.
+/// A set of rows that was opened but not yet read from the tables, or not in full.
 class UnreadRows {
 public:
     virtual ~UnreadRows() = default;
-    /// Reads the rows, so that later changes do not show in them.
+    /// Reads the rows in full, so that later changes do not show in them.
     virtual void read() = 0;
     /// Whether the row of that key may be among them.
     [[nodiscard]] virtual bool mayHold(const Table& table, std::int64_t key) const = 0;
+};
+
+/// A statement of the subset, understood: how it is run, and its values.
+struct UnderstoodStatement {
+    std::shared_ptr<Plan> plan;
+    std::vector<Value> values;
 };
 
 /// The one connection to the logbook's file: statements kept ready, and the rows of open recordsets that are
@@ -38,6 +46,14 @@ public:
     /// A statement, prepared once and reused, with nothing bound.
     SQLite::Statement& prepared(const std::string& sql);
 
+    /// Understands a statement; errors as parseSelect().
+    UnderstoodStatement understand(const std::string& sql);
+
+    /// The highest key that a table has had; 0 if it never had rows.
+    [[nodiscard]] std::int64_t highestKey(const Table& table);
+    /// To be called after a row was added.
+    void noteKey(const Table& table, std::int64_t key) { highestKeys_[&table] = key; }
+
     void enlist(UnreadRows& rows) { unread_.push_back(&rows); }
     void strike(UnreadRows& rows) { std::erase(unread_, &rows); }
     /// To be called before a row is changed or deleted: reads the sets that may hold it.
@@ -47,6 +63,8 @@ private:
     const Clock& clock_;
     SQLite::Database database_;
     std::map<std::string, std::unique_ptr<SQLite::Statement>> prepared_;
+    std::unordered_map<std::string, std::shared_ptr<Plan>> plans_;  // by the shape of their statements
+    std::unordered_map<const Table*, std::int64_t> highestKeys_;
     std::vector<UnreadRows*> unread_;
 };
 

@@ -6,6 +6,8 @@ namespace tallybrook {
 
 void DataControl::Refresh() {
     recordset_.reset();
+    if (refreshed_)
+        refreshed_();
     auto opened = std::make_unique<Recordset>(store_);
     opened->Open(recordSource_);
     opened->onRowShown([this] { showRow(); });

@@ -26,6 +26,9 @@ public:
     /// The open recordset; error 91 where there is none.
     [[nodiscard]] Recordset& recordset();
 
+    /// Calls `refreshed` with each Refresh(), once the rows shown before are gone.
+    void onRefresh(std::function<void()> refreshed) { refreshed_ = std::move(refreshed); }
+
     /// Drops the recordset: what becomes of it when its screen is unloaded.
     void drop() { recordset_.reset(); }
 
@@ -43,6 +46,7 @@ private:
     std::string recordSource_;
     std::unique_ptr<Recordset> recordset_;
     std::vector<Binding> bindings_;
+    std::function<void()> refreshed_;
 };
 
 }  // namespace tallybrook

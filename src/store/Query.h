@@ -22,14 +22,11 @@ struct StoredRow {
 /// taken as it is.
 Value valueOfColumn(sqlite3_value* stored, FieldType type);
 
+/// The value in a column of a statement's row, counted from 0.
+Value columnValue(const SQLite::Statement& statement, int index, FieldType type);
+
 /// Binds a value to a parameter, counted from 1, in the form in which it is stored.
 void bindValue(SQLite::Statement& statement, int index, const Value& value);
-
-/// The highest key of a table; 0 if it has no rows.
-std::int64_t highestKey(Store::Connection& connection, const Table& table);
-
-/// Runs a statement over the rows whose keys are at most `lastKey`.
-std::vector<StoredRow> runSelect(Store::Connection& connection, const Select& select, std::int64_t lastKey);
 
 /// Reads these fields of one row; false if there is no row of that key.
 bool readRow(Store::Connection& connection, const Table& table, const std::vector<const Column*>& fields,

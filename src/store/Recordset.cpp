@@ -4,6 +4,7 @@
 #include "store/FieldValue.h"
 #include "store/Snapshot.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -91,13 +92,20 @@ public:
             return *written_[field];
         if (pending_ == Pending::New)
             return Null{};
-        return current().values[field];
+        return currentValue(field);
+    }
+
+    [[nodiscard]] Value readAt(int row, std::string_view name) {
+        const std::size_t field = fieldOf(name);
+        if (row < 0 || static_cast<std::size_t>(row) >= rows_->size())
+            throw RunTimeError(error::kSubscriptOutOfRange);
+        return rows_->value(static_cast<std::size_t>(row), field);
     }
 
     void write(std::string_view name, const Value& value) {
         const std::size_t field = fieldOf(name);
         if (pending_ == Pending::None)
-            current();  // fails where there is no row to edit
+            requireRow();
         const Column& column = *rows_->fields()[field];
         requireUpdatable();
         if (&column == &rows_->table().key())
@@ -122,7 +130,7 @@ public:
         else if (pending_ == Pending::Edit)
             changeRow();
         else
-            current();  // nothing to store, but it needs a row
+            requireRow();  // nothing to store
     }
 
     void cancelUpdate() {
@@ -135,7 +143,7 @@ public:
         requireOpen();
         if (pending_ == Pending::New)
             return cancelUpdate();
-        const std::int64_t key = current().key;
+        const std::int64_t key = currentKey();
         requireUpdatable();
         connection_.readBeforeChange(rows_->table(), key);
         settled();
@@ -154,11 +162,11 @@ public:
         requireOpen();
         if (pending_ == Pending::New)
             noCurrentRow();
-        StoredRow& row = current();
-        StoredRow stored{.key = row.key, .values = {}};
+        StoredRow stored{.key = currentKey(), .values = {}};
         if (!readRow(connection_, rows_->table(), rows_->fields(), stored))
             throw RunTimeError(error::kRowGone);
-        row = std::move(stored);
+        for (std::size_t field = 0; field < stored.values.size(); ++field)
+            rows_->setValue(settled().index, field, std::move(stored.values[field]));
         pending_ = Pending::None;
     }
 
@@ -208,20 +216,31 @@ private:
         return place_;
     }
 
-    StoredRow& current() {
-        if (place_.where == Where::LastAdded)
-            return rows_->lastAdded();
+    /// The index of the current row; error 3021 where there is none.
+    [[nodiscard]] std::size_t currentIndex() {
         if (settled().where != Where::OnRow || place_.deleted)
             noCurrentRow();
-        return rows_->row(place_.index);
+        return place_.index;
+    }
+
+    // The row added last is read without counting the others.
+    [[nodiscard]] std::int64_t currentKey() {
+        return place_.where == Where::LastAdded ? rows_->lastAdded().key : rows_->key(currentIndex());
+    }
+    void requireRow() { static_cast<void>(currentKey()); }
+    [[nodiscard]] const Value& currentValue(std::size_t field) {
+        return place_.where == Where::LastAdded ? rows_->lastAdded().values[field]
+                                                : rows_->value(currentIndex(), field);
     }
 
     [[nodiscard]] std::size_t fieldOf(std::string_view name) {
         const auto& fields = opened().fields();
-        for (std::size_t i = 0; i < fields.size(); ++i) {
-            if (compareText(fields[i]->name, name) == 0)
-                return i;
-        }
+        auto found = std::ranges::find(fields, name, &Column::name);  // as it nearly always is written
+        if (found == fields.end())
+            found = std::ranges::find_if(
+                fields, [name](const Column* field) { return compareText(field->name, name) == 0; });
+        if (found != fields.end())
+            return static_cast<std::size_t>(found - fields.begin());
         throw RunTimeError(error::kUnknownField);
     }
 
@@ -312,6 +331,7 @@ private:
             bindWritten(*use);
             use->exec();
             row.key = connection_.database().getLastInsertRowid();
+            connection_.noteKey(rows_->table(), row.key);
         });
         pending_ = Pending::None;
         if (!readRow(connection_, rows_->table(), rows_->fields(), row))
@@ -322,17 +342,22 @@ private:
     }
 
     void changeRow() {
-        StoredRow& row = current();
-        connection_.readBeforeChange(rows_->table(), row.key);
+        const std::int64_t key = currentKey();
+        connection_.readBeforeChange(rows_->table(), key);
         const int changed = onFile([&] {
             StatementUse use(connection_.prepared(updateStatement()));
-            use->bind(bindWritten(*use), row.key);
+            use->bind(bindWritten(*use), key);
             return use->exec();
         });
         if (changed == 0)
             throw RunTimeError(error::kRowGone);
-        forEachWritten(
-            [&](std::size_t field, const Column&, const Value& value) { row.values[field] = value; });
+        const bool isLast = place_.where == Where::LastAdded;
+        forEachWritten([&](std::size_t field, const Column&, const Value& value) {
+            if (isLast)
+                rows_->setLastAdded(field, value);
+            else
+                rows_->setValue(place_.index, field, value);
+        });
         pending_ = Pending::None;
     }
 
@@ -372,6 +397,9 @@ bool Recordset::Eof() const {
 }
 bool Recordset::Bof() const {
     return implementation_->isAtBeginning();
+}
+Value Recordset::valueAt(int row, std::string_view name) const {
+    return implementation_->readAt(row, name);
 }
 void Recordset::MoveFirst() {
     implementation_->moveFirst();

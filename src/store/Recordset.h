@@ -53,6 +53,9 @@ public:
     [[nodiscard]] int RecordCount() const;
     [[nodiscard]] bool Eof() const;
     [[nodiscard]] bool Bof() const;
+    /// The value of a field in any row, counted from 0, as it was opened or last stored; the current row
+    /// stays. Errors: 9 where there is no such row, 3265 for an unknown name, 3704 on a closed recordset.
+    [[nodiscard]] Value valueAt(int row, std::string_view name) const;
     void MoveFirst();
     void MoveLast();
     void MoveNext();

@@ -113,21 +113,44 @@ constexpr std::array<std::pair<std::string_view, Comparator>, 5> kComparators{{
     {"<", Comparator::Less},
 }};
 
+/// The words of the language itself, which name nothing.
+constexpr std::array<std::string_view, 9> kKeywords{"SELECT", "DISTINCT", "FROM",  "WHERE", "AND",
+                                                    "OR",     "LIKE",     "ORDER", "BY"};
+
+bool isKeyword(std::string_view word) {
+    return std::ranges::any_of(kKeywords,
+                               [word](std::string_view keyword) { return compareText(word, keyword) == 0; });
+}
+
 bool isNumber(FieldType type) {
     return type != FieldType::Text && type != FieldType::Date;
 }
 
 /// Whether a value written in a statement can be compared with a column of that type.
-bool isComparable(const Token& literal, FieldType type, Comparator comparator) {
+bool isComparable(Literal::Kind literal, FieldType type, Comparator comparator) {
     if (comparator == Comparator::Like)
-        return literal.kind == Token::Kind::Text;
-    switch (literal.kind) {
-        case Token::Kind::Text:
+        return literal == Literal::Kind::Text;
+    switch (literal) {
+        case Literal::Kind::Text:
             return type == FieldType::Text;
-        case Token::Kind::Date:
+        case Literal::Kind::Date:
             return type == FieldType::Date;
         default:
             return isNumber(type);
+    }
+}
+
+/// The token as a value; nothing if it is none.
+std::optional<Literal> literalIn(Token& token) {
+    switch (token.kind) {
+        case Token::Kind::Number:
+            return Literal{Literal::Kind::Number, std::move(token.text)};
+        case Token::Kind::Text:
+            return Literal{Literal::Kind::Text, std::move(token.text)};
+        case Token::Kind::Date:
+            return Literal{Literal::Kind::Date, std::move(token.text)};
+        default:
+            return std::nullopt;
     }
 }
 
@@ -179,7 +202,7 @@ private:
         return found;
     }
     std::string word() {
-        if (token_.kind != Token::Kind::Word)
+        if (token_.kind != Token::Kind::Word || isKeyword(token_.text))
             notUnderstood("a name was expected");
         std::string name = std::move(token_.text);
         advance();
@@ -240,14 +263,13 @@ private:
     Criterion criterion(const Table& table) {
         const Column& column = columnOf(table, word());
         const Comparator comparator = this->comparator();
-        const Token literal = token_;
-        if (literal.kind != Token::Kind::Text && literal.kind != Token::Kind::Date &&
-            literal.kind != Token::Kind::Number)
+        const std::optional<Literal> literal = literalIn(token_);
+        if (!literal)
             notUnderstood("a value was expected");
-        if (!isComparable(literal, column.type, comparator))
+        if (!isComparable(literal->kind, column.type, comparator))
             throw RunTimeError(error::kCriteriaOfWrongType);
         advance();
-        return {&column, comparator, valueOfLiteral(literal)};
+        return {&column, comparator, valueOf(*literal, currentYear_)};
     }
 
     Comparator comparator() {
@@ -258,18 +280,6 @@ private:
                 return comparator;
         }
         notUnderstood("a comparison was expected");
-    }
-
-    [[nodiscard]] Value valueOfLiteral(const Token& literal) const {
-        if (literal.kind == Token::Kind::Text)
-            return literal.text;
-        if (literal.kind == Token::Kind::Number)
-            return leadingNumber(literal.text);
-        try {
-            return dateOnly(readDate(literal.text, currentYear_));
-        } catch (const RunTimeError&) {
-            notUnderstood("#" + literal.text + "# is no date");
-        }
     }
 
     std::vector<const Column*> order(const Table& table) {
@@ -286,6 +296,34 @@ private:
 };
 
 }  // namespace
+
+StatementShape shapeOf(std::string_view sql) {
+    StatementShape shape;
+    shape.text.reserve(sql.size());
+    Lexer lexer(sql);
+    for (Token token = lexer.next(); token.kind != Token::Kind::End; token = lexer.next()) {
+        if (std::optional<Literal> literal = literalIn(token)) {
+            shape.text.append("?").append(std::to_string(static_cast<int>(literal->kind)));
+            shape.literals.push_back(std::move(*literal));
+        } else {
+            shape.text += token.text;
+        }
+        shape.text += ' ';
+    }
+    return shape;
+}
+
+Value valueOf(const Literal& literal, int currentYear) {
+    if (literal.kind == Literal::Kind::Text)
+        return literal.text;
+    if (literal.kind == Literal::Kind::Number)
+        return leadingNumber(literal.text);
+    try {
+        return dateOnly(readDate(literal.text, currentYear));
+    } catch (const RunTimeError&) {
+        notUnderstood("#" + literal.text + "# is no date");
+    }
+}
 
 Select parseSelect(const std::string& sql, int currentYear) {
     return Parser(sql, currentYear).parse();

@@ -128,10 +128,13 @@ std::vector<std::string> Store::fieldNames(const std::string& table) {
 
 std::vector<Store::Row> Store::rows(const std::string& table) {
     std::vector<Row> rows;
-    for (StoredRow& row :
-         runSelect(*connection_, parseSelect("SELECT * FROM " + table, connection_->currentYear()),
-                   std::numeric_limits<std::int64_t>::max()))
-        rows.push_back({std::move(row.values)});
+    const UnderstoodStatement all = connection_->understand("SELECT * FROM " + table);
+    ReadRows read = all.plan->read(all.values, std::numeric_limits<std::int64_t>::max(), true);
+    for (std::size_t row = 0; row < read.size(); ++row) {
+        Row& one = rows.emplace_back();
+        for (std::size_t field = 0; field < all.plan->fieldCount(); ++field)
+            one.values.push_back(std::move(read.value(row, field)));
+    }
     return rows;
 }
 

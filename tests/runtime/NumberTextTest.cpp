@@ -92,6 +92,25 @@ TEST(DoubleText, IsTheShortestThatReadsBack) {
     EXPECT_TRUE(rc::check([](double number) { RC_ASSERT(leadingNumber(doubleText(number)) == number); }));
 }
 
+TEST(PlainDecimal, HasNoExponent) {
+    EXPECT_EQ(plainDecimal(0), "0");
+    EXPECT_EQ(plainDecimal(-0.0), "0");
+    EXPECT_EQ(plainDecimal(200), "200");
+    EXPECT_EQ(plainDecimal(180.5), "180.5");
+    EXPECT_EQ(plainDecimal(-0.1), "-0.1");
+    EXPECT_EQ(plainDecimal(1e16), "10000000000000000");
+    EXPECT_EQ(plainDecimal(1e-7), "0.0000001");
+    EXPECT_EQ(plainDecimal(std::numeric_limits<double>::max()).size(), 309U);
+    for (const double number : {std::numeric_limits<double>::min(), -1e-308, -1e308})
+        EXPECT_EQ(leadingNumber(plainDecimal(number)), number);
+    EXPECT_EQ(plainDecimal(-std::numeric_limits<double>::denorm_min()).find('e'), std::string::npos);
+    EXPECT_TRUE(rc::check([](double number) {
+        const std::string text = plainDecimal(number);
+        RC_ASSERT(text.find_first_not_of("-.0123456789") == std::string::npos);
+        RC_ASSERT(leadingNumber(text) == number);
+    }));
+}
+
 TEST(Integer, OverflowsAsError6) {
     EXPECT_TRUE(rc::check([](std::int16_t a, std::int16_t b) {
         const auto agrees = [](int wide, auto narrow) {
