@@ -38,7 +38,7 @@ bool Control::isVisible() const {
 
 bool Control::isFocusable() const {
     return kind_ == Kind::TextBox || kind_ == Kind::Button || kind_ == Kind::OptionButton ||
-           kind_ == Kind::CheckBox;
+           kind_ == Kind::CheckBox || kind_ == Kind::Grid || isList();
 }
 
 bool Control::hasFocus() const {

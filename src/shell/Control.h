@@ -33,7 +33,21 @@ private:
 /// of declaration, which is the tab order unless the screen says otherwise.
 class Control {
 public:
-    enum class Kind { TextBox, Button, OptionButton, CheckBox, Label, Frame, Menu, Picture };
+    enum class Kind {
+        TextBox,
+        Button,
+        OptionButton,
+        CheckBox,
+        ComboBox,
+        ListBox,
+        DriveList,
+        FolderList,
+        Grid,
+        Label,
+        Frame,
+        Menu,
+        Picture
+    };
 
     Control(Kind kind, Place place, std::string name, std::string caption = {});
     virtual ~Control() = default;
@@ -72,6 +86,15 @@ public:
     /// Moves the focus here, from code: the control left runs its leaving. Does nothing where the focus
     /// cannot go, or while the screen is not shown.
     void focus();
+
+    /// Whether it is a list of items of which one can be picked.
+    [[nodiscard]] bool isList() const {
+        return kind_ == Kind::ComboBox || kind_ == Kind::ListBox || kind_ == Kind::DriveList ||
+               kind_ == Kind::FolderList;
+    }
+
+    /// Whether it holds items or rows, of which one is chosen by a click on it.
+    [[nodiscard]] bool hasRows() const { return isList() || kind_ == Kind::Grid; }
 
     /// Runs its click, as the program's own code does.
     void click() const {

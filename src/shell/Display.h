@@ -42,10 +42,10 @@ struct InputBox {
 struct FileDialog {
     enum class Purpose { Open, Save };
     Purpose purpose = Purpose::Open;
-    std::string title;
-    std::string folder;
-    std::string filter;
-    std::string name;
+    std::string title = {};
+    std::string folder = {};
+    std::string filter = {};
+    std::string name = {};
 };
 
 enum class Pointer { Default, Busy };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/Grid.h"
+#include "shell/Lists.h"
 #include "shell/Screen.h"
 
 #include <string>
@@ -17,7 +19,7 @@ struct Key {
     std::string name;  // one character (letters in upper case after Alt or Control) or a key's name
 };
 
-/// Reads the text form of a key; the name is empty where it is none.
+/// Reads the text form of a key; the name is empty where it is none. A blank is "Space", a line end "Return".
 Key readKey(std::string_view text);
 
 /// The control that Alt with a letter reaches now: by its own caption, or by the label that names it; of
@@ -38,6 +40,23 @@ Arrival click(Control& control);
 /// Replaces the text of a box as by typing over the selected whole, once the focus is there.
 Arrival type(TextBox& box, std::string_view text);
 
+/// Whether something can be done in a list or grid now that the focus has gone there.
+bool isAtHand(const Control& control, Arrival arrival);
+
+/// Picks the item at a position of a list (from 0) once the focus is there; error 9 where there is no such
+/// item.
+Arrival pick(ItemList& list, int index);
+/// Picks any folder by its full path, in the same way. Nothing if there is no such folder.
+Arrival pickFolder(FolderList& list, const std::string& path);
+
+/// Opens or closes the folder in a row of the tree (from 0) once the focus is there, which picks nothing;
+/// error 9 where there is no such row.
+Arrival toggleFolder(FolderList& list, int row);
+
+/// Makes a row of a grid (from 1) the current one once the focus is there; error 9 where there is no such
+/// row.
+Arrival selectRow(Grid& grid, int row);
+
 /// Moves the focus on, or back, in the tab order.
 Arrival tab(Screen& screen, bool backwards = false);
 
@@ -49,7 +68,9 @@ struct Press {
 };
 
 /// A key or shortcut pressed on a screen: Alt letters, shortcuts of the menu, Tab, Return, Escape, Space, and
-/// the arrow keys among options and check boxes. Characters typed into a text box are not used by it.
+/// the arrow keys among options and check boxes, and what moves in lists and grids: a list picks what a key
+/// or a letter moves to, a folder list moves its cursor, opens and closes with Right and Left, and picks with
+/// Space. Characters typed into a text box are not used by it.
 Press press(Screen& screen, const Key& key);
 
 /// A character, Backspace or Delete pressed with the focus in a text box, for displays whose toolkit does not

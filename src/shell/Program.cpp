@@ -23,7 +23,7 @@ Store& Program::store() {
 }
 
 void Program::openLogbook() {
-    store_ = std::make_unique<Store>(dataFolder / "Tallybrook_DB.mdb", clock);
+    store_ = std::make_unique<Store>(logbookFile(), clock);
 }
 
 void Program::perform(const std::function<void()>& action) {
@@ -32,11 +32,14 @@ void Program::perform(const std::function<void()>& action) {
     if (performing_)
         return action();
 
+    const bool hadScreens = !screens.loaded().empty();
     if (!runs(action))
+        return end();
+    screens.dropUnloaded();
+    if (hadScreens && screens.loaded().empty())
         return end();
     if (screens.front() == nullptr)
         screens.showLast();
-    screens.dropUnloaded();
 }
 
 bool Program::runs(const std::function<void()>& action) {

@@ -42,14 +42,16 @@ public:
     BoxReporter reporter;
     Screen* waiting = nullptr;  // the screen whose procedure tried a statement again last
 
+    /// The file of the logbook.
+    [[nodiscard]] std::filesystem::path logbookFile() const { return dataFolder / "Tallybrook_DB.mdb"; }
     /// The logbook; error 91 before the start procedure has opened it.
     [[nodiscard]] Store& store();
     /// Opens the logbook in the data folder, or makes it; throws LogbookRefused.
     void openLogbook();
 
     /// Runs what a person did, to its end: a failure that nothing catches is shown and ends the program;
-    /// whoever is left without a visible screen gets the last loaded one. Nothing happens once the program
-    /// has ended.
+    /// whoever is left without a visible screen gets the last loaded one, and the program ends with its last
+    /// screen. Nothing happens once it has ended.
     void perform(const std::function<void()>& action);
     [[nodiscard]] bool hasEnded() const { return ended_; }
 

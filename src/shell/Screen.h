@@ -48,6 +48,8 @@ public:
     virtual void onClose() = 0;
     /// Lets go of what is held outside the screen: its recordsets and data controls.
     virtual void onUnload() {}
+    /// What it does once it is gone from the loaded screens.
+    virtual void onUnloaded() {}
 
     // The focus.
 

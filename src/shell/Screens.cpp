@@ -7,6 +7,8 @@
 
 namespace tallybrook {
 
+Screens::Screens(Display& display) : display_(display) {}
+
 Screens::~Screens() = default;
 
 void Screens::load(const std::string& name) {
@@ -49,6 +51,7 @@ void Screens::unload(Screen& screen) {
     loaded_.erase(found);
     screen.onUnload();
     display_.unloaded(screen);
+    screen.onUnloaded();
 }
 
 void Screens::showLast() {
@@ -61,10 +64,10 @@ void Screens::goBackFrom(Screen& screen) {
     showLast();
 }
 
-void Screens::returnToMain() {
+void Screens::startAfresh(const std::string& name) {
     while (!loaded_.empty())
         unload(*loaded_.back());
-    load("frmMain");
+    load(name);
 }
 
 std::vector<Screen*> Screens::loaded() const {

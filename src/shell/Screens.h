@@ -17,7 +17,7 @@ class Screens {
 public:
     using Factory = std::function<std::unique_ptr<Screen>()>;
 
-    explicit Screens(Display& display) : display_(display) {}
+    explicit Screens(Display& display);
     ~Screens();
     Screens(const Screens&) = delete;
     Screens& operator=(const Screens&) = delete;
@@ -38,8 +38,10 @@ public:
     void showLast();
     /// Previous Screen: unloads the screen and shows the one loaded last among those left.
     void goBackFrom(Screen& screen);
-    /// Unloads every screen, from the last loaded to the first, and loads frmMain afresh.
-    void returnToMain();
+    /// Unloads every screen, from the last loaded to the first, and loads the one of that name afresh.
+    void startAfresh(const std::string& name);
+    /// Return to Main: starts afresh with frmMain.
+    void returnToMain() { startAfresh("frmMain"); }
 
     /// The loaded screens in the order of loading.
     [[nodiscard]] std::vector<Screen*> loaded() const;

@@ -21,10 +21,14 @@ std::string lines(std::initializer_list<std::string_view> parts) {
     return fmt::format("{}", fmt::join(parts, kLineBreak));
 }
 
+std::string failureText(const RunTimeError& failure, std::string_view module) {
+    return lines({fmt::format("Error Number: {}", failure.number()),
+                  fmt::format("Error: {}", failure.description()), fmt::format("Module: {}", module)});
+}
+
 MessageBox databaseErrorBox(const RunTimeError& failure, std::string_view module) {
     return {
-        .text = lines({fmt::format("Error Number: {}", failure.number()),
-                       fmt::format("Error: {}", failure.description()), fmt::format("Module: {}", module),
+        .text = lines({failureText(failure, module),
                        fmt::format("If this persists, please send email to {} with this error information.",
                                    kSupportAddress)}),
         .title = "Database Error",

@@ -15,6 +15,9 @@ class Program;
 /// Joins the lines of a box by carriage return and line feed.
 std::string lines(std::initializer_list<std::string_view> parts);
 
+/// The lines that tell a failure in `module`: its number, its description, and where it happened.
+std::string failureText(const RunTimeError& failure, std::string_view module);
+
 /// The "Database Error" box for a failure in `module`, as in "Game Information, Update_Game.".
 MessageBox databaseErrorBox(const RunTimeError& failure, std::string_view module);
 

@@ -15,10 +15,23 @@
 
 namespace tallybrook::test {
 
+/// The boxes of a first start, with the check declined.
+inline void expectFirstStart(TestDisplay& display) {
+    display.expect(
+        {"Tallybrook", Answer::OK,
+         "No configuration file was found. Click \"OK\" to configure Tallybrook. This will only take a "
+         "minute."});
+    display.expect({"Database Check", Answer::No});
+}
+
 /// The program in an empty data folder, used as a person uses it.
 class Play {
 public:
-    Play() : application_(display, clock, folder_.path() / "data") { application_.start(); }
+    Play() : application_(display, clock, folder_.path() / "data") {
+        expectFirstStart(display);
+        application_.start();
+        display.forgetBoxes();
+    }
 
     TestDisplay display;
     SettableClock clock{makeDate(2026, 11, 14) + std::chrono::hours{21} + std::chrono::minutes{55} +

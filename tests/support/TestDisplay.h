@@ -4,6 +4,7 @@
 #include "shell/Display.h"
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +17,14 @@ namespace tallybrook::test {
 struct Expected {
     std::string title;
     Answer answer = Answer::OK;
-    std::string text = {};  // the whole text where it matters
+    std::string text = {};                 // the whole text where it matters
+    std::function<void()> meanwhile = {};  // what happens while it is up
+};
+
+/// A file dialog that a test expects, and the file chosen in it; nothing cancels it.
+struct ExpectedDialog {
+    std::string title;
+    std::optional<std::filesystem::path> file;
 };
 
 /// A display that shows nothing: boxes are answered as the test has said in advance. A box that nobody
@@ -26,7 +34,12 @@ public:
     ~TestDisplay() override { expectNothingLeft(); }
 
     void expect(Expected box) { expected_.push_back(std::move(box)); }
+    /// Lets a file dialog that comes up choose this file; dialogs and boxes are counted apart.
+    void expectDialog(ExpectedDialog dialog) { expectedDialogs_.push_back(std::move(dialog)); }
     void expectNothingLeft() {
+        for (const ExpectedDialog& dialog : expectedDialogs_)
+            ADD_FAILURE() << "the dialog \"" << dialog.title << "\" did not come";
+        expectedDialogs_.clear();
         for (const Expected& box : expected_)
             ADD_FAILURE() << "the box \"" << box.title << "\" did not come";
         expected_.clear();
@@ -34,9 +47,12 @@ public:
 
     /// The boxes that came, in their order.
     [[nodiscard]] const std::vector<MessageBox>& boxes() const { return boxes_; }
+    /// The file dialogs that came, in their order.
+    [[nodiscard]] const std::vector<FileDialog>& dialogs() const { return dialogs_; }
     /// "load frmX", "show frmX", "help 232", "end program" and the like, in their order.
     [[nodiscard]] const std::vector<std::string>& events() const { return events_; }
     void forgetEvents() { events_.clear(); }
+    void forgetBoxes() { boxes_.clear(); }
     [[nodiscard]] int retries() const { return retries_; }
     /// Lets a retry without end give up after so many tries.
     static constexpr int kMostRetries = 20;
@@ -57,6 +73,8 @@ public:
         const auto& offered = answersOf(box.buttons);
         EXPECT_NE(std::find(offered.begin(), offered.end(), expected.answer), offered.end())
             << "the box \"" << box.title << "\" has no such button";
+        if (expected.meanwhile)
+            expected.meanwhile();
         return expected.answer;
     }
     std::optional<std::string> inputBox(const InputBox& box) override {
@@ -64,8 +82,15 @@ public:
         return std::nullopt;
     }
     std::optional<std::filesystem::path> fileDialog(const FileDialog& dialog) override {
-        ADD_FAILURE() << "unexpected file dialog: " << dialog.title;
-        return std::nullopt;
+        dialogs_.push_back(dialog);
+        if (expectedDialogs_.empty()) {
+            ADD_FAILURE() << "unexpected file dialog: " << dialog.title;
+            return std::nullopt;
+        }
+        const ExpectedDialog expected = expectedDialogs_.front();
+        expectedDialogs_.pop_front();
+        EXPECT_EQ(dialog.title, expected.title);
+        return expected.file;
     }
 
     void loaded(Screen& screen) override;
@@ -95,6 +120,8 @@ public:
 
 private:
     std::deque<Expected> expected_;
+    std::deque<ExpectedDialog> expectedDialogs_;
+    std::vector<FileDialog> dialogs_;
     std::vector<MessageBox> boxes_;
     std::vector<std::string> events_;
     int retries_ = 0;

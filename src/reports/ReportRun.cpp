@@ -1,0 +1,66 @@
+#include "reports/ReportRun.h"
+
+#include "runtime/TextCompare.h"
+#include "runtime/TextForms.h"
+#include "shell/TBK_Globals.h"
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+void ReportRun::print(std::string_view line) {
+    if (!gReportFile_)
+        throw RunTimeError(error::kBadFileNameOrNumber);
+    gReportFile_->writeLine(line);
+}
+
+void ReportRun::closeFile() {
+    if (gReportFile_)
+        gReportFile_->close();
+}
+
+void ReportRun::createRecordsets() {
+    for (RecordsetVariable* const rows : {&gRsEvent, &gRsGame, &gRsFrame})
+        rows->create(program.store());
+}
+
+void ReportRun::clearRecordsets() {
+    for (RecordsetVariable* const rows : {&gRsEvent, &gRsGame, &gRsFrame})
+        rows->setToNothing();
+}
+
+void ReportRun::giveUp(const RunTimeError& failure, std::string_view procedure) {
+    program.reporter.databaseError(failure, fmt::format("TBK Reports, {}.", procedure));
+    gReportFile_.reset();
+    clearRecordsets();
+}
+
+std::string gamesOf(const std::string& key) {
+    return "SELECT * FROM tblGameInfo WHERE fldSessionNum = " + key + " ORDER BY fldGameNum";
+}
+
+std::string gamesOf(Int32 session) {
+    return gamesOf(text(session));
+}
+
+std::string framesOf(Int32 session, Int16 game) {
+    return fmt::format(
+        "SELECT * FROM tblFrameInfo WHERE fldSessionNum = {} AND fldGameNum = {} ORDER BY fldFrameNum",
+        session.value(), game.value());
+}
+
+bool isText(const Value& value, std::string_view text) {
+    const auto* const stored = std::get_if<std::string>(&value);
+    return stored != nullptr ? *stored == text : !isNull(value) && toText(value) == text;
+}
+
+std::string_view markOf(std::string_view lineScore, std::size_t n) {
+    const std::string_view before = firstCharacters(lineScore, n - 1);
+    return firstCharacters(lineScore, n).substr(before.size());
+}
+
+double roundedTo(double number, int decimals) {
+    return readFormatted(formatNumber(number, decimals));
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "reports/modTBKReports.h"
+#include "runtime/TextFile.h"
+#include "shell/Program.h"
+#include "store/RecordsetVariable.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tallybrook {
+
+/// One report on its way: what its procedures share, and the handler that each of them has.
+class ReportRun {
+public:
+    explicit ReportRun(Program& owner) : program(owner) {}
+
+    Program& program;
+    RecordsetVariable gRsEvent;
+    RecordsetVariable gRsGame;   // games of one event
+    RecordsetVariable gRsFrame;  // frames of one game
+    std::string gReportSQL;      // selects the events
+    Int32 gReportCount;          // how many events it finds
+
+    /// Creates or replaces the report's file; errors as TextWriter raises them.
+    void openFile(const std::string& file) { gReportFile_.emplace(file); }
+    void closeFile();
+    /// Writes one line; error 52 when the file is closed.
+    void print(std::string_view line);
+
+    /// Runs a procedure of the report under its handler: a failure is told in a box with the procedure's
+    /// name, closes the file, clears the recordsets and leaves the procedure; the report then goes on with
+    /// the next one.
+    template <typename Body>
+    void procedure(std::string_view name, Body body) {
+        try {
+            body();
+        } catch (const RunTimeError& failure) {
+            giveUp(failure, name);
+        }
+    }
+
+    void createRecordsets();
+    void clearRecordsets();
+
+private:
+    void giveUp(const RunTimeError& failure, std::string_view procedure);
+
+    std::optional<TextWriter> gReportFile_;
+};
+
+/// Selects the games of the event with this key, in the order of their numbers.
+std::string gamesOf(const std::string& key);
+std::string gamesOf(Int32 session);
+
+/// Selects the frames of a game, in the order of their numbers.
+std::string framesOf(Int32 session, Int16 game);
+
+/// Whether the field holds just this text. A Null never does.
+bool isText(const Value& value, std::string_view text);
+
+/// The n-th mark of a line score, n from 1; empty where there is none.
+std::string_view markOf(std::string_view lineScore, std::size_t n);
+
+/// The number passed through the number format with `decimals` places and read back.
+double roundedTo(double number, int decimals);
+
+}  // namespace tallybrook

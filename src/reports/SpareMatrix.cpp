@@ -1,0 +1,200 @@
+#include "reports/SpareMatrix.h"
+
+#include "reports/ReportRun.h"
+#include "runtime/TextCompare.h"
+#include "runtime/TextForms.h"
+
+#include <algorithm>
+#include <limits>
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+constexpr std::size_t kMostRows = std::numeric_limits<std::int16_t>::max();
+
+/// The pins of one mark: its digit, 0 for strikes, spares and anything else.
+int pinsOf(std::string_view mark) {
+    return static_cast<int>(leadingNumber(mark));
+}
+
+/// What the walk over the frames counts.
+class FrameWalk {
+public:
+    FrameWalk(ReportRun& run, SpareMatrix& matrix, FirstBallFigures& figures)
+        : run_(run), matrix_(matrix), figures_(figures) {}
+
+    void countGames(Int32 session) {
+        forEachRow(run_.gRsGame, gamesOf(session), [&] {
+            const std::string scoreType = toText(run_.gRsGame->Fields("fldScoreType"));
+            const Int16 game = toInt16(run_.gRsGame->Fields("fldGameNum"));
+            isPinfall_ = scoreType == "P";
+            if (isPinfall_ || scoreType == "L")
+                forEachRow(run_.gRsFrame, framesOf(session, game), [this] { countFrame(); });
+        });
+    }
+
+    void derive(const ScoringModes& modes) {
+        figures_.SinglePinAvg = perGame(figures_.SinglePinAttempts, modes.gamesWithFrames());
+        if (firstBalls_ != 0)
+            figures_.FirstBallAvg = toInt16(static_cast<double>(pins_.value()) / firstBalls_.value());
+        figures_.SinglePinPct = percentage(figures_.SinglePinConverted, figures_.SinglePinAttempts);
+        matrix_.derive(modes.PinfallGames);
+    }
+
+private:
+    void countFrame() {
+        Recordset& row = *run_.gRsFrame;
+        const FrameMarks marks{.fldFirstBallRes = row["fldFirstBallRes"],
+                               .fldSecondBallRes = row["fldSecondBallRes"],
+                               .fldFillBallRes = row["fldFillBallRes"],
+                               .fldLineScore = row["fldLineScore"]};
+        if (toDouble(row["fldFrameNum"]) < 10)
+            countUpToNinth(marks);
+        else
+            countTenth(marks);
+    }
+
+    void countUpToNinth(const FrameMarks& marks) {
+        if (isText(marks.fldFirstBallRes, "X"))
+            return addFirstBalls(1, 10);
+        const std::string lineScore = toText(marks.fldLineScore);
+        const std::string_view first = markOf(lineScore, 1);
+        const bool converted = markOf(lineScore, 2) == "/";
+        addFirstBalls(1, pinsOf(first));
+        if (first == "9") {
+            ++figures_.SinglePinAttempts;
+            if (converted)
+                ++figures_.SinglePinConverted;
+        }
+        addLeave(marks.fldFirstBallRes, converted);
+    }
+
+    /// An open tenth frame counts nothing here.
+    void countTenth(const FrameMarks& marks) {
+        const std::string lineScore = toText(marks.fldLineScore);
+        const auto pins = [&](std::size_t n) { return pinsOf(markOf(lineScore, n)); };
+        switch (tenthFrameOf(marks)) {
+            case TenthFrame::ThreeStrikes:
+                return addFirstBalls(3, 30);
+            case TenthFrame::TwoStrikes:
+                return addFirstBalls(3, 20 + pins(3));
+            case TenthFrame::StrikeThenSpare:
+                addFirstBalls(2, 10 + pins(2));
+                return addLeave(marks.fldSecondBallRes, true);
+            case TenthFrame::SpareThenStrike:
+                addFirstBalls(2, 10 + pins(1));
+                return addLeave(marks.fldFirstBallRes, true);
+            case TenthFrame::SpareThenOther:
+                addFirstBalls(2, pins(1) + pins(3));
+                return addLeave(marks.fldFirstBallRes, true);
+            case TenthFrame::Open:
+            case TenthFrame::None:
+                return;
+        }
+    }
+
+    void addFirstBalls(int balls, int pins) {
+        firstBalls_ += balls;
+        pins_ += pins;
+    }
+
+    void addLeave(const Value& leave, bool converted) {
+        if (isPinfall_)
+            Add_Spare_Matrix(run_, matrix_, toText(leave), converted);
+    }
+
+    ReportRun& run_;
+    SpareMatrix& matrix_;
+    FirstBallFigures& figures_;
+    Int32 firstBalls_;
+    Int32 pins_;
+    bool isPinfall_ = false;
+};
+
+/// A whole number as the report writer pads it: a blank on either side, then `width` less its digits.
+std::string padded(Int32 number, int width) {
+    return fmt::format(" {:<{}} ", number.value(), width);
+}
+
+std::string matrixLine(const SpareRow& row) {
+    const auto length = static_cast<int>(characterCount(row.leave));
+    return fmt::format("{}{:{}}{}{}{}%\t{}", row.leave, "", std::max(24 - length, 0),
+                       padded(row.attempts, 16), padded(row.conversions, 15), row.percentage, row.perGame);
+}
+
+}  // namespace
+
+void SpareMatrix::count(const std::string& leave, bool converted) {
+    auto found = places_.find(leave);
+    if (found == places_.end()) {
+        if (rows_.size() == kMostRows)
+            throw RunTimeError(error::kOverflow);
+        rows_.push_back({.leave = leave});
+        found = places_.emplace(leave, rows_.size() - 1).first;
+    }
+    SpareRow& row = rows_[found->second];
+    ++row.attempts;
+    if (converted)
+        ++row.conversions;
+}
+
+void SpareMatrix::derive(Int32 pinfallGames) {
+    for (SpareRow& row : rows_) {
+        const double attempts = row.attempts.value();
+        row.percentage = formatNumber(row.conversions.value() / attempts * 100, 2);
+        row.perGame = pinfallGames == 0 ? "0" : formatNumber(attempts / pinfallGames.value(), 1);
+    }
+}
+
+void Build_Sp_Sum(ReportRun& run, SpareMatrix& matrix, FirstBallFigures& figures, const ScoringModes& modes) {
+    run.procedure("Build_Sp_Sum", [&] {
+        FrameWalk walk(run, matrix, figures);
+        forEachRow(run.gRsEvent, run.gReportSQL,
+                   [&] { walk.countGames(toInt32(run.gRsEvent->Fields("fldSessionNum"))); });
+        walk.derive(modes);
+    });
+}
+
+void Add_Spare_Matrix(ReportRun& run, SpareMatrix& matrix, const std::string& leave, bool converted) {
+    run.procedure("Add_Spare_Matrix", [&] { matrix.count(leave, converted); });
+}
+
+void Print_Spare_Summary(ReportRun& run, const ScoringModes& modes, const StrikeSpareCounts& counts,
+                         const FirstBallFigures& figures) {
+    run.procedure("Print_Spare_Summary", [&] {
+        run.print("\r\nStrike / Spare Summary Statistics\r\n---------------------------------");
+        run.print(fmt::format(
+            "(Based on {} games recorded in 'Pinfall' mode, {} games recorded in 'Line Score' mode)",
+            text(modes.PinfallGames), text(modes.LineScoreGames)));
+        run.print(fmt::format("\r\nStrikes: {}\tStrike Percentage: {}%\tAvg / Game: {}", text(counts.Strikes),
+                              doubleText(counts.StrikePct), text(counts.StrikeAvg)));
+        // The spares' line repeats the strikes per game; those of the spares are not printed.
+        run.print(fmt::format("\r\nSpares: {}\tSpare Percentage: {}%\t\tAvg / Game: {}", text(counts.Spares),
+                              doubleText(counts.SparePct), text(counts.StrikeAvg)));
+        run.print(fmt::format("\r\nOpen Frames: {}\tAvg / Game: {}", text(counts.OpenFrames),
+                              text(counts.OpenAvg)));
+        run.print("\r\nSingle Pin Spares\r\n-----------------");
+        run.print(fmt::format("Attempts: {}\t\tConversions: {}\tPercentage: {}%\tAvg / game: {}",
+                              text(figures.SinglePinAttempts), text(figures.SinglePinConverted),
+                              doubleText(figures.SinglePinPct), text(figures.SinglePinAvg)));
+        run.print(fmt::format("\r\nFirst Ball Average: {}", text(figures.FirstBallAvg)));
+    });
+}
+
+void Print_Spare_Matrix(ReportRun& run, const SpareMatrix& matrix, const ScoringModes& modes) {
+    run.procedure("Print_Spare_Matrix", [&] {
+        run.print(fmt::format("\r\nSpare Statistics (based on {} games in 'Pinfall' mode):",
+                              text(modes.PinfallGames)));
+        run.print(std::string(75, '-'));
+        run.print(fmt::format("\r\n{:5}\t\t\t{:8}\t{:11}\tConversion", "", "", ""));
+        run.print("Spare\t\t\tAttempts\tConversions\tPercentage\tAvg / Game");
+        run.print("-----\t\t\t--------\t-----------\t----------\t----------");
+        for (const SpareRow& row : matrix.rows())
+            run.print(matrixLine(row));
+    });
+}
+
+}  // namespace tallybrook

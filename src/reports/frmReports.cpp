@@ -1,0 +1,53 @@
+#include "reports/frmReports.h"
+
+#include "shell/OpenReport.h"
+#include "shell/TBK_Globals.h"
+
+#include <filesystem>
+
+namespace tallybrook {
+
+frmReports::frmReports(Program& owner) : Screen(owner, "frmReports", "Reports") {
+    leadsTo(mnuRptEvent, "frmSearchEvents");
+    leadsTo(mnuRptGame, "frmSearchGames");
+    leadsTo(mnuStats, "frmEventStats");
+    mnuOpen.onClick = [this] { openReport(program(), cdlReport, "Reports, mnuOpen."); };
+    mnuExit.onClick = [this] { Exit_Confirm(program()); };
+    mnuRetMain.onClick = [this] { mnuRetMain_Click(); };
+    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
+    mnuSearchHelpAbout.onClick = [this] { showAbout(program()); };
+}
+
+void frmReports::leadsTo(Menu& entry, const std::string& screen) {
+    entry.onClick = [this, screen] {
+        screens().hide(*this);
+        screens().load(screen);
+    };
+}
+
+Layout frmReports::layout() {
+    return layout::column(
+        {layout::space(), Layout(imgTbrk).centred(), Layout(lblTitle).centred(), layout::space()});
+}
+
+void frmReports::onLoad() {
+    session().gMode = kReport;
+    cdlReport.folder = (std::filesystem::current_path() / "Reports").string();
+    cdlReport.filter = "Text Files (*.txt)|*.txt";
+    screens().show(*this);
+}
+
+void frmReports::onClose() {
+    screens().unload(*this);
+}
+
+void frmReports::onUnloaded() {
+    screens().showLast();
+}
+
+void frmReports::mnuRetMain_Click() {
+    screens().unload(*this);
+    screens().returnToMain();
+}
+
+}  // namespace tallybrook

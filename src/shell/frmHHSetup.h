@@ -1,0 +1,50 @@
+#pragma once
+
+#include "shell/Lists.h"
+#include "shell/Screen.h"
+
+namespace tallybrook {
+
+/// Where the kind of handheld and the directory of its synchronisation software are set.
+class frmHHSetup : public Screen {
+public:
+    explicit frmHHSetup(Program& owner);
+
+    Picture imgLogo{*this, "imgLogo", "logo.svg"};
+    Label lblTitle{*this, "lblTitle", "Handheld Setup", LabelLook::Heading};
+
+    Frame fraHHType{*this, "fraHHType", "Handheld Type"};
+    OptionGroup handheldTypes;
+    ControlArray<OptionButton> optHHType;
+
+    Frame fraHHDir{*this, "fraHHDir", "Synchronization Directory"};
+    TextBox txtHHDir{fraHHDir, "txtHHDir"};
+    DriveList drvHHDir{fraHHDir, "drvHHDir"};
+    FolderList dirHHDir{fraHHDir, "dirHHDir", {.lines = 10}};
+    Label lblDir{fraHHDir, "lblDir", "Sync Directory:", txtHHDir};
+    Label lblSelDrive{fraHHDir, "lblSelDrive", "Select Drive:", drvHHDir};
+    Label lblSelDir{fraHHDir, "lblSelDir", "Select Folder:", dirHHDir};
+
+    Button cmdSaveChg{*this, "cmdSaveChg", "&Save"};
+    Button cmdMain{*this, "cmdMain", "&Main Menu"};
+    Button cmdExit{*this, "cmdExit", "E&xit"};
+
+    Menu mnuHHSetupFile{*this, "mnuHHSetupFile", "&File"};
+    Menu mnuHHSetupSave{mnuHHSetupFile, "mnuHHSetupSave", "&Save"};
+    Menu mnuHHSetupMain{mnuHHSetupFile, "mnuHHSetupMain", "&Main Menu", cmdMain};
+    Menu mnuHHSetupExit{mnuHHSetupFile, "mnuHHSetupExit", "E&xit", cmdExit};
+    Menu mnuHHSetupHelp{*this, "mnuHHSetupHelp", "&Help"};
+    Menu mnuHHSetupAbout{mnuHHSetupHelp, "mnuHHSetupAbout", "&About Tallybrook"};
+    Menu mnhHHSetupTBKHelp{mnuHHSetupHelp, "mnhHHSetupTBKHelp", "Tallybrook Help"};
+
+    Layout layout() override;
+    void onLoad() override;
+    void onClose() override;
+
+private:
+    void showConfiguration(int type);
+    void showNoConfiguration();
+    void cmdSaveChg_Click();
+};
+
+}  // namespace tallybrook

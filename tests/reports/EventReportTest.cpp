@@ -1,0 +1,184 @@
+#include "ReportPlay.h"
+
+namespace tallybrook::test {
+
+namespace {
+
+class EventReport : public testing::Test {
+protected:
+    static bool contains(const std::string& text, const std::string& part) {
+        return text.find(part) != std::string::npos;
+    }
+    /// The lines after the scoring modes, up to the block on strikes and spares.
+    static std::string body(const std::string& report) {
+        const std::size_t begin = report.find("\r\nEvent Summary: ");
+        return report.substr(begin, report.find("\r\nStrike / Spare Summary") - begin);
+    }
+    static std::string matrix(const std::string& report) {
+        return report.substr(report.find("-----\t\t\t--------"));
+    }
+
+    ReportPlay play;
+};
+
+TEST_F(EventReport, OfAnEventWithoutGamesHasNoGameSummary) {
+    play.addEvent({.average = 200.0});
+    const std::string report = play.eventReport("Full");
+    EXPECT_TRUE(isSameText(body(report),
+                           "\r\nEvent Summary: \r\nGames Bowled: 3   Pinfall: 0   Event Average: 200.00\r\n"
+                           "Event Comments: \r\n"));
+    EXPECT_TRUE(contains(report, "Spare\t\t\tAttempts"));
+}
+
+TEST_F(EventReport, StopsTheMarksOfABrokenOffGame) {
+    play.addEvent({});
+    play.addGame("L");
+    for (int frame = 1; frame <= 7; ++frame)
+        play.addFrame("9/");
+    const std::string report = play.eventReport("Summary");
+    EXPECT_TRUE(contains(report, "\t8\t9\t10\r\n9/\t9/\t9/\t9/\t9/\t9/\t9/\r\n\r\n"));
+    EXPECT_FALSE(contains(report, "Frame Summary"));
+}
+
+TEST_F(EventReport, BeginsTheMarksOfALateFirstFrameWithATab) {
+    play.addEvent({});
+    play.addGame("P");
+    play.nextFrameIs(3);
+    play.addFrame("X", "X");
+    play.addFrame("81", "10", "10");
+    EXPECT_TRUE(contains(play.eventReport("Summary"), "\t9\t10\r\n\tX\t81\r\n\r\n"));
+}
+
+TEST_F(EventReport, PrintsNoFramesForAGameThatHasNone) {
+    play.addEvent({});
+    play.addGame("P", std::int64_t{150});
+    EXPECT_TRUE(isSameText(
+        body(play.eventReport("Full")),
+        "\r\nEvent Summary: \r\nGames Bowled: 3   Pinfall: 0   Event Average: 0.00\r\nEvent Comments: \r\n"
+        "\r\nGame Summary:\r\n\r\nGame 1   Game Score: 150   Lane Pair:    Starting Lane: 0\r\n"
+        "Lane Condition: \r\nComment: \r\n"));
+}
+
+TEST_F(EventReport, NotesAGameOfAnyOtherScoreType) {
+    play.addEvent({});
+    play.addGame("N");
+    play.addGame("");
+    play.addGame(Null{});
+    play.addGame("p");
+    const std::string report = play.eventReport("Full");
+    EXPECT_TRUE(
+        contains(report, "Pinfall Mode: 0 games,   Line Score: 0 games,   Game Score only: 4 games."));
+    std::size_t notes = 0;
+    for (std::size_t at = report.find("Game score only was"); at != std::string::npos;
+         at = report.find("Game score only was", at + 1))
+        ++notes;
+    EXPECT_EQ(notes, 4U);
+}
+
+TEST_F(EventReport, CountsTheFramesOfAScoreOnlyGameAllTheSame) {
+    play.addEvent({});
+    play.addGame("N");
+    play.addFrame("X", "X");
+    const std::string report = play.eventReport("Full");
+    EXPECT_TRUE(contains(report, "\r\nStrikes: 1\tStrike Percentage: 100%\tAvg / Game: 0\r\n"));
+    EXPECT_TRUE(contains(report, "\r\nFirst Ball Average: 0\r\n"));
+    EXPECT_TRUE(contains(report, "No frames recorded for this game."));
+}
+
+TEST_F(EventReport, GroupsTheThousandsOfTheAverage) {
+    play.addEvent({.average = 1234.565});
+    EXPECT_TRUE(contains(play.eventReport("Summary"), "Event Average: 1,234.57\r\n"));
+}
+
+TEST_F(EventReport, HasARowForAnEmptyLeave) {
+    play.addEvent({});
+    play.addGame("P");
+    play.addFrame("9/", "", "/");
+    EXPECT_TRUE(contains(matrix(play.eventReport("Summary")), "\r\n" + std::string(24, ' ') + " 1 " +
+                                                                  std::string(15, ' ') + " 1 " +
+                                                                  std::string(14, ' ') + "100.00%\t1.0\r\n"));
+}
+
+TEST_F(EventReport, DoesNotPadALeaveThatIsTooLong) {
+    const std::string leave = "1-2-3-4-5-6-7-8-9-10-11-12";
+    play.addEvent({});
+    play.addGame("P");
+    play.addFrame("-/", leave, "/");
+    EXPECT_TRUE(contains(matrix(play.eventReport("Summary")), "\r\n" + leave + " 1 "));
+}
+
+TEST_F(EventReport, LeavesAnOpenTenthFrameOutOfTheMatrix) {
+    play.addEvent({});
+    play.addGame("P");
+    play.nextFrameIs(4);
+    play.addFrame("9-", "10", "10");
+    play.nextFrameIs(10);
+    play.addFrame("9-", "10", "10");
+    play.addFrame("9/X", "7", "/", "X");  // an eleventh frame counts as a tenth
+    const std::string report = play.eventReport("Summary");
+    EXPECT_TRUE(
+        contains(matrix(report), "\r\n10" + std::string(22, ' ') + " 1 " + std::string(15, ' ') + " 0 "));
+    EXPECT_TRUE(
+        contains(matrix(report), "\r\n7" + std::string(23, ' ') + " 1 " + std::string(15, ' ') + " 1 "));
+    // First balls: 1 + 0 + 2 with 9 + 0 + 19 pins; a first ball of 9 in the tenth is no single pin.
+    EXPECT_TRUE(contains(report, "\r\nFirst Ball Average: 9\r\n"));
+    EXPECT_TRUE(contains(report, "Attempts: 1\t\tConversions: 0\tPercentage: 0%\tAvg / game: 1\r\n"));
+    EXPECT_TRUE(contains(report, "\r\nOpen Frames: 2\tAvg / Game: 2\r\n"));
+}
+
+TEST_F(EventReport, RoundsTheFirstBallAverageToTheEvenNeighbour) {
+    const auto average = [](std::initializer_list<const char*> firstMarks) {
+        ReportPlay night;
+        night.addEvent({});
+        night.addGame("L");
+        for (const char* mark : firstMarks)
+            night.addFrame(mark);
+        const std::string report = night.eventReport("Summary");
+        return report.substr(report.find("First Ball Average: ") + 20, 2);
+    };
+    EXPECT_EQ(average({"9-", "8-"}), "8\r");
+    ReportPlay night;
+    night.addEvent({});
+    night.addGame("P");
+    night.addFrame("9/", "10", "/");
+    night.addFrame("X", "X");
+    EXPECT_TRUE(contains(night.eventReport("Summary"), "First Ball Average: 10\r\n"));  // 9.5
+}
+
+TEST_F(EventReport, OfOnlyLineScoreGamesHasAnEmptyMatrix) {
+    play.addEvent({});
+    play.addGame("L");
+    play.addFrame("9/");
+    play.addFrame("9-");
+    const std::string report = play.eventReport("Summary");
+    EXPECT_TRUE(contains(report, "Spare Statistics (based on 0 games in 'Pinfall' mode):"));
+    EXPECT_TRUE(contains(report, "Attempts: 2\t\tConversions: 1\tPercentage: 50%\tAvg / game: 2"));
+    EXPECT_TRUE(isSameText(matrix(report), "-----\t\t\t--------\t-----------\t----------\t----------\r\n"));
+}
+
+TEST_F(EventReport, OfTwelveStrikes) {
+    play.addEvent({});
+    play.addGame("P", std::int64_t{300});
+    for (int frame = 1; frame <= 9; ++frame)
+        play.addFrame("X", "X");
+    play.addFrame("XXX", "X", "X", "X");
+    const std::string report = play.eventReport("Summary");
+    EXPECT_TRUE(contains(report, "\r\nStrikes: 12\tStrike Percentage: 100%\tAvg / Game: 12\r\n"));
+    EXPECT_TRUE(contains(report, "\r\nSpares: 0\tSpare Percentage: 0%\t\tAvg / Game: 12\r\n"));
+    EXPECT_TRUE(contains(report, "\r\nFirst Ball Average: 10\r\n"));
+}
+
+TEST_F(EventReport, WritesWhatPeopleTypeAsItStands) {
+    play.addEvent({.comment = "50% \"off\" {} 'K\u00f6ln' $(x)"});
+    EXPECT_TRUE(contains(play.eventReport("Summary"), "Event Comments: 50% \"off\" {} 'K\u00f6ln' $(x)\r\n"));
+}
+
+TEST_F(EventReport, ReplacesTheFileThatIsThere) {
+    play.addEvent({});
+    const std::string full = play.eventReport("Full");
+    EXPECT_EQ(play.eventReport("Full"), full);
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test

@@ -1,0 +1,97 @@
+#include "ReportPlay.h"
+
+#include <filesystem>
+
+namespace tallybrook::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Log = std::vector<std::string>;
+
+class ReportsMenu : public testing::Test {
+protected:
+    ReportsMenu() {
+        play.click("mnuReports");
+        play.display.forgetEvents();
+    }
+    static Expected nothingChosen(Answer answer) {
+        return {"Cancelled - Open File", answer, "No file was selected."};
+    }
+
+    ReportPlay play;
+};
+
+TEST_F(ReportsMenu, IsReachedFromTheMainMenuToReport) {
+    EXPECT_EQ(play.screen().name(), "frmReports");
+    EXPECT_EQ(play.screen().caption(), "Reports");
+    EXPECT_EQ(play.session().gMode, kReport);
+    EXPECT_EQ(play.focus(), "none");
+}
+
+TEST_F(ReportsMenu, OpensAReportInTheViewer) {
+    const fs::path report = play.dataFolder() / "a report; with 'quotes' $HOME.txt";
+    play.display.expectDialog({"Open Report", report});
+    play.click("mnuOpen");
+    EXPECT_EQ(play.display.events(), Log{"viewer " + report.string()});
+    const FileDialog& dialog = play.display.dialogs().at(0);
+    EXPECT_EQ(dialog.purpose, FileDialog::Purpose::Open);
+    EXPECT_EQ(dialog.folder, (fs::current_path() / "Reports").string());
+    EXPECT_EQ(dialog.filter, "Text Files (*.txt)|*.txt");
+    EXPECT_EQ(dialog.name, "*.txt");
+
+    play.display.expectDialog({"Open Report", std::nullopt});
+    play.click("mnuOpen", {nothingChosen(Answer::Cancel)});
+    EXPECT_EQ(play.display.dialogs().at(1).name, report.string());  // what was chosen last
+}
+
+TEST_F(ReportsMenu, AsksAgainWhereNothingWasChosen) {
+    play.display.expectDialog({"Open Report", std::nullopt});
+    play.display.expectDialog({"Open Report", std::nullopt});
+    play.display.expectDialog({"Open Report", play.file()});
+    play.click("mnuOpen", {nothingChosen(Answer::Retry), nothingChosen(Answer::Retry)});
+    EXPECT_EQ(play.display.events(), Log{"viewer " + play.file().string()});
+    const MessageBox& box = play.display.boxes().at(0);
+    EXPECT_EQ(box.icon, Icon::None);
+    EXPECT_EQ(box.buttons, Buttons::RetryCancel);
+}
+
+TEST_F(ReportsMenu, EndsWithoutAViewerOnCancel) {
+    play.display.expectDialog({"Open Report", std::nullopt});
+    play.click("mnuOpen", {nothingChosen(Answer::Cancel)});
+    EXPECT_EQ(play.display.events(), Log{});
+}
+
+TEST_F(ReportsMenu, HidesItselfBehindTheStatistics) {
+    play.click("mnuStats");
+    EXPECT_EQ(play.display.events(), (Log{"hide frmReports", "load frmEventStats", "show frmEventStats"}));
+}
+
+TEST_F(ReportsMenu, ReturnsToTheMainMenuWithoutAQuestion) {
+    play.click("mnuRetMain");
+    EXPECT_EQ(play.display.events(),
+              (Log{"unload frmReports", "show frmMain", "unload frmMain", "load frmMain", "show frmMain"}));
+    EXPECT_EQ(play.program().screens.loaded().size(), 1U);
+}
+
+TEST_F(ReportsMenu, ClosesToTheScreenBeforeIt) {
+    play.close();
+    EXPECT_EQ(play.display.events(), (Log{"unload frmReports", "show frmMain"}));
+}
+
+TEST_F(ReportsMenu, OffersHelpAndTheAboutBox) {
+    play.click("mnuTBKHelp");
+    play.click("mnuSearchHelpAbout");
+    EXPECT_EQ(play.display.events(), (Log{"help 0", "load frmAbout", "show frmAbout"}));
+}
+
+TEST_F(ReportsMenu, AsksBeforeTheProgramEnds) {
+    play.click("mnuExit", {{"Confirm - Exit", Answer::No}});
+    play.click("mnuExit", {{"Confirm - Exit", Answer::Yes}});
+    EXPECT_TRUE(play.program().hasEnded());
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test

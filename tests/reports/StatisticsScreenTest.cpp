@@ -1,0 +1,297 @@
+#include "ReportPlay.h"
+#include "shell/Lists.h"
+
+#include <filesystem>
+
+namespace tallybrook::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Names = std::vector<std::string>;
+
+class StatisticsScreen : public testing::Test {
+protected:
+    StatisticsScreen() {
+        play.addEvent({.name = "Open", .date = makeDate(2026, 10, 1), .type = "PRACTICE"});
+        play.addEvent({.name = "Thursday League", .date = makeDate(2026, 11, 12), .type = "LEAGUE"});
+        play.addEvent({.name = "thursday league", .date = makeDate(2026, 11, 19), .type = "LEAGUE"});
+        play.addGame("N", std::int64_t{200});
+        play.click("mnuReports");
+        play.click("mnuStats");
+    }
+    ListBox& names() { return dynamic_cast<ListBox&>(play.control("lstEvent")); }
+    void pick(int index) {
+        play.run([&] { person::pick(names(), index); });
+    }
+    /// The states of these controls, in their order.
+    std::vector<bool> enabled(const Names& controls) {
+        std::vector<bool> states;
+        for (const std::string& name : controls)
+            states.push_back(play.enabled(name));
+        return states;
+    }
+    /// Asks for the report, and returns it.
+    std::string generate(const std::vector<Expected>& boxes = {}) {
+        play.display.expectDialog({"Save Report", play.file()});
+        std::vector<Expected> all = boxes;
+        all.push_back(complete());
+        play.click("cmdGenReport", all);
+        return bytesOf(play.file());
+    }
+    Expected complete() {
+        return {"Report Complete", Answer::OK,
+                "The report is complete.\r\nThe report is in the following file: " + play.file().string()};
+    }
+    int found() {
+        const std::string report = generate();
+        return std::stoi(report.substr(report.find("\r\nFound ") + 8));
+    }
+    static inline const Names kFilterControls{"chkDate", "txtFrom", "txtTo", "chkEvent", "lstEvent"};
+
+    ReportPlay play;
+};
+
+TEST_F(StatisticsScreen, StartsWithAllEventsAndNoFilter) {
+    EXPECT_EQ(play.screen().caption(), "Event Statistics");
+    EXPECT_EQ(play.session().gMode, kReport);
+    EXPECT_EQ(play.focus(), "optEvType(0)");
+    EXPECT_TRUE(play.value("optEvType(0)"));
+    EXPECT_TRUE(play.value("optFilter(1)"));
+    EXPECT_TRUE(play.value("optSync(1)"));
+    EXPECT_FALSE(play.value("chkDate"));
+    EXPECT_FALSE(play.value("chkEvent"));
+    EXPECT_FALSE(play.enabled("fraFilter"));
+    EXPECT_EQ(enabled(kFilterControls), std::vector<bool>(5, false));
+    EXPECT_EQ(found(), 3);
+}
+
+TEST_F(StatisticsScreen, LimitsTheReportToAType) {
+    play.click("optEvType(1)");
+    EXPECT_NE(generate().find("Report Type: League\r\n\r\nFound 2 matching events."), std::string::npos);
+    play.click("optEvType(2)");
+    EXPECT_EQ(found(), 1);
+    play.click("optEvType(3)");
+    const std::string report =
+        generate({ReportPlay::failure("Get_Sc_Mode", error::kNoCurrentRow),
+                  ReportPlay::failure("Get_StSp_Stats", 91), ReportPlay::failure("Build_Sp_Sum", 91),
+                  ReportPlay::failure("Build_Sum_Matrix", 91), ReportPlay::failure("Write_Stats", 91)});
+    EXPECT_TRUE(report.ends_with("Found 0 matching events.\r\n"));
+}
+
+TEST_F(StatisticsScreen, SavesWhereTheUserSays) {
+    generate();
+    const FileDialog& dialog = play.display.dialogs().at(0);
+    EXPECT_EQ(dialog.purpose, FileDialog::Purpose::Save);
+    EXPECT_EQ(dialog.folder, play.dataFolder().string());
+    EXPECT_EQ(dialog.filter, "Text Files(*.txt) | *.txt");
+    EXPECT_EQ(dialog.name, "Tallybrook - Statistics Report");
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Information);
+    generate();
+    EXPECT_EQ(play.display.dialogs().at(1).name, play.file().string());
+}
+
+TEST_F(StatisticsScreen, ShowsTheBusyPointerMeanwhile) {
+    play.display.forgetEvents();
+    generate();
+    EXPECT_EQ(play.display.events(), (Names{"busy", "default"}));
+}
+
+TEST_F(StatisticsScreen, WritesNothingWhenTheDialogIsCancelled) {
+    play.display.expectDialog({"Save Report", std::nullopt});
+    play.click("cmdGenReport");
+    EXPECT_FALSE(fs::exists(play.file()));
+}
+
+TEST_F(StatisticsScreen, OffersFiltersOnDemand) {
+    play.click("optFilter(0)");
+    EXPECT_EQ(enabled(kFilterControls), (std::vector<bool>{true, false, false, true, true}));
+    play.click("chkDate");
+    EXPECT_EQ(enabled(kFilterControls), std::vector<bool>(5, true));
+    EXPECT_EQ(play.focus(), "txtFrom");
+    EXPECT_EQ(play.text("txtFrom"), "");
+    EXPECT_EQ(play.text("txtTo"), "11/14/2026");
+    play.type("txtTo", "1/1/2020");
+    play.click("chkDate");
+    EXPECT_EQ(play.text("txtTo"), "");
+    EXPECT_EQ(enabled(kFilterControls), (std::vector<bool>{true, false, false, true, true}));
+    play.click("chkDate");
+    EXPECT_EQ(play.text("txtTo"), "11/14/2026");  // offered each time
+    play.click("optFilter(1)");
+    EXPECT_EQ(enabled(kFilterControls), std::vector<bool>(5, false));
+    EXPECT_FALSE(play.value("chkDate"));
+}
+
+TEST_F(StatisticsScreen, LimitsTheReportToDates) {
+    play.click("optFilter(0)");
+    play.click("chkDate");
+    play.type("txtFrom", "11/12/2026");
+    play.type("txtTo", "Nov 12, 2026 9:00 PM");
+    EXPECT_NE(generate().find("Date Range: 11/12/2026 to 11/12/2026\r\n\r\nFound 1 matching events."),
+              std::string::npos);
+    play.click("chkDate");
+    EXPECT_EQ(found(), 3);
+}
+
+TEST_F(StatisticsScreen, RefusesDatesItCannotUse) {
+    play.click("optFilter(0)");
+    play.click("chkDate");
+    const auto refuse = [&](const char* from, const char* to, const Expected& box, const char* focus) {
+        play.type("txtFrom", from);
+        play.type("txtTo", to);
+        play.click("cmdGenReport", {box});
+        EXPECT_EQ(play.focus(), focus);
+        EXPECT_EQ(play.display.boxes().back().icon, Icon::Critical);
+    };
+    const Expected badStart{"Invalid Date Format", Answer::OK,
+                            "Invalid date format in report starting date."};
+    const Expected badEnd{"Invalid Date Format", Answer::OK, "Invalid date format in report ending date."};
+    refuse("", "11/14/2026", badStart, "txtFrom");
+    refuse("2/30/2026", "nothing", badStart, "txtFrom");
+    refuse("1/1/2026", "13/13/2026", badEnd, "txtTo");
+    refuse("1/2/2026", "1/1/2026",
+           {"Invalid Start Date", Answer::OK, "Starting date must be less than or equal to ending date."},
+           "txtFrom");
+    EXPECT_TRUE(play.display.dialogs().empty());
+}
+
+TEST_F(StatisticsScreen, ListsTheEventNamesOfTheType) {
+    play.click("optFilter(0)");
+    play.click("chkEvent");
+    EXPECT_EQ(names().items(), (Names{"Open", "Thursday League"}));
+    play.click("optEvType(1)");
+    EXPECT_EQ(names().items(), Names{"Thursday League"});
+    pick(0);
+    EXPECT_EQ(names().picked(), "Thursday League");
+    EXPECT_NE(generate().find("Filter: Thursday League\r\n\r\nFound 2 matching events."), std::string::npos);
+
+    play.click("optEvType(0)");  // empties the filter with the list
+    EXPECT_EQ(names().picked(), "");
+    EXPECT_EQ(found(), 3);
+}
+
+TEST_F(StatisticsScreen, SelectsAllNamesWhereNoneIsPicked) {
+    play.click("optFilter(0)");
+    play.click("chkEvent");
+    EXPECT_EQ(found(), 3);
+}
+
+TEST_F(StatisticsScreen, ForgetsTheNameWithItsCheckBox) {
+    play.click("optFilter(0)");
+    play.click("chkEvent");
+    pick(0);
+    play.click("chkEvent");
+    EXPECT_TRUE(names().items().empty());
+    EXPECT_EQ(found(), 3);
+}
+
+TEST_F(StatisticsScreen, ForgetsEverythingWithTheFilter) {
+    play.click("optFilter(0)");
+    play.click("chkDate");
+    play.type("txtFrom", "11/12/2026");
+    play.click("chkEvent");
+    pick(0);
+    play.click("optFilter(1)");
+    EXPECT_TRUE(names().items().empty());
+    EXPECT_EQ(found(), 3);
+}
+
+TEST_F(StatisticsScreen, TellsOfATypeWithoutEvents) {
+    play.click("optEvType(3)");
+    play.click("optFilter(0)");
+    play.click("chkEvent", {{"No Events", Answer::OK, "No events in the database"}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Information);
+    EXPECT_TRUE(names().items().empty());
+}
+
+TEST_F(StatisticsScreen, ResetsAllButTheType) {
+    play.click("optEvType(1)");
+    play.click("optFilter(0)");
+    play.click("chkDate");
+    play.click("chkEvent");
+    play.click("optSync(0)");
+    play.click("cmdReset", {{"Reset Form", Answer::No, "Reset the form?"}});
+    EXPECT_TRUE(play.value("chkDate"));
+    play.click("cmdReset", {{"Reset Form", Answer::Yes, "Reset the form?"}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Question);
+    EXPECT_TRUE(play.value("optEvType(1)"));
+    EXPECT_TRUE(play.value("optFilter(1)"));
+    EXPECT_TRUE(play.value("optSync(1)"));
+    EXPECT_FALSE(play.value("chkDate"));
+    EXPECT_FALSE(play.value("chkEvent"));
+    EXPECT_EQ(enabled(kFilterControls), std::vector<bool>(5, false));
+    play.session().gHHType = "Palm";
+    play.session().gHHSyncDir = "/nowhere at all";
+    EXPECT_EQ(found(), 2);  // and nothing is copied
+}
+
+TEST_F(StatisticsScreen, CopiesTheReportWhenAsked) {
+    const fs::path folder = play.dataFolder() / "sync";
+    fs::create_directories(folder);
+    play.session().gHHType = "Palm";
+    play.session().gHHSyncDir = folder.string();
+    play.click("optSync(0)");
+    const std::string report = generate();
+    EXPECT_EQ(bytesOf(folder / "report.txt"), report);
+}
+
+TEST_F(StatisticsScreen, LeavesAfterAQuestion) {
+    const auto screensAfter = [&](const char* button, const Expected& box) {
+        play.click(button, {{box.title, Answer::No, box.text}});
+        EXPECT_EQ(play.display.boxes().back().icon, Icon::Question);
+        EXPECT_EQ(play.screen().name(), "frmEventStats");
+        play.click(button, {box});
+        Names loaded;
+        for (const Screen* screen : play.program().screens.loaded())
+            loaded.push_back(screen->name());
+        return loaded;
+    };
+    EXPECT_EQ(screensAfter("cmdPrevious", {"Previous Screen", Answer::Yes, "Return to previous screen?"}),
+              (Names{"frmMain", "frmReports"}));
+    play.click("mnuStats");
+    EXPECT_EQ(screensAfter("cmdRpt", {"Return to Reports", Answer::Yes, "Return to reports menu?"}),
+              Names{"frmReports"});
+    EXPECT_EQ(play.screen().name(), "frmReports");
+    play.click("mnuStats");
+    EXPECT_EQ(screensAfter("cmdMain", {"Return to Main", Answer::Yes, "Return to main menu?"}),
+              Names{"frmMain"});
+}
+
+TEST_F(StatisticsScreen, EndsTheProgramWithItsLastScreen) {
+    play.click("cmdRpt", {{"Return to Reports", Answer::Yes}});
+    play.close();
+    EXPECT_TRUE(play.program().hasEnded());
+}
+
+TEST_F(StatisticsScreen, ClosesLikePreviousScreen) {
+    play.close({{"Previous Screen", Answer::Yes}});
+    EXPECT_EQ(play.screen().name(), "frmReports");
+}
+
+TEST_F(StatisticsScreen, HasItsTabOrder) {
+    play.click("optFilter(0)");
+    play.click("chkDate");
+    play.click("optEvType(0)");
+    Names order;
+    do {
+        order.push_back(play.focus());
+        play.tab();
+    } while (play.focus() != "optEvType(0)");
+    EXPECT_EQ(order, (Names{"optEvType(0)", "optEvType(1)", "optEvType(2)", "optEvType(3)", "optFilter(0)",
+                            "optFilter(1)", "chkDate", "txtFrom", "txtTo", "chkEvent", "lstEvent",
+                            "optSync(0)", "optSync(1)", "cmdGenReport", "cmdReset", "cmdPrevious", "cmdRpt",
+                            "cmdMain", "cmdExit"}));
+}
+
+TEST_F(StatisticsScreen, SelectsTheDatesItComesTo) {
+    play.click("optFilter(0)");
+    play.click("chkDate");
+    play.tab();
+    EXPECT_EQ(play.focus(), "txtTo");
+    EXPECT_TRUE(dynamic_cast<TextBox&>(play.control("txtTo")).isAllSelected());
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test
