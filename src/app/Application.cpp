@@ -1,10 +1,21 @@
 #include "app/Application.h"
 
+#include "browse/frmEventList.h"
+#include "browse/frmGameList.h"
+#include "browse/frmSearchEvents.h"
+#include "browse/frmSearchGames.h"
 #include "entry/frmEvent.h"
 #include "entry/frmFrame.h"
 #include "entry/frmGame.h"
+#include "handheld/frmSyncPDA.h"
+#include "maintenance/frmDBTools.h"
+#include "maintenance/modDBUtils.h"
+#include "reports/frmEventStats.h"
+#include "reports/frmReports.h"
 #include "runtime/EndProgram.h"
+#include "shell/Configuration.h"
 #include "shell/frmAbout.h"
+#include "shell/frmHHSetup.h"
 #include "shell/frmMain.h"
 
 #include <cstdlib>
@@ -44,9 +55,18 @@ Application::Application(Display& display, const Clock& clock, fs::path dataFold
     : program_(display, clock, std::move(dataFolder)) {
     addScreen<frmMain>(program_, "frmMain");
     addScreen<frmAbout>(program_, "frmAbout");
+    addScreen<frmHHSetup>(program_, "frmHHSetup");
     addScreen<frmEvent>(program_, "frmEvent");
     addScreen<frmGame>(program_, "frmGame");
     addScreen<frmFrame>(program_, "frmFrame");
+    addScreen<frmEventList>(program_, "frmEventList");
+    addScreen<frmSearchEvents>(program_, "frmSearchEvents");
+    addScreen<frmSearchGames>(program_, "frmSearchGames");
+    addScreen<frmGameList>(program_, "frmGameList");
+    addScreen<frmSyncPDA>(program_, "frmSyncPDA");
+    addScreen<frmDBTools>(program_, "frmDBTools");
+    addScreen<frmReports>(program_, "frmReports");
+    addScreen<frmEventStats>(program_, "frmEventStats");
 }
 
 Application::~Application() = default;
@@ -62,7 +82,18 @@ void Application::startProcedure() {
     openDataFolder();
     session.gToday = dateOnly(program_.clock.now());
     openLogbook();
+    readConfiguration();
+    askForCheck(program_);
     program_.screens.load("frmMain");
+}
+
+void Application::readConfiguration() {
+    if (Read_Config(program_))
+        return;
+    program_.display.messageBox({.text =
+                                     "No configuration file was found. Click \"OK\" to configure Tallybrook. "
+                                     "This will only take a minute."});
+    Write_Config(program_);
 }
 
 void Application::openDataFolder() {

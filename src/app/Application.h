@@ -25,6 +25,7 @@ private:
     void startProcedure();
     void openDataFolder();
     void openLogbook();
+    void readConfiguration();
 
     std::unique_ptr<InstanceLock> lock_;  // let go of last, when the logbook is closed
     Program program_;

@@ -1,4 +1,5 @@
 #include "support/Play.h"
+#include "support/SameText.h"
 
 #include <fstream>
 
@@ -22,6 +23,7 @@ protected:
 TEST_F(Start, MakesTheDataFolderOnce) {
     {
         Application program(display, clock, data());
+        expectFirstStart(display);
         program.start();
         EXPECT_EQ(display.events(), (Log{"load frmMain", "show frmMain"}));
         EXPECT_EQ(program.program().session.gToday, makeDate(2026, 11, 14));
@@ -34,13 +36,62 @@ TEST_F(Start, MakesTheDataFolderOnce) {
     fs::remove_all(data() / "TBRK");
     fs::remove(data() / "Tallybrook_DB.mdb");
     Application again(display, clock, data());
+    display.expect({"Database Check", Answer::No});
     again.start();
     EXPECT_FALSE(fs::exists(data() / "TBRK"));  // what was taken away stays away
     EXPECT_TRUE(fs::exists(data() / "Tallybrook_DB.mdb"));
 }
 
+TEST_F(Start, WritesAConfigurationWhereThereIsNone) {
+    const fs::path file = data() / "tbrkcfg.conf";
+    {
+        Application program(display, clock, data());
+        expectFirstStart(display);
+        program.start();
+        EXPECT_EQ(display.boxes().at(0).icon, Icon::None);
+        EXPECT_EQ(display.boxes().at(1).icon, Icon::Question);
+        EXPECT_EQ(display.boxes().at(1).defaultAnswer(), Answer::Yes);
+        EXPECT_EQ(
+            display.boxes().at(1).text,
+            "Check database consistency?\r\nThis could take a few minutes, depending on the size of your "
+            "database.");
+    }
+    EXPECT_NE(bytesOf(file).find("HHTYPE=\"\"\r\n"), std::string::npos);
+    std::ofstream(file) << "HHTYPE=\"Palm\"\nHHSYNCDIR=\"/sync\"\n";
+    Application again(display, clock, data());
+    display.expect({"Database Check", Answer::No});
+    again.start();
+    EXPECT_EQ(again.program().session.gHHType, "Palm");
+    EXPECT_EQ(again.program().session.gHHSyncDir, "/sync");
+}
+
+TEST_F(Start, EndsAtAConfigurationThatCannotBeRead) {
+    fs::create_directories(data());
+    std::ofstream(data() / "tbrkcfg.conf") << "HHTYPE=\"Palm\"\n\n";
+    Application program(display, clock, data());
+    program.start();
+    EXPECT_EQ(display.events(), (Log{"run-time error 5", "end program"}));
+}
+
+TEST_F(Start, ChecksTheDatabaseOnDemand) {
+    Application program(display, clock, data());
+    display.expect({"Tallybrook", Answer::OK});
+    display.expect({"Database Check", Answer::Yes});
+    for (int box = 0; box < 4; ++box)
+        display.expect(
+            {"Database Error", Answer::OK});  // of three empty tables, and of an empty list of events
+    display.expect({"No Events", Answer::OK, "No events in the database to process."});
+    display.expect(
+        {"Check Complete", Answer::OK,
+         "Database check is complete. \r\nResults are logged to " + (data() / "DB_Report.txt").string()});
+    program.start();
+    EXPECT_EQ(display.events(), (Log{"load frmMain", "show frmMain"}));
+    EXPECT_TRUE(fs::exists(data() / "DB_Report.txt"));
+}
+
 TEST_F(Start, LeavesARunningCopyAlone) {
     Application first(display, clock, data());
+    expectFirstStart(display);
     first.start();
     TestDisplay other;
     other.expect({"Already Running", Answer::OK, "Tallybrook is already running."});
@@ -73,10 +124,9 @@ TEST_F(Start, TellsOfAFolderThatCannotBeMade) {
 
 TEST(MainMenu, OffersWhatThereIs) {
     Play play;
-    for (const char* entry : {"mnuAddEvent", "mnuAddFromForm", "mnuExit", "mnuTBKHelp", "mnuAbout"})
+    for (const char* entry : {"mnuHHSetup", "mnuExit", "mnuAddFromForm", "mnuEditData", "mnuDBTools",
+                              "mnuReports", "mnuTBKHelp", "mnuAbout"})
         EXPECT_TRUE(play.enabled(entry)) << entry;
-    for (const char* entry : {"mnuHHSetup", "mnuSyncPDA", "mnuEditData", "mnuDBTools", "mnuReports"})
-        EXPECT_FALSE(play.enabled(entry)) << entry;
     EXPECT_EQ(play.focus(), "none");
 }
 

@@ -1,0 +1,128 @@
+#include "maintenance/CheckRun.h"
+#include "runtime/TextForms.h"
+
+#include <string>
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+/// The walk over events, games and frames. What cannot be read keeps its value from the row before.
+class ScoreTypeCheck {
+public:
+    ScoreTypeCheck(CheckRun& run, const Handler& step) : run_(run), step_(step) {}
+
+    void checkEvents() {
+        step_([&] { events_->Open("SELECT * FROM tblEventInfo"); });
+        walk(events_, [this] { checkEvent(); });
+        step_([&] { events_->Close(); });
+    }
+
+private:
+    /// Visits each row; one that cannot be left ends the walk.
+    template <typename Visit>
+    void walk(const RecordsetVariable& rows, Visit visit) {
+        step_([&] { rows->MoveFirst(); });
+        bool goesOn = true;
+        while (goesOn && step_.test([&] { return !rows->Eof(); })) {
+            visit();
+            goesOn = step_([&] { rows->MoveNext(); });
+        }
+    }
+
+    void checkEvent() {
+        step_([&] { session_ = toInt32(events_->Fields("fldSessionNum")); });
+        step_([&] { eventName_ = toText(events_->Fields("fldEventName")); });
+        step_([&] { dateBowled_ = toDate(events_->Fields("fldDateBowled"), run_.program.clock.year()); });
+        step_([&] {
+            games_->Open("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + text(session_) +
+                         " ORDER BY fldGameNum");
+        });
+        step_([&] { gameCount_ = games_->RecordCount(); });
+        walk(games_, [this] { checkGame(); });
+        step_([&] { games_->Close(); });
+        correctCount(events_, "fldGmsRecorded", gameCount_, eventLabel() + ", games recorded changed to ");
+    }
+
+    void checkGame() {
+        step_([&] { gameNumber_ = toInt16(games_->Fields("fldGameNum")); });
+        const std::string scoreType = concludeType();
+        const std::string label = "Game number: " + text(gameNumber_) + ", " + eventLabel();
+        if (step_.test([&] { return differs(games_->Fields("fldScoreType"), scoreType); }))
+            change(games_, "fldScoreType", scoreType, label + ", score type changed to " + scoreType);
+        correctCount(games_, "fldFrmsRecorded", frameCount_, label + ", frames recorded changed to ");
+    }
+
+    /// The first ball of the lowest frame alone tells how the game was recorded.
+    std::string concludeType() {
+        std::string scoreType = "N";
+        step_([&] {
+            frames_->Open(
+                fmt::format("SELECT * FROM tblFrameInfo WHERE fldSessionNum = {} AND fldGameNum = {} ORDER "
+                            "BY fldFrameNum",
+                            text(session_), text(gameNumber_)));
+        });
+        step_([&] { frameCount_ = frames_->RecordCount(); });
+        if (frameCount_ > 0) {
+            step_([&] { frames_->MoveFirst(); });
+            scoreType = "P";
+            step_([&] {
+                const Value firstBall = frames_->Fields("fldFirstBallRes");
+                if (!isNull(firstBall) && toText(firstBall).empty())
+                    scoreType = "L";
+            });
+        }
+        step_([&] { frames_->Close(); });
+        return scoreType;
+    }
+
+    /// A Null is neither equal nor different.
+    static bool differs(const Value& stored, const std::string& wanted) {
+        return !isNull(stored) && toText(stored) != wanted;
+    }
+
+    void correctCount(const RecordsetVariable& rows, const char* field, int count, const std::string& line) {
+        const auto isWrong = [&] {
+            const Value stored = rows->Fields(field);
+            return !isNull(stored) && toDouble(stored) != count;
+        };
+        if (step_.test(isWrong))
+            change(rows, field, std::int64_t{count}, line + std::to_string(count));
+    }
+
+    void change(const RecordsetVariable& rows, const char* field, const Value& value,
+                const std::string& line) {
+        step_([&] { rows->Fields(field) = value; });
+        step_([&] { run_.print(line); });
+        step_([&] { rows->Update(); });
+    }
+
+    [[nodiscard]] std::string eventLabel() const {
+        return "Event: " + eventName_ + ", Date: " + dateText(dateBowled_);
+    }
+
+    CheckRun& run_;
+    const Handler& step_;
+    const RecordsetVariable& events_ = run_.gDBRsEvent;
+    const RecordsetVariable& games_ = run_.gDBRsGame;
+    const RecordsetVariable& frames_ = run_.gDBRsFrame;
+    Int32 session_;
+    std::string eventName_;
+    DateTime dateBowled_ = kZeroDate;
+    Int16 gameNumber_;
+    int gameCount_ = 0;
+    int frameCount_ = 0;
+};
+
+}  // namespace
+
+void Check_ScType(CheckRun& run) {
+    const Handler step = run.handler("Check_ScType");
+    step([&] { run.print("Checking game score types."); });
+    ScoreTypeCheck(run, step).checkEvents();
+    step([&] { run.print("Game score type check complete."); });
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,77 @@
+#include "maintenance/CheckRun.h"
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+/// A table whose rows each belong to an event.
+struct ChildTable {
+    RecordsetVariable CheckRun::*rows;
+    const char* table;
+    const char* what;  // as the report names its rows
+};
+
+constexpr ChildTable kFrames{&CheckRun::gDBRsFrame, "tblFrameInfo", "frames"};
+constexpr ChildTable kGames{&CheckRun::gDBRsGame, "tblGameInfo", "games"};
+
+/// The walk over one table.
+class OrphanHunt {
+public:
+    OrphanHunt(CheckRun& run, const Handler& step, const ChildTable& child)
+        : run_(run), step_(step), child_(child), rows_(run.*child.rows) {}
+
+    void deleteOrphans() {
+        step_([&] { rows_->Open(fmt::format("SELECT * from {}", child_.table)); });
+        step_([&] { checked_ = rows_->RecordCount(); });
+        step_([&] { rows_->MoveFirst(); });
+        bool goesOn = true;
+        while (goesOn && step_.test([&] { return !rows_->Eof(); })) {
+            deleteIfOrphan();
+            goesOn = step_([&] { rows_->MoveNext(); });  // a row that cannot be left ends the walk
+        }
+        step_([&] {
+            run_.print(
+                fmt::format("{} {} checked, {} {} deleted.", checked_, child_.what, deleted_, child_.what));
+        });
+        step_([&] { rows_->Close(); });
+    }
+
+private:
+    void deleteIfOrphan() {
+        step_([&] { session_ = toInt32(rows_->Fields("fldSessionNum")); });
+        if (!hasEvent() && step_([&] { rows_->Delete(); }))
+            ++deleted_;
+    }
+
+    /// An event that cannot be looked for counts as there: nothing is deleted on the word of a failure.
+    bool hasEvent() {
+        int events = 1;
+        step_([&] {
+            run_.gDBRsEvent->Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(session_));
+        });
+        step_([&] { events = run_.gDBRsEvent->RecordCount(); });
+        step_([&] { run_.gDBRsEvent->Close(); });
+        return events != 0;
+    }
+
+    CheckRun& run_;
+    const Handler& step_;
+    const ChildTable& child_;
+    const RecordsetVariable& rows_;
+    Int32 session_;
+    int checked_ = 0;
+    int deleted_ = 0;
+};
+
+}  // namespace
+
+void DB_Integ(CheckRun& run) {
+    const Handler step = run.handler("DB_Integ");
+    step([&] { run.print("Checking database integrity."); });
+    for (const ChildTable& child : {kFrames, kGames})
+        OrphanHunt(run, step, child).deleteOrphans();
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,67 @@
+#include "maintenance/frmDBTools.h"
+
+#include "maintenance/modDBUtils.h"
+#include "shell/OpenReport.h"
+#include "shell/TBK_Globals.h"
+
+#include <filesystem>
+#include <ranges>
+#include <vector>
+
+namespace tallybrook {
+
+frmDBTools::frmDBTools(Program& owner) : Screen(owner, "frmDBTools", "Database Tools") {
+    cmdDBCheck.onClick = [this] { cmdDBCheck_Click(); };
+    cmdDBStats.onClick = [this] { DB_Stats(program()); };
+    cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
+    cmdExit.onClick = [this] { Exit_Confirm(program()); };
+    mnuFileOpen.onClick = [this] { openReport(program(), cdlDBTools, "DBTools, mnuFileOpen."); };
+    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
+    mnuAbout.onClick = [this] { showAbout(program()); };
+}
+
+Layout frmDBTools::layout() {
+    return layout::column({layout::row({Layout(imgTbrk).atStart(), Layout(lblTitle).stretched()}),
+                           layout::buttons({cmdDBCheck, cmdDBStats, cmdRetMain, cmdExit}).centred(),
+                           layout::space()});
+}
+
+void frmDBTools::onLoad() {
+    cdlDBTools.folder = (std::filesystem::current_path() / "Reports").string();
+    cdlDBTools.filter = "Text (*.txt) | .txt";
+    screens().show(*this);
+}
+
+void frmDBTools::onClose() {
+    cmdRetMain.click();
+}
+
+void frmDBTools::cmdDBCheck_Click() {
+    const Answer answer = ask(question(
+        lines({"This will perform a database consistency check.",
+               "Depending on the size of your database, this can take several minutes.", "Proceed?"}),
+        "Database Check"));
+    if (answer != Answer::Yes)
+        return;
+    program().display.pointer(Pointer::Busy);
+    DB_Check(program());
+    program().display.pointer(Pointer::Default);
+}
+
+void frmDBTools::cmdRetMain_Click() {
+    MessageBox box = question("Return to the main menu?", "Return to Main Menu", Icon::None);
+    box.preset = Answer::No;
+    if (ask(box) != Answer::Yes)
+        return;
+    // The main menu comes up after each screen that goes, and afresh after itself.
+    const std::vector<Screen*> loaded = screens().loaded();
+    for (Screen* const screen : std::views::reverse(loaded)) {
+        screens().unload(*screen);
+        if (Screen* const menu = screens().find("frmMain"))
+            screens().show(*menu);
+        else
+            screens().load("frmMain");
+    }
+}
+
+}  // namespace tallybrook

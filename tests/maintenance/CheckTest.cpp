@@ -1,0 +1,304 @@
+#include "maintenance/modDBUtils.h"
+#include "runtime/TextFile.h"
+#include "runtime/TextForms.h"
+#include "shell/TBK_Globals.h"
+#include "support/Play.h"
+#include "support/SameText.h"
+
+#include <filesystem>
+
+namespace tallybrook::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Rows = std::vector<std::string>;
+
+class DatabaseCheck : public testing::Test {
+protected:
+    void addEvent(const Value& recorded = std::int64_t{0}, const Value& name = "Thursday League",
+                  const Value& date = makeDate(2026, 11, 12)) {
+        play.insert("tblEventInfo", {{"fldEventName", name},
+                                     {"fldDateBowled", date},
+                                     {"fldEventType", "LEAGUE"},
+                                     {"fldNumGames", std::int64_t{3}},
+                                     {"fldGmsRecorded", recorded},
+                                     {"fldSeriesTot", std::int64_t{555}}});
+    }
+    void addGame(int session, const Value& number, const Value& type, const Value& frames = std::int64_t{0}) {
+        play.insert("tblGameInfo", {{"fldSessionNum", std::int64_t{session}},
+                                    {"fldGameNum", number},
+                                    {"fldScoreType", type},
+                                    {"fldFrmsRecorded", frames}});
+    }
+    void addFrame(int session, int game, int number, const Value& firstBall) {
+        play.insert("tblFrameInfo", {{"fldSessionNum", std::int64_t{session}},
+                                     {"fldGameNum", std::int64_t{game}},
+                                     {"fldFrameNum", std::int64_t{number}},
+                                     {"fldFirstBallRes", firstBall}});
+    }
+    Rows games() {
+        return play.rows("tblGameInfo", {"fldSessionNum", "fldGameNum", "fldScoreType", "fldFrmsRecorded"});
+    }
+
+    /// Runs the check, with the boxes that come before its own, and returns what it wrote between its first
+    /// and its last line.
+    Rows check(std::vector<Expected> boxes = {}) {
+        fs::remove(report());
+        boxes.push_back(complete());
+        play.run([&] { DB_Check(play.program()); }, boxes);
+        std::string text = bytesOf(report());
+        EXPECT_TRUE(text.starts_with(kHead)) << text;
+        EXPECT_TRUE(text.ends_with(kTail)) << text;
+        text = text.substr(kHead.size(), text.size() - kHead.size() - kTail.size());
+        Rows lines;
+        for (std::size_t end = 0; (end = text.find("\r\n")) != std::string::npos; text.erase(0, end + 2))
+            lines.push_back(text.substr(0, end));
+        EXPECT_EQ(text, "");
+        return lines;
+    }
+    [[nodiscard]] fs::path report() const { return play.dataFolder() / "DB_Report.txt"; }
+    [[nodiscard]] Expected complete() const {
+        return {"Check Complete", Answer::OK,
+                "Database check is complete. \r\nResults are logged to " + report().string()};
+    }
+    static Expected failure(const std::string& procedure, int number) {
+        return {"Database Error", Answer::OK,
+                databaseErrorBox(RunTimeError(number), "DB_Utils, " + procedure + ".").text};
+    }
+    static constexpr int kNoRow = error::kNoCurrentRow;
+    static inline const std::string kHead =
+        "***************************************************\r\n"
+        "Database check started on 11/14/2026, 9:55:00 PM\r\n"
+        "Checking database integrity.\r\n";
+    static inline const std::string kTail =
+        "Game score type check complete.\r\n"
+        "Updating event averages.\r\n"
+        "Database check completed on 11/14/2026, 9:55:00 PM\r\n";
+
+    Play play;
+};
+
+TEST_F(DatabaseCheck, OfAConsistentLogbookChangesNothing) {
+    addEvent(std::int64_t{2});
+    addGame(1, std::int64_t{1}, "P", std::int64_t{2});
+    addGame(1, std::int64_t{2}, "N");
+    addFrame(1, 1, 1, "X");
+    addFrame(1, 1, 2, "10");
+    EXPECT_EQ(check(), (Rows{"2 frames checked, 0 frames deleted.", "2 games checked, 0 games deleted.",
+                             "Checking game score types."}));
+    EXPECT_EQ(games(), (Rows{"1|1|P|2", "1|2|N|0"}));
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot"}), Rows{"2|555"});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Information);
+}
+
+TEST_F(DatabaseCheck, DeletesWhatBelongsToNoEvent) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "P", std::int64_t{1});
+    addFrame(1, 1, 1, "X");
+    addFrame(1, 7, 1, "X");  // its event is there, though its game is not
+    addFrame(2, 1, 1, "X");
+    addFrame(2, 1, 2, "X");
+    addGame(2, std::int64_t{1}, "P");
+    addGame(0, std::int64_t{1}, "P");
+    EXPECT_EQ(check(), (Rows{"4 frames checked, 2 frames deleted.", "3 games checked, 2 games deleted.",
+                             "Checking game score types."}));
+    EXPECT_EQ(play.rows("tblFrameInfo", {"fldSessionNum", "fldGameNum"}), (Rows{"1|1", "1|7"}));
+    EXPECT_EQ(games(), Rows{"1|1|P|1"});
+}
+
+TEST_F(DatabaseCheck, TakesARowWithoutAnEventsKeyForOneOfTheEventBefore) {
+    addEvent();
+    play.insert("tblFrameInfo", {{"fldSessionNum", Null{}}});
+    addFrame(1, 1, 1, "X");
+    play.insert("tblFrameInfo", {{"fldSessionNum", Null{}}});
+    const Expected null = failure("DB_Integ", error::kInvalidUseOfNull);
+    const Rows lines = check({null, null, failure("DB_Integ", kNoRow), failure("Check_ScType", kNoRow)});
+    EXPECT_EQ(lines.front(), "3 frames checked, 1 frames deleted.");
+}
+
+TEST_F(DatabaseCheck, ConcludesTheScoreTypeFromTheLowestFrame) {
+    addEvent(std::int64_t{6});
+    addGame(1, std::int64_t{1}, "N", std::int64_t{1});
+    addFrame(1, 1, 1, "X");
+    addGame(1, std::int64_t{2}, "P", std::int64_t{2});
+    addFrame(1, 2, 2, "10");  // pins in a later frame
+    addFrame(1, 2, 1, "");
+    addGame(1, std::int64_t{3}, "P");
+    addGame(1, std::int64_t{4}, "L", std::int64_t{1});
+    addFrame(1, 4, 3, Null{});  // not equal to an empty text
+    addGame(1, std::int64_t{5}, "p", std::int64_t{1});
+    addFrame(1, 5, 1, "10");
+    addGame(1, std::int64_t{6}, "L", std::int64_t{1});
+    addFrame(1, 6, 1, "");
+    const std::string event = ", Event: Thursday League, Date: 11/12/2026, score type changed to ";
+    EXPECT_EQ(check(), (Rows{"6 frames checked, 0 frames deleted.", "6 games checked, 0 games deleted.",
+                             "Checking game score types.", "Game number: 1" + event + "P",
+                             "Game number: 2" + event + "L", "Game number: 3" + event + "N",
+                             "Game number: 4" + event + "P", "Game number: 5" + event + "P"}));
+    EXPECT_EQ(games(), (Rows{"1|1|P|1", "1|2|L|2", "1|3|N|0", "1|4|P|1", "1|5|P|1", "1|6|L|1"}));
+}
+
+TEST_F(DatabaseCheck, CorrectsTheRecordedCounts) {
+    addEvent(std::int64_t{3});
+    addGame(1, std::int64_t{1}, "P", std::int64_t{10});
+    addFrame(1, 1, 1, "X");
+    EXPECT_EQ(check(),
+              (Rows{"1 frames checked, 0 frames deleted.", "1 games checked, 0 games deleted.",
+                    "Checking game score types.",
+                    "Game number: 1, Event: Thursday League, Date: 11/12/2026, frames recorded changed to 1",
+                    "Event: Thursday League, Date: 11/12/2026, games recorded changed to 1"}));
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded"}), Rows{"1"});
+    EXPECT_EQ(games(), Rows{"1|1|P|1"});
+}
+
+TEST_F(DatabaseCheck, SeesADeletedGameInTheSameRun) {
+    addEvent(std::int64_t{1});
+    addGame(9, std::int64_t{1}, "N");
+    const Rows lines = check({failure("DB_Integ", kNoRow), failure("Check_ScType", kNoRow)});
+    EXPECT_EQ(lines.back(), "Event: Thursday League, Date: 11/12/2026, games recorded changed to 0");
+}
+
+TEST_F(DatabaseCheck, LeavesNullsAlone) {
+    addEvent(Null{}, Null{}, Null{});
+    addGame(1, std::int64_t{1}, Null{}, Null{});
+    addFrame(1, 1, 1, "X");
+    const Rows lines = check({failure("Check_ScType", error::kInvalidUseOfNull)});
+    EXPECT_EQ(lines.size(), 3U);
+    EXPECT_EQ(play.rows("tblGameInfo", {"fldScoreType", "fldFrmsRecorded"}), Rows{"null|null"});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded"}), Rows{"null"});
+}
+
+TEST_F(DatabaseCheck, OfAnEmptyLogbookTellsOfEachEmptyTable) {
+    const std::vector<Expected> boxes{failure("DB_Integ", kNoRow),
+                                      failure("DB_Integ", kNoRow),
+                                      failure("Check_ScType", kNoRow),
+                                      failure("Upd_Avg", error::kSubscriptOutOfRange),
+                                      {"No Events", Answer::OK, "No events in the database to process."}};
+    EXPECT_EQ(check(boxes), (Rows{"0 frames checked, 0 frames deleted.", "0 games checked, 0 games deleted.",
+                                  "Checking game score types."}));
+}
+
+TEST_F(DatabaseCheck, AppendsToItsReport) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    check({failure("DB_Integ", kNoRow)});
+    const std::string once = bytesOf(report());
+    play.run([&] { DB_Check(play.program()); }, {failure("DB_Integ", kNoRow), complete()});
+    EXPECT_TRUE(isSameText(bytesOf(report()), once + once));
+}
+
+TEST_F(DatabaseCheck, SetsTheSharedTotalsToNothing) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    play.session().gSeriesTot = 600;
+    play.session().gSeriesAvg = 200;
+    play.session().gGmsRecorded = 3;
+    check({failure("DB_Integ", kNoRow)});
+    EXPECT_EQ(play.session().gSeriesTot, 0);
+    EXPECT_EQ(play.session().gSeriesAvg, 0);
+    EXPECT_EQ(play.session().gGmsRecorded, 0);
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldSeriesTot"}), Rows{"555"});
+}
+
+TEST_F(DatabaseCheck, GoesOnWithoutItsReport) {
+    fs::create_directory(report());
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "P");
+    const auto closed = [](const std::string& procedure) {
+        return failure(procedure, error::kBadFileNameOrNumber);
+    };
+    play.run(
+        [&] { DB_Check(play.program()); },
+        {failure("DB_Check", error::kPathFileAccess), closed("DB_Check"), closed("DB_Integ"),
+         failure("DB_Integ", kNoRow), closed("DB_Integ"), closed("DB_Integ"), closed("Check_ScType"),
+         closed("Check_ScType"), closed("Check_ScType"), closed("Upd_Avg"), closed("DB_Check"), complete()});
+    EXPECT_EQ(games(), Rows{"1|1|N|0"});
+}
+
+TEST_F(DatabaseCheck, IsAskedForAtTheStart) {
+    play.run([&] { askForCheck(play.program()); }, {{"Database Check", Answer::No}});
+    EXPECT_FALSE(fs::exists(report()));
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    play.run([&] { askForCheck(play.program()); },
+             {{"Database Check", Answer::Yes}, failure("DB_Integ", kNoRow), complete()});
+    EXPECT_TRUE(fs::exists(report()));
+}
+
+class DatabaseTools : public DatabaseCheck {
+protected:
+    DatabaseTools() {
+        play.click("mnuDBTools");
+        play.display.forgetEvents();
+    }
+    static inline const Expected kProceed{"Database Check", Answer::Yes,
+                                          "This will perform a database consistency check.\r\nDepending on "
+                                          "the size of your database, this can take "
+                                          "several minutes.\r\nProceed?"};
+};
+
+TEST_F(DatabaseTools, ChecksAfterAQuestion) {
+    EXPECT_EQ(play.screen().caption(), "Database Tools");
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    play.click("cmdDBCheck", {{kProceed.title, Answer::No, kProceed.text}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Question);
+    EXPECT_TRUE(play.display.events().empty());
+    play.click("mnuDBCheck", {kProceed, failure("DB_Integ", kNoRow), complete()});
+    EXPECT_EQ(play.display.events(), (Rows{"busy", "default"}));
+}
+
+TEST_F(DatabaseTools, CountsTheLogbook) {
+    addEvent();
+    play.insert("tblEventInfo", {{"fldEventType", "practice"}});
+    play.insert("tblEventInfo", {{"fldEventType", "COACHING"}});
+    addGame(1, std::int64_t{1}, "P");
+    addFrame(1, 1, 1, "X");
+    const fs::path file = play.program().logbookFile();
+    play.click("cmdDBStats", {{"Database Statistics"}});
+    const MessageBox& box = play.display.boxes().back();
+    EXPECT_EQ(box.icon, Icon::None);
+    EXPECT_EQ(box.text,
+              "Number of events: 3\r\nLeague Events: 1\r\nPractice Events: 1\r\nTournament Events: 0\r\n\r\n"
+              "Number of games: 1\r\nNumber of frames: 1\r\n\r\nDatabase location: " +
+                  file.string() + "\r\nDatabase size: " + std::to_string(fs::file_size(file)) +
+                  "\r\nLast modified: " + dateText(fileDate(file)));
+}
+
+TEST_F(DatabaseTools, OpensAReport) {
+    play.display.expectDialog({"Open Report", std::nullopt});
+    play.display.expectDialog({"Open Report", report()});
+    play.click("mnuFileOpen", {{"Cancelled - Open File", Answer::Retry, "No file was selected."}});
+    EXPECT_EQ(play.display.events(), Rows{"viewer " + report().string()});
+    EXPECT_EQ(play.display.dialogs().at(0).filter, "Text (*.txt) | .txt");
+    EXPECT_EQ(play.display.dialogs().at(0).folder, (fs::current_path() / "Reports").string());
+    play.display.expectDialog({"Open Report", std::nullopt});
+    play.click("mnuFileOpen", {{"Cancelled - Open File", Answer::Cancel, "No file was selected."}});
+    EXPECT_EQ(play.display.events().size(), 1U);
+}
+
+TEST_F(DatabaseTools, ReturnToTheMainMenu) {
+    const Expected question{"Return to Main Menu", Answer::No, "Return to the main menu?"};
+    play.click("cmdRetMain", {question});
+    EXPECT_EQ(play.display.boxes().back().defaultAnswer(), Answer::No);
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
+    play.close({{question.title, Answer::Yes, question.text}});
+    EXPECT_EQ(play.display.events(),
+              (Rows{"unload frmDBTools", "show frmMain", "unload frmMain", "load frmMain", "show frmMain"}));
+    EXPECT_EQ(play.program().screens.loaded().size(), 1U);
+}
+
+TEST_F(DatabaseTools, OfferHelpAboutAndExit) {
+    play.click("mnuTBKHelp");
+    play.click("mnuAbout");
+    EXPECT_EQ(play.display.events(), (Rows{"help 0", "load frmAbout", "show frmAbout"}));
+    play.close();
+    play.click("cmdExit", {{"Confirm - Exit", Answer::Yes}});
+    EXPECT_TRUE(play.program().hasEnded());
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test
