@@ -1,0 +1,74 @@
+#pragma once
+
+#include "shell/Grid.h"
+#include "shell/Screen.h"
+#include "store/DataControl.h"
+
+#include <string>
+
+namespace tallybrook {
+
+/// The events to edit or delete, or those that a search has found, to report on one of them.
+class frmEventList : public Screen {
+public:
+    explicit frmEventList(Program& owner);
+
+    DataControl adoTBKEvent{store()};
+    DataControl adoTBKGame{store()};
+    DataControl adoTBKFrame{store()};
+
+    Picture imgLogo{*this, "imgLogo", "logo.svg"};
+    Label lblTitle{*this, "lblTitle", "Event Listing", LabelLook::Heading};
+
+    Grid dgdEventList;
+
+    Frame fraType{*this, "fraType", "Report Type"};
+    OptionGroup reportTypes;
+    ControlArray<OptionButton> optRpType;
+    Frame fraSyncHH{*this, "fraSyncHH", "Sync to PDA?"};
+    OptionGroup syncChoices;
+    ControlArray<OptionButton> optSyncPDA;
+
+    Button cmdGetRecord{
+        *this, "cmdGetRecord", "R&etrieve Event", {.tip = "Retrieve an event for editing or reporting"}};
+    Button cmdDelRecord{*this, "cmdDelRecord", "&Delete Event", {.tip = "Delete the event"}};
+    Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
+    Button cmdMain{*this, "cmdMain", "&Main Menu", {.tip = "Return to the main menu"}};
+    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+
+    Menu mnuFile{*this, "mnuFile", "&File"};
+    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    Menu mnuCommands{*this, "mnuCommands", "&Commands"};
+    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", "R&etrieve Event", cmdGetRecord};
+    Menu mnuDelRecord{mnuCommands, "mnuDelRecord", "&Delete Event", cmdDelRecord};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
+    Menu mnuMain{mnuCommands, "mnuMain", "&Main Menu", cmdMain};
+    Menu mnuHelp{*this, "mnuHelp", "&Help"};
+    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
+    Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
+
+    Layout layout() override;
+    void onLoad() override;
+    void onClose() override;
+    void onUnload() override;
+
+private:
+    void offerEditing(const Handler& step);
+    void offerReports(const Handler& step);
+    [[nodiscard]] const std::string& searchStatement() const;
+    void tellCount(const std::string& before, const std::string& after, const std::string& hint);
+
+    void cmdGetRecord_Click();
+    void writeReport();
+    void cmdDelRecord_Click();
+    void deleteEvent(const Handler& step, const std::string& name);
+    void Delete_Records(DataControl& control, const std::string& label, const std::string& sortField,
+                        const std::string& table, const std::string& name);
+
+    FileDialog cdlEventList{
+        .purpose = FileDialog::Purpose::Save, .title = "Event Report", .filter = "Text Files(*.txt)|*.txt"};
+    std::string ReportType;
+    bool SyncHH = false;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "shell/Grid.h"
+#include "shell/Screen.h"
+#include "store/DataControl.h"
+
+#include <string>
+
+namespace tallybrook {
+
+/// The games that a search has found, to report on one of them.
+class frmGameList : public Screen {
+public:
+    explicit frmGameList(Program& owner);
+
+    DataControl adoTBKEvent{store()};
+    DataControl adoTBKGame{store()};
+    DataControl adoTBKFrame{store()};
+
+    Picture imgLogo{*this, "imgLogo", "logo.svg"};
+    Label lblTitle{*this, "lblTitle", "Game Listing", LabelLook::Heading};
+
+    Grid dgdEventList;
+
+    Button cmdGetRecord{
+        *this, "cmdGetRecord", "R&etrieve Game", {.tip = "Retrieve the record for the selected game"}};
+    Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
+    Button cmdMain{*this, "cmdMain", "&Main Menu", {.tip = "Return to the main menu"}};
+    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+
+    Menu mnuFile{*this, "mnuFile", "&File"};
+    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    Menu mnuCommands{*this, "mnuCommands", "&Commands"};
+    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", "R&etrieve Game", cmdGetRecord};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
+    Menu mnuMain{mnuCommands, "mnuMain", "&Main Menu", cmdMain};
+    Menu mnuHelp{*this, "mnuHelp", "&Help"};
+    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
+    Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
+
+    Layout layout() override;
+    void onLoad() override;
+    void onClose() override;
+    void onUnload() override;
+
+    /// The error path of the loading, which offers to load the screen anew where a record is not there.
+    [[nodiscard]] Handler loadHandler();
+
+private:
+    [[nodiscard]] const std::string& searchStatement() const;
+    void tellCount();
+    [[noreturn]] void offerToReload();
+
+    void cmdGetRecord_Click();
+    void Write_Report();
+    [[nodiscard]] Handler reportHandler();
+    [[noreturn]] void giveUpReport();
+    [[nodiscard]] std::string chooseFile() const;
+    void loadAnew();
+
+    FileDialog cdlGameList{.purpose = FileDialog::Purpose::Save,
+                           .title = "Game Report",
+                           .filter = "Text Files(*.txt)|*.txt",
+                           .name = "Game Report.txt"};
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,36 @@
+#include "browse/LanePair.h"
+#include "runtime/RunTimeError.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+#include <rapidcheck.h>
+
+namespace tallybrook::test {
+
+namespace {
+
+TEST(LanePair, IsAnOddLaneAndTheNext) {
+    for (const char* good : {"5-6", "13-14", "1-2", "5x-6", " 5 - 6 ", "5-6-7", "4.6-6", "5-6.4"})
+        EXPECT_TRUE(isLanePair(good)) << good;
+    for (const char* bad : {"6-5", "5-7", "4-5", "5", "", "-", "5-", "-6", "--", "lanes", "5--6", "56"})
+        EXPECT_FALSE(isLanePair(bad)) << bad;
+}
+
+TEST(LanePair, FailsBeyondSixteenBits) {
+    for (const char* beyond : {"40001-40002", "5-40000", "1e9-6", "32767-32768"})
+        EXPECT_THROW(isLanePair(beyond), RunTimeError) << beyond;
+}
+
+TEST(LanePair, TakesEveryPairOfALane) {
+    EXPECT_TRUE(rc::check([](std::uint8_t left, std::int8_t apart) {
+        const int right = left + apart;
+        RC_PRE(right >= 0);
+        RC_ASSERT(isLanePair(std::to_string(left) + "-" + std::to_string(right)) ==
+                  (left % 2 == 1 && apart == 1));
+    }));
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test
