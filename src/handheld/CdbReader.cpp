@@ -1,0 +1,93 @@
+#include "handheld/CdbReader.h"
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+/// One file on its way through.
+class CdbReader {
+public:
+    CdbReader(SyncRun& run, SyncFile& file, const std::function<Outcome(CdbRecord&)>& add)
+        : run_(run), file_(file), format_(file.format), add_(add), record_(format_, [&run](const auto& why) {
+              run.giveUp(why, "ParseDBLine");
+          }) {}
+
+    bool read() {
+        if (!format_.opening.empty())
+            run_.logStamped("", format_.opening);
+        while (!file_.tmp->atEnd()) {
+            const std::string line = file_.tmp->readLine();
+            if (!line.starts_with('#'))
+                takeRecord(line);
+            else if (!takeHeader(line))
+                return true;
+        }
+        finish();
+        return false;
+    }
+
+private:
+    void write(std::string_view text) { Write_Log(text, run_.log.run); }
+
+    /// False if there is nothing to read behind it.
+    bool takeHeader(std::string_view line) {
+        if (run_.DeleteFromPDA)
+            file_.out->writeLine(line);
+        if (line.find("RECCNT") == std::string_view::npos)
+            return true;
+        const Int32 count = recordCount(line);
+        if (count == 0 && !format_.nothing.empty()) {
+            write(format_.nothing);
+            return false;
+        }
+        write(fmt::format("Total of {} {} in file.", count.value(), format_.many));
+        return true;
+    }
+
+    void takeRecord(std::string_view line) {
+        ++processed_;
+        record_.take(line);
+        record_.cut(kFirstCutField, format_.lastBeforeStatus);
+        if (record_.isDeleted()) {
+            ++inError_;
+            write(fmt::format("Record ID {} marked for deletion, not processed.", record_.id()));
+        } else {
+            addRecord();
+        }
+    }
+
+    void addRecord() {
+        const Outcome outcome = add_(record_);
+        ++(outcome.isAdded ? added_ : inError_);
+        if (outcome.isAdded && run_.DeleteFromPDA)
+            file_.out->writeLine(record_.markedLine());
+        write(outcome.logLine);
+    }
+
+    void finish() {
+        write(fmt::format("{0} processed: {1}, {0} added: {2}, {0} in error: {3}", format_.title,
+                          processed_.value(), added_.value(), inError_.value()));
+        file_.tmp.close();
+        file_.out.close();
+        run_.logStamped(fmt::format("Completed processing {}: ", format_.many), "\r\n");
+    }
+
+    SyncRun& run_;
+    SyncFile& file_;
+    const CdbFormat& format_;
+    const std::function<Outcome(CdbRecord&)>& add_;
+    CdbRecord record_;
+    Int32 processed_;
+    Int32 added_;
+    Int32 inError_;
+};
+
+}  // namespace
+
+bool readExportFile(SyncRun& run, SyncFile& file, const std::function<Outcome(CdbRecord&)>& add) {
+    return CdbReader(run, file, add).read();
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "handheld/CdbRecord.h"
+#include "handheld/SyncRun.h"
+
+#include <functional>
+#include <string>
+
+namespace tallybrook {
+
+/// What became of a record, and the line of the log that tells it.
+struct Outcome {
+    bool isAdded;  // false: it counts as in error
+    std::string logLine;
+};
+
+/// Reads one of the run's export files from its beginning to its end. `add` gets every record that is not
+/// deleted, with the fields up to the format's lastBeforeStatus cut, and puts it into the logbook. Returns
+/// true if a record count of 0 has ended the reading at once, which leaves the file open. Errors as the
+/// files, the numbers and `add` raise them.
+bool readExportFile(SyncRun& run, SyncFile& file, const std::function<Outcome(CdbRecord&)>& add);
+
+}  // namespace tallybrook

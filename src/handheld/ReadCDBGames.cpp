@@ -1,0 +1,67 @@
+#include "handheld/CdbReader.h"
+#include "handheld/ReadCDB.h"
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+// Fields of a game record.
+constexpr int kGameId = 3;
+constexpr int kEventId = 4;
+constexpr int kGameNum = 5;
+constexpr int kGameScore = 6;
+constexpr int kLeftLane = 8;
+constexpr int kRightLane = 9;
+constexpr int kStartLane = 10;
+constexpr int kLanePair = 11;
+constexpr int kScoreType = 12;
+constexpr int kLaneCond = 13;
+constexpr int kComment = 14;
+
+Int32 storeGame(DataControl& adoTBKGame, const CdbRecord& record, Int32 eventKey) {
+    adoTBKGame.Refresh();
+    Recordset& games = adoTBKGame.recordset();
+    games.AddNew();
+    games["fldSessionNum"] = valueOf(eventKey);
+    games["fldGameNum"] = record.value(kGameNum);
+    games["fldLanePair"] = record.value(kLanePair);
+    games["fldLeftLane"] = record.value(kLeftLane);
+    games["fldRightLane"] = record.value(kRightLane);
+    games["fldStartLane"] = record.value(kStartLane);
+    games["fldGameScore"] = record.value(kGameScore);
+    games["fldLaneCond"] = record.value(kLaneCond);
+    games["fldComment"] = record.value(kComment);
+    games["fldScoreType"] = record.value(kScoreType);
+    games["fldHHRecordID"] = record.id();
+    games["fldBowlHand"] = "N";
+    games["fldFrmsRecorded"] = valueOf(Int16{0});
+    games.Update();
+    return toInt32(games["fldGameKey"]);
+}
+
+Outcome addGame(SyncRun& run, CdbRecord& record) {
+    const auto eventKey = run.AddedEvents.find(record.text(kEventId));
+    if (!eventKey)
+        return {.isAdded = false,
+                .logLine = fmt::format("No event found for record ID {}. Event ID: {}", record.id(),
+                                       record.text(kEventId))};
+    record.cut(kGameNum, kComment);
+    run.AddedGames.add(record.text(kGameId), storeGame(run.controls().adoTBKGame, record, *eventKey));
+    return {.isAdded = true,
+            .logLine = fmt::format("Record ID: {} added to database, Event key: {}, Game number: {}",
+                                   record.id(), eventKey->value(), toText(record.value(kGameNum)))};
+}
+
+}  // namespace
+
+bool ReadCDBGames(SyncRun& run) {
+    bool NoGames = false;
+    run.procedure("ReadCDBGames", [&] {
+        NoGames = readExportFile(run, run.game, [&run](CdbRecord& record) { return addGame(run, record); });
+    });
+    return NoGames;
+}
+
+}  // namespace tallybrook
