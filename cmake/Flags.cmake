@@ -3,12 +3,16 @@ add_library(tallybrook_flags INTERFACE)
 # -Wrestrict is off since GCC 12 reports it falsely where a literal and a string are joined.
 target_compile_options(tallybrook_flags INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wconversion -Wsign-conversion -Wcast-align -Wimplicit-fallthrough -Wno-restrict)
+    -Wconversion -Wsign-conversion -Wcast-align -Wimplicit-fallthrough $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
 if(TALLYBROOK_SANITIZE)
     target_compile_options(tallybrook_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(tallybrook_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(TALLYBROOK_FUZZ)
+    target_compile_options(tallybrook_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 if(TALLYBROOK_COVERAGE)

@@ -1,5 +1,7 @@
 #include "desktop/ControlView.h"
 
+#include "desktop/GridView.h"
+#include "desktop/ListViews.h"
 #include "desktop/PressedViews.h"
 #include "desktop/QtText.h"
 #include "desktop/StillViews.h"
@@ -22,11 +24,16 @@ struct KindOfView {
     Made (*make)(Control& control, QWidget& parent, ViewListener& listener);
 };
 
-constexpr std::array<KindOfView, 8> kKinds{{
+constexpr std::array<KindOfView, 13> kKinds{{
     {Control::Kind::TextBox, makeTextBoxView},
     {Control::Kind::Button, makeButtonView},
     {Control::Kind::OptionButton, makeOptionView},
     {Control::Kind::CheckBox, makeCheckBoxView},
+    {Control::Kind::ComboBox, makeComboView},
+    {Control::Kind::DriveList, makeComboView},
+    {Control::Kind::ListBox, makeListBoxView},
+    {Control::Kind::FolderList, makeFolderTreeView},
+    {Control::Kind::Grid, makeGridView},
     {Control::Kind::Label, makeLabelView},
     {Control::Kind::Frame, makeFrameView},
     {Control::Kind::Picture, makePictureView},
@@ -37,7 +44,7 @@ constexpr std::array<KindOfView, 8> kKinds{{
 
 void ControlView::refresh() {
     refreshContent();
-    QWidget& shown = widget();
+    QWidget& shown = outerWidget();
     shown.setEnabled(control_.isEnabled());
     shown.setVisible(control_.isVisible());
     shown.setToolTip(asTip(control_.tip()));

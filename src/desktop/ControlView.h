@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Control.h"
+#include "shell/Person.h"
 
 #include <QWidget>
 #include <memory>
@@ -17,6 +17,13 @@ public:
     virtual void edited(TextBox& box, const QString& text) = 0;
     /// The user has selected all of the text of a box, or no longer all of it.
     virtual void selected(TextBox& box, bool all) = 0;
+    /// The user has chosen an item of a list, from 0, or the folder in a row of a tree.
+    virtual void picked(ItemList& list, int index) = 0;
+    virtual void pickedFolder(FolderList& list, int row) = 0;
+    /// The user wants to see what is in a folder of a tree, or no longer.
+    virtual void toggledFolder(FolderList& list, int row) = 0;
+    /// The user has clicked a row of a grid, from 1.
+    virtual void clickedRow(Grid& grid, int row) = 0;
 };
 
 /// One control as a widget. The control is the master: refresh() makes the widget show what it holds, and the
@@ -29,7 +36,12 @@ public:
     ControlView& operator=(const ControlView&) = delete;
 
     [[nodiscard]] Control& control() const { return control_; }
+    /// What has the focus and is used.
     [[nodiscard]] virtual QWidget& widget() const = 0;
+    /// What stands in the layout: the widget, or more around it.
+    [[nodiscard]] virtual QWidget& outerWidget() const { return widget(); }
+    /// Whether the widget itself does something with a key that means nothing to the screen.
+    [[nodiscard]] virtual bool takesKey(const person::Key& /*key*/) const { return false; }
     void refresh();
 
 protected:

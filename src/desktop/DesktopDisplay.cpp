@@ -185,6 +185,7 @@ void DesktopDisplay::help(HelpTopic topic) {
 
 void DesktopDisplay::startViewer(const std::filesystem::path& file) {
     const QString viewer = QDir(QCoreApplication::applicationDirPath()).filePath("tallybrook-viewer");
+    // The name goes over as one argument, whatever it holds; no shell sees it.
     if (!QProcess::startDetached(viewer, {QString::fromStdU16String(file.u16string())}))
         throw RunTimeError(error::kFileNotFound);
 }

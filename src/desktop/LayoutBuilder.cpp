@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QWidget>
+#include <algorithm>
 
 namespace tallybrook {
 
@@ -23,6 +24,13 @@ Qt::Alignment alignmentOf(const Layout& part) {
             break;
     }
     return {};
+}
+
+/// Whether the part is a list or grid, which takes what room there is below it.
+bool isTall(const Layout& part) {
+    return part.kind == Layout::Kind::Item && part.control->hasRows() &&
+           part.control->kind() != Control::Kind::ComboBox &&
+           part.control->kind() != Control::Kind::DriveList;
 }
 
 bool isOneWidget(const Layout& part) {
@@ -78,6 +86,10 @@ QLayout* LayoutBuilder::buildForm(const Layout& layout, QWidget& parent) const {
     grid->setVerticalSpacing(kBelow);
     grid->setColumnStretch(1, 1);
     fill(*grid, layout, 2, parent);
+    for (std::size_t named = 1; named < layout.parts.size(); named += 2) {
+        if (isTall(layout.parts[named]))
+            grid->itemAtPosition(static_cast<int>(named) / 2, 0)->setAlignment(Qt::AlignTop);
+    }
     return grid;
 }
 
@@ -104,6 +116,7 @@ void LayoutBuilder::fill(QGridLayout& grid, const Layout& layout, int columns, Q
             grid.addWidget(widgetOf(part, parent), row, column, alignmentOf(part));
         else if (part.kind != Layout::Kind::Space)
             grid.addLayout(build(part, parent), row, column, alignmentOf(part));
+        grid.setRowStretch(row, std::max(grid.rowStretch(row), part.stretch));
     }
 }
 

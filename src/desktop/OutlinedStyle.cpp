@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QStyleOption>
+#include <QTableView>
 #include <algorithm>
 #include <array>
 
@@ -27,16 +28,19 @@ bool isDark(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
-void draw(const Outline& outline, const QStyleOption& option, QPainter& painter) {
+QColor faint(const QPalette& palette) {
     constexpr double kFaint = 0.6;
-    const QPalette& palette = option.palette;
+    return between(palette.color(QPalette::Active, QPalette::WindowText),
+                   palette.color(QPalette::Active, QPalette::Window), kFaint);
+}
+
+void draw(const Outline& outline, const QColor& colour, const QStyleOption& option, QPainter& painter) {
     const QRectF rect = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     const double radius = std::min(outline.radius, rect.width() / 2);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(between(palette.color(QPalette::Active, QPalette::WindowText),
-                           palette.color(QPalette::Active, QPalette::Window), kFaint));
+    painter.setPen(colour);
     painter.drawRoundedRect(rect, radius, radius);
     painter.restore();
 }
@@ -47,9 +51,38 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   const QWidget* widget) const {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const auto* const outline = std::ranges::find(kOutlines, element, &Outline::element);
-    const bool isMarked = option->state.testFlag(State_HasFocus);  // the focus has an outline of its own
-    if (outline != kOutlines.end() && !isMarked && baseStyle()->name() == "fusion" && isDark(option->palette))
-        draw(*outline, *option, *painter);
+    if (outline == kOutlines.end() || !isPlain())
+        return;
+    const bool hasFocus = option->state.testFlag(State_HasFocus);
+    if (hasFocus && element == PE_Frame)  // other elements have a mark of their own
+        draw(*outline, option->palette.color(QPalette::Active, QPalette::Highlight), *option, *painter);
+    else if (!hasFocus && isDark(option->palette))
+        draw(*outline, faint(option->palette), *option, *painter);
+}
+
+int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+    constexpr int kBesideText = 6;
+    const bool isTable = qobject_cast<const QTableView*>(widget) != nullptr;
+    if (isPlain() && isTable && metric == PM_FocusFrameHMargin)
+        return kBesideText - 1;
+    if (isPlain() && metric == PM_HeaderMargin)
+        return kBesideText;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+QSize OutlinedStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                      const QWidget* widget) const {
+    constexpr int kAroundItem = 4;
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return isPlain() && type == CT_ItemViewItem ? size + QSize(0, kAroundItem) : size;
+}
+
+/// A combo box lets its list down instead of laying it over itself.
+int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* data) const {
+    if (isPlain() && hint == SH_ComboBox_Popup)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, data);
 }
 
 }  // namespace tallybrook

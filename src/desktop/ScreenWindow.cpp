@@ -29,6 +29,11 @@ bool isTextBox(const Control* control) {
     return control != nullptr && control->kind() == Control::Kind::TextBox;
 }
 
+/// Whether a label says what the control is, since it shows no words of its own.
+bool needsLabel(const Control* control) {
+    return isTextBox(control) || control->isList();
+}
+
 }  // namespace
 
 // --- Building ----------------------------------------------------------------------------------------------
@@ -74,7 +79,7 @@ QWidget& ScreenWindow::makeWidget(Control& control, QWidget& parent) {
     watch(widget, control);
     if (auto* const area = qobject_cast<QAbstractScrollArea*>(&widget); area != nullptr)
         watch(*area->viewport(), control);
-    return widget;
+    return view->outerWidget();
 }
 
 void ScreenWindow::watch(QWidget& widget, Control& control) {
@@ -82,10 +87,10 @@ void ScreenWindow::watch(QWidget& widget, Control& control) {
     controls_.insert(&widget, &control);
 }
 
-/// Gives the boxes the names that they are read aloud with: those of their labels, else their tips.
+/// Gives boxes and lists the names that they are read aloud with: those of their labels, else their tips.
 void ScreenWindow::nameWidgets() {
     for (const auto& [control, view] : views_) {
-        if (isTextBox(control))
+        if (needsLabel(control))
             view->widget().setAccessibleName(toQt(control->tip()));
     }
     for (const auto& [control, view] : views_) {
@@ -95,7 +100,7 @@ void ScreenWindow::nameWidgets() {
         if (widget == nullptr)
             continue;
         label->setBuddy(widget);
-        if (isTextBox(named))
+        if (needsLabel(named))
             widget->setAccessibleName(spoken(control->caption()));
     }
 }
@@ -148,6 +153,7 @@ void ScreenWindow::bringToFront() {
 
 void ScreenWindow::letGo() {
     screen_ = nullptr;
+    views_.clear();
     hide();
     deleteLater();
 }
@@ -224,14 +230,31 @@ bool ScreenWindow::mousePressed(QObject* watched, const QMouseEvent& event) {
         return false;
 
     pressed_ = nullptr;
-    bool goesOn = isText ? pressOnBox(static_cast<TextBox&>(*control)) : pressOnButton(*control);
+    bool goesOn = mayPress(*control);
     const bool isHeld = QApplication::mouseButtons().testFlag(event.button());
-    if (goesOn && !isText && isMouse && !isHeld) {
-        clicked(*control);  // the release has gone to a box that came up meanwhile
-        goesOn = false;
-    }
+    if (goesOn && !isText && isMouse && !isHeld)  // the release has gone to a box that came up meanwhile
+        goesOn = releaseAtOnce(watched, *control, event);
     swallowed_ = goesOn ? nullptr : watched;
     return !goesOn;
+}
+
+/// Makes up for a release of the mouse that went elsewhere. True if the press may go on to the widget.
+bool ScreenWindow::releaseAtOnce(QObject* watched, Control& control, const QMouseEvent& press) {
+    if (!control.hasRows()) {
+        clicked(control);
+        return false;
+    }
+    QCoreApplication::postEvent(
+        watched, new QMouseEvent(QEvent::MouseButtonRelease, press.position(), press.globalPosition(),
+                                 press.button(), Qt::NoButton, press.modifiers()));
+    return true;
+}
+
+/// Lets the focus go where the mouse was pressed. True if the widget may have the press.
+bool ScreenWindow::mayPress(Control& control) {
+    if (isTextBox(&control))
+        return pressOnBox(static_cast<TextBox&>(control));
+    return control.hasRows() ? pressOnRows(control) : pressOnButton(control);
 }
 
 /// Lets the focus go to the control that the mouse was pressed on.
@@ -255,6 +278,11 @@ bool ScreenWindow::pressOnButton(Control& control) {
 bool ScreenWindow::pressOnBox(TextBox& box) {
     const bool wasThere = box.hasFocus();
     return arriveAt(box) == Arrival::Arrived && (wasThere || !box.isAllSelected());
+}
+
+/// True if the press may open a list or choose something in it.
+bool ScreenWindow::pressOnRows(Control& control) {
+    return person::isAtHand(control, arriveAt(control));
 }
 
 void ScreenWindow::clicked(Control& control) {
@@ -284,6 +312,26 @@ void ScreenWindow::selected(TextBox& box, bool all) {
         box.dropSelection();
 }
 
+void ScreenWindow::picked(ItemList& list, int index) {
+    if (screen_ != nullptr)
+        taker_.perform([&] { person::pick(list, index); });
+}
+
+void ScreenWindow::pickedFolder(FolderList& list, int row) {
+    if (screen_ != nullptr)
+        taker_.perform([&] { person::pickFolder(list, list.rows()[static_cast<std::size_t>(row)].path); });
+}
+
+void ScreenWindow::toggledFolder(FolderList& list, int row) {
+    if (screen_ != nullptr)
+        taker_.perform([&] { person::toggleFolder(list, row); });
+}
+
+void ScreenWindow::clickedRow(Grid& grid, int row) {
+    if (screen_ != nullptr)
+        taker_.perform([&] { person::selectRow(grid, row); });
+}
+
 /// Whether the screen itself answers a key, so that the toolkit's own shortcuts must not.
 bool ScreenWindow::isShortcut(const QKeyEvent& event) const {
     const person::Key key = keyOf(event);
@@ -297,8 +345,8 @@ bool ScreenWindow::keyPressed(const QKeyEvent& event) {
     taker_.noteArrival(press.arrival);
     if (press.used || screen_ == nullptr)
         return true;
-    // Only a text box knows more keys than the screen; and Alt with a character writes nothing.
-    return !isTextBox(screen_->focused()) || (key.alt && key.name.size() == 1);
+    const auto view = views_.find(screen_->focused());
+    return view == views_.end() || !view->second->takesKey(key);
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {

@@ -49,14 +49,21 @@ private:
     void clicked(Control& control) override;
     void edited(TextBox& box, const QString& text) override;
     void selected(TextBox& box, bool all) override;
+    void picked(ItemList& list, int index) override;
+    void pickedFolder(FolderList& list, int row) override;
+    void toggledFolder(FolderList& list, int row) override;
+    void clickedRow(Grid& grid, int row) override;
 
     // What the event filter sees; true where the widget must not see it.
     bool mousePressed(QObject* watched, const QMouseEvent& event);
     bool keyPressed(const QKeyEvent& event);
 
     Arrival arriveAt(Control& control);
+    bool mayPress(Control& control);
     bool pressOnButton(Control& control);
     bool pressOnBox(TextBox& box);
+    bool pressOnRows(Control& control);
+    bool releaseAtOnce(QObject* watched, Control& control, const QMouseEvent& press);
     [[nodiscard]] bool isShortcut(const QKeyEvent& event) const;
 
     Screen* screen_;

@@ -1,28 +1,14 @@
 #include "desktop/TextViews.h"
 
 #include "desktop/BoxEdits.h"
+#include "desktop/Ground.h"
 #include "desktop/QtText.h"
 
-#include <QApplication>
 #include <QSignalBlocker>
 
 namespace tallybrook {
 
 namespace {
-
-/// What the user cannot write into is drawn on the window's own ground, and as readable as the rest.
-void drawQuiet(QWidget& widget, bool quiet) {
-    const QPalette usual = QApplication::palette();
-    QPalette palette = widget.palette();
-    const auto take = [&](QPalette::ColorRole role, QPalette::ColorRole from) {
-        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-            palette.setColor(group, role, usual.color(quiet ? QPalette::Active : group, quiet ? from : role));
-    };
-    take(QPalette::Base, QPalette::Window);
-    take(QPalette::Text, QPalette::WindowText);
-    if (palette != widget.palette())
-        widget.setPalette(palette);
-}
 
 /// What boxes of one and of several lines have in common. `Edit` is the toolkit's widget.
 template <typename Edit>
@@ -36,6 +22,10 @@ public:
         QObject::connect(edit_, &Edit::selectionChanged, edit_, [this] { noteSelection(); });
     }
     [[nodiscard]] QWidget& widget() const override { return *edit_; }
+    /// All but Alt with a character, which writes nothing.
+    [[nodiscard]] bool takesKey(const person::Key& key) const override {
+        return !key.alt || key.name.size() != 1;
+    }
 
 protected:
     void refreshContent() override {
@@ -45,7 +35,7 @@ protected:
             edit_->selectNothing();
         else if (box_.isAllSelected())
             edit_->selectAll();
-        drawQuiet(*edit_, box_.options().readOnly || !box_.isEnabled());
+        drawBoxGround(*edit_, box_.options().readOnly || !box_.isEnabled());
     }
 
 private:

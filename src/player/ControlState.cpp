@@ -1,5 +1,8 @@
 #include "player/ControlState.h"
 
+#include "shell/Grid.h"
+#include "shell/Lists.h"
+
 namespace tallybrook {
 
 namespace {
@@ -11,11 +14,22 @@ std::string_view onOrOff(bool value) {
     return value ? "on" : "off";
 }
 
+/// The texts in their quoted form, beside each other.
+std::string beside(const std::vector<std::string>& texts, const Transcript& transcript) {
+    std::string written;
+    for (const std::string& text : texts)
+        written += (written.empty() ? "" : "|") + transcript.text(text);
+    return written;
+}
+
 class StateText {
 public:
     explicit StateText(const Transcript& transcript) : transcript_(transcript) {}
 
     void addText(std::string_view what, std::string_view text) { add(what, transcript_.text(text)); }
+    void addTexts(std::string_view what, const std::vector<std::string>& texts) {
+        add(what, "[" + beside(texts, transcript_) + "]");
+    }
     void add(std::string_view what, std::string_view state) {
         written_.append(written_.empty() ? "" : " ").append(what).append("=").append(state);
     }
@@ -25,6 +39,17 @@ private:
     const Transcript& transcript_;
     std::string written_;
 };
+
+void addItems(StateText& state, const ItemList& list) {
+    state.addTexts("list", list.items());
+    state.addText("picked", list.picked());
+}
+
+void addRows(StateText& state, const Grid& grid) {
+    state.addText("caption", grid.caption());
+    state.add("row", std::to_string(grid.currentRow()));
+    state.add("rows", std::to_string(grid.rowCount()));
+}
 
 void addContents(StateText& state, const Control& control) {
     switch (control.kind()) {
@@ -36,6 +61,13 @@ void addContents(StateText& state, const Control& control) {
         case Control::Kind::CheckBox:
             state.addText("caption", control.caption());
             return state.add("value", onOrOff(static_cast<const CheckBox&>(control).value()));
+        case Control::Kind::ComboBox:
+        case Control::Kind::ListBox:
+        case Control::Kind::DriveList:
+        case Control::Kind::FolderList:
+            return addItems(state, static_cast<const ItemList&>(control));
+        case Control::Kind::Grid:
+            return addRows(state, static_cast<const Grid&>(control));
         case Control::Kind::Button:
         case Control::Kind::Label:
         case Control::Kind::Frame:
@@ -55,6 +87,20 @@ std::string stateOf(const Control& control, bool hasFocus, const Transcript& tra
     state.add("visible", yesOrNo(control.isVisible()));
     state.add("focus", yesOrNo(hasFocus));
     return state.written();
+}
+
+std::vector<std::string> rowsOf(const Control& control, const Transcript& transcript) {
+    std::vector<std::string> written;
+    if (control.kind() != Control::Kind::Grid)
+        return written;
+    const auto& grid = static_cast<const Grid&>(control);
+    for (int row = 1; row <= grid.rowCount(); ++row) {
+        std::vector<std::string> cells;
+        for (int column = 0; column < static_cast<int>(grid.columns().size()); ++column)
+            cells.push_back(grid.cell(row, column));
+        written.push_back(std::to_string(row) + ": " + beside(cells, transcript));
+    }
+    return written;
 }
 
 }  // namespace tallybrook

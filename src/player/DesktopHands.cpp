@@ -4,11 +4,13 @@
 #include "shell/Person.h"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QCheckBox>
 #include <QPointer>
 #include <QRadioButton>
 #include <QStyle>
 #include <QTest>
+#include <algorithm>
 #include <functional>
 
 namespace tallybrook::hands {
@@ -58,6 +60,15 @@ void pressAndRelease(QWidget& widget, const std::function<QPoint(const QWidget& 
         QTest::mouseRelease(surface, Qt::LeftButton, Qt::NoModifier, place(*surface));
 }
 
+/// Moves the mouse about: a list that has just been opened takes a release only from a mouse that has moved.
+void wander(QWidget& surface) {
+    for (const QPoint place : {QPoint(200, 200), QPoint(-200, -200)}) {
+        QMouseEvent move(QEvent::MouseMove, place, surface.mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&surface, &move);
+    }
+}
+
 }  // namespace
 
 void click(QWidget& widget) {
@@ -66,6 +77,25 @@ void click(QWidget& widget) {
 
 void touch(QWidget& widget) {
     pressAndRelease(widget, [](const QWidget&) { return QPoint(-2, -2); });
+    if (QWidget* const opened = QApplication::activePopupWidget(); opened != nullptr)
+        opened->close();
+}
+
+void clickItem(QAbstractItemView& items, const QModelIndex& item) {
+    items.scrollTo(item);
+    const QRect seen = items.visualRect(item).intersected(items.viewport()->rect());
+    const QPoint place(seen.left() + std::min(seen.width() / 2, 8), seen.center().y());
+    const QPointer<QWidget> surface(items.viewport());
+    QTest::mousePress(surface, Qt::LeftButton, Qt::NoModifier, place);
+    if (surface)
+        QTest::mouseRelease(surface, Qt::LeftButton, Qt::NoModifier, place);
+}
+
+void pickFrom(QComboBox& combo, int index) {
+    click(combo);
+    QAbstractItemView& items = *combo.view();
+    wander(*items.viewport());
+    clickItem(items, combo.model()->index(index, combo.modelColumn()));
 }
 
 void pressKey(QWidget& window, const std::string& key) {

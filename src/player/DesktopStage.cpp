@@ -1,15 +1,27 @@
 #include "player/DesktopStage.h"
 
+#include "desktop/ListViews.h"
 #include "player/DesktopHands.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QComboBox>
 #include <QPixmap>
+#include <QPointer>
 #include <stdexcept>
 #include <utility>
 
 namespace tallybrook {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+QAbstractItemView& itemsIn(QWidget& widget) {
+    return dynamic_cast<QAbstractItemView&>(widget);
+}
+
+}  // namespace
 
 DesktopStage::DesktopStage(std::optional<fs::path> shots) : shots_(std::move(shots)) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // nobody can reach into those
@@ -18,6 +30,8 @@ DesktopStage::DesktopStage(std::optional<fs::path> shots) : shots_(std::move(sho
 Arrival DesktopStage::click(Control& control) {
     if (QAction* const action = display_.actionOf(control); action != nullptr)
         return act([action] { action->trigger(); });
+    if (control.hasRows())
+        return focus(control);  // where in it would be another matter
     QWidget& widget = widgetOf(control);
     return act([&widget] { hands::click(widget); });
 }
@@ -36,6 +50,43 @@ Arrival DesktopStage::type(TextBox& box, const std::string& text) {
 Arrival DesktopStage::focus(Control& control) {
     QWidget& widget = widgetOf(control);
     return act([&widget] { hands::touch(widget); });
+}
+
+Arrival DesktopStage::use(const Control& control, const std::function<void(QWidget& widget)>& action) {
+    const QPointer<QWidget> widget(&widgetOf(control));
+    return act([&] {
+        hands::touch(*widget);
+        const Arrival arrival = display_.lastArrival();
+        if (arrival != Arrival::Arrived || !widget || !widget->isVisible() || !widget->isEnabled())
+            return;
+        action(*widget);
+        display_.noteArrival(arrival);
+    });
+}
+
+Arrival DesktopStage::pick(ItemList& list, const std::function<int()>& index) {
+    return use(list, [&](QWidget& widget) {
+        const int place = index();
+        if (auto* const combo = qobject_cast<QComboBox*>(&widget); combo != nullptr)
+            return hands::pickFrom(*combo, place);
+        QAbstractItemView& items = itemsIn(widget);
+        hands::clickItem(items, items.model()->index(place, 0));
+    });
+}
+
+Arrival DesktopStage::pickFolder(FolderList& list, const std::function<std::string()>& path) {
+    return use(list, [&](QWidget& widget) {
+        const std::string folder = path();
+        display_.perform([&] { list.reveal(folder); });
+        hands::clickItem(itemsIn(widget), folderIndex(itemsIn(widget), list.cursor()));
+    });
+}
+
+Arrival DesktopStage::selectRow(Grid& grid, const std::function<int()>& row) {
+    return use(grid, [&](QWidget& widget) {
+        QAbstractItemView& rows = itemsIn(widget);
+        hands::clickItem(rows, rows.model()->index(row() - 1, 0));
+    });
 }
 
 Arrival DesktopStage::tab(Screen& screen, bool backwards) {

@@ -25,6 +25,9 @@ public:
     Arrival click(Control& control) override;
     Arrival type(TextBox& box, const std::string& text) override;
     Arrival focus(Control& control) override;
+    Arrival pick(ItemList& list, const std::function<int()>& index) override;
+    Arrival pickFolder(FolderList& list, const std::function<std::string()>& path) override;
+    Arrival selectRow(Grid& grid, const std::function<int()>& row) override;
     Arrival tab(Screen& screen, bool backwards) override;
     Arrival press(Screen& screen, const std::string& key) override;
     void close(Screen& screen) override;
@@ -36,6 +39,8 @@ private:
     /// Does something with the mouse or the keyboard, lets the windows follow, and raises what has escaped
     /// from the program meanwhile.
     Arrival act(const std::function<void()>& action);
+    /// Moves the focus to the control, and does something there if it can be used.
+    Arrival use(const Control& control, const std::function<void(QWidget& widget)>& action);
     void settle();
 
     std::optional<std::filesystem::path> shots_;

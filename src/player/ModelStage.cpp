@@ -44,6 +44,25 @@ Arrival ModelStage::focus(Control& control) {
     return moveFocus(control, [](Arrival) {});
 }
 
+Arrival ModelStage::use(Control& control, const std::function<void()>& action) {
+    return moveFocus(control, [&](Arrival arrival) {
+        if (person::isAtHand(control, arrival))
+            action();
+    });
+}
+
+Arrival ModelStage::pick(ItemList& list, const std::function<int()>& index) {
+    return use(list, [&] { person::pick(list, index()); });
+}
+
+Arrival ModelStage::pickFolder(FolderList& list, const std::function<std::string()>& path) {
+    return use(list, [&] { person::pickFolder(list, path()); });
+}
+
+Arrival ModelStage::selectRow(Grid& grid, const std::function<int()>& row) {
+    return use(grid, [&] { person::selectRow(grid, row()); });
+}
+
 Arrival ModelStage::perform(const std::function<Arrival()>& action) {
     Arrival arrival = Arrival::Arrived;
     program_->perform([&] { arrival = action(); });

@@ -17,6 +17,9 @@ public:
     Arrival click(Control& control) override;
     Arrival type(TextBox& box, const std::string& text) override;
     Arrival focus(Control& control) override;
+    Arrival pick(ItemList& list, const std::function<int()>& index) override;
+    Arrival pickFolder(FolderList& list, const std::function<std::string()>& path) override;
+    Arrival selectRow(Grid& grid, const std::function<int()>& row) override;
     Arrival tab(Screen& screen, bool backwards) override;
     Arrival press(Screen& screen, const std::string& key) override;
     void close(Screen& screen) override;
@@ -25,6 +28,8 @@ public:
 private:
     /// Moves the focus to the control, and goes on with what that has come to.
     Arrival moveFocus(Control& control, const std::function<void(Arrival)>& then);
+    /// Moves the focus to the control, and uses it if it can be used there.
+    Arrival use(Control& control, const std::function<void()>& action);
     Arrival perform(const std::function<Arrival()>& action);
 
     PlannedDisplay display_;

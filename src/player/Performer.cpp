@@ -25,9 +25,47 @@ std::optional<Refusal> refusalOf(const Control& control) {
     return std::nullopt;
 }
 
-/// What became of a click. On anything but a text box it happens even where a third control got the focus.
-Arrival clickArrival(Control::Kind kind, Arrival arrival) {
-    return arrival == Arrival::Elsewhere && kind != Control::Kind::TextBox ? Arrival::Arrived : arrival;
+/// Whether a click on the control happens even where a third one got the focus.
+bool isPressed(const Control& control) {
+    return control.kind() != Control::Kind::TextBox && !control.hasRows();
+}
+
+Arrival clickArrival(bool isPressed, Arrival arrival) {
+    return isPressed && arrival == Arrival::Elsewhere ? Arrival::Arrived : arrival;
+}
+
+/// The position that a word like "#3" gives; nothing for a text.
+std::optional<std::size_t> positionIn(const Word& word) {
+    return word.quoted ? std::nullopt : std::optional<std::size_t>(std::stoul(word.text.substr(1)));
+}
+
+/// The position, from 0, of the item that a line names. Stops the play where the list has no such item.
+int itemIn(const ItemList& list, const ScriptLine& line) {
+    const Word& word = line.words[2];
+    const std::vector<std::string>& items = list.items();
+    const auto named = std::ranges::find(items, word.text) - items.begin();
+    const std::size_t item = positionIn(word).value_or(static_cast<std::size_t>(named));
+    if (item >= items.size())
+        line.fail(line.argument(1) + " has no item " + (word.quoted ? inQuotes(word.text) : word.text));
+    return static_cast<int>(item);
+}
+
+/// The folder that a line names, which need not be one of the items. Stops the play where there is none.
+std::string folderIn(const FolderList& list, const ScriptLine& line) {
+    const Word& word = line.words[2];
+    if (!word.quoted)
+        return list.items()[static_cast<std::size_t>(itemIn(list, line))];
+    if (!FolderList::isFolder(word.text))
+        line.fail(line.argument(1) + " has no folder " + inQuotes(word.text));
+    return word.text;
+}
+
+/// The row that a line names. Stops the play where the grid has no such row.
+int rowIn(const Grid& grid, const ScriptLine& line) {
+    const int row = std::stoi(line.argument(2));
+    if (row > grid.rowCount())
+        line.fail(line.argument(1) + " has no row " + line.argument(2));
+    return row;
 }
 
 /// The text as keys give it: each line end is one press of Return.
@@ -107,7 +145,7 @@ void Performer::start(const ScriptLine&) {
 void Performer::click(const ScriptLine& line) {
     Control& target = control(line);
     act(target, line.argument(1),
-        [&, kind = target.kind()] { return clickArrival(kind, stage_.click(target)); });
+        [&, pressed = isPressed(target)] { return clickArrival(pressed, stage_.click(target)); });
 }
 
 void Performer::type(const ScriptLine& line) {
@@ -150,13 +188,26 @@ void Performer::press(const ScriptLine& line) {
 }
 
 void Performer::pick(const ScriptLine& line) {
-    const Control& target = control(line);
-    line.fail(target.name() + " is no list");
+    Control& target = control(line);
+    if (!target.isList())
+        line.fail(line.argument(1) + " is no list");
+    if (target.kind() == Control::Kind::FolderList)
+        return pickFolder(static_cast<FolderList&>(target), line);
+    auto& list = static_cast<ItemList&>(target);
+    act(list, line.argument(1), [&] { return stage_.pick(list, [&] { return itemIn(list, line); }); });
+}
+
+void Performer::pickFolder(FolderList& list, const ScriptLine& line) {
+    act(list, line.argument(1),
+        [&] { return stage_.pickFolder(list, [&] { return folderIn(list, line); }); });
 }
 
 void Performer::row(const ScriptLine& line) {
-    const Control& target = control(line);
-    line.fail(target.name() + " is no grid");
+    Control& target = control(line);
+    if (target.kind() != Control::Kind::Grid)
+        line.fail(line.argument(1) + " is no grid");
+    auto& grid = static_cast<Grid&>(target);
+    act(grid, line.argument(1), [&] { return stage_.selectRow(grid, [&] { return rowIn(grid, line); }); });
 }
 
 void Performer::close(const ScriptLine& line) {
@@ -175,6 +226,8 @@ void Performer::show(const ScriptLine& line) {
         const Control& shown = control(line, argument);
         const bool hasFocus = shown.hasFocus() && program_.screens.front() == &shown.screen();
         transcript_.line(line.argument(argument) + " " + stateOf(shown, hasFocus, transcript_));
+        for (const std::string& row : rowsOf(shown, transcript_))
+            transcript_.line("  " + row);
     }
 }
 

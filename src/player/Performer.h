@@ -45,6 +45,7 @@ public:
 private:
     [[nodiscard]] Screen& front(const ScriptLine& line) const;
     [[nodiscard]] Control& control(const ScriptLine& line, std::size_t argument = 1) const;
+    void pickFolder(FolderList& list, const ScriptLine& line);
     void checkTime(const Command& command, const ScriptLine& line) const;
 
     /// Does something with a control, named by `word` in the script, and writes why it did not happen.

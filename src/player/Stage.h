@@ -1,10 +1,13 @@
 #pragma once
 
 #include "shell/Display.h"
+#include "shell/Grid.h"
+#include "shell/Lists.h"
 #include "shell/Program.h"
 #include "shell/Screen.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -40,6 +43,13 @@ public:
     virtual Arrival click(Control& control) = 0;
     virtual Arrival type(TextBox& box, const std::string& text) = 0;
     virtual Arrival focus(Control& control) = 0;
+    // What is chosen is asked for once the focus is there, since the control left may have changed it.
+    /// Picks an item of a list that is no folder list, by its position from 0.
+    virtual Arrival pick(ItemList& list, const std::function<int()>& index) = 0;
+    /// Picks a folder that there is, by its full path.
+    virtual Arrival pickFolder(FolderList& list, const std::function<std::string()>& path) = 0;
+    /// Makes a row of a grid (from 1) the current one.
+    virtual Arrival selectRow(Grid& grid, const std::function<int()>& row) = 0;
     virtual Arrival tab(Screen& screen, bool backwards) = 0;
     /// Presses a key, as in "Alt+N"; one that isKey() knows.
     virtual Arrival press(Screen& screen, const std::string& key) = 0;

@@ -4,9 +4,29 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <stdexcept>
 
 namespace tallybrook::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string textOf(const fs::path& file) {
+    std::ifstream stream(file);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// A text before and behind its first "|".
+std::pair<std::string, std::string> cut(const std::string& text) {
+    const std::size_t at = text.find('|');
+    return {text.substr(0, at), text.substr(at + 1)};
+}
+
+}  // namespace
 
 using DesktopDisplayTest = Desktop;
 
@@ -89,13 +109,36 @@ TEST_F(DesktopDisplayTest, PointerIsBusyOrNot) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(DesktopDisplayTest, ViewerThatIsNotThereIsAMissingFile) {
+/// The desktop looks for the viewer beside the program, which is this test. One test for both, since there is
+/// only one such place.
+TEST_F(DesktopDisplayTest, ViewerIsStartedByItselfOrIsAMissingFile) {
+    const fs::path viewer =
+        fs::path(QCoreApplication::applicationDirPath().toStdString()) / "tallybrook-viewer";
+    const fs::path seen = folder.path() / "seen";
+    fs::remove(viewer);
     try {
         display.startViewer(folder.path() / "Report.txt");
         FAIL() << "there is no viewer";
     } catch (const RunTimeError& failure) {
         EXPECT_EQ(failure.number(), error::kFileNotFound);
     }
+
+    // It writes down its parent and all that it was given.
+    std::ofstream(viewer) << "#!/bin/sh\n"
+                          << "printf '%s|' $PPID $# \"$@\" > '" << seen.string() << "-half'\n"
+                          << "mv '" << seen.string() << "-half' '" << seen.string() << "'\n";
+    fs::permissions(viewer, fs::perms::owner_all);
+    for (const char* const name : {"Report.txt", "League Night  14.txt", "\"q\" 'q' `x`.txt",
+                                   "$(x) $HOME ;&|<>*?!\\.txt", "-n", "Jos\xC3\xA9\n.txt", ""}) {
+        fs::remove(seen);
+        display.startViewer(name);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(seen); })) << name;
+        const auto [parent, rest] = cut(textOf(seen));
+        EXPECT_NE(parent, std::to_string(QCoreApplication::applicationPid()))
+            << "it would end with the program";
+        EXPECT_EQ(rest, "1|" + std::string(name) + "|");
+    }
+    fs::remove(viewer);
 }
 
 // --- Waiting for a record ----------------------------------------------------------------------------------

@@ -20,6 +20,7 @@ class Tree(unittest.TestCase):
                     "runtime/Value.h": "#include <string>\n",
                     "store/Store.h": '#include "runtime/Value.h"\n',
                     "desktop/Window.h": '#include <QWidget>\n#include "store/Store.h"\n',
+                    "viewer/View.h": '#include <QWidget>\n#include "runtime/Value.h"\n',
                 }
             ),
             [],

@@ -31,7 +31,8 @@ Played play(const std::string& script, const Options& options = {}) {
 }
 
 const std::string kAddAnEvent =
-    "start\nclick mnuAddFromForm\ntype txtEvent \"Thursday \\\"League\\\"\"\nclick cmdPrevious\nanswer "
+    "start\nanswer OK\nanswer No\nclick mnuAddFromForm\ntype txtEvent \"Thursday \\\"League\\\"\"\nclick "
+    "cmdPrevious\nanswer "
     "Yes\nanswer Yes\n";
 
 TEST(PlayApplication, PlaysTheProgramsOwnScreens) {
@@ -61,7 +62,7 @@ TEST(PlayApplication, KeepsTheDataFolderThatItIsGiven) {
     options.data = folder.path() / "book";
     EXPECT_EQ(play(kAddAnEvent, options).status, status::kPlayed);
     EXPECT_TRUE(fs::exists(folder.path() / "book"));
-    const Played again = play("start\nrows tblEventInfo\n", options);
+    const Played again = play("start\nanswer No\nrows tblEventInfo\n", options);
     EXPECT_NE(again.transcript.find("rows tblEventInfo 1\n"), std::string::npos) << again.transcript;
 }
 

@@ -1,0 +1,214 @@
+#include "desktop/GridView.h"
+
+#include "desktop/Ground.h"
+#include "desktop/QtText.h"
+#include "desktop/StillView.h"
+
+#include <QAbstractTableModel>
+#include <QHeaderView>
+#include <QLabel>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace tallybrook {
+
+namespace {
+
+/// The rows of a grid. What a cell holds is asked for when it is drawn.
+class GridModel : public QAbstractTableModel {
+public:
+    GridModel(const Grid& grid, QObject* parent) : QAbstractTableModel(parent), grid_(&grid) {}
+
+    /// Takes over how many rows there are by now.
+    void refresh() {
+        if (const int rows = grid_->rowCount(); rows != rows_) {
+            beginResetModel();
+            rows_ = rows;
+            endResetModel();
+        }
+    }
+    /// The grid is going away, and must not be asked any more.
+    void letGo() { grid_ = nullptr; }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : rows_;
+    }
+    [[nodiscard]] int columnCount(const QModelIndex& parent) const override {
+        return parent.isValid() || grid_ == nullptr ? 0 : static_cast<int>(grid_->columns().size());
+    }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
+        if (grid_ == nullptr)
+            return {};
+        if (role == Qt::DisplayRole)
+            return linesToQt(grid_->cell(index.row() + 1, index.column())).replace('\n', ' ');
+        return role == Qt::TextAlignmentRole ? alignment(index.row() + 1, index.column()) : QVariant();
+    }
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (grid_ == nullptr || orientation == Qt::Vertical)
+            return {};
+        if (role == Qt::DisplayRole)
+            return toQt(grid_->columns()[static_cast<std::size_t>(section)].caption);
+        return role == Qt::TextAlignmentRole ? alignment(1, section) : QVariant();
+    }
+
+private:
+    [[nodiscard]] QVariant alignment(int row, int column) const {
+        return static_cast<int>(Qt::AlignVCenter |
+                                (grid_->isNumber(row, column) ? Qt::AlignRight : Qt::AlignLeft));
+    }
+
+    const Grid* grid_;
+    int rows_ = 0;
+};
+
+/// Draws the current row as a whole, without a mark on one of its cells.
+class WholeRow : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->state.setFlag(QStyle::State_HasFocus, false);
+    }
+};
+
+class GridTable : public StillView<QTableView> {
+public:
+    GridTable(QWidget* parent, std::vector<GridColumn> columns)
+        : StillView<QTableView>(parent), columns_(std::move(columns)) {
+        setEditTriggers(NoEditTriggers);
+        setSelectionMode(SingleSelection);
+        setSelectionBehavior(SelectRows);
+        setAlternatingRowColors(true);
+        setShowGrid(false);
+        setWordWrap(false);
+        setCornerButtonEnabled(false);
+        setHorizontalScrollMode(ScrollPerPixel);
+        setItemDelegate(new WholeRow(this));
+        verticalHeader()->hide();
+        verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+        horizontalHeader()->setHighlightSections(false);
+        horizontalHeader()->setSectionsClickable(false);
+    }
+
+    /// Makes rows and columns fit their texts in the font that there is by now.
+    void fit() {
+        constexpr int kRoom = 12;  // pixels beside and between the texts
+        verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRoom / 2);
+        for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
+            const int texts =
+                fontMetrics().averageCharWidth() * columns_[static_cast<std::size_t>(column)].width;
+            const int header = horizontalHeader()->sectionSizeHint(column);
+            horizontalHeader()->resizeSection(column, std::max(texts + kRoom, header));
+        }
+    }
+
+    /// Selects a row, from 0; -1 for none. It comes into view if it was not selected before.
+    void showRow(int row) {
+        if (row < 0)
+            return clearSelection();
+        const QModelIndex index = model()->index(row, 0);
+        if (selectionModel()->isSelected(index))
+            return;
+        const int sideways = horizontalScrollBar()->value();
+        setCurrentIndex(index);
+        scrollTo(index);
+        horizontalScrollBar()->setValue(sideways);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        constexpr int kWidest = 90;  // characters
+        return sizeOf(std::min(horizontalHeader()->length(), fontMetrics().averageCharWidth() * kWidest), 12);
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return sizeOf(fontMetrics().averageCharWidth() * 30, 4);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        horizontalScrollBar()->triggerAction(event->key() == Qt::Key_Left
+                                                 ? QAbstractSlider::SliderSingleStepSub
+                                                 : QAbstractSlider::SliderSingleStepAdd);
+    }
+    void changeEvent(QEvent* event) override {
+        StillView<QTableView>::changeEvent(event);
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+            fit();
+    }
+
+private:
+    [[nodiscard]] QSize sizeOf(int width, int lines) const {
+        const QSize bars(verticalScrollBar()->sizeHint().width(), horizontalScrollBar()->sizeHint().height());
+        return QSize(width, horizontalHeader()->sizeHint().height() +
+                                lines * verticalHeader()->defaultSectionSize()) +
+               bars + QSize(2, 2) * frameWidth();
+    }
+
+    std::vector<GridColumn> columns_;
+};
+
+class GridView : public ControlView {
+public:
+    GridView(Grid& grid, QWidget& parent, ViewListener& listener)
+        : ControlView(grid),
+          grid_(grid),
+          outer_(new QWidget(&parent)),
+          title_(new QLabel(outer_)),
+          table_(new GridTable(outer_, grid.columns())),
+          model_(new GridModel(grid, table_)) {
+        QFont font = title_->font();
+        font.setWeight(QFont::DemiBold);
+        title_->setFont(font);
+        title_->setTextFormat(Qt::PlainText);
+        auto* const layout = new QVBoxLayout(outer_);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(title_);
+        layout->addWidget(table_, 1);
+        table_->setModel(model_);
+        table_->fit();
+        table_->whenClicked = [&grid, &listener](const QModelIndex& index, QPoint) {
+            listener.clickedRow(grid, index.row() + 1);
+        };
+    }
+    ~GridView() override { model_->letGo(); }
+    GridView(const GridView&) = delete;
+    GridView& operator=(const GridView&) = delete;
+
+    [[nodiscard]] QWidget& widget() const override { return *table_; }
+    [[nodiscard]] QWidget& outerWidget() const override { return *outer_; }
+    /// The keys that scroll it sideways.
+    [[nodiscard]] bool takesKey(const person::Key& key) const override {
+        return !key.alt && (key.name == "Left" || key.name == "Right");
+    }
+
+protected:
+    void refreshContent() override {
+        title_->setText(spoken(grid_.caption()));
+        title_->setVisible(!grid_.caption().empty());
+        table_->setAccessibleName(spoken(grid_.caption()));
+        model_->refresh();
+        table_->showRow(grid_.currentRow() - 1);
+        table_->viewport()->update();  // the same number of rows may be other rows
+        table_->horizontalHeader()->viewport()->update();
+        drawListGround(*table_);
+    }
+
+private:
+    Grid& grid_;
+    QWidget* outer_;
+    QLabel* title_;
+    GridTable* table_;
+    GridModel* model_;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlView> makeGridView(Control& control, QWidget& parent, ViewListener& listener) {
+    return std::make_unique<GridView>(static_cast<Grid&>(control), parent, listener);
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,37 @@
+#include "desktop/Ground.h"
+
+#include <QApplication>
+
+namespace tallybrook {
+
+namespace {
+
+void give(QWidget& widget, const QPalette& palette) {
+    if (palette != widget.palette())
+        widget.setPalette(palette);
+}
+
+}  // namespace
+
+void drawBoxGround(QWidget& box, bool isQuiet) {
+    const QPalette usual = QApplication::palette();
+    QPalette palette = box.palette();
+    const auto take = [&](QPalette::ColorRole role, QPalette::ColorRole from) {
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            palette.setColor(group, role,
+                             usual.color(isQuiet ? QPalette::Active : group, isQuiet ? from : role));
+    };
+    take(QPalette::Base, QPalette::Window);
+    take(QPalette::Text, QPalette::WindowText);
+    give(box, palette);
+}
+
+void drawListGround(QWidget& list) {
+    const QColor window = QApplication::palette().color(QPalette::Disabled, QPalette::Window);
+    QPalette palette = list.palette();
+    palette.setColor(QPalette::Disabled, QPalette::Base, window);
+    palette.setColor(QPalette::Disabled, QPalette::AlternateBase, window);
+    give(list, palette);
+}
+
+}  // namespace tallybrook

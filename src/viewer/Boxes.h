@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace tallybrook {
+
+/// Tells that something could not be done to a file, and why, in a box over a window (or over none).
+/// `what` is a sentence that ends before the reason, as in "The report cannot be shown:".
+void tellFailure(QWidget* window, const QString& what, const QString& file, const QString& reason);
+
+}  // namespace tallybrook

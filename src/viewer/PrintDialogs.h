@@ -1,0 +1,19 @@
+#pragma once
+
+#include "viewer/ReportText.h"
+
+class QWidget;
+
+// The ways of a report to paper. Each asks first, and tells its failures in a box.
+namespace tallybrook {
+
+/// Asks for a printer and its settings, and prints.
+void printReport(const ReportText& report, QWidget& window);
+
+/// Shows the pages as they would be printed.
+void previewReport(const ReportText& report, QWidget& window);
+
+/// Asks for a file, and writes the pages into it as a PDF.
+void exportReport(const ReportText& report, QWidget& window);
+
+}  // namespace tallybrook

@@ -1,0 +1,117 @@
+#include "viewer/ReportPrinter.h"
+
+#include "viewer/FileFailure.h"
+#include "viewer/Pages.h"
+#include "viewer/ReportView.h"
+
+#include <QGuiApplication>
+#include <QPageRanges>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <algorithm>
+
+namespace tallybrook {
+
+namespace {
+
+constexpr double kHeaderSize = 9;  // points
+
+QFont sized(QFont font, double points) {
+    font.setPointSizeF(points);
+    return font;
+}
+
+/// One report on one device.
+class PageDrawer {
+public:
+    PageDrawer(const ReportText& report, QPagedPaintDevice& device)
+        : report_(report),
+          device_(device),
+          headerFont_(sized(QGuiApplication::font(), kHeaderSize)),
+          headerHeight_(2.2 * QFontMetricsF(headerFont_, &device_).height()) {
+        const double atUsual =
+            QFontMetricsF(sized(reportFont(), kUsualPrint), &device).horizontalAdvance(' ');
+        const PrintSize size =
+            printSizeFor(widestLine(report.text), device.width() / (atUsual / kUsualPrint));
+        font_ = sized(reportFont(), size.points);
+        rowHeight_ = QFontMetricsF(font_, &device).lineSpacing();
+        const int rowsOfPage = std::max(static_cast<int>((device.height() - headerHeight_) / rowHeight_), 1);
+        pages_ = paginated(printedRows(report.text, size.columns), rowsOfPage);
+    }
+
+    bool draw() {
+        QPainter painter;
+        if (!painter.begin(&device_))
+            return false;
+        bool isFirst = true;
+        for (int number = 1; number <= count(); ++number) {
+            if (!isWanted(number))
+                continue;
+            if (!isFirst && !device_.newPage())
+                return false;
+            isFirst = false;
+            drawHeader(painter, number);
+            drawRows(painter, pages_[static_cast<std::size_t>(number - 1)]);
+        }
+        return painter.end();
+    }
+
+private:
+    [[nodiscard]] int count() const { return static_cast<int>(pages_.size()); }
+    [[nodiscard]] bool isWanted(int number) const {
+        const QPageRanges ranges = device_.pageRanges();
+        return ranges.isEmpty() || ranges.contains(number);
+    }
+
+    void drawHeader(QPainter& painter, int number) const {
+        painter.setFont(headerFont_);
+        const QFontMetricsF metrics(headerFont_, &device_);
+        const QString page = QString("Page %1 of %2").arg(number).arg(count());
+        const double room = device_.width() - metrics.horizontalAdvance(page) - metrics.height();
+        const QString name = metrics.elidedText(report_.name(), Qt::ElideMiddle, room);
+        const QRectF line(0, 0, device_.width(), metrics.height());
+        painter.drawText(line, Qt::AlignLeft | Qt::TextSingleLine, name);
+        painter.drawText(line, Qt::AlignRight | Qt::TextSingleLine, page);
+        painter.setPen(QPen(Qt::black, metrics.lineWidth()));
+        painter.drawLine(QPointF(0, line.bottom() * 1.25), QPointF(device_.width(), line.bottom() * 1.25));
+    }
+
+    void drawRows(QPainter& painter, const QStringList& rows) const {
+        painter.setFont(font_);
+        double baseline = headerHeight_ + QFontMetricsF(font_, &device_).ascent();
+        for (const QString& row : rows) {
+            painter.drawText(QPointF(0, baseline), row);
+            baseline += rowHeight_;
+        }
+    }
+
+    const ReportText& report_;
+    QPagedPaintDevice& device_;
+    QFont headerFont_;
+    double headerHeight_;
+    QFont font_;
+    double rowHeight_;
+    std::vector<QStringList> pages_;
+};
+
+}  // namespace
+
+bool drawPages(const ReportText& report, QPagedPaintDevice& device) {
+    return PageDrawer(report, device).draw();
+}
+
+void writePdf(const ReportText& report, const QString& file) {
+    QSaveFile stream(file);
+    if (!stream.open(QIODevice::WriteOnly))
+        throw FileFailure(stream.errorString() + ".");
+    QPdfWriter writer(&stream);
+    writer.setTitle(report.name());
+    writer.setCreator("Tallybrook");
+    writer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
+    if (!drawPages(report, writer) || !stream.commit())
+        throw FileFailure(stream.errorString() + ".");
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,187 @@
+#include "viewer/ReportWindow.h"
+
+#include "viewer/Boxes.h"
+#include "viewer/BusyPointer.h"
+#include "viewer/FileFailure.h"
+#include "viewer/PrintDialogs.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QScreen>
+#include <QSettings>
+#include <QShortcut>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace tallybrook {
+
+namespace {
+
+constexpr const char* kSize = "window/size";
+constexpr const char* kIsMaximised = "window/maximised";
+constexpr const char* kZoom = "view/zoom";
+
+template <typename Run>
+QAction* addTo(QMenu& menu, const QString& caption, const QList<QKeySequence>& keys, Run run) {
+    QAction* const action = menu.addAction(caption, &menu, std::move(run));
+    action->setShortcuts(keys);
+    return action;
+}
+
+/// Puts an action into the tool bar, where its button bears `caption`.
+void addTo(QToolBar& tools, QAction& action, const QString& caption) {
+    const QString name = action.text().remove('&').remove("...");
+    action.setIconText(caption);
+    action.setToolTip(name + " (" + action.shortcut().toString(QKeySequence::NativeText) + ")");
+    tools.addAction(&action);
+    tools.widgetForAction(&action)->setAccessibleName(name);
+    tools.widgetForAction(&action)->setFocusPolicy(Qt::TabFocus);
+}
+
+void addSpace(QToolBar& tools) {
+    auto* const space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    tools.addWidget(space);
+}
+
+/// A text for a window's title, which would take "[*]" for a mark of changes.
+QString unmarked(QString text) {
+    return text.replace("[*]", "[*][*]");
+}
+
+}  // namespace
+
+ReportWindow::ReportWindow(QSettings& settings)
+    : settings_(settings),
+      view_(new ReportView),
+      findBar_(new FindBar),
+      finder_(*view_, *findBar_),
+      tools_(addToolBar("Tools")) {
+    setWindowTitle("Tallybrook Report");
+    tools_->setMovable(false);
+    tools_->setContextMenuPolicy(Qt::PreventContextMenu);
+    addFileMenu();
+    addEditMenu();
+    addSpace(*tools_);
+    addViewMenu();
+    addCentre();
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { leave(); });
+    view_->onZoomed = [this] { showZoom(); };
+    restore();
+    view_->setFocus();
+}
+
+// --- Menus and tools ---------------------------------------------------------------------------------------
+
+void ReportWindow::addFileMenu() {
+    QMenu& menu = *menuBar()->addMenu("&File");
+    QAction* const choose = addTo(menu, "&Open...", {Qt::CTRL | Qt::Key_O}, [this] { chooseFile(); });
+    menu.addSeparator();
+    QAction* const print =
+        addTo(menu, "&Print...", {Qt::CTRL | Qt::Key_P}, [this] { printReport(report_, *this); });
+    addTo(menu, "Print Pre&view", {}, [this] { previewReport(report_, *this); });
+    addTo(menu, "&Export as PDF...", {}, [this] { exportReport(report_, *this); });
+    menu.addSeparator();
+    addTo(menu, "&Close", {Qt::CTRL | Qt::Key_W}, [this] { close(); });
+    addTo(*tools_, *choose, "Open");
+    addTo(*tools_, *print, "Print");
+}
+
+void ReportWindow::addEditMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Edit");
+    QAction* const copy = addTo(menu, "&Copy", {Qt::CTRL | Qt::Key_C}, [this] { view_->copy(); });
+    copy->setEnabled(false);
+    connect(view_, &QPlainTextEdit::copyAvailable, copy, &QAction::setEnabled);
+    addTo(menu, "Select &All", {Qt::CTRL | Qt::Key_A}, [this] { view_->selectAll(); });
+    menu.addSeparator();
+    QAction* const find = addTo(menu, "&Find...", {Qt::CTRL | Qt::Key_F}, [this] { finder_.open(); });
+    addTo(menu, "Find &Next", {Qt::Key_F3}, [this] { finder_.next(); });
+    addTo(menu, "Find &Previous", {Qt::SHIFT | Qt::Key_F3}, [this] { finder_.previous(); });
+    addTo(*tools_, *find, "Find");
+}
+
+void ReportWindow::addViewMenu() {
+    QMenu& menu = *menuBar()->addMenu("&View");
+    const auto zoomBy = [this](int steps) { view_->setZoom(view_->zoom().stepped(steps)); };
+    // The "+" of many keyboards needs Shift; the key alone, "=", will do.
+    QAction* const larger =
+        addTo(menu, "Zoom &In", {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [zoomBy] { zoomBy(1); });
+    QAction* const smaller = addTo(menu, "Zoom &Out", {Qt::CTRL | Qt::Key_Minus}, [zoomBy] { zoomBy(-1); });
+    actualSize_ = addTo(menu, "&Actual Size", {Qt::CTRL | Qt::Key_0}, [this] { view_->setZoom(Zoom()); });
+    addTo(*tools_, *smaller, "\u2212");
+    addTo(*tools_, *actualSize_, "100%");
+    addTo(*tools_, *larger, "+");
+}
+
+void ReportWindow::addCentre() {
+    auto* const centre = new QWidget;
+    auto* const column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(view_, 1);
+    column->addWidget(findBar_);
+    setCentralWidget(centre);
+}
+
+/// Escape: out of what was opened last.
+void ReportWindow::leave() {
+    if (!finder_.close())
+        close();
+}
+
+void ReportWindow::showZoom() {
+    actualSize_->setIconText(QString("%1%").arg(view_->zoom().percent()));
+}
+
+// --- Reports -----------------------------------------------------------------------------------------------
+
+bool ReportWindow::open(const QString& file) {
+    try {
+        const BusyPointer busy;
+        showReport(readReport(file));
+        return true;
+    } catch (const FileFailure& failure) {
+        tellFailure(isVisible() ? this : nullptr, "The report cannot be shown:", file, failure.reason());
+        return false;
+    }
+}
+
+void ReportWindow::showReport(ReportText report) {
+    report_ = std::move(report);
+    view_->setPlainText(report_.text);
+    finder_.setText(report_.text);
+    setWindowTitle(unmarked(report_.name()) + " - Tallybrook Report");
+}
+
+void ReportWindow::chooseFile() {
+    const QString folder = QFileInfo(report_.file).absolutePath();
+    const QString file =
+        QFileDialog::getOpenFileName(this, "Open Report", folder, "Text Files (*.txt);;All Files (*)");
+    if (!file.isEmpty())
+        open(file);
+}
+
+// --- From one time to the next -----------------------------------------------------------------------------
+
+void ReportWindow::restore() {
+    const QFontMetrics metrics(view_->font());
+    const QSize usual(metrics.horizontalAdvance('x') * 100, metrics.lineSpacing() * 40);
+    const QSize kept = settings_.value(kSize).toSize();
+    setMinimumSize(usual / 3);
+    resize((kept.isValid() ? kept : usual).boundedTo(screen()->availableSize()));
+    if (settings_.value(kIsMaximised).toBool())
+        setWindowState(Qt::WindowMaximized);
+    view_->setZoom(Zoom(settings_.value(kZoom, Zoom().percent()).toInt()));
+}
+
+void ReportWindow::closeEvent(QCloseEvent* event) {
+    settings_.setValue(kSize, isMaximized() ? normalGeometry().size() : size());
+    settings_.setValue(kIsMaximised, isMaximized());
+    settings_.setValue(kZoom, view_->zoom().percent());
+    QMainWindow::closeEvent(event);
+}
+
+}  // namespace tallybrook

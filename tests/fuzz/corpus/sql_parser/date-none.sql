@@ -1,0 +1,1 @@
+SELECT * FROM tblEventInfo WHERE fldDateBowled = #2/30/2026#

@@ -1,0 +1,1 @@
+SELECT * FROM tblEventInfo WHERE fldDateBowled = #14 november 2026#

@@ -1,0 +1,1 @@
+SELECT DISTINCT fldCenterLoc FROM tblEventInfo WHERE fldCenterName = 'Brook Lanes'

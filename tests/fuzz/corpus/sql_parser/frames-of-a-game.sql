@@ -1,0 +1,1 @@
+SELECT tblFrameInfo.* FROM tblFrameInfo WHERE fldSessionNum = 3 AND fldGameNum = 2 ORDER BY fldFrameNum

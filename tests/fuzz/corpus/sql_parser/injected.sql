@@ -1,0 +1,1 @@
+SELECT * FROM tblEventInfo WHERE fldEventName = 'x'; DELETE FROM tblEventInfo; SELECT * FROM tblEventInfo WHERE fldEventName = ''

@@ -1,0 +1,1 @@
+SELECT tblEventInfo.* FROM tblEventInfo WHERE fldSeriesTot > 500 AND  ORDER BY fldSeriesTot

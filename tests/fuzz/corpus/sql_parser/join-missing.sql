@@ -1,0 +1,1 @@
+SELECT tblEventInfo.* FROM tblEventInfo WHERE fldSeriesTot > 500fldNumGames > 3 ORDER BY fldSeriesTot

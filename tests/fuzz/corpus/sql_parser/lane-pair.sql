@@ -1,0 +1,1 @@
+SELECT tblGameInfo.* FROM tblGameInfo WHERE fldGameScore > 200 AND fldLanePair = '5-6' ORDER BY fldGameScore

@@ -1,0 +1,3 @@
+SELECT	*
+FROM tblFrameInfo
+WHERE fldFrameNum=+.5

@@ -1,0 +1,1 @@
+SELECT tblEventInfo.* FROM tblEventInfo WHERE  ORDER BY 

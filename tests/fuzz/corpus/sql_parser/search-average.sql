@@ -1,0 +1,1 @@
+SELECT tblEventInfo.* FROM tblEventInfo WHERE fldSeriesAvg > 180.5 ORDER BY fldSeriesAvg

@@ -1,0 +1,1 @@
+SELECT tblEventInfo.* FROM tblEventInfo WHERE fldSeriesTot < 10000000000000000 ORDER BY fldSeriesTot

@@ -1,0 +1,1 @@
+SELECT tblEventInfo.* FROM tblEventInfo WHERE fldEventName LIKE '%open%' OR fldDateBowled <= #11/12/2026# AND fldSeriesTot >= -0.5 ORDER BY fldEventName

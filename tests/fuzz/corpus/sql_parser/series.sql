@@ -1,0 +1,1 @@
+SELECT fldGameNum, fldGameScore FROM tblGameInfo WHERE fldSessionNum = 1 ORDER BY fldGameNum

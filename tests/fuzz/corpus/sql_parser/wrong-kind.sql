@@ -1,0 +1,1 @@
+SELECT * FROM tblEventInfo WHERE fldDateBowled LIKE '%2026%' AND fldNumGames = '3'

@@ -1,0 +1,73 @@
+#include "Files.h"
+
+#include <QProcess>
+
+namespace tallybrook::test {
+
+namespace {
+
+struct Outcome {
+    int status;
+    QString output;  ///< what the hands have seen
+    QString errors;
+};
+
+/// Runs the real viewer. Its boxes and windows are closed by the hands of `tests/viewer/hands`, which write
+/// down what they have seen.
+Outcome run(const QStringList& arguments, const Files& files) {
+    QProcess viewer;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", "offscreen");
+    environment.insert("QT_PLUGIN_PATH", TALLYBROOK_HANDS);
+    environment.insert("QT_QPA_GENERIC_PLUGINS", "hands");
+    environment.insert("XDG_CONFIG_HOME", files.path("config"));
+    viewer.setProcessEnvironment(environment);
+    viewer.setWorkingDirectory(files.folder());
+    viewer.start(TALLYBROOK_VIEWER, arguments);
+    EXPECT_TRUE(viewer.waitForFinished());
+    EXPECT_EQ(viewer.exitStatus(), QProcess::NormalExit);
+    return {viewer.exitCode(), QString::fromUtf8(viewer.readAllStandardOutput()),
+            QString::fromUtf8(viewer.readAllStandardError())};
+}
+
+}  // namespace
+
+TEST(CommandLine, OneFileIsShown) {
+    Files files;
+    const Outcome outcome = run({files.write("League Night.txt", "1\t2\r\n")}, files);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
+    EXPECT_EQ(outcome.output, "window: League Night.txt - Tallybrook Report\n");
+}
+
+TEST(CommandLine, NameIsTakenAsItStands) {
+    Files files;
+    for (const QString& name :
+         {QString("a  b.txt"), QString("-style"), QString("--help"), QString("\"q\" 'q'.txt"),
+          QString("$(x) `x` ;&|.txt"), QString::fromUtf8("José.txt")}) {
+        files.write(name, "text");
+        EXPECT_EQ(run({name}, files).output, "window: " + name + " - Tallybrook Report\n");
+    }
+}
+
+TEST(CommandLine, FileThatCannotBeShownIsStatus1) {
+    const Files files;
+    const Outcome missing = run({"missing.txt"}, files);
+    EXPECT_EQ(missing.status, 1) << missing.errors.toStdString();
+    EXPECT_EQ(missing.output, "box: The report cannot be shown:||missing.txt||There is no such file.\n");
+    const Outcome folder = run({files.folder()}, files);
+    EXPECT_EQ(folder.status, 1);
+    EXPECT_EQ(folder.output, "box: The report cannot be shown:||" + files.folder() + "||It is a folder.\n");
+    EXPECT_EQ(run({""}, files).status, 1);
+}
+
+TEST(CommandLine, AnythingElseIsStatus2) {
+    const Files files;
+    for (const QStringList& arguments : {QStringList{}, QStringList{"a.txt", "b.txt"}}) {
+        const Outcome outcome = run(arguments, files);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.errors, "Usage: tallybrook-viewer FILE\n");
+        EXPECT_EQ(outcome.output, "");
+    }
+}
+
+}  // namespace tallybrook::test

@@ -1,0 +1,261 @@
+#include "Window.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QToolBar>
+
+namespace tallybrook::test {
+
+using ReportWindowTest = Window;
+
+namespace {
+
+/// Chooses a file in the dialog that comes up.
+void choose(ModalHands& hands, const QString& title, const QString& file) {
+    hands.expect([title, file](QDialog& window) {
+        EXPECT_EQ(window.windowTitle(), title);
+        window.findChild<QLineEdit*>("fileNameEdit")->setText(file);
+        window.accept();
+    });
+}
+
+}  // namespace
+
+TEST_F(ReportWindowTest, ShowsTheReportUnderItsName) {
+    EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
+    EXPECT_EQ(view().toPlainText(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+    EXPECT_TRUE(view().hasFocus());
+    EXPECT_EQ(view().textCursor().position(), 0);
+}
+
+TEST_F(ReportWindowTest, ShowsNamesAsTheyStand) {
+    start("a[*]b <i>.txt", "");
+    EXPECT_EQ(window->windowTitle(), "a[*][*]b <i>.txt - Tallybrook Report");  // shown as a[*]b
+    EXPECT_FALSE(window->isWindowModified());
+}
+
+TEST_F(ReportWindowTest, ShowsABinaryFile) {
+    QByteArray bytes;
+    for (int i = 0; i < 4 * 65536; ++i)
+        bytes += static_cast<char>(i % 3 == 0 ? i >> 8 : i);
+    start("binary.txt", bytes);
+    EXPECT_FALSE(window->grab().isNull());
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_FALSE(window->grab().isNull());
+    EXPECT_EQ(view().document()->characterCount() - 1, readReport(files.path("binary.txt")).text.size());
+}
+
+TEST_F(ReportWindowTest, TellsWhatCannotBeShownAndKeepsTheReport) {
+    const QString missing = files.path("no <b>such</b>.txt");
+    expectBox("The report cannot be shown:\n\n" + missing + "\n\nThere is no such file.");
+    EXPECT_FALSE(window->open(missing));
+    expectBox("The report cannot be shown:\n\n" + files.folder() + "\n\nIt is a folder.");
+    EXPECT_FALSE(window->open(files.folder()));
+    EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
+    EXPECT_EQ(view().toPlainText(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+// --- File --------------------------------------------------------------------------------------------------
+
+TEST_F(ReportWindowTest, OpensAnotherReport) {
+    choose(hands, "Open Report", files.write("other.txt", "another"));
+    press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(window->windowTitle(), "other.txt - Tallybrook Report");
+    EXPECT_EQ(view().toPlainText(), "another");
+}
+
+TEST_F(ReportWindowTest, OpeningBeginsInTheReportsFolderAndMayBeCancelled) {
+    hands.expect([this](QDialog& dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory().absolutePath(), files.folder());
+        dialog.reject();
+    });
+    press(Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
+}
+
+TEST_F(ReportWindowTest, CloseAndEscapeClose) {
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_FALSE(window->isVisible());
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(ReportWindowTest, PrintsToAFile) {
+    const QString paper = files.path("paper.pdf");
+    hands.expect([&paper](QDialog& opened) {
+        auto& dialog = dynamic_cast<QPrintDialog&>(opened);
+        EXPECT_EQ(dialog.printer()->docName(), "League Night.txt");
+        EXPECT_TRUE(dialog.testOption(QAbstractPrintDialog::PrintPageRange));
+        auto& printers = *dialog.findChild<QComboBox*>("printers");
+        printers.setCurrentIndex(printers.findText("Print to File (PDF)"));
+        dialog.findChild<QLineEdit*>("filename")->setText(paper);
+        dialog.accept();
+    });
+    press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_TRUE(Files::read(paper).startsWith("%PDF"));
+}
+
+TEST_F(ReportWindowTest, PrintingMayBeCancelled) {
+    hands.expect([](QDialog& dialog) { dynamic_cast<QPrintDialog&>(dialog).reject(); });
+    press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ReportWindowTest, ShowsThePagesBeforehand) {
+    hands.expect([](QDialog& opened) {
+        auto& dialog = dynamic_cast<QPrintPreviewDialog&>(opened);
+        EXPECT_EQ(dialog.windowTitle(), "Print Preview - League Night.txt");
+        dialog.grab();
+        EXPECT_EQ(dialog.printer()->docName(), "League Night.txt");
+        dialog.reject();
+    });
+    action("Print Preview")->trigger();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ReportWindowTest, ExportsAPdfBesideTheReport) {
+    hands.expect([](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Export as PDF");
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "League Night.pdf");
+        dialog.accept();
+    });
+    action("Export as PDF...")->trigger();
+    EXPECT_TRUE(Files::read(files.path("League Night.pdf")).startsWith("%PDF"));
+}
+
+TEST_F(ReportWindowTest, ExportAddsTheEndingToAName) {
+    choose(hands, "Export as PDF", files.path("night"));
+    action("Export as PDF...")->trigger();
+    EXPECT_TRUE(Files::read(files.path("night.pdf")).startsWith("%PDF"));
+}
+
+TEST_F(ReportWindowTest, TellsWhatCannotBeExported) {
+    const QString closed = kClosedFolder + "/night.pdf";
+    choose(hands, "Export as PDF", closed);
+    hands.expect([closed](QDialog& dialog) {
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_TRUE(box.text().startsWith("The report cannot be exported as a PDF:\n\n" + closed + "\n\n"))
+            << box.text().toStdString();
+        box.accept();
+    });
+    action("Export as PDF...")->trigger();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ReportWindowTest, ExportMayBeCancelled) {
+    hands.expect([](QDialog& dialog) { dialog.reject(); });
+    action("Export as PDF...")->trigger();
+    EXPECT_FALSE(QFile::exists(files.path("League Night.pdf")));
+}
+
+// --- Edit --------------------------------------------------------------------------------------------------
+
+TEST_F(ReportWindowTest, SelectsAllAndCopies) {
+    EXPECT_FALSE(action("Copy")->isEnabled());
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(action("Copy")->isEnabled());
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+}
+
+TEST_F(ReportWindowTest, MenuSelectsAndCopiesToo) {
+    QApplication::clipboard()->clear();
+    action("Select All")->trigger();
+    action("Copy")->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+}
+
+TEST_F(ReportWindowTest, KeysOfTheFindBarsTextStayThere) {
+    press(Qt::Key_F, Qt::ControlModifier);
+    type("spare");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "spare");
+    EXPECT_EQ(selected(), "Spare");
+}
+
+// --- View --------------------------------------------------------------------------------------------------
+
+TEST_F(ReportWindowTest, ZoomsWithKeys) {
+    const auto percentAfter = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+        press(key, modifiers);
+        EXPECT_EQ(action("Actual Size")->iconText(), QString("%1%").arg(view().zoom().percent()));
+        return view().zoom().percent();
+    };
+    EXPECT_EQ(percentAfter(Qt::Key_Plus), 110);
+    EXPECT_EQ(percentAfter(Qt::Key_Equal), 125);
+    EXPECT_EQ(percentAfter(Qt::Key_Minus), 110);
+    EXPECT_EQ(percentAfter(Qt::Key_0), 100);
+    EXPECT_EQ(percentAfter(Qt::Key_Minus), 90);
+}
+
+TEST_F(ReportWindowTest, MenusHaveTheirKeys) {
+    const std::vector<std::pair<const char*, const char*>> keys{
+        {"Open...", "Ctrl+O"},         {"Print...", "Ctrl+P"}, {"Print Preview", ""},
+        {"Export as PDF...", ""},      {"Close", "Ctrl+W"},    {"Copy", "Ctrl+C"},
+        {"Select All", "Ctrl+A"},      {"Find...", "Ctrl+F"},  {"Find Next", "F3"},
+        {"Find Previous", "Shift+F3"}, {"Zoom In", "Ctrl++"},  {"Zoom Out", "Ctrl+-"},
+        {"Actual Size", "Ctrl+0"}};
+    for (const auto& [caption, key] : keys) {
+        ASSERT_NE(action(caption), nullptr) << caption;
+        EXPECT_EQ(action(caption)->shortcut().toString(), key) << caption;
+    }
+    QStringList menus;
+    for (const QAction* const menu : window->menuBar()->actions())
+        menus += menu->text();
+    EXPECT_EQ(menus, (QStringList{"&File", "&Edit", "&View"}));
+}
+
+TEST_F(ReportWindowTest, ToolsHaveNames) {
+    QToolBar& tools = part<QToolBar>();
+    QStringList names;
+    for (QAction* const tool : tools.actions()) {
+        if (!tool->text().isEmpty())
+            names += tools.widgetForAction(tool)->accessibleName();
+    }
+    EXPECT_EQ(names, (QStringList{"Open", "Print", "Find", "Zoom Out", "Actual Size", "Zoom In"}));
+    EXPECT_EQ(action("Find...")->toolTip(), "Find (Ctrl+F)");
+}
+
+// --- From one time to the next -----------------------------------------------------------------------------
+
+TEST_F(ReportWindowTest, RemembersItsSizeAndZoom) {
+    window->resize(640, 420);
+    press(Qt::Key_Plus, Qt::ControlModifier);
+    window->close();
+    start("other.txt", "");
+    EXPECT_EQ(window->size(), QSize(640, 420));
+    EXPECT_EQ(view().zoom().percent(), 110);
+    EXPECT_EQ(action("Actual Size")->iconText(), "110%");
+    EXPECT_FALSE(window->isMaximized());
+}
+
+TEST_F(ReportWindowTest, RemembersThatItWasMaximised) {
+    window->resize(640, 420);
+    window->showMaximized();
+    window->close();
+    start("other.txt", "");
+    EXPECT_TRUE(window->isMaximized());
+    EXPECT_EQ(window->normalGeometry().size(), QSize(640, 420));
+}
+
+TEST_F(ReportWindowTest, TakesNoNonsenseFromItsSettings) {
+    for (const QSize& size : {QSize(100000, 100000), QSize(-5, -5), QSize(1, 1)}) {
+        settings.setValue("window/size", size);
+        settings.setValue("view/zoom", "huge");
+        start("other.txt", "");
+        EXPECT_GE(window->width(), 200);
+        EXPECT_LE(window->width(), window->screen()->availableSize().width());
+        EXPECT_EQ(view().zoom().percent(), 50);
+    }
+}
+
+}  // namespace tallybrook::test
