@@ -4,8 +4,8 @@
 #include "shell/OpenReport.h"
 #include "shell/TBK_Globals.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <ranges>
 #include <vector>
 
 namespace tallybrook {
@@ -54,8 +54,9 @@ void frmDBTools::cmdRetMain_Click() {
     if (ask(box) != Answer::Yes)
         return;
     // The main menu comes up after each screen that goes, and afresh after itself.
-    const std::vector<Screen*> loaded = screens().loaded();
-    for (Screen* const screen : std::views::reverse(loaded)) {
+    std::vector<Screen*> loaded = screens().loaded();
+    std::ranges::reverse(loaded);
+    for (Screen* const screen : loaded) {
         screens().unload(*screen);
         if (Screen* const menu = screens().find("frmMain"))
             screens().show(*menu);

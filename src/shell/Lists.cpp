@@ -258,7 +258,7 @@ std::vector<std::string> mountedVolumes() {
     }
     volumes.emplace_back("/");
     std::ranges::sort(volumes);
-    volumes.erase(std::ranges::unique(volumes).begin(), volumes.end());
+    volumes.erase(std::unique(volumes.begin(), volumes.end()), volumes.end());
     return volumes;
 }
 

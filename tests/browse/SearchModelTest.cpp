@@ -484,7 +484,9 @@ private:
             return pickOperator(number);
         if (row(number).value.empty()) {
             type(number);
-            return leaveTo("cmdExit");
+            if (!play_.program().hasEnded())
+                leaveTo("cmdExit");
+            return;
         }
         if (number > 0 && row(number - 1).join.empty())
             return joinRows(number - 1);

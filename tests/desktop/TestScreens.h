@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/Grid.h"
+#include "shell/Lists.h"
 #include "shell/Screen.h"
 
 #include <functional>
@@ -87,6 +89,67 @@ public:
     Layout layout() override { return cmdBack; }
     void onLoad() override { screens().show(*this); }
     void onClose() override { cmdBack.click(); }
+};
+
+/// A screen with lists of every kind and a grid, whose handlers write down that they ran.
+class frmLists : public Screen {
+public:
+    explicit frmLists(Program& owner) : Screen(owner, "frmLists", "Lists") {
+        cboKind.fill({"Center Name", "Comment", "Date Bowled"});
+        lstNames.fill({"Ann", "Bob", "Emil", "Ben"});
+        for (Control* const control : controls()) {
+            const std::string& name = control->name();
+            control->onClick = [this, &name] { log.push_back("click " + name); };
+            control->onGotFocus = [this, &name] { log.push_back("got " + name); };
+            control->onLostFocus = [this, &name] {
+                log.push_back("lost " + name);
+                if (leaving)
+                    leaving();
+            };
+        }
+        drvDrive.onChange = [this] { log.emplace_back("change drvDrive"); };
+        dirFolder.onChange = [this] { log.emplace_back("change dirFolder"); };
+    }
+
+    std::vector<std::string> log;
+    std::function<void()> leaving;
+
+    DataControl adoEvents{store()};
+
+    TextBox txtName{*this, "txtName"};
+    ComboBox cboKind{*this, "cboKind", {.width = 18}};
+    Label lblKind{*this, "lblKind", "&Kind", cboKind};
+    ComboBox cboEmpty{*this, "cboEmpty", {.tip = "Nothing <b>yet</b>"}};
+    ListBox lstNames{*this, "lstNames", {.width = 20, .lines = 4}};
+    Label lblNames{*this, "lblNames", "Na&mes", lstNames};
+    DriveList drvDrive{*this, "drvDrive"};
+    FolderList dirFolder{*this, "dirFolder", {.lines = 5}};
+    Label lblFolder{*this, "lblFolder", "&Folder", dirFolder};
+    Grid dgdEvents{*this,
+                   "dgdEvents",
+                   "Event List",
+                   adoEvents,
+                   {{.caption = "Event", .field = "fldSessionNum", .width = 6},
+                    {.caption = "Event Name", .field = "fldEventName", .width = 24},
+                    {.caption = "Date Bowled", .field = "fldDateBowled", .width = 4},
+                    {.caption = "Series Avg.", .field = "fldSeriesAvg", .decimals = 2},
+                    {.caption = "Comment", .field = "fldComment", .width = 60}}};
+    Button cmdGo{*this, "cmdGo", "&Go", {.isDefault = true}};
+
+    Layout layout() override {
+        using namespace layout;
+        return column(
+            {row({form({lblKind, cboKind, lblNames, Layout(lstNames).stretched(), space(), cboEmpty}),
+                  column({txtName, drvDrive, lblFolder, Layout(dirFolder).stretched()}), buttons({cmdGo})}),
+             Layout(dgdEvents).stretched()});
+    }
+    void onLoad() override {
+        screens().show(*this);
+        txtName.focus();
+        log.clear();
+    }
+    void onClose() override {}
+    void onUnload() override { adoEvents.drop(); }
 };
 
 }  // namespace tallybrook::test
