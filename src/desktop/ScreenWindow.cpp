@@ -46,6 +46,7 @@ ScreenWindow::ScreenWindow(Screen& screen, ActionTaker& taker)
     setObjectName(toQt(screen.name()));
     setWindowTitle(toQt(screen.caption()));
     setCentralWidget(area_);
+    setAttribute(Qt::WA_KeyboardFocusChange);  // the focus is always seen
     nameWidgets();
     installEventFilter(this);
     leaveMenusAtOnce();

@@ -69,22 +69,35 @@ std::error_code bringToDisk(const fs::path& path) {
     return failure;
 }
 
+fs::path unfinishedName(const fs::path& file) {
+    return file.string() + ".new";
+}
+
+/// Gives a finished file its name: what stands there is the old file or the whole new one.
+void putInPlace(const fs::path& unfinished, const fs::path& target, std::error_code& failure) {
+    failure = bringToDisk(unfinished);
+    if (!failure)
+        fs::rename(unfinished, target, failure);
+    std::error_code ignored;
+    if (failure)
+        fs::remove(unfinished, ignored);
+    else
+        bringToDisk(
+            fs::absolute(target).parent_path());  // not every file system can; the file is whole either way
+}
+
 /// Makes the copy under another name, and puts it in its place when all of it is on the disk.
 void replaceByCopy(const fs::path& from, const fs::path& target, std::error_code& failure) {
-    const fs::path unfinished = target.string() + ".new";
+    const fs::path unfinished = unfinishedName(target);
     std::error_code ignored;
     fs::remove(unfinished, ignored);
     fs::copy_file(from, unfinished, failure);
     if (!failure && fileExists(target))
         fs::permissions(unfinished, fs::status(target).permissions(), failure);
-    if (!failure)
-        failure = bringToDisk(unfinished);
-    if (!failure)
-        fs::rename(unfinished, target, failure);
     if (failure)
         fs::remove(unfinished, ignored);
     else
-        bringToDisk(target.parent_path());  // not every file system can; the copy is whole either way
+        putInPlace(unfinished, target, failure);
 }
 
 [[noreturn]] void writingFailed() {
@@ -156,6 +169,17 @@ void TextWriter::close() {
 bool fileExists(const fs::path& file) {
     std::error_code ignored;
     return fs::is_regular_file(file, ignored);
+}
+
+void replaceFile(const fs::path& file, const std::function<void(TextWriter&)>& write) {
+    const fs::path unfinished = unfinishedName(file);
+    TextWriter writer(unfinished);
+    write(writer);
+    writer.close();
+    std::error_code failure;
+    putInPlace(unfinished, file, failure);
+    if (failure)
+        throw RunTimeError(error::kPathFileAccess);
 }
 
 void copyFile(const fs::path& from, const fs::path& to) {

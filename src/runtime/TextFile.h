@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -63,6 +64,10 @@ private:
 
 /// Whether there is a file, not a folder, of that name.
 bool fileExists(const std::filesystem::path& file);
+
+/// Writes a text file anew. It takes the place of the old one when it is whole and on the disk. Errors as
+/// TextWriter raises them.
+void replaceFile(const std::filesystem::path& file, const std::function<void(TextWriter&)>& write);
 
 /// Copies a file over what is there, whole or not at all, and so that it is on the disk afterwards. What is
 /// there keeps its permissions. Error 53 where there is no source, 76 where the target's folder is missing,

@@ -116,8 +116,7 @@ TEST_F(GridTest, CurrentRowIsSelectedAsAWhole) {
 
 TEST_F(GridTest, DoubleClickIsAClick) {
     fill(3);
-    QTest::mouseDClick(table().viewport(), Qt::LeftButton, Qt::NoModifier,
-                       placeOf(table(), table().model()->index(1, 1)));
+    doubleClick(table(), placeOf(table(), table().model()->index(1, 1)));
     EXPECT_EQ(lists().dgdEvents.currentRow(), 2);
 }
 

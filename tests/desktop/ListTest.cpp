@@ -368,8 +368,7 @@ TEST_F(ListTest, OtherButtonsAndTheRoomBelowPickNothing) {
 }
 
 TEST_F(ListTest, DoubleClickPicksToo) {
-    QTest::mouseDClick(names().viewport(), Qt::LeftButton, Qt::NoModifier,
-                       placeOf(names(), names().model()->index(1, 0)));
+    doubleClick(names(), placeOf(names(), names().model()->index(1, 0)));
     EXPECT_EQ(lists().lstNames.picked(), "Bob");
 }
 
@@ -456,7 +455,7 @@ TEST_F(FolderTest, OpeningPicksNothing) {
     clickBeside("a");
     EXPECT_EQ(below("a"), Lines{});
     EXPECT_TRUE(lists().dirFolder.rows()[static_cast<std::size_t>(rowOf("a"))].isEmpty);
-    EXPECT_EQ(lists().dirFolder.path(), std::filesystem::path(at("")).parent_path());
+    EXPECT_EQ(lists().dirFolder.path(), at(""));
     EXPECT_EQ(log(), (Lines{"lost txtName", "got dirFolder"}));
     clickBeside("b");
     EXPECT_EQ(below("b"), Lines{});
@@ -475,7 +474,10 @@ TEST_F(FolderTest, ClickOnANamePicks) {
 TEST_F(FolderTest, FolderThatWasClickedStaysUnderTheMouse) {
     clickBeside("b");
     const QPoint place = placeOf(tree(), folderAt("c"));
-    QTest::mouseDClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    printf("%d row c %d value %d place %d\n", tree().viewport()->height(), rowOf("c"), tree().verticalScrollBar()->value(), place.y());
+    QTest::mouseClick(tree().viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    printf("%d row c %d value %d max %d place %d\n", tree().viewport()->height(), rowOf("c"), tree().verticalScrollBar()->value(),tree().verticalScrollBar()->maximum(), tree().visualRect(folderAt("c")).center().y());
+    doubleClick(tree(), place);
     EXPECT_EQ(lists().dirFolder.path(), at("c"));
     EXPECT_EQ(below("b"), Lines{"inner"});
     EXPECT_EQ(tree().indexAt(place), folderAt("c"));

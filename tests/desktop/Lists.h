@@ -43,7 +43,8 @@ protected:
     QAbstractItemView& names() { return widget<QAbstractItemView>(lists().lstNames); }
     QAbstractItemView& tree() { return widget<QAbstractItemView>(lists().dirFolder); }
     [[nodiscard]] std::string at(const std::string& inside) const {
-        return (folder.path() / "tree" / inside).string();
+        const std::filesystem::path top = folder.path() / "tree";
+        return (inside.empty() ? top : top / inside).string();
     }
     [[nodiscard]] int rowOf(const std::string& inside) { return lists().dirFolder.rowOf(at(inside)).value(); }
     [[nodiscard]] QModelIndex folderAt(const std::string& inside) {
@@ -57,6 +58,11 @@ protected:
     }
     static void clickItem(QAbstractItemView& items, const QModelIndex& item) {
         QTest::mouseClick(items.viewport(), Qt::LeftButton, Qt::NoModifier, placeOf(items, item));
+    }
+    static void doubleClick(QAbstractItemView& items, QPoint place) {
+        QTest::mouseClick(items.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+        QTest::mouseDClick(items.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+        QTest::mouseRelease(items.viewport(), Qt::LeftButton, Qt::NoModifier, place);
     }
     /// A click in an opened list, once the mouse has moved there.
     static void clickOpened(QComboBox& combo, int index) {

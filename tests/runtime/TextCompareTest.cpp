@@ -47,6 +47,15 @@ TEST(Like, AgreesWithThePlainRule) {
     EXPECT_FALSE(likeText(std::string(5000, 'a'), "%a%a%a%a%a%a%a%a%b"));
 }
 
+TEST(UpperCase, WritesEveryLetterInCapitals) {
+    EXPECT_EQ(upperCase("League 7, \u00fcbung \u03b4"), "LEAGUE 7, \u00dcBUNG \u0394");
+    EXPECT_EQ(upperCase("\xff"
+                        "a"),
+              "\xff"
+              "A");
+    EXPECT_EQ(upperCase(""), "");
+}
+
 TEST(Characters, AreCountedAndCut) {
     EXPECT_EQ(characterCount("\u00e4\u00f6x"), 3U);
     EXPECT_EQ(firstCharacters("\u00e4\u00f6x", 2), "\u00e4\u00f6");

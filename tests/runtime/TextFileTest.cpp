@@ -104,6 +104,19 @@ TEST_F(TextFiles, ReadBackWhatWasWritten) {
     }));
 }
 
+TEST(Characters, AreTakenOneByOne) {
+    const std::string text = "a\u00fc\u20ac\U0001F3B3";
+    EXPECT_EQ(charactersOf(text), U"a\u00fc\u20ac\U0001F3B3");
+    EXPECT_EQ(textOf(charactersOf(text)), text);
+    EXPECT_EQ(charactersOf("x\xFFy"), U"x\uFFFDy");
+    EXPECT_EQ(charactersOf(std::string(1, '\0')), std::u32string(1, U'\0'));
+    EXPECT_TRUE(rc::check([](const std::string& bytes) {
+        const std::string clean = decoded(bytes, Encoding::Windows1252);
+        RC_ASSERT(charactersOf(clean).size() == bytes.size());
+        RC_ASSERT(textOf(charactersOf(clean)) == clean);
+    }));
+}
+
 TEST_F(TextFiles, FailByNumber) {
     const fs::path nowhere = folder.path() / "none" / "text.txt";
     EXPECT_EQ(faultOf([&] { TextReader reader(file); }), error::kFileNotFound);
@@ -118,6 +131,8 @@ TEST_F(TextFiles, FailByNumber) {
     put("one\n");
     EXPECT_EQ(faultOf([&] { copyFile(file, nowhere); }), error::kPathNotFound);
     EXPECT_EQ(faultOf([&] { copyFile(file, folder.path()); }), error::kPermissionDenied);
+    EXPECT_EQ(faultOf([&] { copyFile(file, file); }), error::kPermissionDenied);
+    EXPECT_EQ(lines(), Lines{"one"});
     TextReader reader(file);
     reader.readLine();
     EXPECT_EQ(faultOf([&] { reader.readLine(); }), error::kInputPastEndOfFile);
@@ -149,6 +164,29 @@ TEST_F(TextFiles, AreCopiedMeasuredAndDeleted) {
     EXPECT_FALSE(fileExists(folder.path()));
     deleteFile(copy);
     EXPECT_FALSE(fileExists(copy));
+}
+
+TEST_F(TextFiles, AreReplacedByACopyWhole) {
+    put("the new one");
+    const fs::path target = folder.path() / "target";
+    const fs::path link = folder.path() / "link";
+    std::ofstream(target) << "a longer one that was there before";
+    fs::permissions(target, fs::perms::owner_all | fs::perms::group_read);
+    fs::create_symlink(target, link);
+    copyFile(file, link);
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(TextReader(target).readLine(), "the new one");
+    EXPECT_EQ(fs::status(target).permissions(), fs::perms::owner_all | fs::perms::group_read);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 3);  // and nothing unfinished
+}
+
+TEST_F(TextFiles, LeaveWhatWasThereWhereACopyFails) {
+    put("the new one");
+    const fs::path target = folder.path() / "target";
+    std::ofstream(target) << "what was there";
+    fs::create_directories(folder.path() / "target.new" / "in the way");
+    EXPECT_EQ(faultOf([&] { copyFile(file, target); }), error::kPermissionDenied);
+    EXPECT_EQ(TextReader(target).readLine(), "what was there");
 }
 
 }  // namespace
