@@ -3,6 +3,7 @@
 #include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
+#include "store/Transaction.h"
 
 #include <fmt/format.h>
 
@@ -75,8 +76,10 @@ Outcome addEvent(SyncRun& run, CdbRecord& record) {
 bool ReadCDBEvents(SyncRun& run) {
     bool NoEvents = false;
     run.procedure("ReadCDBEvents", [&] {
+        Transaction rows(run.program.store());
         NoEvents =
             readExportFile(run, run.event, [&run](CdbRecord& record) { return addEvent(run, record); });
+        rows.commit();
     });
     return NoEvents;
 }

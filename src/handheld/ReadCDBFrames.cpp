@@ -1,5 +1,6 @@
 #include "handheld/CdbReader.h"
 #include "handheld/ReadCDB.h"
+#include "store/Transaction.h"
 
 #include <fmt/format.h>
 
@@ -63,7 +64,9 @@ Outcome addFrame(SyncRun& run, CdbRecord& record) {
 
 void ReadCDBFrames(SyncRun& run) {
     run.procedure("ReadCDBFrames", [&] {
+        Transaction rows(run.program.store());
         readExportFile(run, run.frame, [&run](CdbRecord& record) { return addFrame(run, record); });
+        rows.commit();
     });
 }
 

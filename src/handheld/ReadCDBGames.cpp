@@ -1,5 +1,6 @@
 #include "handheld/CdbReader.h"
 #include "handheld/ReadCDB.h"
+#include "store/Transaction.h"
 
 #include <fmt/format.h>
 
@@ -59,7 +60,9 @@ Outcome addGame(SyncRun& run, CdbRecord& record) {
 bool ReadCDBGames(SyncRun& run) {
     bool NoGames = false;
     run.procedure("ReadCDBGames", [&] {
+        Transaction rows(run.program.store());
         NoGames = readExportFile(run, run.game, [&run](CdbRecord& record) { return addGame(run, record); });
+        rows.commit();
     });
     return NoGames;
 }

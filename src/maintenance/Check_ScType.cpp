@@ -1,6 +1,8 @@
 #include "maintenance/CheckRun.h"
 #include "runtime/TextForms.h"
+#include "store/Transaction.h"
 
+#include <optional>
 #include <string>
 
 #include <fmt/format.h>
@@ -120,9 +122,13 @@ private:
 
 void Check_ScType(CheckRun& run) {
     const Handler step = run.handler("Check_ScType");
+    std::optional<Transaction> corrections;
+    step([&] { corrections.emplace(run.program.store()); });
     step([&] { run.print("Checking game score types."); });
     ScoreTypeCheck(run, step).checkEvents();
     step([&] { run.print("Game score type check complete."); });
+    if (corrections)
+        step([&] { corrections->commit(); });
 }
 
 }  // namespace tallybrook

@@ -1,4 +1,7 @@
 #include "maintenance/CheckRun.h"
+#include "store/Transaction.h"
+
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -69,9 +72,13 @@ private:
 
 void DB_Integ(CheckRun& run) {
     const Handler step = run.handler("DB_Integ");
+    std::optional<Transaction> corrections;
+    step([&] { corrections.emplace(run.program.store()); });
     step([&] { run.print("Checking database integrity."); });
     for (const ChildTable& child : {kFrames, kGames})
         OrphanHunt(run, step, child).deleteOrphans();
+    if (corrections)
+        step([&] { corrections->commit(); });
 }
 
 }  // namespace tallybrook

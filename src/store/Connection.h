@@ -54,6 +54,9 @@ public:
     /// To be called after a row was added.
     void noteKey(const Table& table, std::int64_t key) { highestKeys_[&table] = key; }
 
+    /// To be called when added rows have been lost.
+    void forgetKeys() { highestKeys_.clear(); }
+
     void enlist(UnreadRows& rows) { unread_.push_back(&rows); }
     void strike(UnreadRows& rows) { std::erase(unread_, &rows); }
     /// To be called before a row is changed or deleted: reads the sets that may hold it.
