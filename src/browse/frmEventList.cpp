@@ -1,13 +1,14 @@
 #include "browse/frmEventList.h"
 
 #include "browse/ListLeaving.h"
-#include "browse/ReportsFolder.h"
 #include "browse/frmSearchEvents.h"
 #include "reports/modTBKReports.h"
 #include "runtime/TextForms.h"
+#include "shell/ReportsFolder.h"
 #include "shell/TBK_Globals.h"
 
 #include <array>
+#include <filesystem>
 #include <memory>
 
 namespace tallybrook {
@@ -85,7 +86,7 @@ Layout frmEventList::layout() {
 void frmEventList::onLoad() {
     const Handler step = handler("frmEventList, Form Load.");
     const Int16 mode = session().gMode;
-    cdlEventList.folder = reportsFolder();
+    cdlEventList.folder = reportsFolder() + static_cast<char>(std::filesystem::path::preferred_separator);
     fraType.setVisible(mode == kReport);
     fraSyncHH.setVisible(mode == kReport);
     if (mode == kEdit)

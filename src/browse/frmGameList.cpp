@@ -3,11 +3,13 @@
 #include "browse/GameReport.h"
 #include "browse/ListLeaving.h"
 #include "browse/NoCurrentRow.h"
-#include "browse/ReportsFolder.h"
 #include "browse/frmSearchGames.h"
 #include "runtime/EndProgram.h"
 #include "runtime/TextForms.h"
+#include "shell/ReportsFolder.h"
 #include "shell/TBK_Globals.h"
+
+#include <filesystem>
 
 namespace tallybrook {
 
@@ -55,7 +57,7 @@ Layout frmGameList::layout() {
 
 void frmGameList::onLoad() {
     const Handler step = loadHandler();
-    cdlGameList.folder = reportsFolder();
+    cdlGameList.folder = reportsFolder() + static_cast<char>(std::filesystem::path::preferred_separator);
     step([&] { adoTBKGame.setRecordSource(searchStatement()); });
     step([&] { adoTBKGame.Refresh(); });
     step([&] { tellCount(); });

@@ -1,5 +1,6 @@
 #include "desktop/ControlView.h"
 
+#include "desktop/FolderTreeView.h"
 #include "desktop/GridView.h"
 #include "desktop/ListViews.h"
 #include "desktop/PressedViews.h"

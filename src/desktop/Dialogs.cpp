@@ -11,6 +11,12 @@ namespace tallybrook {
 
 namespace {
 
+/// A pattern as the toolkit has it: no blanks around it, and ".txt" alone means all such files.
+QString patternOf(const QString& text) {
+    const QString pattern = text.trimmed();
+    return pattern.startsWith('.') ? '*' + pattern : pattern;
+}
+
 /// The filters as the toolkit has them: "Text files (*.txt *.csv)". In the program's form names and patterns
 /// take turns, as in "Text files|*.txt;*.csv", and a name may hold its pattern or not.
 QStringList filtersOf(const FileDialog& dialog) {
@@ -18,7 +24,10 @@ QStringList filtersOf(const FileDialog& dialog) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QString name = parts[i].section('(', 0, 0).trimmed();
-        filters << name + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
+        QStringList patterns;
+        for (const QString& one : parts[i + 1].split(';'))
+            patterns << patternOf(one);
+        filters << name + " (" + patterns.join(' ') + ")";
     }
     return filters;
 }

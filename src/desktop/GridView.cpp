@@ -88,6 +88,7 @@ public:
         setWordWrap(false);
         setCornerButtonEnabled(false);
         setHorizontalScrollMode(ScrollPerPixel);
+        setAutoScroll(false);
         setItemDelegate(new WholeRow(this));
         verticalHeader()->hide();
         verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -114,10 +115,9 @@ public:
         const QModelIndex index = model()->index(row, 0);
         if (selectionModel()->isSelected(index))
             return;
-        const int sideways = horizontalScrollBar()->value();
-        setCurrentIndex(index);
-        scrollTo(index);
-        horizontalScrollBar()->setValue(sideways);
+        selectionModel()->setCurrentIndex(index,
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        bringIntoView(index, EnsureVisible);
     }
 
     [[nodiscard]] QSize sizeHint() const override {

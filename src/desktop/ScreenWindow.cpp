@@ -46,7 +46,6 @@ ScreenWindow::ScreenWindow(Screen& screen, ActionTaker& taker)
     setObjectName(toQt(screen.name()));
     setWindowTitle(toQt(screen.caption()));
     setCentralWidget(area_);
-    setAttribute(Qt::WA_KeyboardFocusChange);  // the focus is always seen
     nameWidgets();
     installEventFilter(this);
     leaveMenusAtOnce();
@@ -181,6 +180,8 @@ void ScreenWindow::placeOnScreen() {
 
 void ScreenWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange)
+        setAttribute(Qt::WA_KeyboardFocusChange);  // the focus is seen, be it the mouse that brought it there
     if (event->type() == QEvent::PaletteChange)
         refresh();
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPersistentModelIndex>
+#include <QScrollBar>
 #include <functional>
 #include <utility>
 
@@ -18,9 +20,23 @@ public:
     /// Called with the item that the mouse was pressed and released on, and where in the view that was.
     std::function<void(const QModelIndex& index, QPoint place)> whenClicked;
 
+    /// Brings an item into view; sideways nothing moves.
+    virtual void bringIntoView(const QModelIndex& item, QAbstractItemView::ScrollHint hint) {
+        const int sideways = this->horizontalScrollBar()->value();
+        this->scrollTo(item, hint);
+        this->horizontalScrollBar()->setValue(sideways);
+    }
+
 protected:
-    void mousePressEvent(QMouseEvent* event) override { pressed_ = this->indexAt(event->pos()); }
-    void mouseDoubleClickEvent(QMouseEvent* event) override { StillView::mousePressEvent(event); }
+    void mousePressEvent(QMouseEvent* event) override {
+        pressed_ = this->indexAt(event->pos());
+        last_ = pressed_;
+    }
+    /// A second click counts only where the first one has not put another item under the mouse.
+    void mouseDoubleClickEvent(QMouseEvent* event) override {
+        if (last_.isValid() && last_ == this->indexAt(event->pos()))
+            pressed_ = last_;
+    }
     void mouseMoveEvent(QMouseEvent* /*event*/) override {}
     void mouseReleaseEvent(QMouseEvent* event) override {
         const QPersistentModelIndex pressed = std::exchange(pressed_, {});
@@ -41,11 +57,12 @@ protected:
     /// Before this its size is not known.
     void showEvent(QShowEvent* event) override {
         View::showEvent(event);
-        this->scrollTo(this->currentIndex(), View::PositionAtCenter);
+        bringIntoView(this->currentIndex(), QAbstractItemView::PositionAtCenter);
     }
 
 private:
-    QPersistentModelIndex pressed_;
+    QPersistentModelIndex pressed_;  // where the mouse is down
+    QPersistentModelIndex last_;     // where it was pressed last
 };
 
 }  // namespace tallybrook

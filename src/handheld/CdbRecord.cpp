@@ -65,11 +65,11 @@ void CdbRecord::cutField(int number) {
 }
 
 std::string CdbRecord::markedLine() const {
-    std::string line = id_ + "," + std::string(kDeleted);
+    std::string line = id_;
+    line.append(",").append(kDeleted);
     for (const int number : format_.marked) {
-        const bool isQuoted = format_.field(number).form == CdbForm::Quoted;
-        const std::string quote = isQuoted ? "\"" : "";
-        line += "," + quote + toText(value(number)) + quote;
+        const char* const quote = format_.field(number).form == CdbForm::Quoted ? "\"" : "";
+        line.append(",").append(quote).append(toText(value(number))).append(quote);
     }
     return line;
 }

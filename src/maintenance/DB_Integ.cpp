@@ -42,6 +42,7 @@ public:
     }
 
 private:
+    /// Only what is gone indeed is counted as deleted.
     void deleteIfOrphan() {
         step_([&] { session_ = toInt32(rows_->Fields("fldSessionNum")); });
         if (!hasEvent() && step_([&] { rows_->Delete(); }))

@@ -2,10 +2,10 @@
 
 #include "maintenance/modDBUtils.h"
 #include "shell/OpenReport.h"
+#include "shell/ReportsFolder.h"
 #include "shell/TBK_Globals.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <vector>
 
 namespace tallybrook {
@@ -27,7 +27,7 @@ Layout frmDBTools::layout() {
 }
 
 void frmDBTools::onLoad() {
-    cdlDBTools.folder = (std::filesystem::current_path() / "Reports").string();
+    cdlDBTools.folder = reportsFolder();
     cdlDBTools.filter = "Text (*.txt) | .txt";
     screens().show(*this);
 }

@@ -1,6 +1,6 @@
 #include "player/DesktopStage.h"
 
-#include "desktop/ListViews.h"
+#include "desktop/FolderTreeView.h"
 #include "player/DesktopHands.h"
 
 #include <QAbstractItemView>

@@ -205,12 +205,12 @@ void frmEventStats::Get_Events() {
 }
 
 void frmEventStats::addEventNames(const Handler& step) {
-    Recordset& rows = adoTBKEvent.recordset();
-    step([&] { rows.MoveFirst(); });
+    const auto rows = [this]() -> Recordset& { return adoTBKEvent.recordset(); };
+    step([&] { rows().MoveFirst(); });
     bool goesOn = true;
-    while (goesOn && step.test([&] { return !rows.Eof(); })) {
-        step([&] { lstEvent.add(toText(rows["fldEventName"])); });
-        goesOn = step([&] { rows.MoveNext(); });
+    while (goesOn && step.test([&] { return !rows().Eof(); })) {
+        step([&] { lstEvent.add(toText(rows()["fldEventName"])); });
+        goesOn = step([&] { rows().MoveNext(); });  // a row that cannot be left ends the walk
     }
 }
 

@@ -1,9 +1,8 @@
 #include "reports/frmReports.h"
 
 #include "shell/OpenReport.h"
+#include "shell/ReportsFolder.h"
 #include "shell/TBK_Globals.h"
-
-#include <filesystem>
 
 namespace tallybrook {
 
@@ -32,7 +31,7 @@ Layout frmReports::layout() {
 
 void frmReports::onLoad() {
     session().gMode = kReport;
-    cdlReport.folder = (std::filesystem::current_path() / "Reports").string();
+    cdlReport.folder = reportsFolder();
     cdlReport.filter = "Text Files (*.txt)|*.txt";
     screens().show(*this);
 }

@@ -174,9 +174,14 @@ bool fileExists(const fs::path& file) {
 void replaceFile(const fs::path& file, const std::function<void(TextWriter&)>& write) {
     const fs::path unfinished = unfinishedName(file);
     TextWriter writer(unfinished);
-    write(writer);
-    writer.close();
     std::error_code failure;
+    try {
+        write(writer);
+        writer.close();
+    } catch (const RunTimeError&) {
+        fs::remove(unfinished, failure);
+        throw;
+    }
     putInPlace(unfinished, file, failure);
     if (failure)
         throw RunTimeError(error::kPathFileAccess);

@@ -23,7 +23,7 @@ constexpr std::array<HandheldType, 2> kTypes{{{"Palm Pilot", "Palm"}, {"Pocket P
 /// Where a search for a folder begins.
 std::string homeFolder() {
     const char* const home = std::getenv("HOME");
-    return home != nullptr ? home : kRoot;
+    return home != nullptr && FolderList::isFolder(home) ? home : kRoot;
 }
 
 MessageBox notice(const char* text) {

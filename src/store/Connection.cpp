@@ -66,6 +66,7 @@ Store::Connection::Connection(const std::filesystem::path& file, const Clock& cl
     database_.exec("PRAGMA synchronous = FULL");
     database_.exec("PRAGMA cache_size = -8192");  // KiB: a life of bowling mostly fits
     addTextFunctions(database_.getHandle());
+    sqlite3_rollback_hook(database_.getHandle(), noteRollback, this);
     database_.exec("BEGIN EXCLUSIVE");  // takes the lock for as long as the connection lives
     database_.exec("COMMIT");
 }
@@ -82,6 +83,8 @@ SQLite::Statement& Store::Connection::prepared(const std::string& sql) {
 
 UnderstoodStatement Store::Connection::understand(const std::string& sql) {
     constexpr std::size_t kMostPlans = 200;
+    if (sql == lastSql_ && currentYear() == lastYear_)
+        return lastUnderstood_;
     StatementShape shape = shapeOf(sql);
     auto found = plans_.find(shape.text);
     if (found == plans_.end()) {
@@ -94,6 +97,9 @@ UnderstoodStatement Store::Connection::understand(const std::string& sql) {
     UnderstoodStatement understood{.plan = found->second, .values = {}};
     for (const Literal& literal : shape.literals)
         understood.values.push_back(valueOf(literal, currentYear()));
+    lastSql_ = sql;
+    lastYear_ = currentYear();
+    lastUnderstood_ = understood;
     return understood;
 }
 
@@ -108,6 +114,19 @@ std::int64_t Store::Connection::highestKey(const Table& table) {
     });
     highestKeys_[&table] = key;
     return key;
+}
+
+std::uint64_t Store::Connection::version() const {
+    constexpr int kChangesBits = 32;
+    return (rollbacks_ << kChangesBits) +
+           static_cast<std::uint32_t>(sqlite3_total_changes(database_.getHandle()));
+}
+
+/// Rows that were added are gone again, and their keys with them.
+void Store::Connection::noteRollback(void* connection) {
+    auto* const self = static_cast<Connection*>(connection);
+    ++self->rollbacks_;
+    self->highestKeys_.clear();
 }
 
 void Store::Connection::readBeforeChange(const Table& table, std::int64_t key) {

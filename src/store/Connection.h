@@ -53,9 +53,8 @@ public:
     [[nodiscard]] std::int64_t highestKey(const Table& table);
     /// To be called after a row was added.
     void noteKey(const Table& table, std::int64_t key) { highestKeys_[&table] = key; }
-
-    /// To be called when added rows have been lost.
-    void forgetKeys() { highestKeys_.clear(); }
+    /// Another number after each change of the tables.
+    [[nodiscard]] std::uint64_t version() const;
 
     void enlist(UnreadRows& rows) { unread_.push_back(&rows); }
     void strike(UnreadRows& rows) { std::erase(unread_, &rows); }
@@ -63,11 +62,17 @@ public:
     void readBeforeChange(const Table& table, std::int64_t key);
 
 private:
+    static void noteRollback(void* connection);
+
     const Clock& clock_;
     SQLite::Database database_;
     std::map<std::string, std::unique_ptr<SQLite::Statement>> prepared_;
     std::unordered_map<std::string, std::shared_ptr<Plan>> plans_;  // by the shape of their statements
+    std::string lastSql_;  // the statement understood last, and in which year
+    int lastYear_ = 0;
+    UnderstoodStatement lastUnderstood_;
     std::unordered_map<const Table*, std::int64_t> highestKeys_;
+    std::uint64_t rollbacks_ = 0;
     std::vector<UnreadRows*> unread_;
 };
 

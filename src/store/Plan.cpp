@@ -154,11 +154,11 @@ Plan::Reader& Plan::readerOf(bool all) {
     return reader;
 }
 
-void Plan::bind(SQLite::Statement& statement, const std::vector<Value>& values, std::int64_t lastKey) const {
+void Plan::bind(SQLite::Statement& statement, const Question& question) const {
     int index = 1;
-    statement.bind(index, lastKey);
+    statement.bind(index, question.lastKey);
     for (const Parameter& parameter : parameters_) {
-        const Value& value = values[parameter.value];
+        const Value& value = question.values[parameter.value];
         if (parameter.form == Form::Folded)
             statement.bind(++index, foldCase(std::get<std::string>(value)));
         else
@@ -166,18 +166,29 @@ void Plan::bind(SQLite::Statement& statement, const std::vector<Value>& values, 
     }
 }
 
-ReadRows Plan::read(const std::vector<Value>& values, std::int64_t lastKey, bool all) {
+ReadRows Plan::run(Reader& reader, const Question& question) {
+    StatementUse use(*reader.statement);
+    bind(*use, question);
+    ReadRows rows{.projection = reader.projection, .keys = {}, .values = {}};
+    while (use->executeStep()) {
+        rows.keys.push_back(use->getColumn(0).getInt64());
+        int index = 0;
+        for (const std::size_t field : reader.projection->fields)
+            rows.values.push_back(columnValue(*use, ++index, select_.fields[field]->type));
+    }
+    return rows;
+}
+
+ReadRows Plan::read(const Question& question, bool all) {
     return onFile([&] {
-        // What is worth reading is known once somebody has read rows of this shape.
-        Reader& reader = readerOf(all || !std::exchange(wasRead_, true) || select_.distinct);
-        StatementUse use(*reader.statement);
-        bind(*use, values, lastKey);
-        ReadRows rows{.projection = reader.projection, .keys = {}, .values = {}};
-        while (use->executeStep()) {
-            rows.keys.push_back(use->getColumn(0).getInt64());
-            int index = 0;
-            for (const std::size_t field : reader.projection->fields)
-                rows.values.push_back(columnValue(*use, ++index, select_.fields[field]->type));
+        Reader& reader = readerOf(all || select_.distinct);
+        if (lastAnswer_ && lastAnswer_->projection == reader.projection && lastQuestion_ == question)
+            return *lastAnswer_;
+        ReadRows rows = run(reader, question);
+        lastAnswer_.reset();
+        if (rows.size() <= 1) {
+            lastQuestion_ = question;
+            lastAnswer_ = rows;
         }
         return rows;
     });

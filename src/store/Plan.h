@@ -34,8 +34,8 @@ struct ReadRows {
     void erase(std::size_t row);
 };
 
-/// How all statements of one shape are run: the statement for SQLite, prepared once, and what is worth
-/// reading. The first rows are read whole; later ones have just the fields that somebody has asked for.
+/// How all statements of one shape are run: the statement for SQLite, prepared once, and the fields that are
+/// worth reading, which are those that somebody has asked for.
 class Plan {
 public:
     /// For any statement of the shape.
@@ -47,9 +47,15 @@ public:
     /// Tells that a field was asked for.
     void want(std::size_t field) { wanted_[field] = true; }
 
-    /// Runs the statement with these values over the rows whose keys are at most `lastKey`, and reads all of
-    /// their fields, or those that are worth it.
-    ReadRows read(const std::vector<Value>& values, std::int64_t lastKey, bool all);
+    /// What the rows that a statement finds depend on besides its shape.
+    struct Question {
+        std::vector<Value> values;
+        std::int64_t lastKey = 0;   // only rows whose keys are at most this one
+        std::uint64_t version = 0;  // of the tables; grows with each change
+        friend bool operator==(const Question&, const Question&) = default;
+    };
+    /// Runs the statement and reads all fields of the rows that it finds, or those that are worth it.
+    ReadRows read(const Question& question, bool all);
 
     /// How a value of the criteria goes into a parameter.
     enum class Form { AsIs, Folded };
@@ -67,16 +73,18 @@ private:
     };
     Reader& readerOf(bool all);
     [[nodiscard]] Reader prepare(const std::vector<bool>& fields) const;
-    void bind(SQLite::Statement& statement, const std::vector<Value>& values, std::int64_t lastKey) const;
+    void bind(SQLite::Statement& statement, const Question& question) const;
+    ReadRows run(Reader& reader, const Question& question);
 
     SQLite::Database& database_;
     Select select_;
     std::string source_;  // the statement but for its list of fields
     std::vector<Parameter> parameters_;
     std::vector<bool> wanted_;  // by field
-    bool wasRead_ = false;
     Reader whole_;
     Reader narrow_;
+    Question lastQuestion_;
+    std::optional<ReadRows> lastAnswer_;  // of one row at most: an event that is looked for again and again
 };
 
 }  // namespace tallybrook

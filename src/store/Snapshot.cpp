@@ -28,7 +28,8 @@ void Snapshot::look() {
 }
 
 void Snapshot::readFields(bool all) {
-    read_ = statement_.plan->read(statement_.values, lastKey_, all);
+    read_ = statement_.plan->read(
+        {.values = statement_.values, .lastKey = lastKey_, .version = connection_.version()}, all);
     isRead_ = true;
     isWhole_ = read_.projection->fields.size() == fields().size();
     if (isWhole_)
@@ -53,9 +54,10 @@ std::int64_t Snapshot::key(std::size_t row) {
 const Value& Snapshot::value(std::size_t row, std::size_t field) {
     if (const StoredRow* const own = added(row))
         return own->values[field];
-    statement_.plan->want(field);
-    if (!read_.holds(field))
-        read();
+    if (!read_.holds(field)) {
+        statement_.plan->want(field);
+        readFields(std::exchange(hasMissed_, true));
+    }
     return read_.value(row, field);
 }
 

@@ -51,6 +51,7 @@ private:
     UnderstoodStatement statement_;
     std::int64_t lastKey_;
     bool isRead_ = false;
+    bool hasMissed_ = false;  // a field that was not read
     bool isWhole_ = false;
     ReadRows read_;
     std::vector<StoredRow> added_;

@@ -129,7 +129,10 @@ std::vector<std::string> Store::fieldNames(const std::string& table) {
 std::vector<Store::Row> Store::rows(const std::string& table) {
     std::vector<Row> rows;
     const UnderstoodStatement all = connection_->understand("SELECT * FROM " + table);
-    ReadRows read = all.plan->read(all.values, std::numeric_limits<std::int64_t>::max(), true);
+    ReadRows read = all.plan->read({.values = all.values,
+                                    .lastKey = std::numeric_limits<std::int64_t>::max(),
+                                    .version = connection_->version()},
+                                   true);
     for (std::size_t row = 0; row < read.size(); ++row) {
         Row& one = rows.emplace_back();
         for (std::size_t field = 0; field < all.plan->fieldCount(); ++field)

@@ -46,7 +46,6 @@ void Transaction::commit() {
 void Transaction::giveUp() {
     if (isWithin(connection_))
         connection_.database().tryExec("ROLLBACK");
-    connection_.forgetKeys();
 }
 
 }  // namespace tallybrook

@@ -73,6 +73,14 @@ TEST_F(Start, EndsAtAConfigurationThatCannotBeRead) {
     EXPECT_EQ(display.events(), (Log{"run-time error 5", "end program"}));
 }
 
+TEST_F(Start, EndsAtAConfigurationThatCannotBeWritten) {
+    fs::create_directories(data() / "tbrkcfg.conf" / "in the way");
+    Application program(display, clock, data());
+    display.expect({"Tallybrook", Answer::OK});
+    program.start();
+    EXPECT_EQ(display.events(), (Log{"run-time error 75", "end program"}));
+}
+
 TEST_F(Start, ChecksTheDatabaseOnDemand) {
     Application program(display, clock, data());
     display.expect({"Tallybrook", Answer::OK});
@@ -124,10 +132,28 @@ TEST_F(Start, TellsOfAFolderThatCannotBeMade) {
 
 TEST(MainMenu, OffersWhatThereIs) {
     Play play;
-    for (const char* entry : {"mnuHHSetup", "mnuExit", "mnuAddFromForm", "mnuEditData", "mnuDBTools",
-                              "mnuReports", "mnuTBKHelp", "mnuAbout"})
+    for (const char* entry : {"mnuHHSetup", "mnuExit", "mnuSyncPDA", "mnuAddFromForm", "mnuEditData",
+                              "mnuDBTools", "mnuReports", "mnuTBKHelp", "mnuAbout"})
         EXPECT_TRUE(play.enabled(entry)) << entry;
     EXPECT_EQ(play.focus(), "none");
+}
+
+TEST(MainMenu, HasItsCaptions) {
+    Play play;
+    play.expectSeen({{"lblTitle", "Main Menu"},
+                     {"mnuFile", "&File"},
+                     {"mnuHHSetup", "Handheld &Setup"},
+                     {"mnuExit", "E&xit"},
+                     {"mnuMainFile", "&Data"},
+                     {"mnuAddEvent", "&Add Data"},
+                     {"mnuSyncPDA", "Add From &PDA"},
+                     {"mnuAddFromForm", "Add Fr&om Form"},
+                     {"mnuEditData", "&Edit Data"},
+                     {"mnuDBTools", "Database &Tools"},
+                     {"mnuReports", "&Reports"},
+                     {"mnuMainHelp", "&Help"},
+                     {"mnuTBKHelp", "Tallybrook Help"},
+                     {"mnuAbout", "&About"}});
 }
 
 TEST(MainMenu, AsksBeforeItEnds) {

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "Desktop.h"
-#include "desktop/ListViews.h"
+#include "desktop/FolderTreeView.h"
+#include "support/StoredEvents.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <algorithm>
 #include <filesystem>
-
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <fmt/format.h>
 
 namespace tallybrook::test {
 
@@ -19,7 +17,7 @@ protected:
     /// The logbook holds so many events from the start, by the names "Event 1" and so on.
     explicit Lists(int events = 0) {
         if (events > 0)
-            writeEvents(program.logbookFile(), events);
+            writeEvents(program.logbookFile(), events, clock);
         for (const char* inside : {"b/inner", "a", "c"})
             std::filesystem::create_directories(folder.path() / "tree" / inside);
         program.openLogbook();
@@ -82,16 +80,6 @@ protected:
     void pressLate(QWidget& surface, QPoint place) {
         QTest::mousePress(listWindow().windowHandle(), Qt::LeftButton, Qt::NoModifier,
                           surface.mapTo(&listWindow(), place));
-    }
-
-    void writeEvents(const std::filesystem::path& logbook, int count) const {
-        { const Store made(logbook, clock); }
-        SQLite::Database database(logbook.string(), SQLite::OPEN_READWRITE);
-        database.exec(
-            fmt::format("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < {}) "
-                        "INSERT INTO tblEventInfo (fldEventName, fldDateBowled) SELECT 'Event ' || i, "
-                        "'2026-11-04' FROM n",
-                        count));
     }
 
     static Lines textsIn(const QAbstractItemModel& model) {

@@ -180,6 +180,12 @@ TEST_F(EventImport, FailsOnALineTooLongForItsPositions) {
     EXPECT_TRUE(play.events().empty());
 }
 
+TEST_F(EventImport, LooksForNoDuplicatesAfterAFailedCut) {
+    play.put(eventsAlone({EventLine{.date = std::string(40000, '1')}.text()}));
+    play.failingSync({SyncPlay::failure("ParseDBLine", 6), SyncPlay::failure("ReadCDBEvents", 91),
+                      SyncPlay::failure("cmdAddPDA", 52)});
+}
+
 TEST_F(EventImport, FailsWhereTheLogbookDoes) {
     play.put(smallExports());
     const auto breakTheLogbook = [&] {

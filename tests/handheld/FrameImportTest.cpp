@@ -130,6 +130,13 @@ TEST_F(FrameImport, FailsOnALineWithoutItsLane) {
     EXPECT_TRUE(play.frames().empty());
 }
 
+TEST_F(FrameImport, StoresNoRowAfterAFailedCut) {
+    play.put(with({FrameLine{.comment = std::string(40000, 'x')}.text()}));
+    play.failingSync({SyncPlay::failure("ParseDBLine", 6), SyncPlay::failure("ReadCDBFrames", 91),
+                      SyncPlay::failure("cmdAddPDA", 52)});
+    EXPECT_TRUE(play.frames().empty());
+}
+
 TEST_F(FrameImport, TellsOfATotalThatIsNegative) {
     importFrames({countLine(-3), FrameLine{}.text()});
     EXPECT_TRUE(play.logHolds("Total of -3 frames in file."));

@@ -136,6 +136,13 @@ TEST_F(GameImport, FailsOnALineWithoutItsTexts) {
     EXPECT_TRUE(play.games().empty());
 }
 
+TEST_F(GameImport, StoresNoRowAfterAFailedCut) {
+    play.put(with({GameLine{.comment = std::string(40000, 'x')}.text()}));
+    play.failingSync({SyncPlay::failure("ParseDBLine", 6), SyncPlay::failure("ReadCDBGames", 91),
+                      SyncPlay::failure("cmdAddPDA", 52)});
+    EXPECT_TRUE(play.games().empty());
+}
+
 TEST_F(GameImport, TakesEarlierTextsForMissingOnes) {
     importGames({R"(G000000001,0x0000,201,101,1,187,0,13,14,13,"13-14","P)"});
     EXPECT_EQ(play.rows("tblGameInfo", {"fldLanePair", "fldLaneCond", "fldComment"}), Log{"13-14|13-14|P"});

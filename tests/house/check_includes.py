@@ -14,7 +14,7 @@ LEVELS = [
     ["shell"],
     ["reports", "maintenance"],
     ["entry", "browse", "handheld"],
-    ["app"],
+    ["app", "sample"],
     ["desktop", "viewer"],
     ["player"],
 ]

@@ -2,6 +2,7 @@
 #include "runtime/TextFile.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
+#include "store/Connection.h"
 #include "support/Play.h"
 #include "support/SameText.h"
 
@@ -297,6 +298,64 @@ TEST_F(DatabaseTools, OfferHelpAboutAndExit) {
     play.close();
     play.click("cmdExit", {{"Confirm - Exit", Answer::Yes}});
     EXPECT_TRUE(play.program().hasEnded());
+}
+
+TEST_F(DatabaseTools, CountUpTo32767) {
+    play.program().store().connection().database().exec(
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 32768) "
+        "INSERT INTO tblFrameInfo (fldFrameNum) SELECT i FROM n");
+    play.click("mnuDBStats", {failure("DB_Stats", error::kOverflow), {"Database Statistics"}});
+    EXPECT_NE(play.display.boxes().back().text.find("\r\nNumber of frames: 0\r\n"), std::string::npos);
+}
+
+TEST_F(DatabaseTools, TellOfAViewerThatDoesNotStart) {
+    play.display.refuseViewer();
+    play.display.expectDialog({"Open Report", report()});
+    play.click("mnuFileOpen",
+               {{"Database Error", Answer::OK,
+                 databaseErrorBox(RunTimeError(error::kFileNotFound), "DBTools, mnuFileOpen.").text}});
+}
+
+TEST_F(DatabaseTools, LeaveNothingOpenBehindACheck) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    for (int run = 0; run < 2; ++run) {
+        play.click("cmdDBCheck", {kProceed, failure("DB_Integ", kNoRow), complete()});
+        EXPECT_TRUE(fs::remove(report()));
+    }
+    play.click("cmdDBStats", {{"Database Statistics"}});
+}
+
+TEST_F(DatabaseTools, ComeUpWhereTheCurrentFolderIsGone) {
+    play.click("cmdRetMain", {{"Return to Main Menu", Answer::Yes}});
+    const fs::path before = fs::current_path();
+    const fs::path gone = play.dataFolder() / "gone";
+    fs::create_directory(gone);
+    fs::current_path(gone);
+    fs::remove(gone);
+    play.click("mnuDBTools");
+    EXPECT_EQ(play.screen().name(), "frmDBTools");
+    fs::current_path(before);
+}
+
+TEST_F(DatabaseTools, HaveTheirCaptions) {
+    play.expectSeen({{"lblTitle", "Database Tools"},
+                     {"cmdDBCheck", "&Check Database"},
+                     {"cmdDBStats", "&Database Statistics"},
+                     {"cmdRetMain", "Return to &Main Menu"},
+                     {"cmdExit", "E&xit"},
+                     {"mnuFile", "&File"},
+                     {"mnuFileOpen", "&Open"},
+                     {"mnuFileExit", "E&xit"},
+                     {"mnuDBTools", "&Tools"},
+                     {"mnuDBCheck", "&Check Database"},
+                     {"mnuDBStats", "Database &Statistics"},
+                     {"mnuRetMain", "&Main Menu"},
+                     {"mnuHelp", "&Help"},
+                     {"mnuTBKHelp", "Tallybrook Help"},
+                     {"mnuAbout", "&About"}});
+    play.click("mnuRetMain", {{"Return to Main Menu", Answer::No}});
+    play.click("mnuFileExit", {{"Confirm - Exit", Answer::No}});
 }
 
 }  // namespace

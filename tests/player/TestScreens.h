@@ -1,10 +1,14 @@
 #pragma once
 
 #include "runtime/EndProgram.h"
+#include "shell/Grid.h"
+#include "shell/Lists.h"
 #include "shell/Screen.h"
 
+#include <array>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tallybrook::test {
@@ -162,6 +166,148 @@ public:
     Layout layout() override { return layout::column({lblTwo}); }
     void onLoad() override { screens().show(*this); }
     void onClose() override { mnuBack.click(); }
+};
+
+/// A screen with lists of every kind and a grid, whose clicks do all that a program can do meanwhile.
+class frmLists : public Screen {
+public:
+    explicit frmLists(Program& owner) : Screen(owner, "frmLists", "Lists") {
+        txtKeeper.onLostFocus = [this] {
+            if (txtKeeper.text() != "free")
+                txtKeeper.focus();
+        };
+        txtDeflector.onLostFocus = [this] { txtFirst.focus(); };
+        txtFilling.onLostFocus = [this] { cboOp.fill({"late", "later"}); };
+        txtClosing.onLostFocus = [this] { setUsable(false); };
+        txtHiding.onLostFocus = [this] { goTo("frmTwo"); };
+        cboField.onClick = [this] { chooseField(); };
+        cboOp.onClick = [this] { txtFirst.focus(); };
+        lstNames.onClick = [this] { lblSeen.setCaption("name " + lstNames.picked()); };
+        cboDo.onClick = [this] { act(cboDo); };
+        lstDo.onClick = [this] { act(lstDo); };
+        drvDrive.onChange = [this] { lblSeen.setCaption("drive " + drvDrive.picked()); };
+        dirFolder.onChange = [this] { lblSeen.setCaption("folder " + dirFolder.path()); };
+        cmdFewer.onClick = [this] { open(" WHERE fldSessionNum > 8"); };
+        cmdRestore.onClick = [this] { restore(); };
+        mnuOther.onClick = [this] { goTo("frmTwo"); };
+    }
+
+    DataControl adoEvents{store()};
+
+    Menu mnuMain{*this, "mnuMain", "&Menu"};
+    Menu mnuOther{mnuMain, "mnuOther", "&Other", "F2"};
+
+    TextBox txtFirst{*this, "txtFirst"};
+    ComboBox cboField{*this, "cboField", {.width = 12}};
+    Label lblField{*this, "lblField", "Fiel&d", cboField};
+    ComboBox cboOp{*this, "cboOp", {.enabled = false}};
+    ListBox lstNames{*this, "lstNames", {.lines = 3}};
+    Grid dgdEvents{*this,
+                   "dgdEvents",
+                   "&Event List",
+                   adoEvents,
+                   {{.caption = "Event", .field = "fldSessionNum"},
+                    {.caption = "Name", .field = "fldEventName"},
+                    {.caption = "Average", .field = "fldSeriesAvg", .decimals = 2}}};
+    DriveList drvDrive{*this, "drvDrive"};
+    FolderList dirFolder{*this, "dirFolder"};
+    TextBox txtKeeper{*this, "txtKeeper"};
+    TextBox txtDeflector{*this, "txtDeflector"};
+    TextBox txtFilling{*this, "txtFilling"};
+    TextBox txtClosing{*this, "txtClosing"};
+    TextBox txtHiding{*this, "txtHiding"};
+    ComboBox cboDo{*this, "cboDo"};
+    ListBox lstDo{*this, "lstDo"};
+    Label lblSeen{*this, "lblSeen", "nothing"};
+    Button cmdFewer{*this, "cmdFewer", "&Fewer"};
+    Button cmdRestore{*this, "cmdRestore", "&Restore", {.isDefault = true}};
+
+    /// What the items of cboDo and lstDo do.
+    static inline const std::vector<std::string> kActions{
+        "nothing", "box",   "boxes", "clear names", "refill",  "add", "off",  "hide",
+        "focus",   "other", "grid",  "no grid",     "give up", "end", "fail", "unload"};
+
+    Layout layout() override {
+        std::vector<Layout> parts;
+        for (Control* const control : controls()) {
+            if (control->kind() != Control::Kind::Menu)
+                parts.emplace_back(*control);
+        }
+        return layout::table(3, std::move(parts));
+    }
+    void onLoad() override {
+        restore();
+        screens().show(*this);
+        txtFirst.focus();
+    }
+    void onClose() override { screens().goBackFrom(*this); }
+    void onUnload() override { adoEvents.drop(); }
+
+private:
+    void restore() {
+        setUsable(true);
+        cboField.fill({"Center Name", "Comment", "Date Bowled", "Comment"});
+        cboOp.clear();
+        cboOp.setEnabled(false);
+        lstNames.fill({"Ann", "Bob", "a \"b\"|c", "Carl", "carla", "\xC3\x89mile"});
+        cboDo.fill(kActions);
+        lstDo.fill(kActions);
+        open("");
+    }
+    void open(const std::string& where) {
+        adoEvents.setRecordSource("SELECT * FROM tblEventInfo" + where);
+        adoEvents.Refresh();
+    }
+    void setUsable(bool usable) {
+        for (Control* const control : std::initializer_list<Control*>{
+                 &cboField, &lstNames, &dgdEvents, &drvDrive, &dirFolder, &cboDo, &lstDo}) {
+            control->setEnabled(usable);
+            control->setVisible(true);
+        }
+    }
+    void goTo(const std::string& screen) {
+        screens().hide(*this);
+        screens().load(screen);
+    }
+    void chooseField() {
+        cboOp.fill({"is", "contains " + cboField.picked()});
+        cboOp.setEnabled(true);
+        cboOp.focus();
+    }
+    void act(ItemList& list) {
+        const std::string what = list.picked();
+        lblSeen.setCaption("did " + what);
+        if (what == "box" || what == "boxes")
+            ask({.text = "One."});
+        if (what == "boxes")
+            ask({.text = "Two.", .buttons = Buttons::YesNo});
+        if (what == "clear names")
+            lstNames.clear();
+        if (what == "refill")
+            list.fill({"nothing", "refill", "off"});
+        if (what == "add")
+            list.add("nothing");
+        if (what == "off")
+            list.setEnabled(false);
+        if (what == "hide")
+            list.setVisible(false);
+        if (what == "focus")
+            txtFirst.focus();
+        if (what == "other")
+            goTo("frmTwo");
+        if (what == "grid")
+            open(" WHERE fldSessionNum < 4");
+        if (what == "no grid")
+            open(" WHERE fldSessionNum = 99");
+        if (what == "give up")
+            throw EndHandler{};
+        if (what == "end")
+            throw EndProgram{};
+        if (what == "fail")
+            throw RunTimeError(error::kTypeMismatch);
+        if (what == "unload")
+            screens().goBackFrom(*this);
+    }
 };
 
 }  // namespace tallybrook::test

@@ -203,6 +203,13 @@ TEST_F(CopyToHandheld, TellsOfAMissingConfiguration) {
     EXPECT_NE(bytesOf(play.file()).find("Spare\t\t\tAttempts"), std::string::npos);  // complete all the same
 }
 
+TEST_F(CopyToHandheld, TellsOfABrokenConfiguration) {
+    play.addEvent({});
+    std::ofstream(play.dataFolder() / "tbrkcfg.conf") << "\n";
+    play.session().gHHType.clear();
+    reportWithCopy({failure("Write_Report", error::kInvalidProcedureCall)});
+}
+
 TEST_F(CopyToHandheld, NeverCopiesToAnEmptyDirectory) {
     play.addEvent({});
     configure("");

@@ -92,6 +92,48 @@ TEST_F(ReportsMenu, AsksBeforeTheProgramEnds) {
     EXPECT_TRUE(play.program().hasEnded());
 }
 
+TEST_F(ReportsMenu, TellsOfAViewerThatDoesNotStart) {
+    play.display.refuseViewer();
+    play.display.expectDialog({"Open Report", play.file()});
+    play.click("mnuOpen", {{"Database Error", Answer::OK,
+                            databaseErrorBox(RunTimeError(error::kFileNotFound), "Reports, mnuOpen.").text}});
+}
+
+TEST_F(ReportsMenu, ComesUpWhereTheCurrentFolderIsGone) {
+    const fs::path before = fs::current_path();
+    const fs::path gone = play.dataFolder() / "gone";
+    play.click("mnuRetMain");
+    fs::create_directory(gone);
+    fs::current_path(gone);
+    fs::remove(gone);
+    play.click("mnuReports");
+    EXPECT_EQ(play.screen().name(), "frmReports");
+    fs::current_path(before);
+}
+
+TEST_F(ReportsMenu, HasItsCaptions) {
+    play.expectSeen({{"lblTitle", "Reports"},
+                     {"mnuFile", "&File"},
+                     {"mnuOpen", "&Open"},
+                     {"mnuExit", "E&xit"},
+                     {"mnuSearchMain", "&Report"},
+                     {"mnuRptEvent", "&Event Reports"},
+                     {"mnuRptGame", "&Game Reports"},
+                     {"mnuStats", "&Statistical Reports"},
+                     {"mnuRetMain", "Return to &Main Menu"},
+                     {"mnuSearchHelp", "&Help"},
+                     {"mnuTBKHelp", "Tallybrook Help"},
+                     {"mnuSearchHelpAbout", "&About"}});
+}
+
+TEST_F(ReportsMenu, LeadsToTheMainMenuFromAlone) {
+    play.click("mnuStats");
+    play.click("cmdRpt", {{"Return to Reports", Answer::Yes}});
+    play.display.forgetEvents();
+    play.click("mnuRetMain");
+    EXPECT_EQ(play.display.events(), (Log{"unload frmReports", "load frmMain", "show frmMain"}));
+}
+
 }  // namespace
 
 }  // namespace tallybrook::test

@@ -1,5 +1,6 @@
 #include "ReportPlay.h"
 #include "shell/Lists.h"
+#include "store/Connection.h"
 
 #include <filesystem>
 
@@ -99,8 +100,10 @@ TEST_F(StatisticsScreen, ShowsTheBusyPointerMeanwhile) {
 }
 
 TEST_F(StatisticsScreen, WritesNothingWhenTheDialogIsCancelled) {
+    play.display.forgetEvents();
     play.display.expectDialog({"Save Report", std::nullopt});
     play.click("cmdGenReport");
+    EXPECT_TRUE(play.display.events().empty());
     EXPECT_FALSE(fs::exists(play.file()));
 }
 
@@ -290,6 +293,79 @@ TEST_F(StatisticsScreen, SelectsTheDatesItComesTo) {
     play.tab();
     EXPECT_EQ(play.focus(), "txtTo");
     EXPECT_TRUE(dynamic_cast<TextBox&>(play.control("txtTo")).isAllSelected());
+}
+
+TEST_F(StatisticsScreen, TellsOfACopyThatFails) {
+    play.session().gHHType = "Palm";
+    play.session().gHHSyncDir = (play.dataFolder() / "not there").string();
+    play.click("optSync(0)");
+    play.display.forgetEvents();
+    EXPECT_NE(generate({ReportPlay::failure("Write_Report", error::kPathNotFound)}), "");
+    EXPECT_EQ(play.display.events(), (Names{"busy", "default"}));
+}
+
+TEST_F(StatisticsScreen, GoesOnWhereTheNamesCannotBeRead) {
+    play.click("optFilter(0)");
+    play.program().store().connection().database().exec("DROP TABLE tblEventInfo");
+    const std::vector<Expected> boxes(5, {"Database Error", Answer::OK});
+    play.click("chkEvent", boxes);
+    EXPECT_NE(play.display.boxes().back().text.find("Module: Event Statistics, Get_Events."),
+              std::string::npos);
+    EXPECT_FALSE(play.program().hasEnded());
+}
+
+TEST_F(StatisticsScreen, HasItsCaptionsAndTips) {
+    const char* const typeTip = "Check this box to get statistics on all your events";
+    const char* const frameTip = "Select the type of event that you would like to get statistics on";
+    play.expectSeen({{"lblTitle", "Event Statistics"},
+                     {"fraSelEvent", "Event &Type", frameTip},
+                     {"optEvType(0)", "All E&vents", typeTip},
+                     {"optEvType(1)", "&League", typeTip},
+                     {"optEvType(2)", "Pr&actice", typeTip},
+                     {"optEvType(3)", "To&urnament", typeTip},
+                     {"fraFilterOpt", "F&ilter Data?"},
+                     {"optFilter(0)", "Yes"},
+                     {"optFilter(1)", "No"},
+                     {"fraFilter", "Filter Options"},
+                     {"chkDate", "Date Range"},
+                     {"lblFrom", "From"},
+                     {"lblTo", "To"},
+                     {"chkEvent", "Event Name"},
+                     {"fraSyncPDA", "S&ync to PDA?", frameTip},
+                     {"optSync(0)", "Yes", typeTip},
+                     {"optSync(1)", "No", typeTip},
+                     {"cmdGenReport", "&Generate Report",
+                      "Retrieve the statistics based on the event type and retrieval options you selected"},
+                     {"cmdReset", "R&eset Form", "Reset all the controls in the form"},
+                     {"cmdPrevious", "P&revious Screen", "Return to the previous screen"},
+                     {"cmdRpt", "Rep&orts Menu", "Return to the main menu"},
+                     {"cmdMain", "&Main Menu", "Return to the main menu"},
+                     {"cmdExit", "E&xit", "Exit Tallybrook"},
+                     {"mnuFile", "&File"},
+                     {"mnuExit", "E&xit"},
+                     {"mnuCommands", "&Commands"},
+                     {"mnuRetrieve", "&Generate Report"},
+                     {"mnuReset", "R&eset Form"},
+                     {"mnuPrevious", "&Previous Screen"},
+                     {"mnuRptMenu", "Rep&orts Menu"},
+                     {"mnuMain", "&Main Menu"},
+                     {"mnuHelp", "&Help"},
+                     {"mnuTBKHelp", "Tallybrook Help"},
+                     {"mnuAbout", "&About"}});
+}
+
+TEST_F(StatisticsScreen, RunsItsButtonsFromTheMenu) {
+    play.display.expectDialog({"Save Report", std::nullopt});
+    play.click("mnuRetrieve");
+    play.click("mnuReset", {{"Reset Form", Answer::No}});
+    play.click("mnuPrevious", {{"Previous Screen", Answer::No}});
+    play.click("mnuRptMenu", {{"Return to Reports", Answer::No}});
+    play.click("mnuMain", {{"Return to Main", Answer::No}});
+    play.click("mnuExit", {{"Confirm - Exit", Answer::No}});
+    play.display.forgetEvents();
+    play.press("F1");
+    play.click("mnuAbout");
+    EXPECT_EQ(play.display.events(), (Names{"help 0", "load frmAbout", "show frmAbout"}));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
 
 namespace tallybrook::test {
 
@@ -12,6 +13,24 @@ namespace {
 namespace fs = std::filesystem;
 
 using Log = std::vector<std::string>;
+
+/// The user's home for the length of a test.
+class Home {
+public:
+    explicit Home(const std::string& folder) { setenv("HOME", folder.c_str(), 1); }
+    ~Home() {
+        if (before_)
+            setenv("HOME", before_->c_str(), 1);
+        else
+            unsetenv("HOME");
+    }
+    Home(const Home&) = delete;
+    Home& operator=(const Home&) = delete;
+
+private:
+    std::optional<std::string> before_ =
+        std::getenv("HOME") != nullptr ? std::optional<std::string>(std::getenv("HOME")) : std::nullopt;
+};
 
 class HandheldSetup : public testing::Test {
 protected:
@@ -70,13 +89,59 @@ TEST_F(HandheldSetup, ShowsNothingAfterAFirstStart) {
 }
 
 TEST_F(HandheldSetup, StartsAtHomeWithATypeAlone) {
+    const Home home(folder().string());
     open("Palm", "");
     EXPECT_EQ(play.text("txtHHDir"), "");
     EXPECT_TRUE(play.enabled("cmdSaveChg"));
-    const char* const home = std::getenv("HOME");
-    if (home != nullptr && fs::is_directory(home)) {
-        EXPECT_EQ(fs::path(screen().dirHHDir.path()), fs::path(home).lexically_normal());
-    }
+    EXPECT_EQ(screen().dirHHDir.path(), folder().string());
+}
+
+TEST_F(HandheldSetup, StartsAtTheRootWithoutAHome) {
+    const Home home((folder() / "gone").string());
+    open("Palm", "");
+    EXPECT_EQ(screen().dirHHDir.path(), "/");
+}
+
+TEST_F(HandheldSetup, EndsTheProgramWhereItCannotSave) {
+    open("Palm", folder().string());
+    fs::remove(play.dataFolder() / "tbrkcfg.conf");
+    fs::create_directories(play.dataFolder() / "tbrkcfg.conf" / "in the way");
+    play.click("cmdSaveChg", {kSave});
+    EXPECT_EQ(play.display.events().back(), "end program");
+    EXPECT_EQ(*(play.display.events().end() - 2), "run-time error 75");
+}
+
+TEST_F(HandheldSetup, HasItsCaptions) {
+    open("", "");
+    play.expectSeen({{"lblTitle", "Handheld Setup"},
+                     {"fraHHType", "Handheld Type"},
+                     {"optHHType(0)", "Palm Pilot"},
+                     {"optHHType(1)", "Pocket PC"},
+                     {"fraHHDir", "Synchronization Directory"},
+                     {"lblDir", "Sync Directory:"},
+                     {"lblSelDrive", "Select Drive:"},
+                     {"lblSelDir", "Select Folder:"},
+                     {"cmdSaveChg", "&Save"},
+                     {"cmdMain", "&Main Menu"},
+                     {"cmdExit", "E&xit"},
+                     {"mnuHHSetupFile", "&File"},
+                     {"mnuHHSetupSave", "&Save"},
+                     {"mnuHHSetupMain", "&Main Menu"},
+                     {"mnuHHSetupExit", "E&xit"},
+                     {"mnuHHSetupHelp", "&Help"},
+                     {"mnuHHSetupAbout", "&About Tallybrook"},
+                     {"mnhHHSetupTBKHelp", "Tallybrook Help"}});
+    play.display.forgetEvents();
+    play.press("F1");
+    EXPECT_TRUE(play.display.events().empty());
+}
+
+// With one drive it is the only way to the root itself.
+TEST_F(HandheldSetup, TakesTheDriveThatIsPickedAlready) {
+    open("", "");
+    play.run([&] { person::pick(screen().drvHHDir, 0); });
+    EXPECT_EQ(play.text("txtHHDir"), "/");
+    EXPECT_TRUE(play.enabled("cmdSaveChg"));
 }
 
 TEST_F(HandheldSetup, EndsTheProgramWhereTheFolderIsGone) {
@@ -112,6 +177,8 @@ TEST_F(HandheldSetup, KeepsANewTypeForTheRunThoughNotInTheFile) {
     EXPECT_EQ(play.session().gHHType, "PPC");
     EXPECT_EQ(play.session().gHHSyncDir, folder().string());
     EXPECT_EQ(written(), before);
+    play.click("cmdSaveChg", {kSave, kSaved});
+    EXPECT_NE(written().find("HHTYPE=\"PPC\""), std::string::npos);
 }
 
 TEST_F(HandheldSetup, GoesThroughTheFolders) {

@@ -103,6 +103,19 @@ public:
         display.expectNothingLeft();
     }
 
+    /// A control with the caption and the tip that people see.
+    struct Seen {
+        const char* name;
+        const char* caption;
+        const char* tip = "";
+    };
+    void expectSeen(const std::vector<Seen>& controls) {
+        for (const Seen& one : controls) {
+            EXPECT_EQ(control(one.name).caption(), one.caption) << one.name;
+            EXPECT_EQ(control(one.name).tip(), one.tip) << one.name;
+        }
+    }
+
     using Fields = std::vector<std::pair<std::string, Value>>;
 
     /// Adds a row to the logbook past the screens.

@@ -34,6 +34,8 @@ public:
     ~TestDisplay() override { expectNothingLeft(); }
 
     void expect(Expected box) { expected_.push_back(std::move(box)); }
+    /// Lets the viewer fail to start.
+    void refuseViewer() { refusesViewer_ = true; }
     /// Lets a file dialog that comes up choose this file; dialogs and boxes are counted apart.
     void expectDialog(ExpectedDialog dialog) { expectedDialogs_.push_back(std::move(dialog)); }
     void expectNothingLeft() {
@@ -105,6 +107,8 @@ public:
         events_.push_back("help " + std::to_string(static_cast<int>(topic)));
     }
     void startViewer(const std::filesystem::path& file) override {
+        if (refusesViewer_)
+            throw RunTimeError(error::kFileNotFound);
         events_.push_back("viewer " + file.string());
     }
     void retrying(std::string_view module, int tries) override {
@@ -125,6 +129,7 @@ private:
     std::vector<MessageBox> boxes_;
     std::vector<std::string> events_;
     int retries_ = 0;
+    bool refusesViewer_ = false;
 };
 
 }  // namespace tallybrook::test

@@ -52,6 +52,11 @@ TEST(ReportPrinter, DrawsOnlyTheWantedPages) {
     EXPECT_EQ(pagesOf(lines(200), "4"), 1);
 }
 
+TEST(ReportPrinter, DeviceThatRefusesIsTold) {
+    QPdfWriter writer(kClosedFolder + "/report.pdf");
+    EXPECT_FALSE(drawPages({"report.txt", lines(3)}, writer));
+}
+
 TEST(ReportPrinter, WritesAPdf) {
     Files files;
     const QString pdf = files.write("report.pdf", "what was there before");

@@ -1,4 +1,4 @@
-#include "browse/ReportsFolder.h"
+#include "shell/ReportsFolder.h"
 
 #include <filesystem>
 #include <system_error>
@@ -7,7 +7,7 @@ namespace tallybrook {
 
 std::string reportsFolder() {
     std::error_code gone;  // a current folder that somebody has deleted has no path
-    return (std::filesystem::current_path(gone) / "Reports" / "").string();
+    return (std::filesystem::current_path(gone) / "Reports").string();
 }
 
 }  // namespace tallybrook
