@@ -56,7 +56,7 @@ std::optional<std::filesystem::path> AnswerLines::choiceFor(const FileDialog& di
     transcript_.command(line.text);
     if (!line.words.at(1).quoted)
         return std::nullopt;
-    return (startFolder_ / line.argument(1)).lexically_normal();
+    return (startFolder_ / transcript_.meant(line.argument(1))).lexically_normal();
 }
 
 }  // namespace tallybrook

@@ -30,7 +30,9 @@ const std::vector<Command>& commands() {
         {"rows", {Shape::Name}, When::Always, &Performer::rows},
         {"put", {Shape::Name, Shape::Fields}, When::Running, &Performer::put},
         {"change", {Shape::Name, Shape::Row, Shape::Fields}, When::Running, &Performer::change},
+        {"write", {Shape::Text, Shape::Text}, When::Running, &Performer::write},
         {"shot", {Shape::Name}, When::Running, &Performer::shot},
+        {"shot-report", {Shape::Name}, When::Running, &Performer::shotReport},
         {"note", {Shape::Text}, When::Always, &Performer::note},
     };
     return kCommands;

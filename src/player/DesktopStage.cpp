@@ -2,12 +2,16 @@
 
 #include "desktop/FolderTreeView.h"
 #include "player/DesktopHands.h"
+#include "viewer/ReportWindow.h"
 
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QPixmap>
 #include <QPointer>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <stdexcept>
 #include <utility>
 
@@ -108,11 +112,27 @@ void DesktopStage::close(Screen& screen) {
 }
 
 void DesktopStage::takePicture(Screen& screen, const std::string& name) {
+    if (shots_)
+        save(windowOf(screen), name);
+}
+
+void DesktopStage::takeReportPicture(const fs::path& report, const std::string& name) {
     if (!shots_)
         return;
+    const QTemporaryDir usual;  // the window as it comes up for the first time
+    QSettings settings(usual.filePath("viewer.ini"), QSettings::IniFormat);
+    ReportWindow window(settings);
+    if (!window.open(QString::fromStdString(report.string())))
+        return;
+    window.show();
+    QCoreApplication::processEvents();
+    save(window, name);
+}
+
+void DesktopStage::save(QWidget& window, const std::string& name) const {
     fs::create_directories(*shots_);
     const fs::path file = *shots_ / (name + ".png");
-    if (!windowOf(screen).grab().save(QString::fromStdString(file.string())))
+    if (!window.grab().save(QString::fromStdString(file.string())))
         throw std::runtime_error("the picture " + file.string() + " cannot be written");
 }
 

@@ -32,6 +32,7 @@ public:
     Arrival press(Screen& screen, const std::string& key) override;
     void close(Screen& screen) override;
     void takePicture(Screen& screen, const std::string& name) override;
+    void takeReportPicture(const std::filesystem::path& report, const std::string& name) override;
 
 private:
     [[nodiscard]] QWidget& widgetOf(const Control& control) const;
@@ -42,6 +43,8 @@ private:
     /// Moves the focus to the control, and does something there if it can be used.
     Arrival use(const Control& control, const std::function<void(QWidget& widget)>& action);
     void settle();
+
+    void save(QWidget& window, const std::string& name) const;
 
     std::optional<std::filesystem::path> shots_;
     DesktopDisplay display_;

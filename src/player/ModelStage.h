@@ -24,6 +24,7 @@ public:
     Arrival press(Screen& screen, const std::string& key) override;
     void close(Screen& screen) override;
     void takePicture(Screen&, const std::string&) override {}  // there is nothing to be seen
+    void takeReportPicture(const std::filesystem::path&, const std::string&) override {}
 
 private:
     /// Moves the focus to the control, and goes on with what that has come to.

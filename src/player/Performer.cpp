@@ -7,6 +7,7 @@
 #include "player/StoredRows.h"
 
 #include <algorithm>
+#include <fstream>
 #include <optional>
 #include <utility>
 
@@ -257,8 +258,23 @@ void Performer::change(const ScriptLine& line) {
                [&] { changeRow(program_.store(), line.argument(1), line.argument(2), fieldsFrom(line, 3)); });
 }
 
+void Performer::write(const ScriptLine& line) {
+    const std::filesystem::path file = program_.dataFolder / line.argument(1);
+    std::ofstream stream(file, std::ios::binary);
+    stream << line.argument(2);
+    stream.close();
+    if (!stream)
+        line.fail(inQuotes(line.argument(1)) + " cannot be written");
+}
+
 void Performer::shot(const ScriptLine& line) {
     stage_.takePicture(front(line), line.argument(1));
+}
+
+void Performer::shotReport(const ScriptLine& line) {
+    if (!report_)
+        line.fail("no report has been opened");
+    stage_.takeReportPicture(*report_, line.argument(1));
 }
 
 void Performer::note(const ScriptLine& line) {

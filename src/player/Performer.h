@@ -7,8 +7,11 @@
 #include "runtime/Clock.h"
 #include "shell/Program.h"
 
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace tallybrook {
 
@@ -39,8 +42,13 @@ public:
     void rows(const ScriptLine& line);
     void put(const ScriptLine& line);
     void change(const ScriptLine& line);
+    void write(const ScriptLine& line);
     void shot(const ScriptLine& line);
+    void shotReport(const ScriptLine& line);
     void note(const ScriptLine& line);
+
+    /// Tells which report was opened last.
+    void noteReport(std::filesystem::path file) { report_ = std::move(file); }
 
 private:
     [[nodiscard]] Screen& front(const ScriptLine& line) const;
@@ -60,6 +68,7 @@ private:
     SettableClock& clock_;
     Transcript& transcript_;
     bool started_ = false;
+    std::optional<std::filesystem::path> report_;
 };
 
 }  // namespace tallybrook

@@ -67,6 +67,14 @@ std::string Places::named(std::string_view text) const {
     return written;
 }
 
+std::string Places::meant(std::string_view text) const {
+    const auto found =
+        std::ranges::find_if(places_, [text](const Place& place) { return text.starts_with(place.second); });
+    if (found == places_.end())
+        return std::string(text);
+    return found->first + std::string(text.substr(found->second.size()));
+}
+
 fs::path plainPath(const fs::path& folder) {
     const fs::path plain = fs::absolute(folder).lexically_normal();
     return plain.has_filename() ? plain : plain.parent_path();

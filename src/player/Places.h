@@ -19,6 +19,9 @@ public:
     /// beginning of a longer path.
     [[nodiscard]] std::string named(std::string_view text) const;
 
+    /// The path that a text means which begins with one of these names; any other text as it is.
+    [[nodiscard]] std::string meant(std::string_view text) const;
+
 private:
     using Place = std::pair<std::string, std::string_view>;  // a path, and what is written for it
 

@@ -33,6 +33,7 @@ int Player::play(Program& program, const std::function<void()>& start, std::ostr
 void Player::playLines(Program& program, const std::function<void()>& start) {
     stage_.attach(program);
     Performer performer(program, start, stage_, clock_, transcript_);
+    display_.onReport = [&performer](const std::filesystem::path& report) { performer.noteReport(report); };
     while (const std::optional<ScriptLine> line = script_.next())
         performer.carryOut(*line);
 }

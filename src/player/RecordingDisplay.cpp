@@ -62,6 +62,8 @@ void RecordingDisplay::help(HelpTopic topic) {
 
 void RecordingDisplay::startViewer(const std::filesystem::path& file) {
     transcript_.viewer("notepad.exe " + file.string());
+    if (onReport)
+        onReport(file);
 }
 
 void RecordingDisplay::retrying(std::string_view module, int tries) {

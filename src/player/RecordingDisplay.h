@@ -42,6 +42,9 @@ public:
     void runTimeError(const RunTimeError& failure) override;
     void ended() override;
 
+    /// Called with each report that the viewer is started on.
+    std::function<void(const std::filesystem::path& report)> onReport;
+
 private:
     Transcript& transcript_;
     AnswerLines& answers_;

@@ -57,6 +57,8 @@ public:
 
     /// Takes a picture of the screen.
     virtual void takePicture(Screen& screen, const std::string& name) = 0;
+    /// Takes a picture of a report as the viewer shows it.
+    virtual void takeReportPicture(const std::filesystem::path& report, const std::string& name) = 0;
 };
 
 }  // namespace tallybrook

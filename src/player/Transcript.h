@@ -22,6 +22,8 @@ public:
 
     /// A line as it stands.
     void line(std::string_view text);
+    /// The path that a text of the script means, which may begin with "<data>" or "<cwd>".
+    [[nodiscard]] std::string meant(std::string_view path) const { return places_.meant(path); }
     /// A text in its quoted form, with the folders named by what they are.
     [[nodiscard]] std::string text(std::string_view text) const;
 

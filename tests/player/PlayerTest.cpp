@@ -481,6 +481,28 @@ TEST_P(PlayerTest, ARelativeChoiceLiesWhereThePlayWasStarted) {
                  "txtFirst text=\"<cwd>/a.txt\" enabled=yes visible=yes focus=no\n");
 }
 
+TEST_P(PlayerTest, AChoiceMayLieInTheDataFolder) {
+    expectPlayed("click cmdSave\nchoose \"<data>/a b.txt\"\nshow txtFirst\n",
+                 "> click cmdSave\n"
+                 "dialog save title=\"Which File\" folder=\"<data>\" filter=\"All files (*.*)|*.*\" "
+                 "name=\"list.txt\"\n"
+                 "> choose \"<data>/a b.txt\"\n"
+                 "focus cmdSave\n"
+                 "> show txtFirst\n"
+                 "txtFirst text=\"<data>/a b.txt\" enabled=yes visible=yes focus=no\n");
+}
+
+TEST_P(PlayerTest, TakesPicturesOnlyOfReportsThatWereOpened) {
+    expectStopped("shot-report one\n", "line 2: no report has been opened", "> shot-report one\n");
+    expectPlayed("click cmdOutside\nshot-report one\n",
+                 "> click cmdOutside\n"
+                 "pointer busy\n"
+                 "pointer default\n"
+                 "viewer \"notepad.exe <data>/Report.txt\"\n"
+                 "focus cmdOutside\n"
+                 "> shot-report one\n");
+}
+
 TEST_P(PlayerTest, WritesWhatTheProgramDoesOutside) {
     expectPlayed("click cmdOutside\n",
                  "> click cmdOutside\n"
