@@ -18,8 +18,8 @@ struct Bowled {
 
 using BowledGame = std::array<Bowled, kFrames>;
 
-/// Bowls a game of ten frames. `strikes` is how often in a thousand racks the bowler strikes, from 100 to 500;
-/// whoever strikes more spares more as well.
+/// Bowls a game of ten frames. `strikes` is how often in a thousand racks the bowler strikes, from 100 to
+/// 500; whoever strikes more spares more as well.
 BowledGame bowlGame(Dice& dice, int strikes);
 
 /// The score of a game, from its line scores.

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
-#include <string_view>
+#include <string>
+
+#include <fmt/format.h>
 
 namespace tallybrook::sample {
 
@@ -24,14 +26,18 @@ constexpr Center kCenters[] = {
     {"Northgate Lanes", "Northgate", 48}, {"Star Bowl", "Fairview", 40},
     {"Café Bowl", "Montréal", 16},        {"Bowlhaus Zürich", "Zürich", 12},
 };
-constexpr int kHomeCenter = 0;
+constexpr const Center& kHome = kCenters[0];
 
-/// What kind of event it is, and what that brings with it.
+constexpr int kAnyDay = -1;
+
+/// A kind of event, and what it brings with it.
 struct Kind {
     const char* type;
+    int day;               // of the week, from 0, Monday
+    const Center* center;  // nullptr for any
     std::vector<const char*> names;
     std::vector<int> games;
-    bool alternatesLanes;
+    bool alternatesLanes = true;
 };
 
 /// In the order in which a week is filled: two leagues with practice between them. The fourth is a tournament
@@ -44,14 +50,18 @@ constexpr int kKinds = 4;
 constexpr int kWeeksBetweenTournaments = 5;
 
 const Kind& kindOf(int kind, bool isSummer) {
-    static const Kind kWinterFirst{"LEAGUE", {"Thursday Night League"}, {3}, true};
-    static const Kind kWinterSecond{"LEAGUE", {"Monday Scratch Trio"}, {3}, true};
-    static const Kind kSummerFirst{"LEAGUE", {"Summer Mixed Doubles"}, {3}, true};
-    static const Kind kSummerSecond{"LEAGUE", {"Early Birds"}, {3}, true};
+    static const Kind kWinterFirst{"LEAGUE", 3, &kHome, {"Thursday Night League"}, {3}};
+    static const Kind kWinterSecond{"LEAGUE", 0, &kCenters[1], {"Monday Scratch Trio"}, {3}};
+    static const Kind kSummerFirst{"LEAGUE", 2, &kHome, {"Summer Mixed Doubles"}, {3}};
+    static const Kind kSummerSecond{"LEAGUE", 5, &kCenters[2], {"Early Birds"}, {3}};
     static const Kind kAlone{
-        "PRACTICE", {"Practice", "Practice with coach", "Spare practice", "Lunch break"}, {2, 3, 3, 4}, false};
-    static const Kind kOpen{
-        "TOURNAMENT", {"City Open", "Holiday Classic", "County Team Cup", "Coupe du Café"}, {3, 4, 6}, true};
+        "PRACTICE",   kAnyDay, &kHome, {"Practice", "Practice with coach", "Spare practice", "Lunch break"},
+        {2, 3, 3, 4}, false};
+    static const Kind kOpen{"TOURNAMENT",
+                            6,
+                            nullptr,
+                            {"City Open", "Holiday Classic", "County Team Cup", "Coupe du Café"},
+                            {3, 4, 6}};
     switch (kind) {
         case kFirstLeague:
             return isSummer ? kSummerFirst : kWinterFirst;
@@ -64,16 +74,17 @@ const Kind& kindOf(int kind, bool isSummer) {
     }
 }
 
-constexpr const char* kEventComments[] = {"Fresh oil, slow start.", "Tired, but the spares were there",
-                                          "New shoes", "Lanes broke down early", "Best night of the season",
-                                          "Left early: sore knee"};
+constexpr const char* kEventComments[] = {
+    "Fresh oil, slow start.", "Tired, but the spares were there", "New shoes",
+    "Lanes broke down early", "Best night of the season",         "Left early: sore knee"};
 constexpr const char* kGameComments[] = {"Found the line in the fifth", "Chopped two spares",
                                          "Moved two boards left", "Four in a row to finish"};
-constexpr const char* kFrameComments[] = {"Light hit", "High on the head pin", "Good shot", "Missed inside",
-                                          "Lofted it", "Pulled it"};
+constexpr const char* kFrameComments[] = {
+    "Light hit", "High on the head pin", "Good shot", "Missed inside", "Lofted it", "Pulled it"};
 constexpr const char* kLaneConditions[] = {"", "", "dry", "medium", "fresh oil", "wet, then dry"};
 /// The ball of each few years.
-constexpr const char* kBalls[] = {"House ball, 14 lb", "Red, 15 lb", "Blue pearl", "Black solid", "Green hybrid"};
+constexpr const char* kBalls[] = {"House ball, 14 lb", "Red, 15 lb", "Blue pearl", "Black solid",
+                                  "Green hybrid"};
 
 /// How often in a thousand racks the bowler strikes, as the years go by.
 struct Milestone {
@@ -82,6 +93,7 @@ struct Milestone {
 };
 constexpr Milestone kMilestones[] = {{1996, 170}, {2003, 270}, {2013, 370}, {2020, 345}, {2026, 290}};
 constexpr int kFirstYear = 1996;
+constexpr int kYears = 31;
 
 // How often in a thousand times something happens.
 constexpr int kIncompleteEvents = 12;
@@ -104,7 +116,8 @@ std::chrono::year_month_day calendar(DateTime date) {
 }
 
 int strikesIn(int year) {
-    const auto* const next = std::ranges::find_if(kMilestones, [year](const Milestone& at) { return at.year > year; });
+    const auto* const next =
+        std::ranges::find_if(kMilestones, [year](const Milestone& at) { return at.year > year; });
     if (next == std::begin(kMilestones))
         return next->strikes;
     const Milestone& last = *std::prev(next);
@@ -138,8 +151,7 @@ public:
           target_(dice.between(8, 14)) {}
 
     Event bowl() {
-        const Center& center = kind_.alternatesLanes || dice_.happens(300) ? dice_.anyOf(kCenters)
-                                                                           : kCenters[kHomeCenter];
+        const Center& center = kind_.center != nullptr ? *kind_.center : dice_.anyOf(kCenters);
         Event event{.name = dice_.anyOf(kind_.names),
                     .date = date_,
                     .centerName = center.name,
@@ -187,7 +199,7 @@ private:
         }
         Frame frame{.number = number,
                     .lane = laneOf(game, number),
-                    .ball = kBalls[static_cast<std::size_t>(year_ - kFirstYear) * std::size(kBalls) / 31],
+                    .ball = kBalls[static_cast<std::size_t>(year_ - kFirstYear) * std::size(kBalls) / kYears],
                     .footPosition = std::to_string(footPosition_),
                     .target = std::to_string(target_),
                     .comment = sometimes(dice_, kFramesWithComment, kFrameComments),
@@ -201,7 +213,7 @@ private:
     }
 
     [[nodiscard]] int laneOf(const Game& game, int frame) const {
-        if (!kind_.alternatesLanes || frame % 2 == 1)
+        if (frame % 2 == 1 || !kind_.alternatesLanes)
             return game.startLane;
         return game.leftLane() + game.rightLane() - game.startLane;
     }
@@ -219,7 +231,8 @@ private:
 }  // namespace
 
 Career::Career(int events, std::uint64_t seed)
-    : dice_(seed),
+    : seed_(seed),
+      dice_(seed),
       events_(events),
       weeks_(static_cast<int>(
           std::clamp<std::int64_t>(std::int64_t{events} * 10 / kEventsInTenWeeks, 1, kMostWeeks))) {}
@@ -230,14 +243,20 @@ void Career::planWeek() {
         return static_cast<int>(std::int64_t{week} * events_ / weeks_);
     };
     const int count = eventsBefore(week_ + 1) - eventsBefore(week_);
+    ++week_;
+    const DateTime monday = kLastDay - days{7 * (weeks_ - week_) + 6};
+    const unsigned month{calendar(monday).month()};
+    const bool isSummer = month >= 5 && month <= 8;
     for (int i = 0; i < count; ++i) {
         int kind = i % kKinds;
         if (kind == kTournament && week_ % kWeeksBetweenTournaments != 0)
             kind = kPractice;
-        appointments_.push_back({dice_.between(0, 6), kind});
+        const int day = kindOf(kind, isSummer).day;
+        appointments_.push_back({.date = monday + days{day == kAnyDay ? dice_.between(0, 6) : day},
+                                 .kind = kind,
+                                 .isSummer = isSummer});
     }
-    std::ranges::stable_sort(appointments_, std::ranges::greater{}, &Appointment::day);
-    ++week_;
+    std::ranges::stable_sort(appointments_, std::ranges::greater{}, &Appointment::date);
 }
 
 Event Career::next() {
@@ -245,11 +264,25 @@ Event Career::next() {
         planWeek();
     const Appointment next = appointments_.back();
     appointments_.pop_back();
-    ++bowled_;
-    const DateTime date = kLastDay - days{7 * (weeks_ - week_) + 6 - next.day};
-    const unsigned month{calendar(date).month()};
-    const bool isSummer = month >= 5 && month <= 8;
-    return Night(dice_, kindOf(next.kind, isSummer), date).bowl();
+    Event event = Night(dice_, kindOf(next.kind, next.isSummer), next.date).bowl();
+    number(event);
+    return event;
+}
+
+void Career::number(Event& event) {
+    Counts numbers = bowled_;
+    bowled_.add(event);
+    event.recordId = recordId('E', ++numbers.events);
+    for (Game& game : event.games) {
+        game.recordId = recordId('G', ++numbers.games);
+        for (Frame& frame : game.frames)
+            frame.recordId = recordId('F', ++numbers.frames);
+    }
+}
+
+/// Ten characters: the records of different seeds are rarely taken for each other.
+std::string Career::recordId(char kind, int number) const {
+    return fmt::format("{}{:02X}{:07X}", kind, seed_ % 256, number);
 }
 
 Counts countCareer(int events, std::uint64_t seed) {

@@ -4,35 +4,41 @@
 #include "sample/Logbook.h"
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace tallybrook::sample {
 
-/// A bowler's years, event by event: leagues in their seasons, practice and tournaments, up to thirty years that
-/// end in May 2026. About three events a week; more where so many events would not fit into the years.
+inline constexpr int kMostEvents = 1'000'000;
+
+/// A bowler's years, event by event: leagues in their seasons, practice and tournaments, up to thirty years
+/// that end in May 2026. About three events a week; more where so many events would not fit into the years.
 class Career {
 public:
-    /// The same years from the same number of events, at least 1, and seed.
+    /// The same years from the same number of events, 1 to kMostEvents, and seed.
     Career(int events, std::uint64_t seed);
 
-    [[nodiscard]] bool isOver() const { return bowled_ == events_; }
+    [[nodiscard]] bool isOver() const { return bowled_.events == events_; }
     /// The next event, in the order of their dates. Not to be called once the career is over.
     Event next();
 
 private:
-    void planWeek();
-    Event bowl(DateTime date, int kind);
+    struct Appointment {
+        DateTime date;
+        int kind;
+        bool isSummer;
+    };
 
+    void planWeek();
+    void number(Event& event);
+    [[nodiscard]] std::string recordId(char kind, int number) const;
+
+    std::uint64_t seed_;
     Dice dice_;
     int events_;
     int weeks_;
     int week_ = 0;
-    int bowled_ = 0;
-
-    struct Appointment {
-        int day;  // from 0, the first of the week
-        int kind;
-    };
+    Counts bowled_;
     std::vector<Appointment> appointments_;  // of the week that is begun, the last one first
 };
 

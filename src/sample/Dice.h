@@ -6,8 +6,8 @@
 
 namespace tallybrook::sample {
 
-/// Chance that comes out the same on every machine: the generator is fixed by the language to the bit, and all
-/// that is made of it are whole numbers. The library's own distributions differ from one to another.
+/// Chance that comes out the same on every machine: the generator is fixed by the language to the bit, and
+/// all that is made of it are whole numbers. The library's own distributions differ from one to another.
 class Dice {
 public:
     explicit Dice(std::uint64_t seed) : engine_(seed) {}

@@ -11,24 +11,26 @@ namespace tallybrook::sample {
 struct Frame {
     int number = 0;
     int lane = 0;
-    std::string ball;
-    std::string footPosition;
-    std::string target;
-    std::string first;  // the pin strings of the balls, empty in a line score game
-    std::string second;
-    std::string fill;
-    std::string comment;
-    std::string lineScore;
+    std::string ball = {};
+    std::string footPosition = {};
+    std::string target = {};
+    std::string first = {};  // the pin strings of the balls, empty in a line score game
+    std::string second = {};
+    std::string fill = {};
+    std::string comment = {};
+    std::string lineScore = {};
+    std::string recordId = {};  // on the handheld
 };
 
 struct Game {
     int number = 0;
     int startLane = 0;
     int score = 0;
-    std::string laneCondition;
-    std::string comment;
-    std::string scoreType;  // "P", "L" or "N"
-    std::vector<Frame> frames;
+    std::string laneCondition = {};
+    std::string comment = {};
+    std::string scoreType = {};  // "P", "L" or "N"
+    std::vector<Frame> frames = {};
+    std::string recordId = {};
 
     /// The odd lane of the pair.
     [[nodiscard]] int leftLane() const { return startLane - (startLane % 2 == 0 ? 1 : 0); }
@@ -39,15 +41,16 @@ struct Game {
 };
 
 struct Event {
-    std::string name;
+    std::string name = {};
     DateTime date = kZeroDate;
-    std::string centerName;
-    std::string centerLocation;
-    std::string type;
+    std::string centerName = {};
+    std::string centerLocation = {};
+    std::string type = {};
     int plannedGames = 0;
-    std::string comment;
-    bool isFromHandheld = false;
-    std::vector<Game> games;
+    std::string comment = {};
+    bool isFromHandheld = false;  // or typed in by hand
+    std::vector<Game> games = {};
+    std::string recordId = {};
 
     [[nodiscard]] int seriesTotal() const;
     /// Rounded to two decimals as the program rounds it; 0 without games.
