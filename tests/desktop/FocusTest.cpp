@@ -8,6 +8,16 @@ TEST_F(FocusTest, BeginsWhereTheScreenPutsIt) {
     EXPECT_EQ(window().focusWidget(), &widget(screen().txtName));
 }
 
+TEST_F(FocusTest, IsSeenWhereverItIs) {
+    for (Control* const control :
+         std::initializer_list<Control*>{&screen().cmdGo, &screen().txtShort, &screen().txtLines,
+                                         &screen().optYes, &screen().chkPlain, &screen().chkPin}) {
+        const QImage without = widget(*control).grab().toImage();
+        display.perform([&] { control->focus(); });
+        EXPECT_NE(widget(*control).grab().toImage(), without) << control->name();
+    }
+}
+
 TEST_F(FocusTest, LeavingRunsBeforeTheClick) {
     click(screen().cmdGo);
     EXPECT_EQ(log(), (Lines{"lost txtName", "got cmdGo", "click cmdGo"}));

@@ -133,6 +133,8 @@ TEST(KeyNames, AreTheProgramsOwn) {
         {Qt::Key_N, Qt::AltModifier, "N", true},
         {Qt::Key_F1, Qt::ControlModifier, "F1", false, true},
         {Qt::Key_Left, Qt::ShiftModifier, "Left", false, false, true},
+        {Qt::Key_PageUp, Qt::NoModifier, "PageUp"},
+        {Qt::Key_PageDown, Qt::KeypadModifier, "PageDown"},
     };
     for (const NamedKey& expected : keys) {
         const person::Key key = keyOf(QKeyEvent(QEvent::KeyPress, expected.key, expected.modifiers));

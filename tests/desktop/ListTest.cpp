@@ -82,6 +82,14 @@ TEST_F(ListTest, LabelOfATallListStandsAtItsTop) {
               names().mapTo(&listWindow(), QPoint(0, names().height() / 2)).y());
 }
 
+TEST_F(ListTest, TallListOfAFormTakesTheRoomThereIs) {
+    const int before = names().height();
+    listWindow().resize(listWindow().size() + QSize(0, 200));
+    QCoreApplication::processEvents();
+    EXPECT_GT(names().height(), before + 40);
+    EXPECT_LT(kind().height(), 2 * kind().sizeHint().height());
+}
+
 TEST_F(ListTest, ListsAreAsLargeAsTheyAskFor) {
     EXPECT_GE(names().viewport()->height(), 4 * names().sizeHintForRow(0));
     EXPECT_GE(tree().viewport()->height(), 4 * tree().sizeHintForRow(0));

@@ -18,8 +18,9 @@ QPalette paletteOf(const QColor& window, const QColor& text) {
     return palette;
 }
 
-/// A box as the style draws it, and the lightness of the middle of its upper edge.
-int edgeOf(const QStyle& style, const QPalette& palette, QStyle::State state = QStyle::State_Enabled) {
+/// The middle of the upper edge of an element as the style draws it.
+QColor edgeColour(const QStyle& style, QStyle::PrimitiveElement element, const QPalette& palette,
+                  QStyle::State state) {
     QImage image(40, 20, QImage::Format_RGB32);
     image.fill(palette.color(QPalette::Window));
     QStyleOptionFrame option;
@@ -28,9 +29,13 @@ int edgeOf(const QStyle& style, const QPalette& palette, QStyle::State state = Q
     option.state = state;
     option.lineWidth = 1;
     QPainter painter(&image);
-    style.drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter);
+    style.drawPrimitive(element, &option, &painter);
     painter.end();
-    return image.pixelColor(20, 0).lightness();
+    return image.pixelColor(20, 0);
+}
+
+int edgeOf(const QStyle& style, const QPalette& palette, QStyle::State state = QStyle::State_Enabled) {
+    return edgeColour(style, QStyle::PE_PanelLineEdit, palette, state).lightness();
 }
 
 }  // namespace
@@ -48,6 +53,24 @@ TEST(OutlinedStyle, LeavesALightWindowAndTheFocusAlone) {
     const QPalette dark = paletteOf({32, 32, 32}, {240, 240, 240});
     const QStyle::State focused = QStyle::State_Enabled | QStyle::State_HasFocus;
     EXPECT_EQ(edgeOf(style, dark, focused), edgeOf(plain, dark, focused));
+}
+
+TEST(OutlinedStyle, MarksTheFocusOfAList) {
+    const OutlinedStyle style;
+    for (QPalette palette :
+         {paletteOf({240, 240, 240}, {16, 16, 16}), paletteOf({32, 32, 32}, {240, 240, 240})}) {
+        palette.setColor(QPalette::Highlight, QColor(10, 20, 200));
+        const QStyle::State focused = QStyle::State_Enabled | QStyle::State_HasFocus;
+        const auto edge = [&](QStyle::State state) {
+            return edgeColour(style, QStyle::PE_Frame, palette, state);
+        };
+        EXPECT_EQ(edge(focused), palette.color(QPalette::Highlight));
+        EXPECT_NE(edge(QStyle::State_Enabled), palette.color(QPalette::Highlight));
+    }
+}
+
+TEST(OutlinedStyle, LetsListsDown) {
+    EXPECT_EQ(OutlinedStyle().styleHint(QStyle::SH_ComboBox_Popup, nullptr, nullptr, nullptr), 0);
 }
 
 }  // namespace tallybrook::test

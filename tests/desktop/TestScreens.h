@@ -140,7 +140,8 @@ public:
         using namespace layout;
         return column(
             {row({form({lblKind, cboKind, lblNames, Layout(lstNames).stretched(), space(), cboEmpty}),
-                  column({txtName, drvDrive, lblFolder, Layout(dirFolder).stretched()}), buttons({cmdGo})}),
+                  column({txtName, drvDrive, lblFolder, Layout(dirFolder).stretched()}), buttons({cmdGo})})
+                 .stretched(),
              Layout(dgdEvents).stretched()});
     }
     void onLoad() override {
