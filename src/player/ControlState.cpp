@@ -94,9 +94,11 @@ std::vector<std::string> rowsOf(const Control& control, const Transcript& transc
     if (control.kind() != Control::Kind::Grid)
         return written;
     const auto& grid = static_cast<const Grid&>(control);
+    const auto columns = static_cast<int>(grid.columns().size());
     for (int row = 1; row <= grid.rowCount(); ++row) {
         std::vector<std::string> cells;
-        for (int column = 0; column < static_cast<int>(grid.columns().size()); ++column)
+        cells.reserve(grid.columns().size());
+        for (int column = 0; column < columns; ++column)
             cells.push_back(grid.cell(row, column));
         written.push_back(std::to_string(row) + ": " + beside(cells, transcript));
     }
