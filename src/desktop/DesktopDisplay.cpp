@@ -37,12 +37,15 @@ DesktopDisplay::~DesktopDisplay() {
 void DesktopDisplay::perform(const std::function<void()>& action) {
     if (program_->hasEnded())
         return;
+    ++performing_;
     try {
         program_->perform(action);
     } catch (...) {
         failure_ = std::current_exception();
         QCoreApplication::quit();
     }
+    if (--performing_ == 0)
+        pointer(Pointer::Default);  // a procedure that was given up may have left it busy
     notice_.reset();
     refreshAll();
 }

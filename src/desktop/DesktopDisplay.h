@@ -78,6 +78,7 @@ private:
     QElapsedTimer waiting_;
     std::exception_ptr failure_;
     Arrival lastArrival_ = Arrival::Arrived;
+    int performing_ = 0;  // how many actions are running, one within the other
 };
 
 }  // namespace tallybrook

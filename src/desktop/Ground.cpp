@@ -1,5 +1,7 @@
 #include "desktop/Ground.h"
 
+#include "desktop/Colours.h"
+
 #include <QApplication>
 
 namespace tallybrook {
@@ -27,10 +29,16 @@ void drawBoxGround(QWidget& box, bool isQuiet) {
 }
 
 void drawListGround(QWidget& list) {
-    const QColor window = QApplication::palette().color(QPalette::Disabled, QPalette::Window);
+    constexpr double kFaint = 0.15;
+    constexpr double kPale = 0.55;
+    const QPalette usual = QApplication::palette();
+    const QColor window = usual.color(QPalette::Active, QPalette::Window);
+    const QColor text = usual.color(QPalette::Active, QPalette::WindowText);
     QPalette palette = list.palette();
     palette.setColor(QPalette::Disabled, QPalette::Base, window);
     palette.setColor(QPalette::Disabled, QPalette::AlternateBase, window);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, between(window, text, kFaint));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, between(window, text, kPale));
     give(list, palette);
 }
 

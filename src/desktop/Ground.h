@@ -9,7 +9,7 @@ namespace tallybrook {
 /// A box: what the user cannot write into is as readable as the rest.
 void drawBoxGround(QWidget& box, bool isQuiet);
 
-/// A list or grid: what is off is pale as well.
+/// A list or grid: what is off is pale as well, the row chosen included.
 void drawListGround(QWidget& list);
 
 }  // namespace tallybrook

@@ -27,7 +27,7 @@ public:
     }
     [[nodiscard]] QSize sizeHint() const override { return sizeOf(size_.width(), size_.height()); }
     [[nodiscard]] QSize minimumSizeHint() const override {
-        constexpr int kFewestLines = 3;
+        constexpr int kFewestLines = 4;
         return sizeOf(kUsualWidth, std::min(size_.height(), kFewestLines));
     }
 

@@ -109,6 +109,15 @@ TEST_F(DesktopDisplayTest, PointerIsBusyOrNot) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(DesktopDisplayTest, PointerIsNotLeftBusy) {
+    display.perform([&] {
+        display.pointer(Pointer::Busy);
+        display.perform([] {});
+        EXPECT_NE(QApplication::overrideCursor(), nullptr);
+    });
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 /// The desktop looks for the viewer beside the program, which is this test. One test for both, since there is
 /// only one such place.
 TEST_F(DesktopDisplayTest, ViewerIsStartedByItselfOrIsAMissingFile) {
