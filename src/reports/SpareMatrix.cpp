@@ -47,20 +47,16 @@ public:
 private:
     void countFrame() {
         Recordset& row = *run_.gRsFrame;
-        const FrameMarks marks{.fldFirstBallRes = row["fldFirstBallRes"],
-                               .fldSecondBallRes = row["fldSecondBallRes"],
-                               .fldFillBallRes = row["fldFillBallRes"],
-                               .fldLineScore = row["fldLineScore"]};
         if (toDouble(row["fldFrameNum"]) < 10)
-            countUpToNinth(marks);
+            countUpToNinth(row["fldFirstBallRes"], row);
         else
-            countTenth(marks);
+            countTenth(marksOf(row));
     }
 
-    void countUpToNinth(const FrameMarks& marks) {
-        if (isText(marks.fldFirstBallRes, "X"))
+    void countUpToNinth(const Value& firstBall, Recordset& row) {
+        if (isText(firstBall, "X"))
             return addFirstBalls(1, 10);
-        const std::string lineScore = toText(marks.fldLineScore);
+        const std::string lineScore = toText(row["fldLineScore"]);
         const std::string_view first = markOf(lineScore, 1);
         const bool converted = markOf(lineScore, 2) == "/";
         addFirstBalls(1, pinsOf(first));
@@ -69,7 +65,7 @@ private:
             if (converted)
                 ++figures_.SinglePinConverted;
         }
-        addLeave(marks.fldFirstBallRes, converted);
+        addLeave(firstBall, converted);
     }
 
     /// An open tenth frame counts nothing here.

@@ -35,14 +35,14 @@ double ratio(Int32 part, Int32 whole) {
 
 }  // namespace
 
-void StrikeSpareCounts::countFrame(const FrameMarks& frame) {
+void StrikeSpareCounts::countFrame(const Value& firstBall, const Value& secondBall) {
     ++FirstBalls;
-    if (isText(frame.fldFirstBallRes, "X")) {
+    if (isText(firstBall, "X")) {
         ++Strikes;
         return;
     }
     ++SpareChances;
-    if (isText(frame.fldSecondBallRes, "/"))
+    if (isText(secondBall, "/"))
         ++Spares;
     else
         ++OpenFrames;
@@ -78,14 +78,10 @@ double percentage(Int32 part, Int32 whole) {
 void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringModes& modes) {
     const auto countFrame = [&] {
         Recordset& row = *run.gRsFrame;
-        const FrameMarks marks{.fldFirstBallRes = row["fldFirstBallRes"],
-                               .fldSecondBallRes = row["fldSecondBallRes"],
-                               .fldFillBallRes = row["fldFillBallRes"],
-                               .fldLineScore = row["fldLineScore"]};
         if (leadingNumber(toText(row["fldFrameNum"])) < 10)
-            counts.countFrame(marks);
+            counts.countFrame(row["fldFirstBallRes"], row["fldSecondBallRes"]);
         else
-            counts.countTenthFrame(marks);
+            counts.countTenthFrame(marksOf(row));
     };
     run.procedure("Get_StSp_Stats", [&] {
         forEachRow(run.gRsEvent, run.gReportSQL, [&] {

@@ -32,8 +32,8 @@ struct StrikeSpareCounts {
     Int32 OpenAvg;
     double OpenPct = 0;  // of SpareChances
 
-    /// Counts one of the frames 1 to 9.
-    void countFrame(const FrameMarks& frame);
+    /// Counts one of the frames 1 to 9 by its balls.
+    void countFrame(const Value& firstBall, const Value& secondBall);
     /// Counts a tenth frame; one of no known kind counts nothing.
     void countTenthFrame(const FrameMarks& frame);
     /// Works out the percentages and the figures per game.

@@ -28,6 +28,13 @@ bool isOther(Ball ball) {
 
 }  // namespace
 
+FrameMarks marksOf(Recordset& frame) {
+    return {.fldFirstBallRes = frame["fldFirstBallRes"],
+            .fldSecondBallRes = frame["fldSecondBallRes"],
+            .fldFillBallRes = frame["fldFillBallRes"],
+            .fldLineScore = frame["fldLineScore"]};
+}
+
 TenthFrame tenthFrameOf(const FrameMarks& frame) {
     const Ball first = ballOf(frame.fldFirstBallRes);
     const Ball second = ballOf(frame.fldSecondBallRes);

@@ -1,16 +1,20 @@
 #pragma once
 
 #include "runtime/Value.h"
+#include "store/Recordset.h"
 
 namespace tallybrook {
 
-/// What the reports read of one frame.
+/// What the reports read of one tenth frame.
 struct FrameMarks {
     Value fldFirstBallRes;
     Value fldSecondBallRes;
     Value fldFillBallRes;
     Value fldLineScore;
 };
+
+/// Those of the row.
+FrameMarks marksOf(Recordset& frame);
 
 /// The kinds of tenth frames that the reports tell apart.
 enum class TenthFrame {

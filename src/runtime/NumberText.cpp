@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -98,9 +99,22 @@ std::string grouped(std::string whole) {
     return whole;
 }
 
+/// The number where the text is a few digits and nothing else, as nearly every one is.
+std::optional<double> plainNumber(std::string_view text) {
+    constexpr std::size_t kMostDigits = 15;  // those that a double tells apart
+    if (text.empty() || text.size() > kMostDigits || !std::ranges::all_of(text, isDigit))
+        return std::nullopt;
+    std::int64_t number = 0;
+    for (const char digit : text)
+        number = number * 10 + (digit - '0');
+    return static_cast<double>(number);
+}
+
 }  // namespace
 
 double leadingNumber(std::string_view text) {
+    if (const std::optional<double> plain = plainNumber(text))
+        return *plain;
     const std::string packed = withoutAny(text, " \t\n");
     std::string_view rest = packed;
     const bool negative = rest.starts_with('-');

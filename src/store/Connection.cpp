@@ -8,6 +8,8 @@
 
 namespace tallybrook {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 std::string_view bytesOf(sqlite3_value* value) {
@@ -61,8 +63,10 @@ void addTextFunctions(sqlite3* handle) {
 
 Store::Connection::Connection(const std::filesystem::path& file, const Clock& clock)
     : clock_(clock), database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX) {
+    // A save is done once the journal is cut to nothing, which happens whole or not at all. Set before the file is
+    // locked for good, so that the journal of a save that was cut off goes as it is rolled back.
+    database_.exec("PRAGMA journal_mode = TRUNCATE");
     database_.exec("PRAGMA locking_mode = EXCLUSIVE");
-    database_.exec("PRAGMA journal_mode = DELETE");
     database_.exec("PRAGMA synchronous = FULL");
     database_.exec("PRAGMA cache_size = -8192");  // KiB: a life of bowling mostly fits
     addTextFunctions(database_.getHandle());
@@ -71,7 +75,22 @@ Store::Connection::Connection(const std::filesystem::path& file, const Clock& cl
     database_.exec("COMMIT");
 }
 
+/// Takes the empty journal along, as long as the lock keeps others out. One that is not empty is needed by the
+/// next opening.
+Store::Connection::~Connection() {
+    const fs::path journal = database_.getFilename() + "-journal";
+    std::error_code ignored;
+    if (fs::exists(journal, ignored) && fs::is_empty(journal, ignored))
+        fs::remove(journal, ignored);
+}
+
 SQLite::Statement& Store::Connection::prepared(const std::string& sql) {
+    if (beforeFirstWrite_ && !sql.starts_with("SELECT"))
+        std::exchange(beforeFirstWrite_, {})();
+    return ready(sql);
+}
+
+SQLite::Statement& Store::Connection::ready(const std::string& sql) {
     constexpr std::size_t kMostStatements = 200;
     const auto found = prepared_.find(sql);
     if (found != prepared_.end())
@@ -83,8 +102,8 @@ SQLite::Statement& Store::Connection::prepared(const std::string& sql) {
 
 UnderstoodStatement Store::Connection::understand(const std::string& sql) {
     constexpr std::size_t kMostPlans = 200;
-    if (sql == lastSql_ && currentYear() == lastYear_)
-        return lastUnderstood_;
+    if (std::optional<UnderstoodStatement> known = recent_.find(sql))
+        return *std::move(known);
     StatementShape shape = shapeOf(sql);
     auto found = plans_.find(shape.text);
     if (found == plans_.end()) {
@@ -97,9 +116,7 @@ UnderstoodStatement Store::Connection::understand(const std::string& sql) {
     UnderstoodStatement understood{.plan = found->second, .values = {}};
     for (const Literal& literal : shape.literals)
         understood.values.push_back(valueOf(literal, currentYear()));
-    lastSql_ = sql;
-    lastYear_ = currentYear();
-    lastUnderstood_ = understood;
+    recent_.keep(sql, shape.literals, understood);
     return understood;
 }
 
@@ -130,11 +147,8 @@ void Store::Connection::noteRollback(void* connection) {
 }
 
 void Store::Connection::readBeforeChange(const Table& table, std::int64_t key) {
-    const std::vector<UnreadRows*> unread = unread_;  // each takes itself off the list as it is read
-    for (UnreadRows* const rows : unread) {
-        if (rows->mayHold(table, key))
-            rows->read();
-    }
+    for (UnreadRows* const rows : unread_)
+        rows->readBeforeChange(table, key);
 }
 
 }  // namespace tallybrook

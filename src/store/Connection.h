@@ -3,35 +3,31 @@
 #include "runtime/Clock.h"
 #include "runtime/RunTimeError.h"
 #include "store/Plan.h"
+#include "store/RecentStatements.h"
 #include "store/Schema.h"
 #include "store/Store.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace tallybrook {
 
-/// A set of rows that was opened but not yet read from the tables, or not in full.
+/// A set of rows that was opened but perhaps not yet read from the tables, or not in full.
 class UnreadRows {
 public:
     virtual ~UnreadRows() = default;
-    /// Reads the rows in full, so that later changes do not show in them.
-    virtual void read() = 0;
-    /// Whether the row of that key may be among them.
-    [[nodiscard]] virtual bool mayHold(const Table& table, std::int64_t key) const = 0;
-};
-
-/// A statement of the subset, understood: how it is run, and its values.
-struct UnderstoodStatement {
-    std::shared_ptr<Plan> plan;
-    std::vector<Value> values;
+    /// The row of that key is about to be changed or deleted: reads it now if it may be among the set, so that
+    /// the change does not show in it.
+    virtual void readBeforeChange(const Table& table, std::int64_t key) = 0;
 };
 
 /// The one connection to the logbook's file: statements kept ready, and the rows of open recordsets that are
@@ -39,12 +35,17 @@ struct UnderstoodStatement {
 class Store::Connection {
 public:
     Connection(const std::filesystem::path& file, const Clock& clock);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
 
     [[nodiscard]] SQLite::Database& database() { return database_; }
     [[nodiscard]] int currentYear() const { return clock_.year(); }
 
-    /// A statement, prepared once and reused, with nothing bound.
+    /// A statement, prepared once and reused, with nothing bound, to be run at once.
     SQLite::Statement& prepared(const std::string& sql);
+    /// As Store::beforeFirstWrite().
+    void beforeFirstWrite(std::function<void()> wait) { beforeFirstWrite_ = std::move(wait); }
 
     /// Understands a statement; errors as parseSelect().
     UnderstoodStatement understand(const std::string& sql);
@@ -58,22 +59,22 @@ public:
 
     void enlist(UnreadRows& rows) { unread_.push_back(&rows); }
     void strike(UnreadRows& rows) { std::erase(unread_, &rows); }
-    /// To be called before a row is changed or deleted: reads the sets that may hold it.
+    /// To be called before a row is changed or deleted.
     void readBeforeChange(const Table& table, std::int64_t key);
 
 private:
+    SQLite::Statement& ready(const std::string& sql);
     static void noteRollback(void* connection);
 
     const Clock& clock_;
     SQLite::Database database_;
     std::map<std::string, std::unique_ptr<SQLite::Statement>> prepared_;
     std::unordered_map<std::string, std::shared_ptr<Plan>> plans_;  // by the shape of their statements
-    std::string lastSql_;  // the statement understood last, and in which year
-    int lastYear_ = 0;
-    UnderstoodStatement lastUnderstood_;
+    RecentStatements recent_;
     std::unordered_map<const Table*, std::int64_t> highestKeys_;
     std::uint64_t rollbacks_ = 0;
     std::vector<UnreadRows*> unread_;
+    std::function<void()> beforeFirstWrite_;
 };
 
 /// Ends the use of a prepared statement, however it ends.

@@ -72,22 +72,29 @@ std::string storedDate(DateTime date) {
     return fmt::format("{:04}-{:02}-{:02}", int{day.year()}, unsigned{day.month()}, unsigned{day.day()});
 }
 
-Value fromStoredDate(const std::string& text) {
+Value fromStoredDate(std::string_view text) {
     int year = 0;
     unsigned month = 0;
     unsigned day = 0;
     const char* const begin = text.data();
     if (text.size() != 10 || text[4] != '-' || text[7] != '-')
-        return text;
+        return std::string(text);
     const auto reads = [](const char* from, const char* to, auto& number) {
         return *from >= '0' && *from <= '9' && std::from_chars(from, to, number).ptr == to;
     };
     if (!reads(begin, begin + 4, year) || !reads(begin + 5, begin + 7, month) ||
         !reads(begin + 8, begin + 10, day))
-        return text;
+        return std::string(text);
     const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{month},
                                            std::chrono::day{day}};
-    return date.ok() ? Value{DateTime{std::chrono::local_days{date}}} : Value{text};
+    return date.ok() ? Value{DateTime{std::chrono::local_days{date}}} : Value{std::string(text)};
+}
+
+std::optional<std::int64_t> wholeNumberIn(double real) {
+    constexpr double kToldApart = 9007199254740992;  // 2 to the power of 53
+    if (std::abs(real) >= kToldApart || std::trunc(real) != real)
+        return std::nullopt;
+    return static_cast<std::int64_t>(real);
 }
 
 }  // namespace tallybrook

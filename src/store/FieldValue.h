@@ -3,6 +3,11 @@
 #include "runtime/Value.h"
 #include "store/Schema.h"
 
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
 namespace tallybrook {
 
 /// The value in a field's own type. A number field takes a text that reads as a number as a whole, a date
@@ -14,6 +19,9 @@ Value toFieldValue(const Value& value, FieldType type, int currentYear);
 std::string storedDate(DateTime date);
 
 /// What a stored text in a date column means: the date, or the text itself where it is none.
-Value fromStoredDate(const std::string& text);
+Value fromStoredDate(std::string_view text);
+
+/// The whole number that a real is, if it is one of those that a real tells apart.
+std::optional<std::int64_t> wholeNumberIn(double real);
 
 }  // namespace tallybrook

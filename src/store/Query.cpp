@@ -1,7 +1,5 @@
 #include "store/Query.h"
 
-#include "store/FieldValue.h"
-
 #include <fmt/format.h>
 #include <sqlite3.h>
 
@@ -63,19 +61,6 @@ Value columnValue(const SQLite::Statement& statement, int index, FieldType type)
 
 Value valueOfColumn(sqlite3_value* stored, FieldType type) {
     return decoded(FromArgument(stored), type);
-}
-
-void bindValue(SQLite::Statement& statement, int index, const Value& value) {
-    if (const auto* const number = std::get_if<std::int64_t>(&value))
-        statement.bind(index, *number);
-    else if (const auto* const real = std::get_if<double>(&value))
-        statement.bind(index, *real);
-    else if (const auto* const text = std::get_if<std::string>(&value))
-        statement.bind(index, *text);
-    else if (const auto* const date = std::get_if<DateTime>(&value))
-        statement.bind(index, storedDate(*date));
-    else
-        statement.bind(index);
 }
 
 bool readRow(Store::Connection& connection, const Table& table, const std::vector<const Column*>& fields,

@@ -2,10 +2,12 @@
 
 #include "runtime/Value.h"
 #include "store/Connection.h"
+#include "store/FieldValue.h"
 #include "store/Sql.h"
 
 #include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
 struct sqlite3_value;
@@ -26,7 +28,19 @@ Value valueOfColumn(sqlite3_value* stored, FieldType type);
 Value columnValue(const SQLite::Statement& statement, int index, FieldType type);
 
 /// Binds a value to a parameter, counted from 1, in the form in which it is stored.
-void bindValue(SQLite::Statement& statement, int index, const Value& value);
+template <typename Statement>
+void bindValue(Statement& statement, int index, const Value& value) {
+    if (const auto* const number = std::get_if<std::int64_t>(&value))
+        statement.bind(index, *number);
+    else if (const auto* const real = std::get_if<double>(&value))
+        statement.bind(index, *real);
+    else if (const auto* const text = std::get_if<std::string>(&value))
+        statement.bind(index, *text);
+    else if (const auto* const date = std::get_if<DateTime>(&value))
+        statement.bind(index, storedDate(*date));
+    else
+        statement.bind(index);
+}
 
 /// Reads these fields of one row; false if there is no row of that key.
 bool readRow(Store::Connection& connection, const Table& table, const std::vector<const Column*>& fields,

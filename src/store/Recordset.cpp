@@ -10,6 +10,7 @@
 #include <vector>
 
 #include <fmt/format.h>
+#include <sqlite3.h>
 
 namespace tallybrook {
 
@@ -29,6 +30,7 @@ public:
         if (rows_)
             throw RunTimeError(error::kObjectOpen);
         rows_ = std::make_unique<Snapshot>(connection_, sql);
+        nextField_.resize(std::max(nextField_.size(), rows_->fields().size()));
         place_ = {};
         pending_ = Pending::None;
         rowShown();
@@ -225,16 +227,25 @@ private:
 
     // The row added last is read without counting the others.
     [[nodiscard]] std::int64_t currentKey() {
-        return place_.where == Where::LastAdded ? rows_->lastAdded().key : rows_->key(currentIndex());
+        return place_.where == Where::LastAdded ? rows_->lastAddedKey() : rows_->key(currentIndex());
     }
     void requireRow() { static_cast<void>(currentKey()); }
-    [[nodiscard]] const Value& currentValue(std::size_t field) {
-        return place_.where == Where::LastAdded ? rows_->lastAdded().values[field]
+    [[nodiscard]] Value currentValue(std::size_t field) {
+        return place_.where == Where::LastAdded ? rows_->lastAddedValue(field)
                                                 : rows_->value(currentIndex(), field);
     }
 
+    /// Row after row the same fields are asked for in the same order, so the field that followed the last one
+    /// before is tried first.
     [[nodiscard]] std::size_t fieldOf(std::string_view name) {
         const auto& fields = opened().fields();
+        std::size_t& next = nextField_[lastField_];
+        if (next >= fields.size() || fields[next]->name != name)
+            next = find(fields, name);
+        return lastField_ = next;
+    }
+
+    static std::size_t find(const std::vector<const Column*>& fields, std::string_view name) {
         auto found = std::ranges::find(fields, name, &Column::name);  // as it nearly always is written
         if (found == fields.end())
             found = std::ranges::find_if(
@@ -325,19 +336,37 @@ private:
     }
 
     void insertRow() {
-        StoredRow row;
-        onFile([&] {
-            StatementUse use(connection_.prepared(insertStatement()));
-            bindWritten(*use);
-            use->exec();
-            row.key = connection_.database().getLastInsertRowid();
-            connection_.noteKey(rows_->table(), row.key);
-        });
+        sqlite3* const database = connection_.database().getHandle();
+        sqlite3_set_last_insert_rowid(database, 0);
+        try {
+            onFile([&] {
+                StatementUse use(connection_.prepared(insertStatement()));
+                bindWritten(*use);
+                use->exec();
+            });
+        } catch (const RunTimeError&) {
+            // A disk that fails at the very end of a save may have kept it. It must not be stored once more.
+            if (const std::int64_t key = sqlite3_last_insert_rowid(database); isInTable(key))
+                showInserted(key);
+            throw;
+        }
+        showInserted(sqlite3_last_insert_rowid(database));
+    }
+
+    [[nodiscard]] bool isInTable(std::int64_t key) {
+        try {
+            StoredRow row{.key = key, .values = {}};
+            return key != 0 && readRow(connection_, rows_->table(), rows_->fields(), row);
+        } catch (const RunTimeError&) {
+            return false;
+        }
+    }
+
+    void showInserted(std::int64_t key) {
+        connection_.noteKey(rows_->table(), key);
         pending_ = Pending::None;
-        if (!readRow(connection_, rows_->table(), rows_->fields(), row))
-            throw RunTimeError(error::kRowGone);
         dropDeletedRow();
-        rows_->append(std::move(row));
+        rows_->append(key);
         place_ = {.where = Where::LastAdded};
     }
 
@@ -366,6 +395,8 @@ private:
     Place place_;
     Pending pending_ = Pending::None;
     std::vector<std::optional<Value>> written_;  // by field, while a row is pending
+    std::vector<std::size_t> nextField_;         // by field: the one asked for after it
+    std::size_t lastField_ = 0;                  // asked for
 };
 
 Value Field::value() const {

@@ -1,5 +1,7 @@
 #include "store/Snapshot.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace tallybrook {
@@ -12,13 +14,28 @@ Snapshot::Snapshot(Store::Connection& connection, const std::string& sql)
 }
 
 Snapshot::~Snapshot() {
-    if (!isWhole_)
-        connection_.strike(*this);
+    connection_.strike(*this);
 }
 
-void Snapshot::read() {
+/// Rows that are newer than the opening were added here or are none of these: keys only grow.
+void Snapshot::readBeforeChange(const Table& in, std::int64_t key) {
+    if (&in == &table())
+        key <= lastKey_ ? readAll() : readOwn();
+}
+
+void Snapshot::readAll() {
     if (!isWhole_)
         readFields(true);
+}
+
+void Snapshot::readOwn() {
+    if (!std::exchange(hasUnreadOwn_, false))
+        return;
+    for (StoredRow& own : own_) {
+        // One whose adding was rolled back is not there; asking for its values tells.
+        if (own.values.empty())
+            readRow(connection_, table(), fields(), own);
+    }
 }
 
 /// Reads what is worth reading, where nothing has been read.
@@ -31,48 +48,69 @@ void Snapshot::readFields(bool all) {
     read_ = statement_.plan->read(
         {.values = statement_.values, .lastKey = lastKey_, .version = connection_.version()}, all);
     isRead_ = true;
-    isWhole_ = read_.projection->fields.size() == fields().size();
-    if (isWhole_)
-        connection_.strike(*this);
+    isWhole_ = read_.rows->projection().fields.size() == fields().size();
+}
+
+std::vector<Value>& Snapshot::valuesOf(StoredRow& own) {
+    if (own.values.empty() && !readRow(connection_, table(), fields(), own))
+        throw RunTimeError(error::kRowGone);
+    return own.values;
+}
+
+/// Takes the rows that were read over, so that they can be changed.
+void Snapshot::makeOwn() {
+    readAll();
+    std::vector<StoredRow> rows;
+    rows.reserve(read_.count + own_.size());
+    for (std::size_t row = read_.first; row < read_.first + read_.count; ++row) {
+        StoredRow own{.key = read_.rows->key(row), .values = {}};
+        for (std::size_t field = 0; field < fields().size(); ++field)
+            own.values.push_back(read_.rows->value(row, field));
+        rows.push_back(std::move(own));
+    }
+    std::ranges::move(own_, std::back_inserter(rows));
+    own_ = std::move(rows);
+    read_.count = 0;
 }
 
 std::size_t Snapshot::size() {
     look();
-    return read_.size() + added_.size();
+    return read_.count + own_.size();
 }
 
-StoredRow* Snapshot::added(std::size_t row) {
+bool Snapshot::isOwn(std::size_t row) {
     look();
-    return row < read_.size() ? nullptr : &added_[row - read_.size()];
+    return row >= read_.count;
 }
 
 std::int64_t Snapshot::key(std::size_t row) {
-    const StoredRow* const own = added(row);
-    return own != nullptr ? own->key : read_.keys[row];
+    return isOwn(row) ? own_[row - read_.count].key : read_.rows->key(read_.first + row);
 }
 
-const Value& Snapshot::value(std::size_t row, std::size_t field) {
-    if (const StoredRow* const own = added(row))
-        return own->values[field];
-    if (!read_.holds(field)) {
+Value Snapshot::value(std::size_t row, std::size_t field) {
+    if (isOwn(row))
+        return valuesOf(own_[row - read_.count])[field];
+    if (!read_.rows->projection().holds(field)) {
         statement_.plan->want(field);
         readFields(std::exchange(hasMissed_, true));
     }
-    return read_.value(row, field);
+    return read_.rows->value(read_.first + row, field);
 }
 
 void Snapshot::setValue(std::size_t row, std::size_t field, Value value) {
-    StoredRow* const own = added(row);
-    if (own == nullptr)
-        read();
-    (own != nullptr ? own->values[field] : read_.value(row, field)) = std::move(value);
+    if (!isOwn(row))
+        makeOwn();
+    valuesOf(own_[row - read_.count])[field] = std::move(value);
 }
 
 void Snapshot::erase(std::size_t row) {
-    if (added(row) != nullptr)
-        added_.erase(added_.begin() + static_cast<std::ptrdiff_t>(row - read_.size()));
-    else
-        read_.erase(row);
+    makeOwn();
+    own_.erase(own_.begin() + static_cast<std::ptrdiff_t>(row));
+}
+
+void Snapshot::append(std::int64_t key) {
+    own_.push_back({.key = key, .values = {}});
+    hasUnreadOwn_ = true;
 }
 
 }  // namespace tallybrook

@@ -22,30 +22,32 @@ public:
     [[nodiscard]] const std::vector<const Column*>& fields() const { return select().fields; }
     /// Whether its rows stand for rows of the table, so that they can be changed.
     [[nodiscard]] bool isUpdatable() const { return !select().distinct; }
-    void read() override;
-    /// Rows that are newer than the opening never are: keys only grow.
-    [[nodiscard]] bool mayHold(const Table& in, std::int64_t key) const override {
-        return &in == select().table && key <= lastKey_;
-    }
+    void readBeforeChange(const Table& in, std::int64_t key) override;
 
     [[nodiscard]] std::size_t size();
     [[nodiscard]] std::int64_t key(std::size_t row);
-    [[nodiscard]] const Value& value(std::size_t row, std::size_t field);
+    [[nodiscard]] Value value(std::size_t row, std::size_t field);
     void setValue(std::size_t row, std::size_t field, Value value);
     void erase(std::size_t row);
 
-    /// Puts a new row behind the others.
-    void append(StoredRow row) { added_.push_back(std::move(row)); }
-    /// The row added last, without reading the others.
-    [[nodiscard]] const StoredRow& lastAdded() const { return added_.back(); }
-    void setLastAdded(std::size_t field, Value value) { added_.back().values[field] = std::move(value); }
+    /// Puts the row that was added to the table under that key behind the others; it is read like them.
+    void append(std::int64_t key);
+    /// The key of the row added last, without reading the others.
+    [[nodiscard]] std::int64_t lastAddedKey() const { return own_.back().key; }
+    [[nodiscard]] const Value& lastAddedValue(std::size_t field) { return valuesOf(own_.back())[field]; }
+    void setLastAdded(std::size_t field, Value value) {
+        valuesOf(own_.back())[field] = std::move(value);
+    }
 
 private:
     [[nodiscard]] const Select& select() const { return statement_.plan->select(); }
     void look();
+    void readAll();
+    void readOwn();
     void readFields(bool all);
-    /// The row among the added ones; nullptr for one that was read.
-    [[nodiscard]] StoredRow* added(std::size_t row);
+    void makeOwn();
+    [[nodiscard]] bool isOwn(std::size_t row);
+    std::vector<Value>& valuesOf(StoredRow& own);
 
     Store::Connection& connection_;
     UnderstoodStatement statement_;
@@ -53,8 +55,10 @@ private:
     bool isRead_ = false;
     bool hasMissed_ = false;  // a field that was not read
     bool isWhole_ = false;
-    ReadRows read_;
-    std::vector<StoredRow> added_;
+    RowRange read_;
+    // Behind those: the rows added, without values as long as nobody asks; once a row was changed, all of them.
+    std::vector<StoredRow> own_;
+    bool hasUnreadOwn_ = false;
 };
 
 }  // namespace tallybrook

@@ -18,7 +18,7 @@ namespace {
 struct Token {
     enum class Kind { Word, Number, Text, Date, Sign, End };
     Kind kind = Kind::End;
-    std::string text;  // a text without its quotes, a date without its hash marks
+    std::string_view text;  // a text without its outer quotes, a date without its hash marks
 };
 
 [[noreturn]] void notUnderstood(const std::string& why) {
@@ -29,81 +29,94 @@ bool isWordCharacter(char c) {
     return isDigit(c) || isLetter(c) || c == '_';
 }
 
-/// Cuts a statement into tokens.
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+bool isOfNumber(char c) {
+    return isDigit(c) || c == '.';
+}
+
+/// Cuts a statement, which must outlive the tokens, into these.
 class Lexer {
 public:
     explicit Lexer(std::string_view sql) : rest_(sql) {}
 
     Token next() {
-        rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t\r\n"), rest_.size()));
+        rest_.remove_prefix(lengthWhile(isBlank));
         if (rest_.empty())
             return {};
         const char c = rest_.front();
+        if (isLetter(c) || c == '_')
+            return {Token::Kind::Word, take(lengthWhile(isWordCharacter))};
         if (c == '\'')
             return {Token::Kind::Text, quoted()};
         if (c == '#')
             return {Token::Kind::Date, date()};
         if (startsNumber())
             return {Token::Kind::Number, number()};
-        if (isWordCharacter(c))
-            return {Token::Kind::Word, take(lengthWhile(isWordCharacter))};
         return {Token::Kind::Sign, take(rest_.starts_with(">=") || rest_.starts_with("<=") ? 2 : 1)};
     }
 
 private:
     template <typename Predicate>
-    std::size_t lengthWhile(Predicate holds) const {
-        return static_cast<std::size_t>(std::ranges::find_if_not(rest_, holds) - rest_.begin());
+    [[nodiscard]] std::size_t lengthWhile(Predicate holds, std::size_t from = 0) const {
+        while (from < rest_.size() && holds(rest_[from]))
+            ++from;
+        return from;
     }
 
     [[nodiscard]] bool startsNumber() const {
-        const std::size_t first = rest_.find_first_not_of("+-.");
+        const auto isBefore = [](char c) { return c == '+' || c == '-' || c == '.'; };
+        const std::size_t first = lengthWhile(isBefore);
         return first <= 2 && first < rest_.size() && isDigit(rest_[first]);
     }
 
-    std::string take(std::size_t length) {
-        std::string taken(rest_.substr(0, length));
+    std::string_view take(std::size_t length) {
+        const std::string_view taken = rest_.substr(0, length);
         rest_.remove_prefix(length);
         return taken;
     }
 
-    /// Two quotes in a row stand for one.
-    std::string quoted() {
-        std::string text;
-        for (;;) {
-            rest_.remove_prefix(1);
-            const std::size_t end = rest_.find('\'');
-            if (end == std::string_view::npos)
-                notUnderstood("a text has no end");
-            text += take(end);
-            rest_.remove_prefix(1);
-            if (!rest_.starts_with('\''))
-                return text;
-            text += '\'';
-        }
+    /// What stands up to the closing quote. Two quotes in a row do not close.
+    std::string_view quoted() {
+        std::size_t end = 1;
+        while ((end = rest_.find('\'', end)) != std::string_view::npos && rest_.substr(end).starts_with("''"))
+            end += 2;
+        if (end == std::string_view::npos)
+            notUnderstood("a text has no end");
+        return take(end + 1).substr(1, end - 1);
     }
 
-    std::string date() {
-        rest_.remove_prefix(1);
-        const std::size_t end = rest_.find('#');
+    std::string_view date() {
+        const std::size_t end = rest_.find('#', 1);
         if (end == std::string_view::npos)
             notUnderstood("a date has no end");
-        std::string text = take(end);
-        rest_.remove_prefix(1);
-        return text;
+        return take(end + 1).substr(1, end - 1);
     }
 
     /// A sign, digits and a point, nothing of a word right behind them.
-    std::string number() {
+    std::string_view number() {
         const std::size_t sign = rest_.front() == '-' || rest_.front() == '+' ? 1 : 0;
-        std::string text = take(std::min(rest_.find_first_not_of("0123456789.", sign), rest_.size()));
+        const std::string_view text = take(lengthWhile(isOfNumber, sign));
         if (std::ranges::count(text, '.') > 1 || (!rest_.empty() && isWordCharacter(rest_.front())))
-            notUnderstood("\"" + text + "\" is no number");
+            notUnderstood(fmt::format("\"{}\" is no number", text));
         return text;
     }
 
     std::string_view rest_;
 };
+
+/// A text as it is meant: two quotes in a row stand for one.
+std::string withoutDoubledQuotes(std::string_view text) {
+    std::string meant;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        meant += text[i];
+        if (text[i] == '\'')
+            ++i;
+    }
+    return meant;
+}
 
 constexpr std::array<std::pair<std::string_view, Comparator>, 5> kComparators{{
     {"=", Comparator::Equal},
@@ -141,14 +154,14 @@ bool isComparable(Literal::Kind literal, FieldType type, Comparator comparator) 
 }
 
 /// The token as a value; nothing if it is none.
-std::optional<Literal> literalIn(Token& token) {
+std::optional<Literal> literalIn(const Token& token) {
     switch (token.kind) {
         case Token::Kind::Number:
-            return Literal{Literal::Kind::Number, std::move(token.text)};
+            return Literal{.kind = Literal::Kind::Number, .text = std::string(token.text)};
         case Token::Kind::Text:
-            return Literal{Literal::Kind::Text, std::move(token.text)};
+            return Literal{.kind = Literal::Kind::Text, .text = withoutDoubledQuotes(token.text)};
         case Token::Kind::Date:
-            return Literal{Literal::Kind::Date, std::move(token.text)};
+            return Literal{.kind = Literal::Kind::Date, .text = std::string(token.text)};
         default:
             return std::nullopt;
     }
@@ -175,7 +188,7 @@ public:
             select.orderBy = order(*select.table);
         }
         if (token_.kind != Token::Kind::End)
-            notUnderstood("\"" + token_.text + "\" was not expected");
+            notUnderstood(fmt::format("\"{}\" was not expected", token_.text));
         return select;
     }
 
@@ -204,7 +217,7 @@ private:
     std::string word() {
         if (token_.kind != Token::Kind::Word || isKeyword(token_.text))
             notUnderstood("a name was expected");
-        std::string name = std::move(token_.text);
+        std::string name(token_.text);
         advance();
         return name;
     }
@@ -303,7 +316,9 @@ StatementShape shapeOf(std::string_view sql) {
     Lexer lexer(sql);
     for (Token token = lexer.next(); token.kind != Token::Kind::End; token = lexer.next()) {
         if (std::optional<Literal> literal = literalIn(token)) {
-            shape.text.append("?").append(std::to_string(static_cast<int>(literal->kind)));
+            shape.text += '?';
+            shape.text += static_cast<char>('0' + static_cast<int>(literal->kind));
+            literal->position = static_cast<std::size_t>(token.text.data() - sql.data());
             shape.literals.push_back(std::move(*literal));
         } else {
             shape.text += token.text;

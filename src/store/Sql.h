@@ -3,6 +3,7 @@
 #include "runtime/Value.h"
 #include "store/Schema.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,6 +33,7 @@ struct Literal {
     enum class Kind { Number, Text, Date };
     Kind kind = Kind::Number;
     std::string text;  // a text without its quotes, a date without its hash marks
+    std::size_t position = 0;  // of the text in the statement
 };
 
 /// A statement taken apart: statements of one shape differ in nothing but their values.

@@ -3,12 +3,15 @@
 #include "store/Connection.h"
 #include "store/Query.h"
 #include "store/Schema.h"
+#include "store/UnlockedFile.h"
 
 #include <array>
 #include <fstream>
 #include <limits>
 #include <system_error>
+#include <utility>
 
+#include <fmt/format.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
@@ -33,27 +36,41 @@ int schemaVersionIn(const std::array<char, kHeadSize>& head) {
     return static_cast<int>(version);
 }
 
-/// Refuses what is no logbook by its first bytes alone, so that nothing else of it is touched.
-void inspectHead(const fs::path& file) {
+constexpr std::string_view kPutCopy =
+    "Please put a copy of your logbook in its place; the folder Backups beside it may hold some.";
+
+/// Refuses whatever is not a file, or a link to one.
+void inspectName(const fs::path& file) {
+    if (fs::is_symlink(file) && !fs::exists(file))
+        refuse(file,
+               "It is a link to a file that is not there. Please bring that file back, or remove the link.");
     if (!fs::is_regular_file(file))
         refuse(file, "There is something else of that name where the file should be. Please move it away.");
+}
+
+/// Refuses what is no logbook by its first bytes alone, so that nothing else of it is touched.
+void inspectHead(const fs::path& file) {
     std::array<char, kHeadSize> head{};
     std::ifstream stream(file, std::ios::binary);
     if (!stream)
         refuse(file, "The file cannot be read. Please check its permissions.");
     stream.read(head.data(), kHeadSize);
+    if (stream.bad())
+        refuse(file, "The file cannot be read. Please check the disk.");
     if (stream.gcount() < static_cast<std::streamsize>(kHeadSize) ||
         std::string_view(head.data(), kMark.size()) != kMark)
-        refuse(file,
-               "The file is no logbook of this program. Please move it away, or put a copy of your logbook "
-               "in its "
-               "place.");
+        refuse(file, fmt::format("The file is no logbook of this program. {}", kPutCopy));
     const int version = schemaVersionIn(head);
     if (version > kSchemaVersion)
         refuse(file, "The logbook was written by a newer version of Tallybrook. Please update the program.");
     if (version != kSchemaVersion)
         refuse(file, "The file belongs to another program. Please move it away.");
-    if (access(file.c_str(), W_OK) != 0 || access(fs::absolute(file).parent_path().c_str(), W_OK) != 0)
+}
+
+/// Refuses what cannot be changed: the file, or the folder where SQLite keeps its journal.
+void inspectPermissions(const fs::path& file) {
+    const fs::path folder = fs::canonical(file).parent_path();
+    if (access(file.c_str(), W_OK) != 0 || access(folder.c_str(), W_OK) != 0)
         refuse(file, "The file or its folder cannot be written. Please check their permissions.");
 }
 
@@ -70,13 +87,45 @@ bool hasAllTables(const SQLite::Database& database) {
     return true;
 }
 
+/// Whether the file has fewer bytes than its pages need.
+bool isCutShort(const fs::path& file, const SQLite::Database& database) {
+    SQLite::Statement size(database,
+                           "SELECT page_count * page_size FROM pragma_page_count, pragma_page_size");
+    size.executeStep();
+    return fs::file_size(file) < static_cast<std::uintmax_t>(size.getColumn(0).getInt64());
+}
+
+/// Whether a save was cut off. An empty journal is just left over.
+bool hasJournal(const fs::path& file) {
+    std::error_code none;
+    const std::uintmax_t size = fs::file_size(fs::canonical(file).string() + "-journal", none);
+    return !none && size > 0;
+}
+
+/// Refuses the database of another program, and leaves it and a save of that program that was cut off as they
+/// are.
 void inspectTables(const fs::path& file) {
-    // For reading and writing, so that a save that was cut off is rolled back.
-    const SQLite::Database database(file.string(), SQLite::OPEN_READWRITE);
+    SQLite::Database database = openAsItStands(file);
+    if (hasJournal(file))
+        database.exec("PRAGMA writable_schema = ON");  // what is to be rolled back may be too short yet
+    else if (isCutShort(file, database))
+        refuse(file, fmt::format("The logbook is damaged: its end is missing. {}", kPutCopy));
     if (!hasAllTables(database))
-        refuse(file,
-               "The file belongs to another program, or is damaged. Please put a copy of your logbook in its "
-               "place.");
+        refuse(file, fmt::format("The file belongs to another program, or is damaged. {}", kPutCopy));
+}
+
+/// What to tell of a logbook that the engine cannot open.
+std::string reasonFor(const SQLite::Exception& failure) {
+    switch (failure.getErrorCode()) {
+        case SQLITE_BUSY:
+            return "Another program is using it. Please close that program first.";
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            return fmt::format("The logbook is damaged. {}", kPutCopy);
+        default:
+            return fmt::format("The database reports: {}. Please check the disk and the permissions.",
+                               failure.what());
+    }
 }
 
 /// Makes an empty logbook, whole or not at all: under another name first.
@@ -103,19 +152,23 @@ Store::Store(const fs::path& file, const Clock& clock) {
     try {
         if (fs::symlink_status(file).type() == fs::file_type::not_found)
             makeLogbook(file);
+        inspectName(file);
         inspectHead(file);
+        inspectPermissions(file);
         inspectTables(file);
         connection_ = std::make_unique<Connection>(file, clock);
     } catch (const SQLite::Exception& failure) {
-        refuse(file, failure.getErrorCode() == SQLITE_BUSY
-                         ? std::string("Another program is using it. Please close that program first.")
-                         : "The database reports: " + std::string(failure.what()));
+        refuse(file, reasonFor(failure));
     } catch (const fs::filesystem_error& failure) {
-        refuse(file, failure.code().message());
+        refuse(file, failure.code().message() + ". Please check the permissions of its folder.");
     }
 }
 
 Store::~Store() = default;
+
+void Store::beforeFirstWrite(std::function<void()> wait) {
+    connection_->beforeFirstWrite(std::move(wait));
+}
 
 std::vector<std::string> Store::fieldNames(const std::string& table) {
     std::vector<std::string> names;
@@ -129,14 +182,14 @@ std::vector<std::string> Store::fieldNames(const std::string& table) {
 std::vector<Store::Row> Store::rows(const std::string& table) {
     std::vector<Row> rows;
     const UnderstoodStatement all = connection_->understand("SELECT * FROM " + table);
-    ReadRows read = all.plan->read({.values = all.values,
-                                    .lastKey = std::numeric_limits<std::int64_t>::max(),
-                                    .version = connection_->version()},
-                                   true);
-    for (std::size_t row = 0; row < read.size(); ++row) {
+    const RowRange read = all.plan->read({.values = all.values,
+                                          .lastKey = std::numeric_limits<std::int64_t>::max(),
+                                          .version = connection_->version()},
+                                         true);
+    for (std::size_t row = read.first; row < read.first + read.count; ++row) {
         Row& one = rows.emplace_back();
         for (std::size_t field = 0; field < all.plan->fieldCount(); ++field)
-            one.values.push_back(std::move(read.value(row, field)));
+            one.values.push_back(read.rows->value(row, field));
     }
     return rows;
 }

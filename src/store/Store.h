@@ -4,6 +4,7 @@
 #include "runtime/Value.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -36,6 +37,10 @@ public:
     [[nodiscard]] static std::vector<std::string> fieldNames(const std::string& table);
     /// The stored rows of a table in key order, dates as DateTime.
     [[nodiscard]] std::vector<Row> rows(const std::string& table);
+
+    /// Lets `wait` run once, before the next statement that writes to the logbook; nothing if it is empty. It
+    /// must raise no error.
+    void beforeFirstWrite(std::function<void()> wait);
 
     class Connection;
     [[nodiscard]] Connection& connection() { return *connection_; }

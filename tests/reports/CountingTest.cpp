@@ -28,16 +28,16 @@ Counts countsOf(const StrikeSpareCounts& counts) {
 
 TEST(StrikeSpare, CountsTheFramesUpToTheNinth) {
     struct Case {
-        FrameMarks frame;
+        Value first;
+        Value second;
         Counts counts;
     };
     for (const Case& one :
-         {Case{marks("X"), {1, 1, 0, 0, 0}}, Case{marks("7", "/"), {1, 0, 1, 1, 0}},
-          Case{marks("7", "7"), {1, 0, 1, 0, 1}}, Case{marks("", ""), {1, 0, 1, 0, 1}},
-          Case{marks("x", "/"), {1, 0, 1, 1, 0}}, Case{marks(Null{}, Null{}), {1, 0, 1, 0, 1}},
-          Case{marks(Null{}, "/"), {1, 0, 1, 1, 0}}}) {
+         {Case{"X", "", {1, 1, 0, 0, 0}}, Case{"7", "/", {1, 0, 1, 1, 0}}, Case{"7", "7", {1, 0, 1, 0, 1}},
+          Case{"", "", {1, 0, 1, 0, 1}}, Case{"x", "/", {1, 0, 1, 1, 0}},
+          Case{Null{}, Null{}, {1, 0, 1, 0, 1}}, Case{Null{}, "/", {1, 0, 1, 1, 0}}}) {
         StrikeSpareCounts counts;
-        counts.countFrame(one.frame);
+        counts.countFrame(one.first, one.second);
         EXPECT_EQ(countsOf(counts), one.counts);
     }
 }

@@ -138,9 +138,7 @@ TEST_F(Faults, InTheMiddleOfASaveAreRolledBack) {
             addComment(store, large);
     });
     EXPECT_TRUE(std::filesystem::exists(file.string() + "-journal"));
-    Store store(file, clock);
-    const auto rows = store.rows("tblGameInfo");
-    EXPECT_EQ(rows.size(), 1U);
+    EXPECT_EQ(Store(file, clock).rows("tblGameInfo").size(), 1U);
     EXPECT_FALSE(std::filesystem::exists(file.string() + "-journal"));
 }
 
