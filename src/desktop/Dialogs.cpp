@@ -52,6 +52,8 @@ std::optional<std::filesystem::path> chooseFile(const FileDialog& dialog, QWidge
     const bool saves = dialog.purpose == FileDialog::Purpose::Save;
     window.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    // Whoever names a file that is there means to replace it: no question is asked.
+    window.setOption(QFileDialog::DontConfirmOverwrite, saves);
     window.setNameFilters(filtersOf(dialog));
     if (!dialog.name.empty())
         window.selectFile(toQt(dialog.name));

@@ -69,8 +69,7 @@ bool chooseIn(QFileDialog& dialog, const Choice& choice) {
     QPushButton* const button = buttonOf(dialog, accepts);
     if (line == nullptr || button == nullptr)
         return false;
-    // The choice is taken as it stands: no question about a file that is there, or is not.
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    // The choice is taken as it stands, be the file there or not.
     dialog.setFileMode(QFileDialog::AnyFile);
     typePath(dialog, *line, choice.file->string());
     button->setEnabled(true);
@@ -95,7 +94,9 @@ void BoxHands::lookForBox() {
         return;
     timer_.stop();
     const bool answered = answer(*box);
-    if (answered && (!box || !box->isVisible()))
+    // The pointer notices that the answer has put the box away.
+    // cppcheck-suppress identicalConditionAfterEarlyExit
+    if (!box || (answered && !box->isVisible()))
         return;
     failure_ = "the window \"" + box->windowTitle().toStdString() + "\" does not take the answer";
     if (auto* const dialog = qobject_cast<QDialog*>(box); dialog != nullptr)

@@ -61,6 +61,7 @@ void TextBox::setText(std::string text) {
     if (text == text_)
         return;
     text_ = std::move(text);
+    caret_ = text_.size();
     if (onChange)
         onChange();
 }

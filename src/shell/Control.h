@@ -147,6 +147,13 @@ public:
     [[nodiscard]] bool isAllSelected() const { return allSelected_; }
     void selectAll() { allSelected_ = true; }
     void dropSelection() { allSelected_ = false; }
+    /// Where typing goes, in bytes from the beginning of the text: behind it, once the text has changed.
+    [[nodiscard]] std::size_t caret() const { return caret_; }
+    /// Moves the caret, which leaves nothing selected.
+    void moveCaret(std::size_t position) {
+        dropSelection();
+        caret_ = position;
+    }
 
     std::function<void()> onChange;
 
@@ -154,6 +161,7 @@ private:
     Options options_;
     std::string text_;
     bool allSelected_ = false;
+    std::size_t caret_ = 0;
 };
 
 struct ButtonOptions {

@@ -73,8 +73,9 @@ struct Press {
 /// Space. Characters typed into a text box are not used by it.
 Press press(Screen& screen, const Key& key);
 
-/// A character, Backspace or Delete pressed with the focus in a text box, for displays whose toolkit does not
-/// edit texts itself: replaces the text if it is selected, else works at its end. False if it is no such key.
+/// A key pressed with the focus in a text box, for displays whose toolkit does not edit texts itself: a
+/// character, Backspace or Delete, which work on all of the text if it is selected, else at the caret, and
+/// Left, Right, Home and End. False if it is no such key.
 bool typeKey(TextBox& box, const Key& key);
 
 /// The title bar's close.

@@ -187,6 +187,18 @@ TEST_F(FileDialogTest, SavesUnderTheNameOffered) {
               files / "new.txt");
 }
 
+TEST_F(FileDialogTest, ReplacesAFileWithoutAQuestion) {
+    std::ofstream(files / "old.txt") << "old";
+    // A question would be a second window, which nobody expects.
+    hands.expect([](QDialog& window) { clickButton(window, QDialogButtonBox::Save); });
+    EXPECT_EQ(choose({.purpose = FileDialog::Purpose::Save,
+                      .title = "Save",
+                      .folder = files.string(),
+                      .filter = "Text files (*.txt)|*.txt",
+                      .name = "old.txt"}),
+              files / "old.txt");
+}
+
 TEST_F(FileDialogTest, CancelledGivesNothingAndMovesNowhere) {
     hands.expect([](QDialog& window) { clickButton(window, QDialogButtonBox::Cancel); });
     EXPECT_EQ(choose({.title = "Which File", .folder = files.string(), .filter = "", .name = ""}),

@@ -150,6 +150,24 @@ TEST_F(Focus, SelectsTheWholeTextOnArrival) {
     EXPECT_FALSE(person::typeKey(screen->txtOne, person::readKey("F5")));
 }
 
+TEST_F(Focus, TypesWhereTheCaretIs) {
+    const auto press = [&](std::initializer_list<const char*> keys) {
+        for (const char* const key : keys)
+            EXPECT_TRUE(person::typeKey(screen->txtOne, person::readKey(key))) << key;
+        return screen->txtOne.text();
+    };
+    EXPECT_EQ(press({"a", "c", "Left", "b"}), "abc");
+    EXPECT_EQ(press({"Home", "x", "End", "z"}), "xabcz");
+    EXPECT_EQ(press({"Left", "Backspace", "Delete", "Delete"}), "xab");
+    screen->txtOne.selectAll();
+    EXPECT_EQ(press({"Left", "1"}), "1xab");
+    screen->txtOne.selectAll();
+    EXPECT_EQ(press({"Right", "2"}), "1xab2");
+    screen->txtOne.setText("\xC3\xA9\xC3\xA8");
+    EXPECT_EQ(press({"Left", "u", "Right", "Right", "Backspace"}), "\xC3\xA9u");
+    EXPECT_EQ(press({"Home", "Left", "Backspace"}), "\xC3\xA9u");
+}
+
 TEST_F(Focus, WalksTheTabOrderRoundAndRound) {
     Log order;
     for (int i = 0; i < 7; ++i) {
