@@ -2,7 +2,7 @@
 
 #include "desktop/BoxWindow.h"
 #include "desktop/Dialogs.h"
-#include "desktop/OutlinedStyle.h"
+#include "style/OutlinedStyle.h"
 #include "desktop/QtText.h"
 #include "runtime/EndProgram.h"
 

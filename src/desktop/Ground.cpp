@@ -1,6 +1,6 @@
 #include "desktop/Ground.h"
 
-#include "desktop/Colours.h"
+#include "style/Colours.h"
 
 #include <QApplication>
 

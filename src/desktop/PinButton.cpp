@@ -1,6 +1,6 @@
 #include "desktop/PinButton.h"
 
-#include "desktop/Colours.h"
+#include "style/Colours.h"
 
 #include <QPainter>
 

@@ -3,7 +3,6 @@
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
 #include "viewer/FileFailure.h"
-#include "viewer/ReportPrinter.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -22,13 +21,13 @@ void setUp(QPrinter& printer, const ReportText& report) {
     printer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
 }
 
-bool drawBusily(const ReportText& report, QPrinter& printer) {
+bool drawBusily(const ReportText& report, Parts parts, QPrinter& printer) {
     const BusyPointer busy;
-    return drawPages(report, printer);
+    return drawPages(report, parts, printer);
 }
 
-void drawOrTell(const ReportText& report, QPrinter& printer, QWidget& window) {
-    if (!drawBusily(report, printer))
+void drawOrTell(const ReportText& report, Parts parts, QPrinter& printer, QWidget& window) {
+    if (!drawBusily(report, parts, printer))
         tellFailure(&window, "The report cannot be printed:", report.file, "The printer does not take it.");
 }
 
@@ -39,28 +38,28 @@ QString pdfBeside(const QString& file) {
 
 }  // namespace
 
-void printReport(const ReportText& report, QWidget& window) {
+void printReport(const ReportText& report, Parts parts, QWidget& window) {
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, report);
     QPrintDialog dialog(&printer, &window);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    drawOrTell(report, printer, window);
+    drawOrTell(report, parts, printer, window);
 }
 
-void previewReport(const ReportText& report, QWidget& window) {
+void previewReport(const ReportText& report, Parts parts, QWidget& window) {
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, report);
     QPrintPreviewDialog dialog(&printer, &window);
     dialog.setWindowTitle("Print Preview - " + report.name());
     dialog.resize(window.size());
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [&](QPrinter* paper) { drawOrTell(report, *paper, dialog); });
+                     [&](QPrinter* paper) { drawOrTell(report, parts, *paper, dialog); });
     dialog.exec();
 }
 
-void exportReport(const ReportText& report, QWidget& window) {
+void exportReport(const ReportText& report, Parts parts, QWidget& window) {
     QFileDialog dialog(&window, "Export as PDF", {}, "PDF Files (*.pdf)");
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("pdf");
@@ -70,7 +69,7 @@ void exportReport(const ReportText& report, QWidget& window) {
     const QString file = dialog.selectedFiles().value(0);
     try {
         const BusyPointer busy;
-        writePdf(report, file);
+        writePdf(report, parts, file);
     } catch (const FileFailure& failure) {
         tellFailure(&window, "The report cannot be exported as a PDF:", file, failure.reason());
     }

@@ -2,6 +2,7 @@
 
 #include "viewer/FileFailure.h"
 #include "viewer/Pages.h"
+#include "viewer/PicturePages.h"
 #include "viewer/ReportView.h"
 
 #include <QGuiApplication>
@@ -26,11 +27,13 @@ QFont sized(QFont font, double points) {
 /// One report on one device.
 class PageDrawer {
 public:
-    PageDrawer(const ReportText& report, QPagedPaintDevice& device)
+    PageDrawer(const ReportText& report, Parts parts, QPagedPaintDevice& device)
         : report_(report),
           device_(device),
           headerFont_(sized(QGuiApplication::font(), kHeaderSize)),
-          headerHeight_(2.2 * QFontMetricsF(headerFont_, &device_).height()) {
+          headerHeight_(2.2 * QFontMetricsF(headerFont_, &device_).height()),
+          pictures_(parts == Parts::Text ? ReportFigures() : readFigures(report.text), headerFont_, device_,
+                    {device.width() + 0.0, device.height() - headerHeight_}) {
         const double atUsual =
             QFontMetricsF(sized(reportFont(), kUsualPrint), &device).horizontalAdvance(' ');
         const PrintSize size =
@@ -53,13 +56,13 @@ public:
                 return false;
             isFirst = false;
             drawHeader(painter, number);
-            drawRows(painter, pages_[static_cast<std::size_t>(number - 1)]);
+            drawPage(painter, static_cast<std::size_t>(number - 1));
         }
         return painter.end();
     }
 
 private:
-    [[nodiscard]] int count() const { return static_cast<int>(pages_.size()); }
+    [[nodiscard]] int count() const { return static_cast<int>(pages_.size() + pictures_.count()); }
     [[nodiscard]] bool isWanted(int number) const {
         const QPageRanges ranges = device_.pageRanges();
         return ranges.isEmpty() || ranges.contains(number);
@@ -78,6 +81,16 @@ private:
         painter.drawLine(QPointF(0, line.bottom() * 1.25), QPointF(device_.width(), line.bottom() * 1.25));
     }
 
+    void drawPage(QPainter& painter, std::size_t index) const {
+        if (index < pages_.size()) {
+            drawRows(painter, pages_[index]);
+            return;
+        }
+        painter.translate(0, headerHeight_);
+        pictures_.draw(painter, index - pages_.size());
+        painter.translate(0, -headerHeight_);
+    }
+
     void drawRows(QPainter& painter, const QStringList& rows) const {
         painter.setFont(font_);
         double baseline = headerHeight_ + QFontMetricsF(font_, &device_).ascent();
@@ -91,6 +104,7 @@ private:
     QPagedPaintDevice& device_;
     QFont headerFont_;
     double headerHeight_;
+    PicturePages pictures_;
     QFont font_;
     double rowHeight_;
     std::vector<QStringList> pages_;
@@ -98,11 +112,11 @@ private:
 
 }  // namespace
 
-bool drawPages(const ReportText& report, QPagedPaintDevice& device) {
-    return PageDrawer(report, device).draw();
+bool drawPages(const ReportText& report, Parts parts, QPagedPaintDevice& device) {
+    return PageDrawer(report, parts, device).draw();
 }
 
-void writePdf(const ReportText& report, const QString& file) {
+void writePdf(const ReportText& report, Parts parts, const QString& file) {
     QSaveFile stream(file);
     if (!stream.open(QIODevice::WriteOnly))
         throw FileFailure(stream.errorString() + ".");
@@ -110,7 +124,7 @@ void writePdf(const ReportText& report, const QString& file) {
     writer.setTitle(report.name());
     writer.setCreator("Tallybrook");
     writer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
-    if (!drawPages(report, writer) || !stream.commit())
+    if (!drawPages(report, parts, writer) || !stream.commit())
         throw FileFailure(stream.errorString() + ".");
 }
 

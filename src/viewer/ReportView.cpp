@@ -7,7 +7,6 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QTextBlock>
-#include <QWheelEvent>
 #include <utility>
 
 namespace tallybrook {
@@ -29,6 +28,7 @@ ReportView::ReportView() : actualSize_(QFontInfo(reportFont()).pointSizeF()) {
     setAccessibleName("Report");
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setUndoRedoEnabled(false);
+    setAcceptDrops(false);  // the window takes them
     setLineWrapMode(NoWrap);
     setFrameShape(NoFrame);
     document()->setDocumentMargin(12);
@@ -86,15 +86,12 @@ void ReportView::paintMarks(QPainter& painter, const QTextBlock& block, const QP
 }
 
 void ReportView::wheelEvent(QWheelEvent* event) {
-    constexpr int kNotch = 120;
     if (!event->modifiers().testFlag(Qt::ControlModifier)) {
         QPlainTextEdit::wheelEvent(event);
         return;
     }
-    turned_ += event->angleDelta().y();
-    if (const int notches = turned_ / kNotch; notches != 0)
+    if (const int notches = wheel_.notches(*event); notches != 0)
         setZoom(zoom_.stepped(notches));
-    turned_ %= kNotch;
     event->accept();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/Matches.h"
+#include "viewer/WheelTurn.h"
 #include "viewer/Zoom.h"
 
 #include <QPlainTextEdit>
@@ -41,7 +42,7 @@ private:
 
     double actualSize_;  // of the font in points
     Zoom zoom_;
-    int turned_ = 0;  // of the wheel, since the last whole notch
+    WheelTurn wheel_;
     Matches marked_;
 };
 

@@ -3,17 +3,23 @@
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
 #include "viewer/FileFailure.h"
+#include "viewer/Pictures.h"
 #include "viewer/PrintDialogs.h"
 
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QSplitter>
 #include <QToolBar>
 #include <QToolButton>
+#include <QUrl>
 #include <QVBoxLayout>
+#include <memory>
 #include <utility>
 
 namespace tallybrook {
@@ -23,6 +29,8 @@ namespace {
 constexpr const char* kSize = "window/size";
 constexpr const char* kIsMaximised = "window/maximised";
 constexpr const char* kZoom = "view/zoom";
+constexpr const char* kHasPictures = "view/pictures";
+constexpr const char* kSplit = "view/split";
 
 template <typename Run>
 QAction* addTo(QMenu& menu, const QString& caption, const QList<QKeySequence>& keys, Run run) {
@@ -47,6 +55,28 @@ void addSpace(QToolBar& tools) {
     tools.addWidget(space);
 }
 
+/// A text for a menu, which would take "&" for the mark of a letter.
+QString withoutLetter(QString text) {
+    return text.replace('&', "&&");
+}
+
+/// A recent report in a menu: its number for the keyboard, its name and its folder.
+QString captionOf(const QString& file, int number) {
+    const QFileInfo info(file);
+    const QString digit = number < 10 ? QString("&%1").arg(number) : QString("1&0");
+    return digit + " " + withoutLetter(info.fileName()) + "  (" +
+           withoutLetter(QDir::toNativeSeparators(info.absolutePath())) + ")";
+}
+
+QStringList localFiles(const QMimeData& dropped) {
+    QStringList files;
+    for (const QUrl& url : dropped.urls()) {
+        if (url.isLocalFile())
+            files += url.toLocalFile();
+    }
+    return files;
+}
+
 /// A text for a window's title, which would take "[*]" for a mark of changes.
 QString unmarked(QString text) {
     return text.replace("[*]", "[*][*]");
@@ -56,11 +86,15 @@ QString unmarked(QString text) {
 
 ReportWindow::ReportWindow(QSettings& settings)
     : settings_(settings),
+      recent_(settings),
       view_(new ReportView),
+      pictures_(new PicturesView),
+      splitter_(new QSplitter),
       findBar_(new FindBar),
       finder_(*view_, *findBar_),
       tools_(addToolBar("Tools")) {
     setWindowTitle("Tallybrook Report");
+    setAcceptDrops(true);
     tools_->setMovable(false);
     tools_->setContextMenuPolicy(Qt::PreventContextMenu);
     addFileMenu();
@@ -70,6 +104,7 @@ ReportWindow::ReportWindow(QSettings& settings)
     addCentre();
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { leave(); });
     view_->onZoomed = [this] { showZoom(); };
+    pictures_->onZoomWanted = [this](Zoom zoom) { view_->setZoom(zoom); };
     restore();
     view_->setFocus();
 }
@@ -79,15 +114,35 @@ ReportWindow::ReportWindow(QSettings& settings)
 void ReportWindow::addFileMenu() {
     QMenu& menu = *menuBar()->addMenu("&File");
     QAction* const choose = addTo(menu, "&Open...", {Qt::CTRL | Qt::Key_O}, [this] { chooseFile(); });
+    addRecentMenu(menu);
     menu.addSeparator();
-    QAction* const print =
-        addTo(menu, "&Print...", {Qt::CTRL | Qt::Key_P}, [this] { printReport(report_, *this); });
-    addTo(menu, "Print Pre&view", {}, [this] { previewReport(report_, *this); });
-    addTo(menu, "&Export as PDF...", {}, [this] { exportReport(report_, *this); });
+    QAction* const print = addTo(menu, "&Print...", {Qt::CTRL | Qt::Key_P},
+                                 [this] { printReport(report_, printedParts(), *this); });
+    addTo(menu, "Print Pre&view", {}, [this] { previewReport(report_, printedParts(), *this); });
+    addTo(menu, "&Export as PDF...", {}, [this] { exportReport(report_, printedParts(), *this); });
     menu.addSeparator();
     addTo(menu, "&Close", {Qt::CTRL | Qt::Key_W}, [this] { close(); });
     addTo(*tools_, *choose, "Open");
     addTo(*tools_, *print, "Print");
+}
+
+void ReportWindow::addRecentMenu(QMenu& menu) {
+    QMenu* const recent = menu.addMenu("Open &Recent");
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecent(*recent); });
+    connect(&menu, &QMenu::aboutToShow, this,
+            [this, recent] { recent->setEnabled(!recent_.files().isEmpty()); });
+}
+
+/// Lists the recent reports anew, those that are gone switched off.
+void ReportWindow::listRecent(QMenu& menu) {
+    menu.clear();
+    int number = 0;
+    for (const QString& file : recent_.files()) {
+        QAction* const entry = addTo(menu, captionOf(file, ++number), {}, [this, file] { open(file); });
+        entry->setEnabled(QFileInfo(file).isFile());
+    }
+    menu.addSeparator();
+    addTo(menu, "&Clear List", {}, [this] { recent_.clear(); });
 }
 
 void ReportWindow::addEditMenu() {
@@ -111,6 +166,12 @@ void ReportWindow::addViewMenu() {
         addTo(menu, "Zoom &In", {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [zoomBy] { zoomBy(1); });
     QAction* const smaller = addTo(menu, "Zoom &Out", {Qt::CTRL | Qt::Key_Minus}, [zoomBy] { zoomBy(-1); });
     actualSize_ = addTo(menu, "&Actual Size", {Qt::CTRL | Qt::Key_0}, [this] { view_->setZoom(Zoom()); });
+    menu.addSeparator();
+    hasPictures_ = menu.addAction("&Pictures");
+    hasPictures_->setShortcut(Qt::Key_F9);
+    hasPictures_->setCheckable(true);
+    hasPictures_->setChecked(true);
+    connect(hasPictures_, &QAction::toggled, this, [this] { showPictures(); });
     addTo(*tools_, *smaller, "\u2212");
     addTo(*tools_, *actualSize_, "100%");
     addTo(*tools_, *larger, "+");
@@ -121,7 +182,12 @@ void ReportWindow::addCentre() {
     auto* const column = new QVBoxLayout(centre);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(view_, 1);
+    splitter_->addWidget(view_);
+    splitter_->addWidget(pictures_);
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setStretchFactor(0, 3);
+    splitter_->setStretchFactor(1, 2);
+    column->addWidget(splitter_, 1);
     column->addWidget(findBar_);
     setCentralWidget(centre);
 }
@@ -134,6 +200,18 @@ void ReportWindow::leave() {
 
 void ReportWindow::showZoom() {
     actualSize_->setIconText(QString("%1%").arg(view_->zoom().percent()));
+    pictures_->setZoom(view_->zoom());
+}
+
+/// A report without figures is shown as text alone.
+void ReportWindow::showPictures() {
+    hasPictures_->setEnabled(!pictures_->isEmpty());
+    pictures_->setVisible(!pictures_->isEmpty() && hasPictures_->isChecked());
+}
+
+/// What is shown is what is printed.
+Parts ReportWindow::printedParts() const {
+    return hasPictures_->isChecked() ? Parts::TextAndPictures : Parts::Text;
 }
 
 // --- Reports -----------------------------------------------------------------------------------------------
@@ -142,6 +220,7 @@ bool ReportWindow::open(const QString& file) {
     try {
         const BusyPointer busy;
         showReport(readReport(file));
+        recent_.add(file);
         return true;
     } catch (const FileFailure& failure) {
         tellFailure(isVisible() ? this : nullptr, "The report cannot be shown:", file, failure.reason());
@@ -149,8 +228,24 @@ bool ReportWindow::open(const QString& file) {
     }
 }
 
+bool ReportWindow::openAll(const QStringList& files, QSettings& settings) {
+    bool areShown = true;
+    for (const QString& file : files) {
+        auto window = std::make_unique<ReportWindow>(settings);
+        if (!window->open(file)) {
+            areShown = false;
+            continue;
+        }
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window.release()->show();
+    }
+    return areShown;
+}
+
 void ReportWindow::showReport(ReportText report) {
     report_ = std::move(report);
+    pictures_->setPictures(picturesOf(readFigures(report_.text)));
+    showPictures();
     view_->setPlainText(report_.text);
     finder_.setText(report_.text);
     setWindowTitle(unmarked(report_.name()) + " - Tallybrook Report");
@@ -164,14 +259,30 @@ void ReportWindow::chooseFile() {
         open(file);
 }
 
+void ReportWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+/// The first file is shown here, more of them in windows of their own.
+void ReportWindow::dropEvent(QDropEvent* event) {
+    QStringList files = localFiles(*event->mimeData());
+    event->acceptProposedAction();
+    open(files.takeFirst());
+    openAll(files, settings_);
+}
+
 // --- From one time to the next -----------------------------------------------------------------------------
 
 void ReportWindow::restore() {
     const QFontMetrics metrics(view_->font());
-    const QSize usual(metrics.horizontalAdvance('x') * 100, metrics.lineSpacing() * 40);
+    const QSize usual(metrics.horizontalAdvance('x') * 150, metrics.lineSpacing() * 40);
     const QSize kept = settings_.value(kSize).toSize();
-    setMinimumSize(usual / 3);
+    setMinimumSize(usual / 4);
     resize((kept.isValid() ? kept : usual).boundedTo(screen()->availableSize()));
+    splitter_->setSizes({usual.width() * 3 / 5, usual.width() * 2 / 5});
+    splitter_->restoreState(settings_.value(kSplit).toByteArray());
+    hasPictures_->setChecked(settings_.value(kHasPictures, true).toBool());
     if (settings_.value(kIsMaximised).toBool())
         setWindowState(Qt::WindowMaximized);
     view_->setZoom(Zoom(settings_.value(kZoom, Zoom().percent()).toInt()));
@@ -181,6 +292,8 @@ void ReportWindow::closeEvent(QCloseEvent* event) {
     settings_.setValue(kSize, isMaximized() ? normalGeometry().size() : size());
     settings_.setValue(kIsMaximised, isMaximized());
     settings_.setValue(kZoom, view_->zoom().percent());
+    settings_.setValue(kSplit, splitter_->saveState());
+    settings_.setValue(kHasPictures, hasPictures_->isChecked());
     QMainWindow::closeEvent(event);
 }
 

@@ -1,3 +1,5 @@
+#include "runtime/OwnFiles.h"
+#include "style/OutlinedStyle.h"
 #include "viewer/ReportWindow.h"
 
 #include <QApplication>
@@ -14,18 +16,22 @@ constexpr int kWrongUsage = 2;
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fputs("Usage: tallybrook-viewer FILE\n", stderr);
+    if (argc < 2) {
+        std::fputs("Usage: tallybrook-viewer FILE...\n", stderr);
         return kWrongUsage;
     }
+    tallybrook::keepFilesToOneself();
     int ownArguments = 1;  // a file's name is no option of the toolkit, whatever it begins with
     const QApplication application(ownArguments, argv);
+    QApplication::setStyle(new tallybrook::OutlinedStyle);
     QApplication::setApplicationName("Tallybrook");
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
     QSettings settings("Tallybrook", "Viewer");
-    tallybrook::ReportWindow window(settings);
-    if (!window.open(QFile::decodeName(argv[1])))
-        return kCannotBeShown;
-    window.show();
-    return QApplication::exec();
+    QStringList files;
+    for (int argument = 1; argument < argc; ++argument)
+        files += QFile::decodeName(argv[argument]);
+    const bool areShown = tallybrook::ReportWindow::openAll(files, settings);
+    if (!QApplication::topLevelWindows().isEmpty())
+        QApplication::exec();
+    return areShown ? 0 : kCannotBeShown;
 }

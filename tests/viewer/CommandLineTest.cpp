@@ -49,6 +49,25 @@ TEST(CommandLine, NameIsTakenAsItStands) {
     }
 }
 
+TEST(CommandLine, EachFileHasAWindow) {
+    Files files;
+    const Outcome outcome = run({files.write("one.txt", "1"), files.write("two.txt", "2")}, files);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
+    QStringList windows = outcome.output.split('\n', Qt::SkipEmptyParts);
+    windows.sort();
+    EXPECT_EQ(windows,
+              (QStringList{"window: one.txt - Tallybrook Report", "window: two.txt - Tallybrook Report"}));
+}
+
+TEST(CommandLine, FilesThatCanBeShownAreShown) {
+    Files files;
+    const Outcome outcome = run({"missing.txt", files.write("two.txt", "2")}, files);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output,
+              "box: The report cannot be shown:||missing.txt||There is no such file.\n"
+              "window: two.txt - Tallybrook Report\n");
+}
+
 TEST(CommandLine, FileThatCannotBeShownIsStatus1) {
     const Files files;
     const Outcome missing = run({"missing.txt"}, files);
@@ -60,14 +79,12 @@ TEST(CommandLine, FileThatCannotBeShownIsStatus1) {
     EXPECT_EQ(run({""}, files).status, 1);
 }
 
-TEST(CommandLine, AnythingElseIsStatus2) {
+TEST(CommandLine, NoFileIsStatus2) {
     const Files files;
-    for (const QStringList& arguments : {QStringList{}, QStringList{"a.txt", "b.txt"}}) {
-        const Outcome outcome = run(arguments, files);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.errors, "Usage: tallybrook-viewer FILE\n");
-        EXPECT_EQ(outcome.output, "");
-    }
+    const Outcome outcome = run({}, files);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.errors, "Usage: tallybrook-viewer FILE...\n");
+    EXPECT_EQ(outcome.output, "");
 }
 
 }  // namespace tallybrook::test

@@ -203,7 +203,7 @@ TEST_F(ReportWindowTest, MenusHaveTheirKeys) {
         {"Export as PDF...", ""},      {"Close", "Ctrl+W"},    {"Copy", "Ctrl+C"},
         {"Select All", "Ctrl+A"},      {"Find...", "Ctrl+F"},  {"Find Next", "F3"},
         {"Find Previous", "Shift+F3"}, {"Zoom In", "Ctrl++"},  {"Zoom Out", "Ctrl+-"},
-        {"Actual Size", "Ctrl+0"}};
+        {"Actual Size", "Ctrl+0"},     {"Pictures", "F9"}};
     for (const auto& [caption, key] : keys) {
         ASSERT_NE(action(caption), nullptr) << caption;
         EXPECT_EQ(action(caption)->shortcut().toString(), key) << caption;

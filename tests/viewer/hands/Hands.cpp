@@ -2,13 +2,14 @@
 #include <QGenericPlugin>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <cstdio>
 
 namespace tallybrook::test {
 
-/// Hands for a program under test that runs as a process of its own: they close its boxes and windows, and
-/// write what they have seen to the standard output.
+/// Hands for a program under test that runs as a process of its own: they answer its boxes with Yes or their
+/// first button, close its windows, and write what they have seen to the standard output.
 class Hands : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "hands.json")
@@ -25,7 +26,7 @@ private:
     static void look() {
         if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
             write("box: " + box->text().replace('\n', '|'));
-            box->accept();
+            press(*box);
             return;
         }
         for (QWidget* const widget : QApplication::topLevelWidgets()) {
@@ -33,8 +34,13 @@ private:
             if (window == nullptr || !window->isVisible())
                 continue;
             write("window: " + window->windowTitle());
-            window->close();
+            // A window may ask before it closes, and no timer fires within its own slot.
+            QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
         }
+    }
+    static void press(QMessageBox& box) {
+        QAbstractButton* const yes = box.button(QMessageBox::Yes);
+        (yes != nullptr ? yes : box.buttons().constFirst())->click();
     }
     static void write(const QString& line) {
         std::puts(line.toUtf8().constData());

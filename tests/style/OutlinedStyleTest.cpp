@@ -1,4 +1,5 @@
-#include "desktop/OutlinedStyle.h"
+#include "style/Colours.h"
+#include "style/OutlinedStyle.h"
 
 #include <QImage>
 #include <QPainter>
@@ -66,6 +67,16 @@ TEST(OutlinedStyle, MarksTheFocusOfAList) {
         };
         EXPECT_EQ(edge(focused), palette.color(QPalette::Highlight));
         EXPECT_NE(edge(QStyle::State_Enabled), palette.color(QPalette::Highlight));
+    }
+}
+
+TEST(OutlinedStyle, EmptyBoxesAreReadable) {
+    for (QPalette palette :
+         {paletteOf({32, 32, 32}, {240, 240, 240}), paletteOf({240, 240, 240}, {32, 32, 32})}) {
+        palette.setColor(QPalette::Text, palette.color(QPalette::WindowText));
+        palette.setColor(QPalette::PlaceholderText, Qt::black);
+        OutlinedStyle().polish(palette);
+        EXPECT_GE(contrast(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Base)), 4.5);
     }
 }
 

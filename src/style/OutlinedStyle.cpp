@@ -1,6 +1,6 @@
-#include "desktop/OutlinedStyle.h"
+#include "style/OutlinedStyle.h"
 
-#include "desktop/Colours.h"
+#include "style/Colours.h"
 
 #include <QPainter>
 #include <QStyleOption>
@@ -46,6 +46,15 @@ void draw(const Outline& outline, const QColor& colour, const QStyleOption& opti
 }
 
 }  // namespace
+
+/// Desktops that tell no colour for the texts of empty boxes would get a black one.
+void OutlinedStyle::polish(QPalette& palette) {
+    constexpr double kQuiet = 0.7;
+    QProxyStyle::polish(palette);
+    palette.setColor(QPalette::PlaceholderText,
+                     between(palette.color(QPalette::Active, QPalette::Base),
+                             palette.color(QPalette::Active, QPalette::Text), kQuiet));
+}
 
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                   const QWidget* widget) const {

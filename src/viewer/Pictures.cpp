@@ -1,0 +1,52 @@
+#include "viewer/Pictures.h"
+
+#include <algorithm>
+
+namespace tallybrook {
+
+namespace {
+
+/// The high and the low score among the games of an event; nothing where all are the same.
+class Ranks {
+public:
+    explicit Ranks(const std::vector<GameFigures>& games) {
+        if (games.empty())
+            return;
+        const auto [low, high] = std::ranges::minmax(games, {}, scoreOf);
+        low_ = scoreOf(low);
+        high_ = scoreOf(high);
+    }
+
+    [[nodiscard]] Rank of(const GameFigures& game) const {
+        if (low_ == high_)
+            return Rank::Usual;
+        const int score = scoreOf(game);
+        return score == high_ ? Rank::High : score == low_ ? Rank::Low : Rank::Usual;
+    }
+
+private:
+    static int scoreOf(const GameFigures& game) { return game.score.toInt(); }
+
+    int low_ = 0;
+    int high_ = 0;
+};
+
+}  // namespace
+
+std::vector<ReportPicture> picturesOf(const ReportFigures& figures) {
+    std::vector<ReportPicture> pictures;
+    const Ranks ranks(figures.games);
+    for (const GameFigures& game : figures.games)
+        pictures.push_back(sheetPicture(game, ranks.of(game)));
+    if (figures.scores)
+        pictures.push_back(scoresPicture(*figures.scores));
+    if (!figures.series.empty())
+        pictures.push_back(seriesPicture(figures.series));
+    if (figures.strikes)
+        pictures.push_back(strikesPicture(*figures.strikes));
+    if (!figures.leaves.empty())
+        pictures.push_back(leavesPicture(figures.leaves));
+    return pictures;
+}
+
+}  // namespace tallybrook

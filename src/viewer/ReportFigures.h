@@ -1,0 +1,90 @@
+#pragma once
+
+#include "viewer/ScoreSheet.h"
+
+#include <QString>
+#include <bitset>
+#include <optional>
+#include <vector>
+
+// What a report tells in figures, read from its text alone.
+namespace tallybrook {
+
+/// How many games scored in a range.
+struct ScoreRange {
+    QString label;  ///< as in "100 - 119"
+    int lowest;
+    int highest;
+    int games;
+
+    [[nodiscard]] bool holds(int score) const { return lowest <= score && score <= highest; }
+};
+
+/// A game or series and its day.
+struct DatedScore {
+    int score;
+    QString date;
+};
+
+/// The scores of a statistical report.
+struct ScoreFigures {
+    std::vector<ScoreRange> ranges;  ///< from the lowest upward
+    std::optional<DatedScore> high;
+    std::optional<DatedScore> low;
+};
+
+/// The highest and the lowest series among those of one length.
+struct SeriesFigures {
+    int games;
+    DatedScore high;
+    DatedScore low;
+};
+
+/// The summary of strikes and spares. Percentages are texts as the report has them, as in "33.3".
+struct StrikeFigures {
+    int strikes;
+    QString strikePercent;  ///< of the racks on which a strike was possible
+    int spares;
+    QString sparePercent;  ///< of the first balls that left pins
+    int opens;
+    int lineScoreGames;  ///< whose frames all count as open
+    std::optional<int> singlePinAttempts;
+    int singlePinsMade = 0;
+    std::optional<int> firstBallAverage;
+};
+
+/// A row of the spare matrix.
+struct LeaveFigures {
+    QString pins;  ///< as in "7-10"
+    /// The pins left standing, pin 1 first; nothing where the text is no list of pins.
+    std::optional<std::bitset<10>> standing;
+    int attempts;
+    int made;
+};
+
+/// A game of an event or game report.
+struct GameFigures {
+    QString number;
+    QString score;                     ///< as recorded
+    std::optional<SheetMarks> frames;  ///< nothing for a game without frames
+};
+
+/// All figures of a report; what it does not have is empty.
+struct ReportFigures {
+    std::vector<GameFigures> games;
+    std::optional<ScoreFigures> scores;
+    std::vector<SeriesFigures> series;
+    std::optional<StrikeFigures> strikes;
+    std::vector<LeaveFigures> leaves;  ///< the most attempts first, otherwise in the order of the report
+
+    [[nodiscard]] bool isEmpty() const;
+};
+
+/// Reads the figures of a report with "\n" for its line ends. A text that is no report has none, and a line
+/// that is not as reports have it is passed over: any text will do.
+ReportFigures readFigures(const QString& text);
+
+/// The pins of a list such as "7-10", pin 1 first; nothing where it is none.
+std::optional<std::bitset<10>> standingPins(const QString& list);
+
+}  // namespace tallybrook

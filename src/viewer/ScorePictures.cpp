@@ -1,0 +1,190 @@
+#include "viewer/Pictures.h"
+
+#include <QPainter>
+#include <QStringList>
+#include <algorithm>
+
+namespace tallybrook {
+
+namespace {
+
+QString told(const char* what, const DatedScore& score) {
+    return QString("%1 %2 on %3").arg(what).arg(score.score).arg(score.date);
+}
+
+QString endsTold(const ScoreFigures& scores) {
+    QStringList ends;
+    if (scores.high)
+        ends += told("High game", *scores.high);
+    if (scores.low)
+        ends += told("Low game", *scores.low);
+    return ends.join(", ");
+}
+
+/// The marks of a range, as in "High 172".
+QString marksOf(const ScoreRange& range, const ScoreFigures& scores) {
+    QStringList marks;
+    if (scores.high && range.holds(scores.high->score))
+        marks += QString("High %1").arg(scores.high->score);
+    if (scores.low && range.holds(scores.low->score))
+        marks += QString("Low %1").arg(scores.low->score);
+    return marks.join(", ");
+}
+
+/// Where things stand in the rows of a picture: a label, what is drawn, and a text.
+struct Columns {
+    double label;
+    double drawn;
+    double text;
+    double gap;
+};
+
+Columns columnsFor(const QStringList& labels, const QStringList& texts, const PictureLook& look,
+                   double width) {
+    const auto widest = [&look](const QStringList& all) {
+        double widestOne = 0;
+        for (const QString& one : all)
+            widestOne = std::max(widestOne, look.widthOf(one, true));
+        return widestOne;
+    };
+    const double gap = look.digit();
+    const double label = widest(labels);
+    const double text = widest(texts);
+    return {label, std::clamp(width - label - text - 2 * gap, 4 * gap, 60 * gap), text, gap};
+}
+
+/// One row of the bars.
+struct BarRow {
+    QString label;
+    QString count;
+    QString marks;
+    double share;  // of the longest bar
+};
+
+std::vector<BarRow> barRows(const ScoreFigures& scores) {
+    const int most = std::max(std::ranges::max(scores.ranges, {}, &ScoreRange::games).games, 1);
+    std::vector<BarRow> rows;
+    for (const ScoreRange& range : scores.ranges)
+        rows.push_back({range.label, QString::number(range.games), marksOf(range, scores),
+                        static_cast<double>(range.games) / most});
+    return rows;
+}
+
+void drawBarRow(QPainter& painter, const BarRow& row, const Columns& columns, const PictureLook& look) {
+    const double height = look.lineHeight();
+    const double bar = columns.label + columns.gap;
+    const QFont& font = row.marks.isEmpty() ? look.font() : look.boldFont();
+    drawText(painter, {0, 0, columns.label, height}, Qt::AlignRight | Qt::AlignVCenter, row.label, font,
+             look.ink());
+    painter.fillRect(QRectF(bar, 0, look.hair(), 1.3 * height), look.line());  // the axis, from row to row
+    painter.fillRect(QRectF(bar, 0.1 * height, row.share * columns.drawn, 0.8 * height), look.fill());
+    const double text = bar + row.share * columns.drawn + columns.gap / 2;
+    const double count = look.widthOf(row.count + "  ", true);
+    constexpr auto kLeft = Qt::AlignLeft | Qt::AlignVCenter;
+    drawText(painter, {text, 0, count, height}, kLeft, row.count, font, look.ink());
+    drawText(painter, {text + count, 0, columns.text, height}, kLeft, row.marks, look.boldFont(), look.ink());
+}
+
+Strips barStrips(const ScoreFigures& scores, const PictureLook& look, double width) {
+    const std::vector<BarRow> rows = barRows(scores);
+    QStringList labels;
+    QStringList texts;
+    for (const BarRow& row : rows) {
+        labels += row.label;
+        texts += row.count + "  " + row.marks;
+    }
+    const Columns columns = columnsFor(labels, texts, look, width);
+    Strips strips;
+    for (const BarRow& row : rows)
+        strips.push_back({1.3 * look.lineHeight(), [row, columns, &look](QPainter& painter) {
+                              drawBarRow(painter, row, columns, look);
+                          }});
+    strips.front() = underHeading("Scores of the games", strips.front(), look, width);
+    strips.push_back(gapStrip(look.lineHeight() / 4));
+    if (const QString ends = endsTold(scores); !ends.isEmpty())
+        strips.push_back(noteStrip(ends + ".", look, width));
+    return strips;
+}
+
+// --- Series ------------------------------------------------------------------------------------------------
+
+QString lengthOf(const SeriesFigures& series) {
+    return counted(series.games, "game", "games");
+}
+
+QString endsOf(const SeriesFigures& series) {
+    return QString("Low %1   High %2").arg(series.low.score).arg(series.high.score);
+}
+
+/// Where a series lies between 0 and 300 for each of its games.
+double placeOf(int total, int games) {
+    constexpr double kHighestGame = 300;
+    return std::clamp(total / (kHighestGame * games), 0.0, 1.0);
+}
+
+void drawSeries(QPainter& painter, const SeriesFigures& series, const Columns& columns,
+                const PictureLook& look) {
+    const double height = look.lineHeight();
+    const double radius = 0.28 * height;
+    const double track = columns.label + columns.gap + radius;
+    const double length = columns.drawn - 2 * radius;
+    const QPointF low(track + placeOf(series.low.score, series.games) * length, height / 2);
+    const QPointF high(track + placeOf(series.high.score, series.games) * length, height / 2);
+    drawText(painter, {0, 0, columns.label, height}, Qt::AlignRight | Qt::AlignVCenter, lengthOf(series),
+             look.font(), look.ink());
+    painter.setPen(QPen(look.line(), look.hair()));
+    painter.drawLine(QPointF(track, height / 2), QPointF(track + length, height / 2));
+    painter.setPen(QPen(look.fill(), 3 * look.hair()));
+    painter.drawLine(low, high);
+    painter.setPen(QPen(look.fill(), 1.5 * look.hair()));
+    painter.setBrush(look.ground());
+    painter.drawEllipse(low, radius, radius);
+    painter.setBrush(look.fill());
+    painter.drawEllipse(high, radius, radius);
+    drawText(painter, {track + length + radius + columns.gap, 0, columns.text, height},
+             Qt::AlignLeft | Qt::AlignVCenter, endsOf(series), look.font(), look.ink());
+}
+
+Strips seriesStrips(const std::vector<SeriesFigures>& all, const PictureLook& look, double width) {
+    QStringList labels;
+    QStringList texts;
+    for (const SeriesFigures& series : all) {
+        labels += lengthOf(series);
+        texts += endsOf(series);
+    }
+    const Columns columns = columnsFor(labels, texts, look, width);
+    Strips strips;
+    for (const SeriesFigures& series : all)
+        strips.push_back({1.4 * look.lineHeight(), [series, columns, &look](QPainter& painter) {
+                              drawSeries(painter, series, columns, look);
+                          }});
+    strips.front() = underHeading("High and low series", strips.front(), look, width);
+    strips.push_back(gapStrip(look.lineHeight() / 4));
+    strips.push_back(noteStrip("Ring: low, disc: high, from 0 to 300 for each game.", look, width));
+    return strips;
+}
+
+}  // namespace
+
+ReportPicture scoresPicture(const ScoreFigures& scores) {
+    QStringList parts;
+    for (const ScoreRange& range : scores.ranges) {
+        if (range.games > 0)
+            parts += range.label + ": " + counted(range.games, "game", "games");
+    }
+    parts += endsTold(scores);
+    parts.removeAll(QString());
+    return {"Scores of the games", parts.join(". "),
+            [scores](const PictureLook& look, double width) { return barStrips(scores, look, width); }};
+}
+
+ReportPicture seriesPicture(const std::vector<SeriesFigures>& series) {
+    QStringList parts;
+    for (const SeriesFigures& one : series)
+        parts +=
+            QString("Series of %1: %2, %3").arg(lengthOf(one), told("high", one.high), told("low", one.low));
+    return {"High and low series", parts.join(". "),
+            [series](const PictureLook& look, double width) { return seriesStrips(series, look, width); }};
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,137 @@
+#include "viewer/Pictures.h"
+
+#include <QPainter>
+#include <QStringList>
+#include <array>
+#include <cmath>
+
+namespace tallybrook {
+
+namespace {
+
+/// A part of the bar. Each has a pattern of its own, for those who do not tell the colours apart.
+struct Part {
+    QString name;
+    int count;
+    Qt::BrushStyle pattern;
+    QString remark;
+};
+
+using BarParts = std::array<Part, 3>;
+
+QString shareOf(const QString& percent, const char* what) {
+    return percent.isEmpty() ? QString() : QString("%1% of %2").arg(percent, what);
+}
+
+BarParts partsOf(const StrikeFigures& figures) {
+    return {{{"Strikes", figures.strikes, Qt::SolidPattern, shareOf(figures.strikePercent, "first balls")},
+             {"Spares", figures.spares, Qt::BDiagPattern, shareOf(figures.sparePercent, "spare chances")},
+             {"Open frames", figures.opens, Qt::NoBrush, {}}}};
+}
+
+double totalOf(const BarParts& parts) {
+    double total = 0;
+    for (const Part& part : parts)
+        total += part.count;
+    return total;
+}
+
+QString percentOf(const Part& part, double total) {
+    return total > 0 ? QString("%1%").arg(std::lround(100 * part.count / total)) : QString("0%");
+}
+
+/// Fills a place with a pattern whose strokes are as thick as the look's lines.
+void drawPattern(QPainter& painter, const QRectF& place, Qt::BrushStyle pattern, const PictureLook& look) {
+    painter.setPen(QPen(look.fill(), 1.5 * look.hair()));
+    painter.setBrush(pattern == Qt::SolidPattern ? QBrush(look.fill()) : QBrush(Qt::NoBrush));
+    painter.drawRect(place);
+    if (pattern != Qt::BDiagPattern)
+        return;
+    painter.save();
+    painter.setClipRect(place, Qt::IntersectClip);
+    const double step = 5 * look.hair();
+    const int strokes = static_cast<int>((place.width() + place.height()) / step) + 1;
+    for (int stroke = 0; stroke < strokes; ++stroke) {
+        const double x = place.left() - place.height() + stroke * step;
+        painter.drawLine(QPointF(x, place.bottom()), QPointF(x + place.height(), place.top()));
+    }
+    painter.restore();
+}
+
+Strip barStrip(const BarParts& parts, const PictureLook& look, double width) {
+    const double height = 1.6 * look.lineHeight();
+    return {1.4 * height, [parts, &look, width, height](QPainter& painter) {
+                const double total = totalOf(parts);
+                const double edge = look.hair();
+                double left = edge;
+                for (const Part& part : parts) {
+                    const double length = total > 0 ? part.count / total * (width - 2 * edge) : 0;
+                    if (length > 0)
+                        drawPattern(painter, QRectF(left, edge, length, height), part.pattern, look);
+                    left += length;
+                }
+            }};
+}
+
+/// A row of the legend: pattern, name, count, share, and what the report says of it.
+void drawPart(QPainter& painter, const Part& part, double total, const PictureLook& look, double width) {
+    const double height = look.lineHeight();
+    const double digit = look.digit();
+    constexpr auto kLeft = Qt::AlignLeft | Qt::AlignVCenter;
+    constexpr auto kRight = Qt::AlignRight | Qt::AlignVCenter;
+    double left = 2.6 * digit + look.hair();
+    drawPattern(painter, {look.hair(), 0.15 * height, 1.6 * digit, 0.7 * height}, part.pattern, look);
+    const auto write = [&](double columnWidth, Qt::Alignment alignment, const QString& text,
+                           const QFont& font) {
+        drawText(painter, {left, 0, columnWidth, height}, alignment, text, font, look.ink());
+        left += columnWidth;
+    };
+    write(look.widthOf("Open frames "), kLeft, part.name, look.font());
+    write(5 * digit, kRight, QString::number(part.count), look.boldFont());
+    write(5 * digit, kRight, percentOf(part, total), look.font());
+    left += digit;
+    drawText(painter, {left, 0, width - left, height}, kLeft, part.remark, look.font(), look.quiet());
+}
+
+QStringList notesOn(const StrikeFigures& figures) {
+    QStringList notes;
+    if (figures.lineScoreGames > 0)
+        notes += "Frames recorded as line scores count as open.";
+    if (figures.singlePinAttempts)
+        notes += QString("Single pin spares: %1 of %2 made.")
+                     .arg(figures.singlePinsMade)
+                     .arg(*figures.singlePinAttempts);
+    if (figures.firstBallAverage)
+        notes += QString("First ball average: %1.").arg(counted(*figures.firstBallAverage, "pin", "pins"));
+    return notes;
+}
+
+constexpr const char* kHeading = "Strikes, spares and open frames";
+
+Strips stripsOf(const StrikeFigures& figures, const PictureLook& look, double width) {
+    const BarParts parts = partsOf(figures);
+    Strips strips{underHeading(kHeading, barStrip(parts, look, width), look, width)};
+    for (const Part& part : parts)
+        strips.push_back(
+            {1.15 * look.lineHeight(), [part, total = totalOf(parts), &look, width](QPainter& painter) {
+                 drawPart(painter, part, total, look, width);
+             }});
+    strips.push_back(gapStrip(look.lineHeight() / 3));
+    for (const QString& note : notesOn(figures))
+        strips.push_back(noteStrip(note, look, width));
+    return strips;
+}
+
+}  // namespace
+
+ReportPicture strikesPicture(const StrikeFigures& strikes) {
+    const BarParts parts = partsOf(strikes);
+    QStringList told;
+    for (const Part& part : parts)
+        told += QString("%1: %2, %3").arg(part.name).arg(part.count).arg(percentOf(part, totalOf(parts))) +
+                (part.remark.isEmpty() ? QString() : " (" + part.remark + ")");
+    return {kHeading, told.join(". ") + ". " + notesOn(strikes).join(" "),
+            [strikes](const PictureLook& look, double width) { return stripsOf(strikes, look, width); }};
+}
+
+}  // namespace tallybrook
