@@ -106,7 +106,19 @@ void Application::openDataFolder() {
                                                  folder.string() + "\r\n" + failure.code().message(),
                                          .icon = Icon::Critical});
     }
-    lock_ = std::make_unique<InstanceLock>(folder / "Tallybrook.lock");
+    takeLock();
+}
+
+void Application::takeLock() {
+    const fs::path file = program_.dataFolder / "Tallybrook.lock";
+    try {
+        lock_ = std::make_unique<InstanceLock>(file);
+    } catch (const RunTimeError&) {
+        refuseToStart(program_.display,
+                      {.text = "The folder of the logbook cannot be used, since this file cannot be opened:\r\n" +
+                               file.string() + "\r\nPlease check the permissions of the folder and of the file.",
+                       .icon = Icon::Critical});
+    }
     if (!lock_->held())
         refuseToStart(program_.display,
                       {.text = "Tallybrook is already running.", .title = "Already Running"});

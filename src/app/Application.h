@@ -24,6 +24,7 @@ public:
 private:
     void startProcedure();
     void openDataFolder();
+    void takeLock();
     void openLogbook();
     void readConfiguration();
 

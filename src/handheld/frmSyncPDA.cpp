@@ -79,6 +79,7 @@ void frmSyncPDA::begin(SyncRun& run) {
                "PDA Sync"));
     screens().hide(*this);
     program().display.pointer(Pointer::Busy);
+    program().backups().begin();
 }
 
 void frmSyncPDA::reconcile(SyncRun& run) {

@@ -44,6 +44,7 @@ void frmDBTools::cmdDBCheck_Click() {
     if (answer != Answer::Yes)
         return;
     program().display.pointer(Pointer::Busy);
+    program().backups().begin();
     DB_Check(program());
     program().display.pointer(Pointer::Default);
 }

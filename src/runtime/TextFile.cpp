@@ -40,10 +40,11 @@ std::string bytesOf(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream || !fileExists(file))
         throw RunTimeError(refusalToRead(file));
-    std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    if (stream.bad())
+    try {
+        return {std::istreambuf_iterator<char>(stream), {}};
+    } catch (const std::ios_base::failure&) {
         throw RunTimeError(error::kPathFileAccess);
-    return bytes;
+    }
 }
 
 void requireFile(const fs::path& file) {
@@ -56,17 +57,6 @@ bool canBeReplacedBy(const fs::path& from, const fs::path& target) {
     std::error_code ignored;
     return !fs::exists(target, ignored) || (fileExists(target) && !fs::equivalent(from, target, ignored) &&
                                             access(target.c_str(), W_OK) == 0);
-}
-
-/// Brings a file, or the names in a folder, to the disk.
-std::error_code bringToDisk(const fs::path& path) {
-    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    const bool done = descriptor >= 0 && fsync(descriptor) == 0;
-    const std::error_code failure =
-        done ? std::error_code{} : std::error_code(errno, std::generic_category());
-    if (descriptor >= 0)
-        ::close(descriptor);
-    return failure;
 }
 
 fs::path unfinishedName(const fs::path& file) {
@@ -86,14 +76,17 @@ void putInPlace(const fs::path& unfinished, const fs::path& target, std::error_c
             fs::absolute(target).parent_path());  // not every file system can; the file is whole either way
 }
 
+constexpr fs::perms kOwnersAlone = fs::perms::owner_read | fs::perms::owner_write;
+
 /// Makes the copy under another name, and puts it in its place when all of it is on the disk.
 void replaceByCopy(const fs::path& from, const fs::path& target, std::error_code& failure) {
     const fs::path unfinished = unfinishedName(target);
     std::error_code ignored;
     fs::remove(unfinished, ignored);
     fs::copy_file(from, unfinished, failure);
-    if (!failure && fileExists(target))
-        fs::permissions(unfinished, fs::status(target).permissions(), failure);
+    if (!failure)
+        fs::permissions(unfinished, fileExists(target) ? fs::status(target).permissions() : kOwnersAlone,
+                        failure);
     if (failure)
         fs::remove(unfinished, ignored);
     else
@@ -148,9 +141,13 @@ std::string TextReader::readLine() {
 TextWriter::TextWriter(const fs::path& file, Mode mode, Encoding encoding)
     : stream_(openForWriting(file, mode)), encoding_(encoding) {}
 
-void TextWriter::write(std::string_view text) {
+void TextWriter::requireOpen() const {
     if (!stream_)
         throw RunTimeError(error::kBadFileNameOrNumber);
+}
+
+void TextWriter::write(std::string_view text) {
+    requireOpen();
     const std::string bytes = encoded(text, encoding_);
     if (std::fwrite(bytes.data(), 1, bytes.size(), stream_.get()) != bytes.size())
         writingFailed();
@@ -161,9 +158,25 @@ void TextWriter::writeLine(std::string_view line) {
     write(kLineEnd);
 }
 
+void TextWriter::flush() {
+    requireOpen();
+    if (std::fflush(stream_.get()) != 0)
+        writingFailed();
+}
+
 void TextWriter::close() {
     if (stream_ && std::fclose(stream_.release()) != 0)
         writingFailed();
+}
+
+std::error_code bringToDisk(const fs::path& path) {
+    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool done = descriptor >= 0 && fsync(descriptor) == 0;
+    const std::error_code failure =
+        done ? std::error_code{} : std::error_code(errno, std::generic_category());
+    if (descriptor >= 0)
+        ::close(descriptor);
+    return failure;
 }
 
 bool fileExists(const fs::path& file) {

@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 // Text files read and written in sequence, with the run time's error numbers.
 namespace tallybrook {
@@ -51,10 +52,14 @@ public:
     void writeLine(std::string_view line);
     /// The same without an end of line.
     void write(std::string_view text);
+    /// Lets all that was written be read by others while the file stays open; errors as writeLine().
+    void flush();
     /// Brings all that was written to the file; errors as writeLine(). Does nothing when closed.
     void close();
 
 private:
+    void requireOpen() const;
+
     struct Closer {
         void operator()(std::FILE* stream) const { std::fclose(stream); }
     };
@@ -65,13 +70,16 @@ private:
 /// Whether there is a file, not a folder, of that name.
 bool fileExists(const std::filesystem::path& file);
 
+/// Brings a file, or the names in a folder, to the disk; tells what went wrong.
+std::error_code bringToDisk(const std::filesystem::path& path);
+
 /// Writes a text file anew. It takes the place of the old one when it is whole and on the disk. Errors as
 /// TextWriter raises them.
 void replaceFile(const std::filesystem::path& file, const std::function<void(TextWriter&)>& write);
 
 /// Copies a file over what is there, whole or not at all, and so that it is on the disk afterwards. What is
-/// there keeps its permissions. Error 53 where there is no source, 76 where the target's folder is missing,
-/// 61 where the disk is full, 70 for any other refusal.
+/// there keeps its permissions; a new file is its user's alone. Error 53 where there is no source, 76 where the
+/// target's folder is missing, 61 where the disk is full, 70 for any other refusal.
 void copyFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Deletes a file. Error 53 where there is none, 70 for any other refusal.

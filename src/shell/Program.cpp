@@ -22,8 +22,16 @@ Store& Program::store() {
     return *store_;
 }
 
+Backups& Program::backups() {
+    if (!backups_)
+        throw RunTimeError(error::kObjectNotSet);
+    return *backups_;
+}
+
 void Program::openLogbook() {
     store_ = std::make_unique<Store>(logbookFile(), clock);
+    backups_ = std::make_unique<Backups>(*store_, logbookFile(), clock);
+    backups_->begin();
 }
 
 void Program::perform(const std::function<void()>& action) {
@@ -50,6 +58,7 @@ bool Program::runs(const std::function<void()>& action) {
     performing_ = true;
     try {
         action();
+        tellFailedBackup();
     } catch (const EndHandler&) {
         return true;
     } catch (const EndProgram&) {
@@ -62,6 +71,11 @@ bool Program::runs(const std::function<void()>& action) {
         return false;
     }
     return true;
+}
+
+void Program::tellFailedBackup() {
+    if (const auto failure = backups_ ? backups_->takeFailure() : std::nullopt)
+        display.messageBox({.text = *failure, .icon = Icon::Warning});
 }
 
 void Program::end() {

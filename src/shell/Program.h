@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backup/Backups.h"
 #include "runtime/Clock.h"
 #include "runtime/Handler.h"
 #include "shell/Display.h"
@@ -46,8 +47,10 @@ public:
     [[nodiscard]] std::filesystem::path logbookFile() const { return dataFolder / "Tallybrook_DB.mdb"; }
     /// The logbook; error 91 before the start procedure has opened it.
     [[nodiscard]] Store& store();
-    /// Opens the logbook in the data folder, or makes it; throws LogbookRefused.
+    /// Opens the logbook in the data folder, or makes it, and begins a backup of it; throws LogbookRefused.
     void openLogbook();
+    /// The backups of the logbook; error 91 before the start procedure has opened it.
+    [[nodiscard]] Backups& backups();
 
     /// Runs what a person did, to its end: a failure that nothing catches is shown and ends the program;
     /// whoever is left without a visible screen gets the last loaded one, and the program ends with its last
@@ -59,7 +62,10 @@ private:
     bool runs(const std::function<void()>& action);
     void end();
 
+    void tellFailedBackup();
+
     std::unique_ptr<Store> store_;
+    std::unique_ptr<Backups> backups_;
     bool performing_ = false;
     bool ended_ = false;
 };

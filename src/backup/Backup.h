@@ -1,0 +1,72 @@
+#pragma once
+
+#include "backup/BackupFolder.h"
+#include "backup/Contents.h"
+
+#include <condition_variable>
+#include <filesystem>
+#include <mutex>
+#include <optional>
+#include <stdexcept>
+#include <stop_token>
+#include <string>
+#include <thread>
+
+namespace tallybrook {
+
+/// What is to be backed up, and how.
+struct BackupJob {
+    std::filesystem::path logbook;
+    BackupFolder folder;
+    DateTime now;
+    std::filesystem::file_time_type stamp;  // the copy's date, by which it is known again
+};
+
+/// One backup on its way, on a thread of its own. It is made under another name, brought to the disk, opened,
+/// checked and compared with the logbook, and only then gets its name. It begins when the program has had a
+/// moment to start, or when somebody waits for it. From the beginning until waitForLogbook() returns the
+/// logbook must not be written: whoever opened it holds its lock, and writes only after that.
+class Backup {
+public:
+    explicit Backup(BackupJob job);
+    /// Gives the backup up where nobody waited for the logbook: it is then as it was, and can be backed up
+    /// another time. Otherwise waits until the backup is made.
+    ~Backup();
+    Backup(const Backup&) = delete;
+    Backup& operator=(const Backup&) = delete;
+
+    /// Waits until the logbook has been read and may be written.
+    void waitForLogbook();
+    /// Waits to the end.
+    void finish();
+    /// Why it failed, as a text for people; nothing as long as it did not.
+    [[nodiscard]] std::optional<std::string> failure();
+
+private:
+    enum class Stage { Reading, Checking, Done };
+
+    void work(const std::stop_token& stop);
+    void waitForQuiet(const std::stop_token& stop);
+    void make(const std::stop_token& stop);
+    Contents copyTo(const std::filesystem::path& copy, const std::stop_token& stop) const;
+    void check(const std::filesystem::path& copy, const Contents& contents,
+               const std::stop_token& stop) const;
+    void giveName(const std::filesystem::path& unfinished, const std::filesystem::path& backup) const;
+    void reach(Stage stage);
+    void waitFor(Stage stage);
+
+    const BackupJob job_;
+    std::mutex mutex_;  // for what follows
+    std::condition_variable_any changed_;
+    Stage stage_ = Stage::Reading;
+    bool isAwaited_ = false;
+    std::optional<std::string> failure_;
+    std::jthread thread_;  // the last one: it uses the others
+};
+
+/// The text for people that tells that a backup could not be made, and why.
+std::string backupFailureText(const std::filesystem::path& folder, const std::string& why);
+/// What was refused, and what can be done about it.
+std::string reasonFor(const std::exception& failure);
+
+}  // namespace tallybrook

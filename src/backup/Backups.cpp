@@ -1,0 +1,89 @@
+#include "backup/Backups.h"
+
+#include "store/Connection.h"
+#include "store/Schema.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The date of a copy, by which the logbook is known to be as it was: that of the logbook itself. Right after
+/// the logbook was written a further write need not change its date, so the copy is dated before it.
+fs::file_time_type stampFor(fs::file_time_type written) {
+    constexpr std::chrono::seconds kCoarsest{2};  // of the dates that file systems keep
+    const bool mayBeWrittenWithin = fs::file_time_type::clock::now() - written < kCoarsest;
+    return mayBeWrittenWithin ? written - 2 * kCoarsest : written;
+}
+
+}  // namespace
+
+Backups::Backups(Store& store, fs::path logbook, const Clock& clock)
+    : store_(store), logbook_(std::move(logbook)), clock_(clock), folder_(logbook_) {}
+
+Backups::~Backups() {
+    store_.beforeFirstWrite({});
+}
+
+void Backups::begin() {
+    try {
+        finish();
+        beginChecked();
+    } catch (const std::exception& failure) {
+        failure_ = backupFailureText(folder_.path(), reasonFor(failure));
+    }
+}
+
+void Backups::beginChecked() {
+    folder_.removeUnfinished();
+    const fs::file_time_type written = fs::last_write_time(logbook_);
+    if (isEmpty() || folder_.holdsCopyOf(written, fs::file_size(logbook_)))
+        return;
+    folder_.make();
+    backup_ = std::make_unique<Backup>(
+        BackupJob{.logbook = logbook_, .folder = folder_, .now = clock_.now(), .stamp = stampFor(written)});
+    store_.beforeFirstWrite([this] {
+        if (backup_)
+            backup_->waitForLogbook();
+    });
+}
+
+/// A logbook without any row has nothing to lose. A damaged one is left to the backup to tell of.
+bool Backups::isEmpty() {
+    try {
+        return std::ranges::all_of(tables(), [this](const Table& table) {
+            StatementUse row(store_.connection().prepared("SELECT 1 FROM " + table.name + " LIMIT 1"));
+            return !row->executeStep();
+        });
+    } catch (const SQLite::Exception&) {
+        return false;
+    }
+}
+
+void Backups::finish() {
+    if (!backup_)
+        return;
+    backup_->finish();
+    noteFailure();
+    backup_.reset();
+}
+
+void Backups::noteFailure() {
+    if (backup_ && !failure_)
+        failure_ = backup_->failure();
+}
+
+std::optional<std::string> Backups::takeFailure() {
+    noteFailure();
+    if (!failure_ || isTold_)
+        return std::nullopt;
+    isTold_ = true;
+    return failure_;
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "runtime/DateTime.h"
+
+#include <vector>
+
+namespace tallybrook {
+
+/// Which of the backups made at these times, in any order, are kept at `now`, in ascending order: all of the
+/// last two days; of the last two weeks the newest of each day; of the last half year the newest of each
+/// week, which begins on Monday; of all times the newest of each month. Times to come count as now.
+std::vector<DateTime> keptBackups(std::vector<DateTime> times, DateTime now);
+
+}  // namespace tallybrook

@@ -1,0 +1,326 @@
+#include "backup/Backups.h"
+#include "store/Recordset.h"
+#include "support/SameText.h"
+#include "support/StoredEvents.h"
+#include "support/TemporaryFolder.h"
+
+#include <algorithm>
+#include <csignal>
+#include <fstream>
+#include <optional>
+#include <set>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tallybrook {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Names = std::set<std::string>;
+
+constexpr DateTime kNow = makeDate(2026, 11, 21) + std::chrono::hours{20} + std::chrono::minutes{15};
+
+std::int64_t eventsIn(const fs::path& logbook) {
+    const SQLite::Database database(logbook.string());
+    SQLite::Statement count(database, "SELECT count(*) FROM tblEventInfo");
+    count.executeStep();
+    return count.getColumn(0).getInt64();
+}
+
+/// Ends what a logbook written just now could still be mistaken for: it was written a minute ago.
+void letTimePass(const fs::path& logbook) {
+    fs::last_write_time(logbook, fs::last_write_time(logbook) - std::chrono::minutes{1});
+}
+
+class BackupTest : public testing::Test {
+protected:
+    BackupTest() { makeLogbook(3); }
+
+    void makeLogbook(int events) const {
+        test::writeEvents(logbook, events, clock);
+        letTimePass(logbook);
+    }
+    void open() {
+        store.emplace(logbook, clock);
+        backups.emplace(*store, logbook, clock);
+    }
+    void close() {
+        backups.reset();
+        store.reset();
+    }
+    /// Opens the logbook and makes a backup, if there is to be one.
+    void backUp() {
+        open();
+        backups->begin();
+        backups->finish();
+        EXPECT_EQ(backups->takeFailure(), std::nullopt);
+        close();
+    }
+    void addEvent() {
+        Recordset events(*store);
+        events.Open("SELECT * FROM tblEventInfo");
+        events.AddNew();
+        events["fldEventName"] = "Added";
+        events.Update();
+    }
+    [[nodiscard]] Names names() const {
+        Names names;
+        if (fs::exists(folder())) {
+            for (const auto& entry : fs::directory_iterator(folder()))
+                names.insert(entry.path().filename().string());
+        }
+        return names;
+    }
+    [[nodiscard]] fs::path folder() const { return data.path() / "Backups"; }
+    /// Makes a backup that fails, and tells why.
+    std::string failure() {
+        open();
+        backups->begin();
+        backups->finish();
+        std::string why = backups->takeFailure().value_or("");
+        EXPECT_EQ(backups->takeFailure(), std::nullopt) << "told twice";
+        EXPECT_NE(why.find(folder().string()), std::string::npos) << why;
+        addEvent();
+        EXPECT_EQ(store->rows("tblEventInfo").size(), 4U) << "the failure stood in the way";
+        close();
+        return why;
+    }
+
+    const std::string first = "Tallybrook_DB 2026-11-21 20.15.00.mdb";
+    const std::string second = "Tallybrook_DB 2026-11-21 20.15.01.mdb";
+
+    test::TemporaryFolder data;
+    fs::path logbook = data.path() / "Tallybrook_DB.mdb";
+    SettableClock clock{kNow};
+    std::optional<Store> store;
+    std::optional<Backups> backups;
+};
+
+TEST_F(BackupTest, IsMadeUnderTheTimeOfTheClockForTheOwnerAlone) {
+    backUp();
+    EXPECT_EQ(names(), Names{first});
+    EXPECT_EQ(eventsIn(folder() / first), 3);
+    constexpr auto kOthers = fs::perms::group_all | fs::perms::others_all;
+    EXPECT_EQ(fs::status(folder()).permissions() & kOthers, fs::perms::none);
+    EXPECT_EQ(fs::status(folder() / first).permissions() & kOthers, fs::perms::none);
+}
+
+TEST_F(BackupTest, IsWholeAndCanTakeTheLogbooksPlace) {
+    backUp();
+    const SQLite::Database backup((folder() / first).string());
+    EXPECT_EQ(contentsOf(backup), contentsOf(SQLite::Database(logbook.string())));
+    fs::copy_file(folder() / first, logbook, fs::copy_options::overwrite_existing);
+    open();
+    EXPECT_EQ(store->rows("tblEventInfo").size(), 3U);
+    addEvent();
+    EXPECT_EQ(toText(Value{store->rows("tblEventInfo").back().values.front()}), "4")
+        << "a key was used again";
+}
+
+TEST_F(BackupTest, IsNotMadeOfAnEmptyLogbook) {
+    fs::remove(logbook);
+    backUp();
+    EXPECT_FALSE(fs::exists(folder()));
+}
+
+TEST_F(BackupTest, IsMadeAnewOnlyOfAChangedLogbook) {
+    backUp();
+    clock.set(kNow + std::chrono::hours{1});
+    backUp();
+    EXPECT_EQ(names(), Names{first});
+    open();
+    addEvent();
+    close();
+    backUp();
+    EXPECT_EQ(names(), (Names{first, "Tallybrook_DB 2026-11-21 21.15.00.mdb"}));
+}
+
+TEST_F(BackupTest, OfALogbookWrittenJustNowIsMadeAgain) {
+    fs::last_write_time(logbook, fs::file_time_type::clock::now() + std::chrono::hours{1});
+    backUp();
+    backUp();
+    EXPECT_EQ(names(), (Names{first, second}));
+}
+
+TEST_F(BackupTest, HoldsWhatWasThereBeforeTheFirstWrite) {
+    for (int events = 3; events < 30; ++events) {
+        clock.set(kNow + std::chrono::minutes{events});
+        open();
+        backups->begin();
+        addEvent();
+        addEvent();
+        EXPECT_EQ(store->rows("tblEventInfo").size(), static_cast<std::size_t>(events) + 2);
+        backups->finish();
+        close();
+        EXPECT_EQ(eventsIn(folder() / *names().rbegin()), events);
+        fs::remove(logbook);
+        makeLogbook(events + 1);
+    }
+    EXPECT_EQ(names().size(), 27U);
+}
+
+TEST_F(BackupTest, IsMadeToTheEndOfWhateverWasChanged) {
+    open();
+    backups->begin();
+    addEvent();
+    close();
+    EXPECT_EQ(names(), Names{first});
+}
+
+TEST_F(BackupTest, LeavesNothingBehindWhenItIsGivenUp) {
+    open();
+    backups->begin();
+    close();
+    for (const std::string& name : names())
+        EXPECT_FALSE(name.ends_with(".new"));
+    EXPECT_EQ(eventsIn(logbook), 3);
+}
+
+TEST_F(BackupTest, MayFollowAnotherOneAtOnce) {
+    open();
+    backups->begin();
+    addEvent();
+    backups->begin();
+    addEvent();
+    backups->begin();
+    backups->finish();
+    EXPECT_EQ(names().size(), 3U);
+    EXPECT_EQ(eventsIn(folder() / first), 3);
+    EXPECT_EQ(eventsIn(folder() / second), 4);
+}
+
+TEST_F(BackupTest, RemovesWhatKilledRunsHaveLeftAndNothingElse) {
+    fs::create_directory(folder());
+    const Names others{"Tallybrook_DB.mdb",
+                       "Tallybrook_DB 2026-11-21.mdb",
+                       "letter.new",
+                       "Tallybrook_DB 2026-02-30 20.15.00.mdb",
+                       "Tallybrook_DB 2026-11-21 20.15.61.mdb",
+                       "Tallybrook_DB 2026-11-1a 20.15.00.mdb",
+                       "Another_DB 2026-01-01 20.15.00.mdb"};
+    for (const std::string& name : others)
+        std::ofstream(folder() / name) << "mine";
+    std::ofstream(folder() / "Tallybrook_DB 2026-11-20 09.00.00.mdb.new") << "half a copy";
+    backUp();
+    Names expected = others;
+    expected.insert(first);
+    EXPECT_EQ(names(), expected);
+}
+
+TEST_F(BackupTest, ForgetsOldOnes) {
+    fs::create_directory(folder());
+    for (const char* time : {"2026-10-05 08.00.00", "2026-10-06 08.00.00", "2026-11-20 08.00.00",
+                             "2026-11-20 09.00.00", "2024-02-28 08.00.00", "2024-02-29 08.00.00"})
+        std::ofstream(folder() / fmt::format("Tallybrook_DB {}.mdb", time)) << "a backup";
+    backUp();
+    EXPECT_EQ(
+        names(),
+        (Names{"Tallybrook_DB 2024-02-29 08.00.00.mdb", "Tallybrook_DB 2026-10-06 08.00.00.mdb",
+               "Tallybrook_DB 2026-11-20 08.00.00.mdb", "Tallybrook_DB 2026-11-20 09.00.00.mdb", first}));
+}
+
+TEST_F(BackupTest, MayLieInAFolderOfAnyName) {
+    for (const char* name : {"a b", "100 % sure?", "#1 & only=yes;", "Ünïcödé", "記録 ボウリング", "журнал",
+                             "'quoted' \"twice\"", "back\\slash", "file:x?mode=rwc", "\xff no UTF-8"}) {
+        const fs::path place = data.path() / name;
+        fs::create_directory(place);
+        logbook = place / "Tallybrook_DB.mdb";
+        makeLogbook(2);
+        backUp();
+        EXPECT_EQ(eventsIn(place / "Backups" / first), 2) << name;
+    }
+}
+
+TEST_F(BackupTest, LeavesTheLogbookLocked) {
+    open();
+    backups->begin();
+    backups->finish();
+    const pid_t child = fork();
+    if (child == 0) {
+        try {
+            const Store other(logbook, clock);
+        } catch (const LogbookRefused&) {
+            _exit(0);
+        }
+        _exit(1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0) << "another program could open the logbook";
+}
+
+TEST_F(BackupTest, FailsWhereTheFolderCannotBeMade) {
+    std::ofstream(folder()) << "a file in the way";
+    EXPECT_NE(failure().find("File exists"), std::string::npos);
+    EXPECT_EQ(test::bytesOf(folder()), "a file in the way");
+}
+
+TEST_F(BackupTest, FailsWhereTheFileCannotBeMade) {
+    fs::create_directories(folder() / (first + ".new") / "in the way");
+    EXPECT_NE(failure().find("File exists"), std::string::npos);
+    EXPECT_EQ(names(), Names{first + ".new"});
+}
+
+TEST_F(BackupTest, FailsWhereTheDiskIsFull) {
+    makeLogbook(3000);
+    open();
+    const auto before = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    rlimit small = limit;
+    small.rlim_cur = 20000;
+    setrlimit(RLIMIT_FSIZE, &small);
+    backups->begin();
+    backups->finish();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, before);
+    EXPECT_NE(backups->takeFailure().value_or("").find("room on the disk"), std::string::npos);
+    EXPECT_EQ(names(), Names{});
+    addEvent();
+}
+
+/// Puts nonsense into the page where a table or an index begins.
+void damage(const fs::path& logbook, const std::string& name) {
+    int page = 0;
+    {
+        const SQLite::Database database(logbook.string());
+        SQLite::Statement root(database, "SELECT rootpage FROM sqlite_master WHERE name = ?");
+        root.bind(1, name);
+        ASSERT_TRUE(root.executeStep());
+        page = root.getColumn(0).getInt();
+    }
+    constexpr int kPageSize = 4096;
+    std::fstream file(logbook, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp((page - 1) * kPageSize + 3);
+    file << std::string(200, '\x7f');
+}
+
+TEST_F(BackupTest, TellsOfADamagedLogbookAndKeepsTheOldOnes) {
+    for (const char* part : {"tblEventInfo", "tblFrameInfo", "idx_fldCenterName"}) {
+        fs::remove(logbook);
+        fs::remove_all(folder());
+        makeLogbook(3);
+        fs::create_directory(folder());
+        const Names old{"Tallybrook_DB 2025-10-05 08.00.00.mdb", "Tallybrook_DB 2025-10-06 08.00.00.mdb"};
+        for (const std::string& name : old)
+            std::ofstream(folder() / name) << "a backup";
+        damage(logbook, part);
+        open();
+        backups->begin();
+        backups->finish();
+        const std::string why = backups->takeFailure().value_or("");
+        EXPECT_NE(why.find("The logbook is damaged: " + logbook.string()), std::string::npos) << why;
+        EXPECT_EQ(names(), old);
+        close();
+    }
+}
+
+}  // namespace
+
+}  // namespace tallybrook

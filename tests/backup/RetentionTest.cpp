@@ -1,0 +1,105 @@
+#include "backup/Retention.h"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+namespace tallybrook {
+
+namespace {
+
+using std::chrono::days;
+using std::chrono::hours;
+using std::chrono::minutes;
+using Times = std::vector<DateTime>;
+
+constexpr DateTime kNow = makeDate(2026, 11, 14) + hours{21};  // a Saturday
+
+Times kept(const Times& times) {
+    return keptBackups(times, kNow);
+}
+
+TEST(Retention, KeepsAllOfTwoDays) {
+    const Times times{kNow - days{2}, kNow - hours{30}, kNow - hours{29}, kNow - minutes{1}, kNow};
+    EXPECT_EQ(kept(times), times);
+}
+
+TEST(Retention, KeepsTheNewestOfADay) {
+    const DateTime day = makeDate(2026, 11, 4);
+    EXPECT_EQ(kept({day + hours{9}, day + hours{23}, day + hours{12}, day + days{1}}),
+              (Times{day + hours{23}, day + days{1}}));
+}
+
+TEST(Retention, KeepsTheNewestOfAWeek) {
+    const DateTime monday = makeDate(2026, 8, 10);
+    EXPECT_EQ(kept({monday - days{1}, monday, monday + days{3}, monday + days{6}, monday + days{7}}),
+              (Times{monday - days{1}, monday + days{6}, monday + days{7}}));
+}
+
+TEST(Retention, KeepsTheNewestOfAMonthForEver) {
+    EXPECT_EQ(
+        kept({makeDate(1999, 12, 1), makeDate(1999, 12, 31), makeDate(2000, 1, 3), makeDate(2000, 1, 4)}),
+        (Times{makeDate(1999, 12, 31), makeDate(2000, 1, 4)}));
+}
+
+TEST(Retention, KeepsWhatAWrongClockDatedAhead) {
+    const Times times{makeDate(2036, 1, 1), makeDate(2036, 1, 1) + hours{1}};
+    EXPECT_EQ(kept(times), times);
+}
+
+/// Times up to two years before now, some of them close together.
+Times someTimes() {
+    Times times;
+    for (const int minute : *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 2 * 365 * 24 * 60)))
+        times.push_back(kNow - minutes{minute});
+    for (const int minute : *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 20 * 24 * 60)))
+        times.push_back(kNow - minutes{minute});
+    return times;
+}
+
+RC_GTEST_PROP(Retention, LeavesNoSpanOfTimeWithoutItsNewest, ()) {
+    const Times times = someTimes();
+    const Times left = kept(times);
+    for (const DateTime time : times) {
+        const auto isNear = [time](days span) {
+            return [time, span](DateTime other) { return other >= time && other - time < span; };
+        };
+        const bool isKept = std::ranges::binary_search(left, time);
+        if (kNow - time <= days{2})
+            RC_ASSERT(isKept);
+        if (kNow - time <= days{14})
+            RC_ASSERT(std::ranges::any_of(left, isNear(days{1})));
+        if (kNow - time <= days{182})
+            RC_ASSERT(std::ranges::any_of(left, isNear(days{7})));
+        RC_ASSERT(std::ranges::any_of(left, isNear(days{31})));
+    }
+}
+
+RC_GTEST_PROP(Retention, KeepsNothingThatWasNotThere, ()) {
+    Times times = someTimes();
+    const Times left = kept(times);
+    std::ranges::sort(times);
+    RC_ASSERT(std::ranges::includes(times, left));
+    RC_ASSERT(kept(left) == left);
+    RC_ASSERT(left.size() <= 2 * 24 * 60 + 15U + 27 + 25);
+    if (!times.empty())
+        RC_ASSERT(left.back() == times.back());
+}
+
+// What was thinned out again and again as time went on is what would be kept of all.
+RC_GTEST_PROP(Retention, ForgetsAsItGoesOnWhatItWouldForgetAtTheEnd, ()) {
+    Times times = someTimes();
+    std::ranges::sort(times);
+    times.erase(std::unique(times.begin(), times.end()), times.end());
+    Times left;
+    for (const DateTime time : times) {
+        left.push_back(time);
+        left = keptBackups(left, time);
+    }
+    RC_ASSERT(kept(left) == kept(times));
+}
+
+}  // namespace
+
+}  // namespace tallybrook
