@@ -7,73 +7,23 @@
 #include "handheld/ExportFiles.h"
 #include "shell/Person.h"
 #include "shell/Screen.h"
+#include "support/FileCalls.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
-#include <cstdio>
 #include <map>
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-namespace {
-
-int callsToLive = -1;  // below 0: for ever
-
-constexpr int kKilled = 77;
-
-void countCall() {
-    if (callsToLive >= 0 && callsToLive-- == 0)
-        _exit(kKilled);
-}
-
-template <typename Function>
-Function* original(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
-
-}  // namespace
-
-// The calls by which the program, the store's engine and the library change files and bring them to the disk.
-extern "C" {
-
-int rename(const char* from, const char* to) noexcept {
-    countCall();
-    return original<int(const char*, const char*)>("rename")(from, to);
-}
-int remove(const char* path) noexcept {
-    countCall();
-    return original<int(const char*)>("remove")(path);
-}
-int unlink(const char* path) noexcept {
-    countCall();
-    return original<int(const char*)>("unlink")(path);
-}
-int fsync(int file) {
-    countCall();
-    return original<int(int)>("fsync")(file);
-}
-int fdatasync(int file) {
-    countCall();
-    return original<int(int)>("fdatasync")(file);
-}
-ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t offset) {
-    countCall();
-    return original<ssize_t(int, const void*, size_t, off64_t)>("pwrite64")(file, bytes, count, offset);
-}
-int fchmod(int file, mode_t mode) noexcept {
-    countCall();
-    return original<int(int, mode_t)>("fchmod")(file, mode);
-}
-}
 
 namespace tallybrook::test {
 
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr int kKilled = 77;
 
 using Files = std::map<std::string, std::string>;
 
@@ -118,9 +68,19 @@ protected:
         for (const auto& [name, bytes] : exportFiles())
             std::ofstream(handheldFolder(data, type) / (name + ".cdb")) << bytes;
         program.perform([&] { program.screens.load("frmSyncPDA"); });
-        callsToLive = calls;
+        int callsToLive = calls;
+        const FileCalls dying([&callsToLive](const FileCall& call) {
+            if (changesFiles(call) && callsToLive-- == 0)
+                _exit(kKilled);
+            return 0;
+        });
         program.perform([&] { person::click(*program.screens.find("frmSyncPDA")->find("cmdAddPDA")); });
         _exit(display.uncaught ? 1 : 0);
+    }
+
+    static bool changesFiles(const FileCall& call) {
+        using Kind = FileCall::Kind;
+        return call.kind != Kind::Open && call.kind != Kind::Read && call.kind != Kind::Close;
     }
 
     static fs::path handheldFolder(const fs::path& data, const std::string& type) {
@@ -155,6 +115,7 @@ protected:
 
 TEST_P(KilledRuns, LoseNothing) {
     const std::string type = GetParam();
+    const FileCalls sparingTheDisk({});
     bool lived = false;
     int replaced = 0;
     int calls = 0;
