@@ -9,6 +9,11 @@ if(TALLYBROOK_SANITIZE)
     target_compile_options(tallybrook_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(tallybrook_flags INTERFACE -fsanitize=address,undefined)
+else()
+    # What is shipped is hardened as Debian's own programs are.
+    target_compile_options(tallybrook_flags INTERFACE
+        "$<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2;-fstack-protector-strong;-Wformat;-Werror=format-security>")
+    target_link_options(tallybrook_flags INTERFACE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
 endif()
 
 if(TALLYBROOK_FUZZ)

@@ -11,7 +11,7 @@ public:
 
     Picture Image1{*this, "Image1", "logo.svg", 96};
     Label lblProduct{*this, "lblProduct", "Tallybrook", LabelLook::Heading};
-    Label lblVersion{*this, "lblVersion", "Version 2.0 (v2.0.5P)"};
+    Label lblVersion{*this, "lblVersion", ""};
     Label lblMaker{*this, "lblMaker", "The Tallybrook team"};
     Label lblMail{*this, "lblMail", "support@tallybrook.example"};
     TextBox Text1{*this, "Text1", {.readOnly = true, .multiline = true}};

@@ -11,15 +11,17 @@ from pathlib import Path
 LEVELS = [
     ["runtime"],
     ["store"],
+    ["backup"],
     ["shell"],
     ["reports", "maintenance"],
     ["entry", "browse", "handheld"],
     ["app", "sample"],
+    ["style"],
     ["desktop", "viewer"],
     ["player"],
 ]
 LEVEL_OF = {room: level for level, rooms in enumerate(LEVELS) for room in rooms}
-ROOMS_WITH_QT = {"desktop", "viewer", "player"}
+ROOMS_WITH_QT = {"style", "desktop", "viewer", "player"}
 MACHINE_PATH = re.compile(r"(?<![\w.$}/])/(?:home|root|work|Users|media|mnt)/[\w.]|\b[A-Z]:\\{1,2}Users\b")
 CHECKED_FOLDERS = ["src", "tests", "cmake", "scripts", ".ci", "docs", "help", "packaging", "bench"]
 CHECKED_FILES = ["CMakeLists.txt", "CMakePresets.json", "README.md", "CHANGELOG.md"]
