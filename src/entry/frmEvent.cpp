@@ -3,8 +3,10 @@
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
 #include "shell/UpdateSeries.h"
+#include "store/Transaction.h"
 
 #include <initializer_list>
+#include <optional>
 #include <utility>
 
 namespace tallybrook {
@@ -130,9 +132,13 @@ void frmEvent::Update_Event() {
     if (!dateIsGood(step))
         return;
     writeEvent(step);
+    std::optional<Transaction> figures;  // go to the disk at once
+    step([&] { figures.emplace(store()); });
     countGames(step);
     if (session().gGmsRecorded > 0)
         updateSeries(program());
+    if (figures)
+        step([&] { figures->commit(); });
 }
 
 bool frmEvent::nameIsGiven() {

@@ -1,4 +1,7 @@
+#include "store/Connection.h"
 #include "support/Play.h"
+
+#include <sqlite3.h>
 
 namespace tallybrook::test {
 
@@ -254,6 +257,25 @@ TEST_F(EventScreen, CountsItsGamesAndTotalsWhenSaved) {
     play.click("cmdPrevious", {kSave, kStay});
     EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
               std::vector<std::string>{"2|401|200.5"});
+}
+
+TEST_F(EventScreen, GoesToTheDiskAtMostTwiceForASave) {
+    play.insertEvent(3);
+    play.insertGame(1, "N", 200);
+    play.session().gSessionNum = 1;
+    play.session().gMode = kEdit;
+    play.load("frmEvent", {{"Incomplete event.", Answer::OK}});
+    int commits = 0;
+    sqlite3* const logbook = play.program().store().connection().database().getHandle();
+    const auto count = [](void* counted) {
+        ++*static_cast<int*>(counted);
+        return 0;
+    };
+    sqlite3_commit_hook(logbook, count, &commits);
+    play.click("cmdPrevious", {kSave, kStay});
+    sqlite3_commit_hook(logbook, nullptr, nullptr);
+    EXPECT_EQ(commits, 2);
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldSeriesTot"}), std::vector<std::string>{"200"});
 }
 
 TEST_F(EventScreen, LeavesByEveryWayAfterTheSavePrompt) {
