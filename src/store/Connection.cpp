@@ -63,8 +63,8 @@ void addTextFunctions(sqlite3* handle) {
 
 Store::Connection::Connection(const std::filesystem::path& file, const Clock& clock)
     : clock_(clock), database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX) {
-    // A save is done once the journal is cut to nothing, which happens whole or not at all. Set before the file is
-    // locked for good, so that the journal of a save that was cut off goes as it is rolled back.
+    // A save is done once the journal is cut to nothing, which happens whole or not at all. Set before the
+    // file is locked for good, so that the journal of a save that was cut off goes as it is rolled back.
     database_.exec("PRAGMA journal_mode = TRUNCATE");
     database_.exec("PRAGMA locking_mode = EXCLUSIVE");
     database_.exec("PRAGMA synchronous = FULL");
@@ -75,8 +75,8 @@ Store::Connection::Connection(const std::filesystem::path& file, const Clock& cl
     database_.exec("COMMIT");
 }
 
-/// Takes the empty journal along, as long as the lock keeps others out. One that is not empty is needed by the
-/// next opening.
+/// Takes the empty journal along, as long as the lock keeps others out. One that is not empty is needed by
+/// the next opening.
 Store::Connection::~Connection() {
     const fs::path journal = database_.getFilename() + "-journal";
     std::error_code ignored;

@@ -25,8 +25,8 @@ namespace tallybrook {
 class UnreadRows {
 public:
     virtual ~UnreadRows() = default;
-    /// The row of that key is about to be changed or deleted: reads it now if it may be among the set, so that
-    /// the change does not show in it.
+    /// The row of that key is about to be changed or deleted: reads it now if it may be among the set, so
+    /// that the change does not show in it.
     virtual void readBeforeChange(const Table& table, std::int64_t key) = 0;
 };
 
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] SQLite::Database& database() { return database_; }
     [[nodiscard]] int currentYear() const { return clock_.year(); }
 
-    /// A statement, prepared once and reused, with nothing bound, to be run at once.
+    /// A statement, prepared once and reused, to be run at once with all its parameters bound anew.
     SQLite::Statement& prepared(const std::string& sql);
     /// As Store::beforeFirstWrite().
     void beforeFirstWrite(std::function<void()> wait) { beforeFirstWrite_ = std::move(wait); }
@@ -77,14 +77,11 @@ private:
     std::function<void()> beforeFirstWrite_;
 };
 
-/// Ends the use of a prepared statement, however it ends.
+/// Ends the use of a prepared statement, however it ends. What is bound stays, until the next use binds anew.
 class StatementUse {
 public:
     explicit StatementUse(SQLite::Statement& statement) : statement_(statement) {}
-    ~StatementUse() {
-        statement_.tryReset();
-        statement_.clearBindings();
-    }
+    ~StatementUse() { statement_.tryReset(); }
     StatementUse(const StatementUse&) = delete;
     StatementUse& operator=(const StatementUse&) = delete;
     SQLite::Statement* operator->() { return &statement_; }

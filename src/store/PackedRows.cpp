@@ -1,5 +1,6 @@
 #include "store/PackedRows.h"
 
+#include <array>
 #include <cstring>
 #include <limits>
 #include <string_view>
@@ -69,12 +70,16 @@ static_assert(sizeof(DateTime::rep) == sizeof(std::int64_t) && sizeof(double) ==
 
 }  // namespace
 
+void PackedRows::append(std::uint8_t byte) {
+    bytes_.push_back(static_cast<char>(byte));
+}
+
 template <typename Number>
 void PackedRows::append(Number number) {
     static_assert(std::is_trivially_copyable_v<Number>);
-    const std::size_t end = bytes_.size();
-    bytes_.resize(end + sizeof number);
-    std::memcpy(bytes_.data() + end, &number, sizeof number);
+    std::array<char, sizeof number> bytes;
+    std::memcpy(bytes.data(), &number, sizeof number);
+    bytes_.append(bytes.data(), sizeof number);
 }
 
 void PackedRows::shrink() {
@@ -88,26 +93,26 @@ void PackedRows::addRow(std::int64_t key) {
 }
 
 void PackedRows::addNull() {
-    append(kNull);
+    append(std::uint8_t{kNull});
 }
 
 void PackedRows::addNumber(std::int64_t number) {
     if (number >= 0 && number <= std::numeric_limits<std::uint8_t>::max()) {
-        append(kByte);
+        append(std::uint8_t{kByte});
         append(static_cast<std::uint8_t>(number));
     } else {
-        append(kNumber);
+        append(std::uint8_t{kNumber});
         append(number);
     }
 }
 
 void PackedRows::addReal(double number) {
-    append(kReal);
+    append(std::uint8_t{kReal});
     append(number);
 }
 
 void PackedRows::addDate(DateTime date) {
-    append(kDate);
+    append(std::uint8_t{kDate});
     append(date.time_since_epoch().count());
 }
 
@@ -115,7 +120,7 @@ void PackedRows::addText(std::string_view text) {
     if (text.size() <= kLongestShortText) {
         append(static_cast<std::uint8_t>(kShortText + text.size()));
     } else {
-        append(kLongText);
+        append(std::uint8_t{kLongText});
         append(text.size());
     }
     bytes_ += text;

@@ -2,6 +2,7 @@
 
 #include "runtime/Value.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -20,6 +21,9 @@ struct Projection {
 
     /// Whether the field is among them.
     [[nodiscard]] bool holds(std::size_t field) const { return places[field].has_value(); }
+    [[nodiscard]] bool holdsAll(const Projection& other) const {
+        return std::ranges::all_of(other.fields, [this](std::size_t field) { return holds(field); });
+    }
 };
 
 /// Rows with their keys, packed into few bytes, since a report may walk over all frames of a life of bowling.
@@ -52,6 +56,7 @@ public:
     [[nodiscard]] Value value(std::size_t row, std::size_t field) const;
 
 private:
+    void append(std::uint8_t byte);
     template <typename Number>
     void append(Number number);
 

@@ -4,6 +4,7 @@
 #include "store/Connection.h"
 #include "store/Query.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tallybrook {
@@ -16,6 +17,9 @@ constexpr std::size_t kMostBytes = 4 << 20;  // of an answer that is kept
 
 Plan::Plan(SQLite::Database& database, Select select)
     : database_(database), select_(std::move(select)), text_(select_), wanted_(select_.fields.size()) {
+    // What rows are ordered by is what they are told apart by, and asked for; and an index has it at hand.
+    for (std::size_t field = 0; field < fieldCount(); ++field)
+        wanted_[field] = std::ranges::find(select_.orderBy, select_.fields[field]) != select_.orderBy.end();
     if (ReadAhead::serves(select_))
         ahead_.emplace(database_, select_);
 }
@@ -69,20 +73,22 @@ RowRange Plan::run(Reader& reader, const Question& question) const {
     return {.rows = std::move(rows), .first = 0, .count = count};
 }
 
+bool Plan::Answer::answers(const Question& question, const Projection& projection) const {
+    return version == question.version && lastKey == question.lastKey && values == question.values &&
+           rows.rows->projection().holdsAll(projection);
+}
+
 RowRange Plan::read(const Question& question, bool all) {
     return onFile([&] {
         Reader& reader = readerOf(all || select_.distinct);
-        if (lastAnswer_ && &lastAnswer_->rows->projection() == reader.projection.get() &&
-            lastQuestion_ == question)
-            return *lastAnswer_;
+        if (lastAnswer_ && lastAnswer_->answers(question, *reader.projection))
+            return lastAnswer_->rows;
         if (std::optional<RowRange> known = ahead_ ? ahead_->find(question, reader.projection) : std::nullopt)
             return *known;
         RowRange rows = run(reader, question);
         lastAnswer_.reset();
-        if (rows.rows->bytes() <= kMostBytes) {
-            lastQuestion_ = question;
-            lastAnswer_ = rows;
-        }
+        if (rows.rows->bytes() <= kMostBytes)
+            lastAnswer_ = {question.values, question.lastKey, question.version, rows};
         return rows;
     });
 }

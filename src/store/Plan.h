@@ -52,8 +52,16 @@ private:
     Reader whole_;
     Reader narrow_;
     std::optional<ReadAhead> ahead_;
-    Question lastQuestion_;
-    std::optional<RowRange> lastAnswer_;  // if it is small: procedures often ask the same one after another
+    // The last answer, if it is small: procedures often ask the same one after another.
+    struct Answer {
+        std::vector<Value> values;
+        std::int64_t lastKey;
+        std::uint64_t version;
+        RowRange rows;
+
+        [[nodiscard]] bool answers(const Question& question, const Projection& projection) const;
+    };
+    std::optional<Answer> lastAnswer_;
 };
 
 }  // namespace tallybrook

@@ -43,37 +43,36 @@ ReadAhead::ReadAhead(SQLite::Database& database, const Select& select)
     const std::vector<Criterion>& all = select.anyOf.front();
     for (std::size_t i = 0; i < all.size(); ++i)
         criteria_.push_back(i);
-    std::ranges::stable_partition(criteria_, [&](std::size_t i) { return isOfEvent(all[i]); });
+    std::stable_partition(criteria_.begin(), criteria_.end(),
+                          [&](std::size_t i) { return isOfEvent(all[i]); });
 }
 
 std::optional<RowRange> ReadAhead::find(const Question& question,
                                         const std::shared_ptr<const Projection>& projection) {
-    const std::optional<Wanted> wanted = wantedIn(question.values);
-    if (!wanted)
+    if (!takeWanted(question.values))
         return std::nullopt;
     if (projection != projection_ || question.version != version_ || question.lastKey != lastKey_)
         startAnew(question, projection);
-    const std::int64_t event = wanted->front();
+    const std::int64_t event = wanted_.front();
     const Block* block = blockOf(event);
     if (block == nullptr && goesOn(event))
         block = &readFrom(event);
     else if (block == nullptr)
         reach_ = kFirstReach;
     lastEvent_ = event;
-    return block == nullptr ? std::nullopt : std::optional(block->find(*wanted));
+    return block == nullptr ? std::nullopt : std::optional(block->find(wanted_));
 }
 
-/// What is asked for; nothing if not all of it is whole numbers.
-std::optional<ReadAhead::Wanted> ReadAhead::wantedIn(const std::vector<Value>& values) const {
-    Wanted wanted;
-    wanted.reserve(criteria_.size());
+/// False if not all that is asked for is whole numbers.
+bool ReadAhead::takeWanted(const std::vector<Value>& values) {
+    wanted_.clear();
     for (const std::size_t i : criteria_) {
         const std::optional<std::int64_t> number = wholeNumberIn(std::get<double>(values[i]));
         if (!number)
-            return std::nullopt;
-        wanted.push_back(*number);
+            return false;
+        wanted_.push_back(*number);
     }
-    return wanted;
+    return true;
 }
 
 void ReadAhead::startAnew(const Question& question, const std::shared_ptr<const Projection>& projection) {
@@ -145,8 +144,8 @@ std::string ReadAhead::sql() const {
                        select_.table->name, kEvent, order);
 }
 
-/// Which group the statement's row belongs to; false if it holds anything but whole numbers where the criteria
-/// ask for them, and so answers none.
+/// Which group the statement's row belongs to; false if it holds anything but whole numbers where the
+/// criteria ask for them, and so answers none.
 bool ReadAhead::takeGroup(Wanted& group) const {
     for (std::size_t i = 0; i < group.size(); ++i) {
         const std::optional<std::int64_t> number = statement_->wholeNumber(static_cast<int>(i) + 1);

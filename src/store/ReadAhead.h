@@ -16,18 +16,18 @@ namespace tallybrook {
 
 /// What the rows that a statement of some shape finds depend on besides the shape.
 struct Question {
-    std::vector<Value> values;  // of the criteria
-    std::int64_t lastKey = 0;   // only rows whose keys are at most this one
-    std::uint64_t version = 0;  // of the tables; grows with each change
-    friend bool operator==(const Question&, const Question&) = default;
+    const std::vector<Value>& values;  // of the criteria
+    std::int64_t lastKey = 0;          // only rows whose keys are at most this one
+    std::uint64_t version = 0;         // of the tables; grows with each change
 };
 
-/// Walks over the logbook ask for the games of one event after another, and for the frames of each game. Where
-/// such a walk shows, the rows of the next events are read as well, of ever more of them the longer it lasts.
-/// They are kept as long as nothing changes: the walk that follows often asks for the same rows again.
+/// Walks over the logbook ask for the games of one event after another, and for the frames of each game.
+/// Where such a walk shows, the rows of the next events are read as well, of ever more of them the longer it
+/// lasts. They are kept as long as nothing changes: the walk that follows often asks for the same rows again.
 class ReadAhead {
 public:
-    /// Whether statements of that shape select rows of one event by whole numbers, so that they can be served.
+    /// Whether statements of that shape select rows of one event by whole numbers, so that they can be
+    /// served.
     static bool serves(const Select& select);
 
     /// For statements of a shape that is served; the Select must outlive this.
@@ -57,7 +57,7 @@ private:
     [[nodiscard]] const Column& columnOf(std::size_t criterion) const {
         return *select_.anyOf.front()[criterion].column;
     }
-    [[nodiscard]] std::optional<Wanted> wantedIn(const std::vector<Value>& values) const;
+    [[nodiscard]] bool takeWanted(const std::vector<Value>& values);
     void startAnew(const Question& question, const std::shared_ptr<const Projection>& projection);
     [[nodiscard]] const Block* blockOf(std::int64_t event) const;
     [[nodiscard]] bool goesOn(std::int64_t event) const;
@@ -71,6 +71,7 @@ private:
     SQLite::Database& database_;
     const Select& select_;
     std::vector<std::size_t> criteria_;  // their indexes, that of the event first
+    Wanted wanted_;                      // by the question at hand
 
     std::shared_ptr<const Projection> projection_;
     std::optional<RowStatement> statement_;

@@ -29,7 +29,7 @@ public:
     void open(const std::string& sql) {
         if (rows_)
             throw RunTimeError(error::kObjectOpen);
-        rows_ = std::make_unique<Snapshot>(connection_, sql);
+        rows_.emplace(connection_, sql);
         nextField_.resize(std::max(nextField_.size(), rows_->fields().size()));
         place_ = {};
         pending_ = Pending::None;
@@ -41,7 +41,7 @@ public:
         rows_.reset();
     }
 
-    [[nodiscard]] bool isOpen() const { return rows_ != nullptr; }
+    [[nodiscard]] bool isOpen() const { return rows_.has_value(); }
 
     [[nodiscard]] int count() {
         const std::size_t size = opened().size();
@@ -307,24 +307,23 @@ private:
     }
 
     [[nodiscard]] std::string insertStatement() const {
-        std::string columns;
+        std::string sql = "INSERT INTO " + rows_->table().name;
         std::string parameters;
         forEachWritten([&](std::size_t, const Column& column, const Value&) {
-            columns += (columns.empty() ? "" : ", ") + column.name;
-            parameters += parameters.empty() ? "?" : ", ?";
+            sql.append(parameters.empty() ? " (" : ", ").append(column.name);
+            parameters.append(parameters.empty() ? ") VALUES (?" : ", ?");
         });
-        const std::string& table = rows_->table().name;
-        return columns.empty() ? fmt::format("INSERT INTO {} DEFAULT VALUES", table)
-                               : fmt::format("INSERT INTO {} ({}) VALUES ({})", table, columns, parameters);
+        return sql + (parameters.empty() ? " DEFAULT VALUES" : parameters + ")");
     }
 
     [[nodiscard]] std::string updateStatement() const {
-        std::string settings;
-        forEachWritten([&](std::size_t, const Column& column, const Value&) {
-            settings += (settings.empty() ? "" : ", ") + column.name + " = ?";
-        });
         const Table& table = rows_->table();
-        return fmt::format("UPDATE {} SET {} WHERE {} = ?", table.name, settings, table.key().name);
+        std::string sql = "UPDATE " + table.name;
+        const char* before = " SET ";
+        forEachWritten([&](std::size_t, const Column& column, const Value&) {
+            sql.append(std::exchange(before, ", ")).append(column.name).append(" = ?");
+        });
+        return sql + " WHERE " + table.key().name + " = ?";
     }
 
     /// Binds the values written; returns the index of the next parameter.
@@ -391,7 +390,7 @@ private:
     }
 
     Store::Connection& connection_;
-    std::unique_ptr<Snapshot> rows_;
+    std::optional<Snapshot> rows_;
     Place place_;
     Pending pending_ = Pending::None;
     std::vector<std::optional<Value>> written_;  // by field, while a row is pending

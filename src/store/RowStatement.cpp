@@ -39,10 +39,11 @@ void RowStatement::Finalize::operator()(sqlite3_stmt* statement) const {
     sqlite3_finalize(statement);
 }
 
-RowStatement::RowStatement(SQLite::Database& database, const std::string& sql) : database_(database.getHandle()) {
+RowStatement::RowStatement(SQLite::Database& database, const std::string& sql)
+    : database_(database.getHandle()) {
     sqlite3_stmt* statement = nullptr;
-    const int result = sqlite3_prepare_v3(database_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT,
-                                          &statement, nullptr);
+    const int result =
+        sqlite3_prepare_v3(database_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
     statement_.reset(statement);
     require(result);
 }
@@ -75,7 +76,6 @@ bool RowStatement::executeStep() {
 
 void RowStatement::reset() {
     sqlite3_reset(statement_.get());
-    sqlite3_clear_bindings(statement_.get());
 }
 
 std::int64_t RowStatement::key() const {

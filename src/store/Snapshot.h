@@ -35,9 +35,7 @@ public:
     /// The key of the row added last, without reading the others.
     [[nodiscard]] std::int64_t lastAddedKey() const { return own_.back().key; }
     [[nodiscard]] const Value& lastAddedValue(std::size_t field) { return valuesOf(own_.back())[field]; }
-    void setLastAdded(std::size_t field, Value value) {
-        valuesOf(own_.back())[field] = std::move(value);
-    }
+    void setLastAdded(std::size_t field, Value value) { valuesOf(own_.back())[field] = std::move(value); }
 
 private:
     [[nodiscard]] const Select& select() const { return statement_.plan->select(); }
@@ -56,7 +54,8 @@ private:
     bool hasMissed_ = false;  // a field that was not read
     bool isWhole_ = false;
     RowRange read_;
-    // Behind those: the rows added, without values as long as nobody asks; once a row was changed, all of them.
+    // Behind those: the rows added, without values as long as nobody asks; once a row was changed, all of
+    // them.
     std::vector<StoredRow> own_;
     bool hasUnreadOwn_ = false;
 };

@@ -32,7 +32,7 @@ struct Select {
 struct Literal {
     enum class Kind { Number, Text, Date };
     Kind kind = Kind::Number;
-    std::string text;  // a text without its quotes, a date without its hash marks
+    std::string text;          // a text without its quotes, a date without its hash marks
     std::size_t position = 0;  // of the text in the statement
 };
 
