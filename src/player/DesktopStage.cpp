@@ -57,9 +57,10 @@ Arrival DesktopStage::focus(Control& control) {
 }
 
 Arrival DesktopStage::use(const Control& control, const std::function<void(QWidget& widget)>& action) {
-    const QPointer<QWidget> widget(&widgetOf(control));
+    QWidget& touched = widgetOf(control);
+    const QPointer<QWidget> widget(&touched);  // the touch may take it away
     return act([&] {
-        hands::touch(*widget);
+        hands::touch(touched);
         const Arrival arrival = display_.lastArrival();
         if (arrival != Arrival::Arrived || !widget || !widget->isVisible() || !widget->isEnabled())
             return;

@@ -1,6 +1,5 @@
 #include "player/Player.h"
 
-#include "player/Performer.h"
 #include "player/PlayStopped.h"
 
 #include <exception>
@@ -32,10 +31,10 @@ int Player::play(Program& program, const std::function<void()>& start, std::ostr
 
 void Player::playLines(Program& program, const std::function<void()>& start) {
     stage_.attach(program);
-    Performer performer(program, start, stage_, clock_, transcript_);
-    display_.onReport = [&performer](const std::filesystem::path& report) { performer.noteReport(report); };
+    performer_.emplace(program, start, stage_, clock_, transcript_);
+    display_.onReport = [this](const std::filesystem::path& report) { performer_->noteReport(report); };
     while (const std::optional<ScriptLine> line = script_.next())
-        performer.carryOut(*line);
+        performer_->carryOut(*line);
 }
 
 }  // namespace tallybrook

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "player/AnswerLines.h"
+#include "player/Performer.h"
 #include "player/Places.h"
 #include "player/RecordingDisplay.h"
 #include "player/Script.h"
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <istream>
+#include <optional>
 #include <ostream>
 
 namespace tallybrook {
@@ -37,6 +39,7 @@ private:
     SettableClock clock_;
     AnswerLines answers_;
     RecordingDisplay display_;
+    std::optional<Performer> performer_;
 };
 
 }  // namespace tallybrook

@@ -54,7 +54,7 @@ std::vector<Word> readWords(std::string_view line) {
     std::vector<Word> words;
     for (skipBlanks(line); !line.empty(); skipBlanks(line)) {
         words.push_back(line.front() == '"' ? takeQuoted(line) : takeBare(line));
-        if (!line.empty() && kBlanks.find(line.front()) == std::string_view::npos)
+        if (line.find_first_not_of(kBlanks) == 0)
             throw UnreadableWords("a text is followed by no blank");
     }
     return words;

@@ -3,6 +3,7 @@
 #include "player/Options.h"
 #include "player/PlayApplication.h"
 #include "player/PlayStopped.h"
+#include "runtime/OwnFiles.h"
 
 #include <exception>
 #include <fstream>
@@ -33,6 +34,7 @@ int playScript(const Options& options, char* program) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    keepFilesToOneself();
     try {
         const std::vector<std::string> arguments(argv + 1, argv + argc);
         return playScript(readOptions(arguments), argv[0]);

@@ -1,3 +1,4 @@
+#include "runtime/OwnFiles.h"
 #include "sample/Options.h"
 #include "sample/Sample.h"
 
@@ -16,6 +17,7 @@ constexpr int kWrongUsage = 2;
 }  // namespace
 
 int main(int argc, char** argv) {
+    tallybrook::keepFilesToOneself();
     try {
         const std::vector<std::string> arguments(argv + 1, argv + argc);
         const Options options = readOptions(arguments);

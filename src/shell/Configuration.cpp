@@ -1,5 +1,6 @@
 #include "shell/Configuration.h"
 
+#include "runtime/TextEncoding.h"
 #include "runtime/TextFile.h"
 #include "shell/Program.h"
 
@@ -28,10 +29,10 @@ constexpr std::array<Setting, 2> kSettings{
 /// quote.
 std::string valueIn(std::string_view line) {
     const std::size_t quote = line.find('"');
-    std::string_view value = quote == std::string_view::npos ? line : line.substr(quote + 1);
+    std::u32string value = charactersOf(quote == std::string_view::npos ? line : line.substr(quote + 1));
     if (!value.empty())
-        value.remove_suffix(1);
-    return std::string(value);
+        value.pop_back();
+    return textOf(value);
 }
 
 void take(SessionState& session, std::string_view line) {

@@ -89,6 +89,16 @@ TEST_F(TextFiles, AreWrittenWithTheirLineEnds) {
     EXPECT_EQ(bytes(), "");
 }
 
+TEST_F(TextFiles, AreReadByOthersWhileTheyAreOpenOnceFlushed) {
+    TextWriter writer(file);
+    writer.writeLine("one");
+    writer.flush();
+    EXPECT_EQ(bytes(), "one\r\n");
+    writer.writeLine("two");
+    writer.close();
+    EXPECT_EQ(bytes(), "one\r\ntwo\r\n");
+}
+
 TEST_F(TextFiles, ReadBackWhatWasWritten) {
     EXPECT_TRUE(rc::check([this](const std::vector<std::string>& wanted) {
         Lines written;
@@ -141,6 +151,7 @@ TEST_F(TextFiles, FailByNumber) {
     TextWriter writer(file);
     writer.close();
     EXPECT_EQ(faultOf([&] { writer.writeLine("late"); }), error::kBadFileNameOrNumber);
+    EXPECT_EQ(faultOf([&] { writer.flush(); }), error::kBadFileNameOrNumber);
 }
 
 TEST_F(TextFiles, TellOfAFullDisk) {
@@ -149,15 +160,18 @@ TEST_F(TextFiles, TellOfAFullDisk) {
     TextWriter writer("/dev/full");
     EXPECT_EQ(faultOf([&] {
                   writer.writeLine("no room");
-                  writer.close();
+                  writer.flush();
               }),
               error::kDiskFull);
+    EXPECT_EQ(faultOf([&] { writer.close(); }), error::kDiskFull);
 }
 
 TEST_F(TextFiles, AreCopiedMeasuredAndDeleted) {
     put("12345");
     const fs::path copy = folder.path() / "copy";
+    fs::permissions(file, fs::perms::group_read | fs::perms::others_read, fs::perm_options::add);
     copyFile(file, copy);
+    EXPECT_EQ(fs::status(copy).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_EQ(fileLength(copy), 5U);
     EXPECT_GT(fileDate(copy), makeDate(2020, 1, 1));
     EXPECT_TRUE(fileExists(copy));

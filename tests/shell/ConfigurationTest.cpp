@@ -73,6 +73,8 @@ TEST_F(Configuration, TakesTheLastCharacterForTheClosingQuote) {
     EXPECT_EQ(read(), "Pal|/x\"");
     write("HHTYPE=Palm\r\nHHSYNCDIR=\"\"\r\n");
     EXPECT_EQ(read(), "HHTYPE=Pal|");  // the whole line where there are no quotes
+    write("HHTYPE=\"Palm\r\nHHSYNCDIR=\"/K\u00f6\u00f6\r\n");
+    EXPECT_EQ(read(), "Pal|/K\u00f6");
     write("HHTYPE=\"\r\nHHSYNCDIR=/x\"\r\n");
     EXPECT_EQ(read(), "|");
 }

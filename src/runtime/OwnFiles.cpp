@@ -1,0 +1,11 @@
+#include "runtime/OwnFiles.h"
+
+#include <sys/stat.h>
+
+namespace tallybrook {
+
+void keepFilesToOneself() {
+    umask(S_IRWXG | S_IRWXO);
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,148 @@
+// Whatever pin strings and line scores stand in the logbook, the frame screen shows them frame after frame,
+// and the reports and the check walk them to their end: what fails is told in boxes, and nothing ends the
+// program. The first byte chooses the type of the game; the rest is its frames with a record separator (1E)
+// between them, the first, second and fill ball and the line score of each with a unit separator (1F) between
+// them.
+
+#include "app/Application.h"
+#include "handheld/AnsweringDisplay.h"
+#include "maintenance/modDBUtils.h"
+#include "reports/modTBKReports.h"
+#include "shell/Person.h"
+#include "shell/Screen.h"
+#include "store/Connection.h"
+#include "support/TemporaryFolder.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+using namespace tallybrook;
+
+namespace {
+
+constexpr std::size_t kMostFrames = 12;  // two more than a game has
+constexpr std::array<const char*, 4> kTypes{"P", "L", "N", ""};
+
+void require(bool holds, const char* what) {
+    if (holds)
+        return;
+    std::cerr << what << '\n';
+    std::abort();
+}
+
+std::vector<std::string_view> parts(std::string_view text, char separator, std::size_t most) {
+    std::vector<std::string_view> found;
+    while (found.size() + 1 < most && text.find(separator) != std::string_view::npos) {
+        found.push_back(text.substr(0, text.find(separator)));
+        text.remove_prefix(found.back().size() + 1);
+    }
+    found.push_back(text);
+    return found;
+}
+
+Answer answerTo(const MessageBox& box) {
+    return box.buttons == Buttons::YesNo && box.title == "Database Check" ? Answer::No : box.defaultAnswer();
+}
+
+/// The program over one logbook, whose only game gets new frames for each input.
+class Walk {
+public:
+    Walk() { application_.start(); }
+
+    void over(const char* type, std::string_view frames) {
+        store(type, frames);
+        showFrames();
+        for (const char* const kind : {"Full", "Statistics"})
+            perform([&] {
+                Write_Report(program(), {.kind = kind,
+                                         .evType = "All Events",
+                                         .session = 1,
+                                         .file = (folder_.path() / kind).string()});
+            });
+        require(!display_.asked, "it asked for more than an answer");
+        display_.boxes.clear();
+    }
+
+private:
+    Program& program() { return application_.program(); }
+
+    void perform(const std::function<void()>& action) {
+        program().perform(action);
+        require(!display_.uncaught && !program().hasEnded(), "it has ended the program");
+    }
+
+    void store(const char* type, std::string_view frames) {
+        SQLite::Database& logbook = program().store().connection().database();
+        logbook.exec("DELETE FROM tblEventInfo; DELETE FROM tblGameInfo; DELETE FROM tblFrameInfo");
+        logbook.exec(
+            "INSERT INTO tblEventInfo (fldSessionNum, fldEventName, fldDateBowled, fldEventType, "
+            "fldNumGames, "
+            "fldGmsRecorded) VALUES (1, 'Thursday League', '2026-11-12', 'LEAGUE', 1, 1)");
+        SQLite::Statement game(
+            logbook,
+            "INSERT INTO tblGameInfo (fldGameKey, fldSessionNum, fldGameNum, fldStartLane, "
+            "fldLeftLane, fldRightLane, fldLanePair, fldScoreType) "
+            "VALUES (1, 1, 1, 13, 13, 14, '13-14', ?)");
+        game.bind(1, type);
+        game.exec();
+        int number = 0;
+        for (const std::string_view frame : parts(frames, '\x1E', kMostFrames))
+            storeFrame(logbook, ++number, frame);
+    }
+
+    static void storeFrame(SQLite::Database& logbook, int number, std::string_view frame) {
+        SQLite::Statement row(
+            logbook,
+            "INSERT INTO tblFrameInfo (fldSessionNum, fldGameNum, fldFrameNum, fldLaneBowled, "
+            "fldFirstBallRes, fldSecondBallRes, fldFillBallRes, fldLineScore) VALUES (1, 1, ?, 13, ?, ?, ?, "
+            "?)");
+        int column = 0;
+        row.bind(++column, number);
+        for (const std::string_view text : parts(frame, '\x1F', 4))
+            row.bind(++column, std::string(text));
+        row.exec();
+    }
+
+    void showFrames() {
+        program().session.gMode = Int16(2);
+        program().session.gSessionNum = Int32(1);
+        program().session.gGameNum = Int16(1);
+        perform([&] { program().screens.load("frmFrame"); });
+        for (std::size_t frame = 0; frame < kMostFrames; ++frame)
+            for (const char* const button : {"cmdFirstDone", "cmdSecondDone", "cmdFillDone", "cmdNextFrame"})
+                click(button);
+        click("cmdResetPinfall");
+        perform([&] {
+            if (Screen* const screen = program().screens.find("frmFrame"); screen != nullptr)
+                program().screens.unload(*screen);
+        });
+    }
+    void click(const char* button) {
+        perform([&] {
+            if (Screen* const screen = program().screens.find("frmFrame"); screen != nullptr)
+                person::click(*screen->find(button));
+        });
+    }
+
+    test::TemporaryFolder folder_;
+    SettableClock clock_{makeDate(2026, 11, 14)};
+    test::AnsweringDisplay display_{answerTo};
+    Application application_{display_, clock_, folder_.path() / "data"};
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0)
+        return 0;
+    static Walk walk;
+    walk.over(kTypes.at(data[0] % kTypes.size()), {reinterpret_cast<const char*>(data) + 1, size - 1});
+    return 0;
+}
