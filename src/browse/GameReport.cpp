@@ -53,7 +53,7 @@ std::string textOf(const ReportLine& line, Recordset& row) {
 
 }  // namespace
 
-GameReport::GameReport(Program& program, const Handler& step, GameReportSources sources)
+GameReport::GameReport(Program& program, const Handler& step, const GameReportSources& sources)
     : program_(program), step_(step), sources_(sources) {}
 
 void GameReport::open(const std::filesystem::path& file) {
@@ -112,13 +112,16 @@ void GameReport::writeFrame(Int16 row) {
     for (const ReportLine& line : frameLines())
         writeLine(sources_.frame, line);
     writeLine(sources_.frame, ballLine(row));
-    step_([&] {
-        Recordset& frame = sources_.frame.recordset();
-        lineScore_.add(row, {toText(frame["fldFirstBallRes"]), toText(frame["fldSecondBallRes"]),
-                             toText(frame["fldFillBallRes"])});
-    });
+    addToLineScore(row);
     writeLine(sources_.frame, {{"Comment: ", "fldComment"}});
     writeLine("*");
+}
+
+void GameReport::addToLineScore(Int16 row) {
+    const auto ball = [this](const char* field) { return toText(sources_.frame.recordset()[field]); };
+    step_([&] { lineScore_.addFirst(row, ball("fldFirstBallRes")); });
+    step_([&] { lineScore_.addSecond(row, ball("fldFirstBallRes"), ball("fldSecondBallRes")); });
+    step_([&] { lineScore_.addFill(row, ball("fldSecondBallRes"), ball("fldFillBallRes")); });
 }
 
 void GameReport::writeLineScore() {

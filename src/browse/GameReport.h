@@ -31,7 +31,7 @@ struct GameReportSources {
 /// that fails, the report goes on.
 class GameReport {
 public:
-    GameReport(Program& program, const Handler& step, GameReportSources sources);
+    GameReport(Program& program, const Handler& step, const GameReportSources& sources);
 
     /// Opens the file, in place of any that is there.
     void open(const std::filesystem::path& file);
@@ -46,6 +46,7 @@ private:
     void writeFrames();
     void noteNoFrames();
     void writeFrame(Int16 row);
+    void addToLineScore(Int16 row);
     void writeLineScore();
     void writeEnd();
 

@@ -20,13 +20,23 @@ std::string fallenOfTen(const std::string& pins) {
 
 }  // namespace
 
-void PinfallLine::add(Int16 frame, const FrameBalls& balls) {
-    const bool isTenth = frame == kFrames;
-    std::string cell = firstMark(balls.first);
-    cell += secondMark(balls.second, isTenth && balls.first == "X");
-    if (isTenth)
-        cell += fillMark(balls.fill, isMark(balls.second));
-    cells_[frame.value()] = cell;
+void PinfallLine::addFirst(Int16 frame, const std::string& first) {
+    const std::string mark = firstMark(first);
+    cells_[frame.value()] = mark;
+}
+
+void PinfallLine::addSecond(Int16 frame, const std::string& first, const std::string& second) {
+    addMark(frame, secondMark(second, frame == kFrames && first == "X"));
+}
+
+void PinfallLine::addFill(Int16 frame, const std::string& second, const std::string& fill) {
+    if (frame == kFrames)
+        addMark(frame, fillMark(fill, isMark(second)));
+}
+
+void PinfallLine::addMark(Int16 frame, const std::string& mark) {
+    if (!mark.empty())
+        cells_[frame.value()] += mark;
 }
 
 // A strike leaves the count of the pins standing as the frame before has left it.

@@ -186,7 +186,7 @@ void frmEventList::cmdDelRecord_Click() {
     screens().load("frmEventList");
 }
 
-// Deepest first, so that no failure leaves rows without their event.
+// Deepest first. What cannot be deleted is told and left behind, and the event goes all the same.
 void frmEventList::deleteEvent(const Handler& step, const std::string& name) {
     Delete_Records(adoTBKFrame, "Frames", "fldSessionNum", "tblFrameInfo", name);
     Delete_Records(adoTBKGame, "Games", "fldSessionNum", "tblGameInfo", name);

@@ -1,9 +1,11 @@
 #include "desktop/HelpWindow.h"
 
+#include "desktop/HelpBrowser.h"
+
 #include <QAction>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QTextBrowser>
+#include <QScreen>
 #include <QToolBar>
 
 namespace tallybrook {
@@ -15,29 +17,11 @@ QUrl pageOf(HelpTopic topic) {
     return "qrc:/help/" + name + ".html";
 }
 
-/// A browser that follows links among the program's own pages and nowhere else.
-class OwnPages : public QTextBrowser {
-public:
-    QVariant loadResource(int type, const QUrl& name) override {
-        return isOwn(name) ? QTextBrowser::loadResource(type, name) : QVariant();
-    }
-
-protected:
-    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override {
-        if (isOwn(name))
-            QTextBrowser::doSetSource(name, type);
-    }
-
-private:
-    static bool isOwn(const QUrl& name) { return name.scheme() == "qrc" || name.isRelative(); }
-};
-
 }  // namespace
 
-HelpWindow::HelpWindow() : pages_(new OwnPages), sought_(new QLineEdit) {
+HelpWindow::HelpWindow() : pages_(new HelpBrowser), sought_(new QLineEdit) {
     setObjectName("help");
     setWindowTitle("Tallybrook Help");
-    pages_->document()->setDocumentMargin(18);
     setCentralWidget(pages_);
     QToolBar* const bar = addToolBar("Help");
     bar->setMovable(false);
@@ -45,13 +29,15 @@ HelpWindow::HelpWindow() : pages_(new OwnPages), sought_(new QLineEdit) {
     addPageActions(*bar);
     addSearch(*bar);
     const int line = fontMetrics().height();
-    resize(line * 48, line * 40);
+    resize(QSize(line * 48, line * 40).boundedTo(screen()->availableSize()));
 }
 
 void HelpWindow::addPageActions(QToolBar& bar) {
     const auto add = [&](const QString& caption, const QKeySequence& key, auto run) {
         QAction* const action = bar.addAction(caption, this, run);
         action->setShortcut(key);
+        action->setToolTip(caption + " (" + key.toString(QKeySequence::NativeText) + ")");
+        bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
         return action;
     };
     add("Contents", Qt::ALT | Qt::Key_Home, [this] { pages_->setSource(pageOf(HelpTopic::Contents)); });
@@ -67,34 +53,41 @@ void HelpWindow::addSearch(QToolBar& bar) {
     auto* const room = new QWidget;
     room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar.addWidget(room);
-    sought_->setPlaceholderText("Find on this page");
+    sought_->setPlaceholderText("Find in the help");
     sought_->setAccessibleName(sought_->placeholderText());
+    sought_->setToolTip("Words to find on any page, then Return (Ctrl+F). F3 leads from place to place.");
     sought_->setClearButtonEnabled(true);
     sought_->setMaximumWidth(fontMetrics().averageCharWidth() * 32);
     bar.addWidget(sought_);
-    connect(sought_, &QLineEdit::returnPressed, this, [this] { findNext(); });
+    connect(sought_, &QLineEdit::returnPressed, this, [this] {
+        if (!sought_->text().trimmed().isEmpty())
+            pages_->showFound(sought_->text());
+    });
+    connect(sought_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (text.isEmpty())
+            pages_->clearSearch();
+    });
 
-    auto* const find = new QAction(this);
-    find->setShortcut(QKeySequence::Find);
-    connect(find, &QAction::triggered, this, [this] {
+    const auto addKey = [this](const QKeySequence& key, auto run) {
+        auto* const action = new QAction(this);
+        action->setShortcut(key);
+        connect(action, &QAction::triggered, this, run);
+        addAction(action);
+    };
+    addKey(Qt::CTRL | Qt::Key_F, [this] {
         sought_->setFocus();
         sought_->selectAll();
     });
-    addAction(find);
+    addKey(Qt::Key_F3, [this] { pages_->findNext(false); });
+    addKey(Qt::SHIFT | Qt::Key_F3, [this] { pages_->findNext(true); });
 }
 
 void HelpWindow::open(HelpTopic topic) {
     pages_->setSource(pageOf(topic));
     show();
+    pages_->setFocus();
     raise();
     activateWindow();
-}
-
-void HelpWindow::findNext() {
-    if (pages_->find(sought_->text()))
-        return;
-    pages_->moveCursor(QTextCursor::Start);  // once more from the top
-    pages_->find(sought_->text());
 }
 
 void HelpWindow::keyPressEvent(QKeyEvent* event) {

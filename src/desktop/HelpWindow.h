@@ -5,12 +5,13 @@
 #include <QMainWindow>
 
 class QLineEdit;
-class QTextBrowser;
 class QToolBar;
 
 namespace tallybrook {
 
-/// The help, from the program's own pages alone.
+class HelpBrowser;
+
+/// The help, from the program's own pages alone, with a search over all of them.
 class HelpWindow : public QMainWindow {
 public:
     HelpWindow();
@@ -23,9 +24,8 @@ protected:
 private:
     void addPageActions(QToolBar& bar);
     void addSearch(QToolBar& bar);
-    void findNext();
 
-    QTextBrowser* pages_;
+    HelpBrowser* pages_;
     QLineEdit* sought_;
 };
 

@@ -8,7 +8,8 @@
 
 namespace tallybrook {
 
-/// The rows that a run has added to one table: their keys by the handheld's own identifiers.
+/// The rows that a run has added to one table: their keys by the handheld's own identifiers. Nobody asks for
+/// more of them, nor for their order, but for which came first with an identifier.
 class AddedRows {
 public:
     /// Notes an added row. Of several with one identifier the first is found.

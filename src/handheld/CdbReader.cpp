@@ -9,10 +9,13 @@ namespace {
 /// One file on its way through.
 class CdbReader {
 public:
-    CdbReader(SyncRun& run, SyncFile& file, const std::function<Outcome(CdbRecord&)>& add)
-        : run_(run), file_(file), format_(file.format), add_(add), record_(format_, [&run](const auto& why) {
-              run.giveUp(why, "ParseDBLine");
-          }) {}
+    CdbReader(SyncRun& run, SyncFile& file, RowBatch& rows, const std::function<Outcome(CdbRecord&)>& add)
+        : run_(run),
+          file_(file),
+          format_(file.format),
+          rows_(rows),
+          add_(add),
+          record_(format_, [this](const RunTimeError& why) { tellFailedCut(why); }) {}
 
     bool read() {
         if (!format_.opening.empty())
@@ -22,13 +25,23 @@ public:
             if (!line.starts_with('#'))
                 takeRecord(line);
             else if (!takeHeader(line))
-                return true;
+                return endAtNone();
         }
         finish();
         return false;
     }
 
 private:
+    bool endAtNone() {
+        rows_.bringToDisk();
+        return true;
+    }
+
+    void tellFailedCut(const RunTimeError& why) {
+        rows_.bringToDisk();
+        run_.giveUp(why, "ParseDBLine");
+    }
+
     void write(std::string_view text) { Write_Log(text, run_.log.run); }
 
     /// False if there is nothing to read behind it.
@@ -67,6 +80,7 @@ private:
     }
 
     void finish() {
+        rows_.bringToDisk();
         write(fmt::format("{0} processed: {1}, {0} added: {2}, {0} in error: {3}", format_.title,
                           processed_.value(), added_.value(), inError_.value()));
         file_.tmp.close();
@@ -77,6 +91,7 @@ private:
     SyncRun& run_;
     SyncFile& file_;
     const CdbFormat& format_;
+    RowBatch& rows_;
     const std::function<Outcome(CdbRecord&)>& add_;
     CdbRecord record_;
     Int32 processed_;
@@ -86,8 +101,9 @@ private:
 
 }  // namespace
 
-bool readExportFile(SyncRun& run, SyncFile& file, const std::function<Outcome(CdbRecord&)>& add) {
-    return CdbReader(run, file, add).read();
+bool readExportFile(SyncRun& run, SyncFile& file, RowBatch& rows,
+                    const std::function<Outcome(CdbRecord&)>& add) {
+    return CdbReader(run, file, rows, add).read();
 }
 
 }  // namespace tallybrook

@@ -16,7 +16,9 @@ struct CutPosition {
 /// Cuts one field out of a line: what lies between the first delimiter at or behind the start position and
 /// the next one, or the line's end. Without a first delimiter the search goes on from the line's beginning.
 /// Returns the field as UTF-8 and moves the position behind it. Error 5 for a start position below 1, 6 where
-/// a delimiter stands beyond column 32766; the position then stays as it was.
+/// the delimiter that closes the field stands beyond column 32766; the position then stays as it was. It
+/// need not know whether the field is a number: that would tell what stands for a Null, and no text that is
+/// cut from a line is one.
 std::string ParseDBLine(CutPosition& at, char32_t delimiter, std::u32string_view line);
 
 }  // namespace tallybrook

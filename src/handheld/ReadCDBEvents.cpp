@@ -3,7 +3,6 @@
 #include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
-#include "store/Transaction.h"
 
 #include <fmt/format.h>
 
@@ -24,13 +23,14 @@ constexpr int kSeriesAvg = 11;
 constexpr int kSeriesTot = 12;
 
 /// Whether the user wants the record beside the stored events with its record ID.
-bool isWantedTwice(const SyncRun& run, Recordset& duplicates, const CdbRecord& record) {
+bool isWantedTwice(const SyncRun& run, RowBatch& rows, Recordset& duplicates, const CdbRecord& record) {
     std::string text = "Duplicate Event(s) Found:\r\n";
     for (duplicates.MoveFirst(); !duplicates.Eof(); duplicates.MoveNext())
         text += fmt::format("Event: {}\r\nDate Bowled: {}\r\n", toText(duplicates["fldEventName"]),
                             toText(duplicates["fldDateBowled"]));
     text += fmt::format("PDA Record\r\nEvent: {}\r\nDate: {}\r\nAdd record from PDA?",
                         record.text(kEventName), record.text(kDateBowled));
+    rows.bringToDisk();
     return run.program.display.messageBox(question(text, "Duplicate Record ID", Icon::Warning)) ==
            Answer::Yes;
 }
@@ -52,17 +52,18 @@ Int32 storeEvent(Recordset& events, const CdbRecord& record, DateTime dateBowled
     return toInt32(events["fldSessionNum"]);
 }
 
-Outcome addEvent(SyncRun& run, CdbRecord& record) {
+Outcome addEvent(SyncRun& run, RowBatch& rows, CdbRecord& record) {
     record.cut(kEventId, kDateBowled);
     DataControl& adoTBKEvent = run.controls().adoTBKEvent;
     adoTBKEvent.setRecordSource(
         fmt::format("SELECT * FROM tblEventInfo WHERE fldHHRecordID = '{}'", record.id()));
     adoTBKEvent.Refresh();
     Recordset& events = adoTBKEvent.recordset();
-    if (events.RecordCount() > 0 && !isWantedTwice(run, events, record))
+    if (events.RecordCount() > 0 && !isWantedTwice(run, rows, events, record))
         return {.isAdded = false,
                 .logLine = fmt::format("Conflicting record ID {} not processed.", record.id())};
 
+    // A text that is no date fails here and ends the reading, so nobody is ever asked for a better one.
     const DateTime dateBowled = dateOnly(readDate(record.text(kDateBowled), run.program.clock.year()));
     record.cut(kEventType, kSeriesTot);
     const Int32 key = storeEvent(run.controls().adoTBKEvent.recordset(), record, dateBowled);
@@ -76,10 +77,9 @@ Outcome addEvent(SyncRun& run, CdbRecord& record) {
 bool ReadCDBEvents(SyncRun& run) {
     bool NoEvents = false;
     run.procedure("ReadCDBEvents", [&] {
-        Transaction rows(run.program.store());
-        NoEvents =
-            readExportFile(run, run.event, [&run](CdbRecord& record) { return addEvent(run, record); });
-        rows.commit();
+        RowBatch rows(run.program.store());
+        NoEvents = readExportFile(run, run.event, rows,
+                                  [&](CdbRecord& record) { return addEvent(run, rows, record); });
     });
     return NoEvents;
 }

@@ -1,6 +1,5 @@
 #include "handheld/CdbReader.h"
 #include "handheld/ReadCDB.h"
-#include "store/Transaction.h"
 
 #include <fmt/format.h>
 
@@ -64,9 +63,8 @@ Outcome addFrame(SyncRun& run, CdbRecord& record) {
 
 void ReadCDBFrames(SyncRun& run) {
     run.procedure("ReadCDBFrames", [&] {
-        Transaction rows(run.program.store());
-        readExportFile(run, run.frame, [&run](CdbRecord& record) { return addFrame(run, record); });
-        rows.commit();
+        RowBatch rows(run.program.store());
+        readExportFile(run, run.frame, rows, [&run](CdbRecord& record) { return addFrame(run, record); });
     });
 }
 

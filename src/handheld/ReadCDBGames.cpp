@@ -1,6 +1,5 @@
 #include "handheld/CdbReader.h"
 #include "handheld/ReadCDB.h"
-#include "store/Transaction.h"
 
 #include <fmt/format.h>
 
@@ -60,9 +59,9 @@ Outcome addGame(SyncRun& run, CdbRecord& record) {
 bool ReadCDBGames(SyncRun& run) {
     bool NoGames = false;
     run.procedure("ReadCDBGames", [&] {
-        Transaction rows(run.program.store());
-        NoGames = readExportFile(run, run.game, [&run](CdbRecord& record) { return addGame(run, record); });
-        rows.commit();
+        RowBatch rows(run.program.store());
+        NoGames =
+            readExportFile(run, run.game, rows, [&run](CdbRecord& record) { return addGame(run, record); });
     });
     return NoGames;
 }

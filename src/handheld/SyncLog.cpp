@@ -13,6 +13,7 @@ void SyncLog::Get_Stamp(const Clock& clock) {
 
 void Write_Log(std::string_view text, LogFile& log) {
     log->writeLine(text);
+    log->flush();
 }
 
 std::string syncStamp(DateTime start) {

@@ -26,8 +26,8 @@ private:
     std::string stamp_;
 };
 
-/// Writes a text of one or more lines and a line end to a log; error 52 when it is closed, else as TextWriter
-/// raises them.
+/// Writes a text of one or more lines and a line end to a log, where it can be read from then on; error 52
+/// when it is closed, else as TextWriter raises them.
 void Write_Log(std::string_view text, LogFile& log);
 
 /// The start of a run as the names of its files bear it, as in "11-14-2026-2155".

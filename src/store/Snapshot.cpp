@@ -92,7 +92,8 @@ Value Snapshot::value(std::size_t row, std::size_t field) {
         return valuesOf(own_[row - read_.count])[field];
     if (!read_.rows->projection().holds(field)) {
         statement_.plan->want(field);
-        readFields(std::exchange(hasMissed_, true));
+        // A list shows all it has. Of one event, often just one more field is asked for.
+        readFields(std::exchange(hasMissed_, true) || !statement_.plan->isOfOneEvent());
     }
     return read_.rows->value(read_.first + row, field);
 }

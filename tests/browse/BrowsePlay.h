@@ -12,6 +12,16 @@ namespace tallybrook::test {
 /// The program with a hand for lists, grids and what stands in the logbook.
 class BrowsePlay : public Play {
 public:
+    /// Whatever was played: a failure is told with the icon of failures.
+    ~BrowsePlay() {
+        for (const MessageBox& box : display.boxes()) {
+            if (box.text.starts_with("Error Number: ")) {
+                EXPECT_EQ(box.icon, Icon::Critical) << box.text;
+                EXPECT_EQ(box.buttons, Buttons::OK) << box.text;
+            }
+        }
+    }
+
     [[nodiscard]] ComboBox& list(const std::string& name) { return dynamic_cast<ComboBox&>(control(name)); }
     [[nodiscard]] Grid& grid() { return dynamic_cast<Grid&>(control("dgdEventList")); }
 
@@ -43,6 +53,14 @@ public:
         Arrival arrival = Arrival::Refused;
         run([&] { arrival = person::arrive(control(name)); }, boxes);
         return arrival;
+    }
+
+    /// The controls that Tab leads to, in their order.
+    [[nodiscard]] std::vector<std::string> tabOrder() {
+        std::vector<std::string> names;
+        for (const Control* const control : screen().tabOrder())
+            names.push_back(control->name());
+        return names;
     }
 
     /// Adds an event with the next key.

@@ -124,6 +124,14 @@ TEST_F(EventList, NamesItsColumnsAndControls) {
     }
 }
 
+TEST_F(EventList, LeadsTheTabFromTheEventsToItsButtons) {
+    openToReport();
+    EXPECT_EQ(play.tabOrder(),
+              (std::vector<std::string>{"dgdEventList", "optRpType(0)", "optRpType(1)", "optSyncPDA(0)",
+                                        "optSyncPDA(1)", "cmdGetRecord", "cmdDelRecord", "cmdPrevious",
+                                        "cmdMain", "cmdExit"}));
+}
+
 TEST_F(EventList, GreetsBeforeItIsSeen) {
     play.display.forgetEvents();
     openToEdit();
@@ -186,6 +194,24 @@ TEST_F(EventList, OpensAnEventToEdit) {
     EXPECT_EQ(play.grid().currentRow(), 2);
 }
 
+TEST_F(EventList, OnlyNotesTheEventOnceTheErrandIsAnother) {
+    openToEdit();
+    play.row(3);
+    play.click("cmdGetRecord", {{"Incomplete event."}});
+    play.click("cmdNextEvent", {{"Save Event", Answer::Yes}, {"Add New Event", Answer::Yes}});
+    EXPECT_EQ(play.session().gMode, kAdd);
+    play.click("cmdPrevious",
+               {{"Save Event", Answer::No}, {"Action Cancelled"}, {"Previous Screen", Answer::Yes}});
+    EXPECT_EQ(play.screen().name(), "frmEventList");
+    EXPECT_TRUE(play.enabled("cmdDelRecord"));
+    EXPECT_TRUE(play.enabled("mnuDelRecord"));
+    play.row(2);
+    play.display.forgetEvents();
+    play.click("cmdGetRecord");
+    EXPECT_EQ(play.session().gSessionNum, Int32(2));
+    EXPECT_EQ(play.display.events(), (std::vector<std::string>{"hide frmEventList", "show frmEventList"}));
+}
+
 TEST_F(EventList, RetrievesNoEventFromAnEmptyGrid) {
     BrowsePlay empty;
     empty.click("mnuEditData", {toEdit(0)});
@@ -214,6 +240,7 @@ TEST_F(EventList, WritesAReport) {
     EXPECT_NE(text.find("Event Report - Full\r\n"), std::string::npos);
     EXPECT_NE(text.find("Event: Thursday League\r\nEvent Date: 11/12/2026\r\n"), std::string::npos);
     EXPECT_FALSE(play.enabled("cmdDelRecord"));
+    EXPECT_FALSE(play.enabled("mnuDelRecord"));
 }
 
 TEST_F(EventList, KeepsItsChoicesBetweenTwoReports) {
@@ -266,6 +293,10 @@ TEST_F(EventList, ReportsOnNoEventFromAnEmptyGrid) {
                                  stop("Write_Event", error::kObjectNotSet),
                                  {"Report Complete"}});
     EXPECT_EQ(empty.session().gSessionNum, Int32(0));
+    const std::string text = bytesOf(empty.dataFolder() / "none.txt");
+    EXPECT_TRUE(
+        text.ends_with("Event Report - Full\r\n\r\nReport Date: 11/14/2026, 9:55:00 PM\r\nEvent: \r\n"))
+        << text;
 }
 
 TEST_F(EventList, AsksBeforeItDeletes) {
@@ -342,6 +373,46 @@ TEST_F(EventList, AsksWithTheDateThatTheGridShows) {
     });
     play.click("cmdDelRecord",
                {confirm(Answer::No, "Thursday League bowled on 11/12/2026"), {"Record Not Deleted"}});
+}
+
+TEST_F(EventList, AsksWithTheZeroDateWhereAnEventHasNone) {
+    play.addEvent("A date to come", {{"fldDateBowled", Null{}}});
+    play.click("mnuEditData", {toEdit(4)});
+    EXPECT_EQ(play.grid().text(2), "");
+    play.click("cmdDelRecord", {BrowsePlay::failure("frmEventList, cmdDelRecord.", error::kTypeMismatch),
+                                confirm(Answer::No, "A date to come bowled on 12:00:00 AM"),
+                                {"Record Not Deleted"}});
+}
+
+/// The general box of a failure of the engine, whatever its words.
+const Expected kEngineFailure{"Database Error"};
+
+TEST_F(EventList, ComesUpEmptyWhereItsEventsCannotBeRead) {
+    BrowsePlay other;
+    other.program().store().connection().database().exec("DROP TABLE tblEventInfo");
+    other.click("mnuEditData",
+                {kEngineFailure, BrowsePlay::failure("frmEventList, Form Load.", error::kObjectNotSet)});
+    const std::string& text = other.display.boxes().front().text;
+    EXPECT_TRUE(text.starts_with("Error Number: -2147467259\r\n")) << text;
+    EXPECT_NE(text.find("Module: frmEventList, Form Load.\r\n"), std::string::npos) << text;
+    EXPECT_EQ(other.screen().name(), "frmEventList");
+    EXPECT_EQ(other.grid().rowCount(), 0);
+}
+
+TEST_F(EventList, TakesAFailedLookForNoRows) {
+    play.addGame(1, 1);
+    openToEdit();
+    play.row(3);
+    play.program().store().connection().database().exec("DROP TABLE tblFrameInfo");
+    play.click("cmdDelRecord",
+               {confirm(Answer::Yes, "Thursday League bowled on 11/12/2026"),
+                kEngineFailure,
+                BrowsePlay::failure("frmEventList, Delete_Records", error::kObjectNotSet),
+                {"No Frames Recorded", Answer::OK, "No Frames recorded for Thursday League"},
+                {"Record Deleted", Answer::OK, "Thursday League has been deleted from the database"},
+                toEdit(2)});
+    EXPECT_TRUE(play.rows("tblGameInfo", {"fldGameNum"}).empty());
+    EXPECT_EQ(events().size(), 2U);
 }
 
 TEST_F(EventList, GoesOnDeletingAfterAFailure) {

@@ -149,9 +149,6 @@ TEST_F(EventSearch, SpeaksOfItsControls) {
 }
 
 TEST_F(EventSearch, LeadsTheTabFromRowToRow) {
-    std::vector<std::string> order;
-    for (const Control* control : play.screen().tabOrder())
-        order.push_back(control->name());
     std::vector<std::string> expected;
     for (int row = 0; row < 5; ++row) {
         for (const char* name : {"cboListField", "cboSearchOp", "txtSearchVal"})
@@ -163,7 +160,7 @@ TEST_F(EventSearch, LeadsTheTabFromRowToRow) {
     }
     for (const char* button : {"cmdSearch", "cmdReset", "cmdPrevious", "cmdRetMain", "cmdExit"})
         expected.emplace_back(button);
-    EXPECT_EQ(order, expected);
+    EXPECT_EQ(play.tabOrder(), expected);
 }
 
 TEST_F(EventSearch, OffersTheOperatorsOfEachField) {
@@ -326,6 +323,14 @@ TEST_F(EventSearch, TakesAFieldOnce) {
     addRow(0, "And");
     play.pick("cboListField(1)", "Comment", {kInUse});
     EXPECT_EQ(states(1), "f-----");
+}
+
+TEST_F(EventSearch, KeepsOperatorAndValueWhereAnotherFieldIsChosen) {
+    fill(0, "Series Total", "is equal to", "1,300");
+    play.pick("cboListField(0)", "Series Average");
+    EXPECT_EQ(play.list("cboSearchOp(0)").picked(), "");
+    EXPECT_EQ(play.text("txtSearchVal(0)"), "1,300");
+    EXPECT_EQ(condition({kNoHits}), "fldSeriesAvg = 1 ORDER BY fldSeriesAvg");
 }
 
 TEST_F(EventSearch, KeepsTheValueOfTheOperatorThatStoodWhenItWasLeft) {
@@ -565,6 +570,27 @@ TEST_F(EventSearch, ResetsTheFormOnYes) {
     EXPECT_TRUE(play.list("cboListField(1)").items().empty());
 }
 
+TEST_F(EventSearch, ClearsAllButTheMarksOfTheJoins) {
+    fill(0, "Series Total", "is greater than", "500");
+    addRow(0, "And");
+    fill(1, "Event Name", "contains", "city");
+    addRow(1, "Or");
+    fill(2, "Number of Games", "is equal to", "6");
+    addRow(2, "And");
+    fill(3, "Comment", "contains", "x");
+    addRow(3, "Or");
+    play.click("cmdReset", {{"Reset Form", Answer::Yes}});
+    EXPECT_EQ(allStates(), kFresh);
+    for (int row = 0; row < 4; ++row) {
+        EXPECT_FALSE(play.value(at("chkCriteria", row))) << row;
+        EXPECT_TRUE(play.list(at("cboListField", row + 1)).items().empty()) << row;
+        EXPECT_TRUE(play.list(at("cboSearchOp", row + 1)).items().empty()) << row;
+        EXPECT_EQ(play.text(at("txtSearchVal", row + 1)), "") << row;
+        EXPECT_EQ(play.value(at("optAnd", row)), row % 2 == 0) << row;
+        EXPECT_EQ(play.value(at("optOr", row)), row % 2 == 1) << row;
+    }
+}
+
 TEST_F(EventSearch, KeepsTheFirstRowAndTheJoinsThroughAReset) {
     fill(0, "Series Total", "is greater than", "500");
     addRow(0, "Or");
@@ -573,6 +599,21 @@ TEST_F(EventSearch, KeepsTheFirstRowAndTheJoinsThroughAReset) {
     EXPECT_EQ(condition(refusal()), " ORDER BY fldSeriesTot");
     fill(0, "Series Total", "is greater than", "600");
     EXPECT_EQ(condition(refusal()), "fldSeriesTot > 600 OR  ORDER BY fldSeriesTot");
+}
+
+TEST_F(EventSearch, FindsItsWayOutOfAJoinThatIsLeftOver) {
+    fill(0, "Series Total", "is greater than", "500");
+    addRow(0, "And");
+    EXPECT_EQ(condition(refusal()), "fldSeriesTot > 500 AND  ORDER BY fldSeriesTot");
+    fill(0, "Series Total", "is greater than", "500");
+    addRow(0, "And");
+    fill(1, "Event Name", "contains", "city");
+    EXPECT_EQ(condition({kFound}), "fldSeriesTot > 500 AND fldEventName LIKE '%city%' ORDER BY fldSeriesTot");
+    play.click("cmdPrevious", {{"Return - Previous Screen", Answer::Yes}});
+    play.click("cmdPrevious", {{"Previous Screen", Answer::Yes}});
+    open();
+    fill(0, "Series Total", "is greater than", "500");
+    EXPECT_EQ(condition({kFound}), "fldSeriesTot > 500 ORDER BY fldSeriesTot");
 }
 
 TEST_F(EventSearch, GivesTheFieldsBackWithAReset) {

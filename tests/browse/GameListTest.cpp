@@ -147,6 +147,12 @@ TEST_F(GameList, NamesItsColumnsAndControls) {
     }
 }
 
+TEST_F(GameList, LeadsTheTabFromTheGamesToItsButtons) {
+    openList();
+    EXPECT_EQ(play.tabOrder(), (std::vector<std::string>{"dgdEventList", "cmdGetRecord", "cmdPrevious",
+                                                         "cmdMain", "cmdExit"}));
+}
+
 TEST_F(GameList, ReportsOnAGameOfPinfall) {
     play.addFrame(1, 1, 1,
                   {{"fldLaneBowled", std::int64_t{13}},
@@ -238,15 +244,18 @@ TEST_F(GameList, PutsTheCellsByTheirRowsWhateverTheFramesNumbers) {
 
 TEST_F(GameList, GoesOnAfterAnEleventhFrame) {
     std::vector<std::vector<std::string>> blocks{head()};
-    for (int number = 1; number <= 11; ++number) {
+    for (int number = 1; number <= 10; ++number) {
         addFrame(number, "X");
         blocks.push_back(frame(number, number < 10 ? "X\t\t" : "X\t\t\t\t"));
     }
+    addFrame(11, "7-10", "10", "X");
+    addFrame(12, "X");
     openList();
-    blocks.insert(blocks.end(), {lineScore("X\tX\tX\tX\tX\tX\tX\tX\tX\tX\t"), end()});
-    EXPECT_TRUE(isSameText(
-        report({BrowsePlay::failure(kModule, error::kSubscriptOutOfRange), ready(file()), found(1)}),
-        joined(blocks)));
+    blocks.insert(blocks.end(), {frame(11, "7-10\t\t10\t\tX"), frame(12, "X\t\t\t\t"),
+                                 lineScore("X\tX\tX\tX\tX\tX\tX\tX\tX\tX\t"), end()});
+    // A box for each ball that finds no cell: two of the eleventh frame and one of the twelfth.
+    const Expected noCell = BrowsePlay::failure(kModule, error::kSubscriptOutOfRange);
+    EXPECT_TRUE(isSameText(report({noCell, noCell, noCell, ready(file()), found(1)}), joined(blocks)));
 }
 
 TEST_F(GameList, WritesNullsAsNothing) {
@@ -309,6 +318,7 @@ TEST_F(GameList, NeverStartsAReportThatWasCancelled) {
                                     "No file name was specified for the report.\r\n"
                                     "Continue? (Clicking Cancel will return to the event list)"}});
         EXPECT_EQ(play.display.boxes().back().buttons, Buttons::OKCancel);
+        EXPECT_EQ(play.display.boxes().back().defaultAnswer(), Answer::OK);
         EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
         EXPECT_EQ(play.display.events(), (std::vector<std::string>{"hide frmGameList", "unload frmGameList",
                                                                    "show frmSearchGames"}));
@@ -362,8 +372,10 @@ TEST_F(GameList, OffersToLoadAnewWhenARecordIsNotThere) {
     failToLoad(retry, {found(1)});
     EXPECT_EQ(play.display.events(),
               (std::vector<std::string>{"unload frmGameList", "load frmGameList", "show frmGameList"}));
-    EXPECT_EQ(play.display.boxes()[play.display.boxes().size() - 2].buttons, Buttons::RetryCancel);
-    EXPECT_EQ(play.display.boxes()[play.display.boxes().size() - 2].icon, Icon::None);
+    const MessageBox& offered = play.display.boxes()[play.display.boxes().size() - 2];
+    EXPECT_EQ(offered.buttons, Buttons::RetryCancel);
+    EXPECT_EQ(offered.defaultAnswer(), Answer::Retry);
+    EXPECT_EQ(offered.icon, Icon::None);
     failToLoad({retry.title, Answer::Cancel, retry.text}, {});
     EXPECT_EQ(play.screen().name(), "frmSearchGames");
 }

@@ -73,9 +73,43 @@ TEST_F(GameSearch, ComesUpWithOneFieldOpen) {
     EXPECT_EQ(states(), kFresh);
     EXPECT_EQ(play.list("cboSearchFld(0)").items(), (std::vector<std::string>{"Game Score", "Lane Pair"}));
     EXPECT_TRUE(play.list("cboSearchFld(1)").items().empty());
+}
+
+TEST_F(GameSearch, SpeaksOfItsControls) {
+    play.expectSeen(
+        {{"lblTitle", "Game Search"},
+         {"lblSearchFor", "Search For:"},
+         {"lblValue", "Value:"},
+         {"txtSearchVal(0)", "", "Select the value that you want to search on"},
+         {"txtSearchVal(1)", "", "Select the value that you want to search on"},
+         {"optAnd", "And",
+          "The \"And\" button will search for events that meet the previous criteria AND the criteria you "
+          "enter here"},
+         {"optOr", "Or",
+          "The \"OR\" button selects criteria that matches either this case or the previous case"},
+         {"cmdSearch", "&Begin Search", "Click here to start your search"},
+         {"cmdReset", "&Reset Form", "Click here to reset the form"},
+         {"cmdPrevious", "&Previous Screen"},
+         {"cmdRetMain", "Return to &Main"},
+         {"cmdExit", "E&xit"},
+         {"mnuFile", "&File"},
+         {"mnuExit", "E&xit"},
+         {"mnuCommands", "&Commands"},
+         {"mnuStartSearch", "&Begin Search"},
+         {"mnuSearchReset", "&Reset Form"},
+         {"mnuPrevious", "&Previous Screen"},
+         {"mnuRetMain", "Return to &Main"},
+         {"mnuHelp", "&Help"},
+         {"mnuTBKHelp", "Tallybrook Help"},
+         {"mnuHelpAbout", "&About"}});
     EXPECT_EQ(play.control("chkCriteria").tip(), "Check this box if you want to add another search layer");
-    EXPECT_EQ(play.control("cmdSearch").caption(), "&Begin Search");
-    EXPECT_EQ(play.control("mnuStartSearch").caption(), "&Begin Search");
+}
+
+TEST_F(GameSearch, LeadsTheTabFromRowToRow) {
+    EXPECT_EQ(play.tabOrder(), (std::vector<std::string>{
+                                   "cboSearchFld(0)", "cboSearchOp(0)", "txtSearchVal(0)", "chkCriteria",
+                                   "optAnd", "optOr", "cboSearchFld(1)", "cboSearchOp(1)", "txtSearchVal(1)",
+                                   "cmdSearch", "cmdReset", "cmdPrevious", "cmdRetMain", "cmdExit"}));
 }
 
 TEST_F(GameSearch, OffersTheOperatorsOfEachField) {
@@ -146,6 +180,29 @@ TEST_F(GameSearch, RefusesABadLanePair) {
     EXPECT_TRUE(play.enabled("chkCriteria"));
     // Nothing was counted while the pair was bad, so there is one row to look at, and no failure.
     EXPECT_EQ(condition({kFound}), "fldLanePair = '13-14' ORDER BY fldLanePair");
+}
+
+TEST_F(GameSearch, RefusesABadLanePairWhereverTheFocusWouldGo) {
+    play.pick("cboSearchFld(0)", "Lane Pair");
+    play.pick("cboSearchOp(0)", "is");
+    play.type("txtSearchVal(0)", "4-5");
+    const auto stays = [&] {
+        return play.focus() == "txtSearchVal(0)" && !play.enabled("chkCriteria") &&
+               play.screen().name() == "frmSearchGames";
+    };
+    EXPECT_EQ(play.pick("cboSearchFld(0)", "Game Score", {kBadPair}), Arrival::Kept);
+    EXPECT_TRUE(stays());
+    EXPECT_EQ(play.list("cboSearchFld(0)").picked(), "Lane Pair");
+    for (const char* const key : {"Tab", "Shift+Tab", "Alt+R"}) {
+        play.run([&] { person::press(play.screen(), person::readKey(key)); }, {kBadPair});
+        EXPECT_TRUE(stays()) << key;
+    }
+    EXPECT_EQ(play.click("cmdPrevious", {kBadPair}), Arrival::Kept);
+    EXPECT_TRUE(stays());
+    play.click("mnuSearchReset", {{"Reset Form", Answer::No}});  // a menu takes no focus
+    play.press("F1");
+    EXPECT_TRUE(stays());
+    EXPECT_EQ(play.text("txtSearchVal(0)"), "4-5");
 }
 
 TEST_F(GameSearch, KeepsALanePairAsItWasTyped) {
@@ -253,6 +310,39 @@ TEST_F(GameSearch, LeavesWhenARecordIsNotThere) {
                "Click OK to return to the previous screen.\r\n"
                "Debug Information: Module - Game List, Write_Report"}});
     EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(GameSearch, GoesBackToTheScreenBefore) {
+    const std::string words = "Return to previous screen?";
+    for (const char* const way : {"cmdPrevious", "mnuPrevious"}) {
+        play.click(way, {{"Previous Screen", Answer::No, words}});
+        EXPECT_EQ(play.screen().name(), "frmSearchGames");
+        EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
+        EXPECT_EQ(play.display.boxes().back().buttons, Buttons::YesNo);
+    }
+    play.click("cmdPrevious", {{"Previous Screen", Answer::Yes, words}});
+    EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(GameSearch, ReturnsToTheMainMenu) {
+    const std::string words = "Are you sure you want to return to the main screen?";
+    for (const char* const way : {"cmdRetMain", "mnuRetMain"}) {
+        BrowsePlay other;
+        other.handOverTo("frmSearchGames");
+        other.display.forgetEvents();
+        other.click(way, {{"Return to Main", Answer::No, words}});
+        EXPECT_EQ(other.screen().name(), "frmSearchGames");
+        other.click(way, {{"Return to Main", Answer::Yes, words}});
+        EXPECT_EQ(other.display.events(), (std::vector<std::string>{"unload frmSearchGames", "unload frmMain",
+                                                                    "load frmMain", "show frmMain"}));
+    }
+}
+
+TEST_F(GameSearch, ExitsByItsMenu) {
+    play.click("mnuExit", {{"Confirm - Exit", Answer::No, "Exit Tallybrook?"}});
+    EXPECT_FALSE(play.program().hasEnded());
+    play.click("mnuExit", {{"Confirm - Exit", Answer::Yes}});
+    EXPECT_TRUE(play.program().hasEnded());
 }
 
 TEST_F(GameSearch, LeavesAsTheEventSearchDoes) {

@@ -1,6 +1,8 @@
 #include "browse/Cell_Count.h"
 #include "browse/PinfallLine.h"
 
+#include <functional>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook::test {
@@ -27,11 +29,24 @@ TEST(CellCount, TurnsAPinStringIntoANumber) {
     }
 }
 
+/// The pin strings of one frame.
+struct FrameBalls {
+    std::string first = {};
+    std::string second = {};
+    std::string fill = {};
+};
+
+void add(PinfallLine& line, int frame, const FrameBalls& balls) {
+    line.addFirst(frame, balls.first);
+    line.addSecond(frame, balls.first, balls.second);
+    line.addFill(frame, balls.second, balls.fill);
+}
+
 /// The cells of these frames, with "|" between them.
 std::string cellsOf(const std::vector<FrameBalls>& frames) {
     PinfallLine line;
     for (int frame = 1; const FrameBalls& balls : frames)
-        line.add(frame++, balls);
+        add(line, frame++, balls);
     std::string cells;
     for (int frame = 1; frame <= static_cast<int>(frames.size()); ++frame)
         cells += (frame == 1 ? "" : "|") + line.cell(frame);
@@ -40,7 +55,7 @@ std::string cellsOf(const std::vector<FrameBalls>& frames) {
 
 std::string tenth(const FrameBalls& balls) {
     PinfallLine line;
-    line.add(10, balls);
+    add(line, 10, balls);
     return line.cell(10);
 }
 
@@ -77,15 +92,23 @@ TEST(PinfallLine, CountsTheRestAfterAStrikeFromTheFrameBefore) {
     EXPECT_EQ(tenth({"X", "", "7"}), "X-1");
 }
 
+int faultOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RunTimeError& failure) {
+        return failure.number();
+    }
+    return 0;
+}
+
 TEST(PinfallLine, HasNoEleventhFrame) {
     PinfallLine line;
     for (const int frame : {0, 11}) {
-        try {
-            line.add(frame, {.first = "X"});
-            ADD_FAILURE() << frame;
-        } catch (const RunTimeError& failure) {
-            EXPECT_EQ(failure.number(), error::kSubscriptOutOfRange);
-        }
+        for (const char* const first : {"X", "7-10", ""})
+            EXPECT_EQ(faultOf([&] { line.addFirst(frame, first); }), error::kSubscriptOutOfRange);
+        EXPECT_EQ(faultOf([&] { line.addSecond(frame, "7-10", "10"); }), error::kSubscriptOutOfRange);
+        EXPECT_EQ(faultOf([&] { line.addSecond(frame, "X", ""); }), 0);
+        EXPECT_EQ(faultOf([&] { line.addFill(frame, "/", "X"); }), 0);
         EXPECT_THROW((void)line.cell(frame), RunTimeError);
     }
 }

@@ -99,7 +99,8 @@ TEST_F(GridTest, LargerFontMakesRowsAndColumnsLarger) {
     QFont font = table().font();
     font.setPointSizeF(font.pointSizeF() * 2);
     table().setFont(font);
-    EXPECT_GT(table().columnWidth(1), width * 3 / 2);
+    EXPECT_GT(table().columnWidth(1), width);
+    EXPECT_GE(table().columnWidth(1), table().horizontalHeader()->sectionSizeHint(1));
     EXPECT_GT(table().verticalHeader()->defaultSectionSize(), height * 3 / 2);
 }
 
@@ -155,6 +156,8 @@ TEST_F(GridTest, KeysScrollSidewaysAndTheRowsStayThere) {
     fill(30);
     display.perform([this] { lists().dgdEvents.focus(); });
     const QScrollBar& sideways = *table().horizontalScrollBar();
+    table().window()->resize(320, 400);
+    QTest::qWait(1);
     ASSERT_GT(sideways.maximum(), 0);
     press(Qt::Key_Right);
     const int scrolled = sideways.value();

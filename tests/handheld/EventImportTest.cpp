@@ -217,6 +217,7 @@ TEST_F(EventImport, TellsDuplicatesByTheRecordIdAlone) {
     const MessageBox& box = play.display.boxes()[2];
     EXPECT_EQ(box.icon, Icon::Warning);
     EXPECT_EQ(box.buttons, Buttons::YesNo);
+    EXPECT_EQ(box.defaultAnswer(), Answer::Yes);
     EXPECT_EQ(play.events().size(), 2U);
     EXPECT_TRUE(play.logHolds("Conflicting record ID E000000001 not processed."));
     EXPECT_TRUE(play.logHolds("Events processed: 1, Events added: 0, Events in error: 1"));
@@ -260,6 +261,34 @@ TEST_F(EventImport, RefusedTakesItsGamesAndFramesWithIt) {
     EXPECT_TRUE(play.logHolds("Events processed: 1, Events added: 0, Events in error: 1"));
     EXPECT_TRUE(play.logHolds("Games processed: 1, Games added: 0, Games in error: 1"));
     EXPECT_TRUE(play.logHolds("Frames processed: 1, Frames added: 0, Frames in error: 1"));
+}
+
+TEST_F(EventImport, AsksOnceForEachEventOfAFileThatCameBefore) {
+    Exports files;
+    for (const char* const last : {"1", "2", "3"}) {
+        const std::string number = last;
+        files.events.push_back(EventLine{.recordId = "E" + number, .eventId = number}.text());
+        for (const char* const game : {"1", "2"})
+            files.games.push_back(GameLine{
+                .recordId = "G" + number + game, .gameId = number + game, .eventId = number, .number = game}
+                                      .text());
+        files.frames.push_back(
+            FrameLine{.recordId = "F" + number, .eventId = number, .gameId = number + "1"}.text());
+    }
+    for (Lines* const lines : {&files.events, &files.games, &files.frames}) {
+        for (std::string& line : *lines)
+            line.insert(line.find(','), 10 - line.find(','), '.');  // a record ID has ten characters
+    }
+    play.put(files);
+    play.sync(Answer::No);
+    const Expected refused{"Duplicate Record ID", Answer::No};
+    play.sync(Answer::No, {refused, refused, refused}, SyncPlay::plainCheck(), "mnuSyncPDA");
+    EXPECT_EQ(play.events().size(), 3U);
+    EXPECT_EQ(play.games().size(), 6U);
+    EXPECT_EQ(play.frames().size(), 3U);
+    EXPECT_TRUE(play.logHolds("Events processed: 3, Events added: 0, Events in error: 3"));
+    EXPECT_TRUE(play.logHolds("Games processed: 6, Games added: 0, Games in error: 6"));
+    EXPECT_TRUE(play.logHolds("Frames processed: 3, Frames added: 0, Frames in error: 3"));
 }
 
 TEST_F(EventImport, WantedTwiceEntersWithAllItsGamesAndFrames) {

@@ -72,6 +72,35 @@ TEST_F(FrameImport, NeedsItsGameAndItsEvent) {
                       "1, Game number: 1"));
 }
 
+TEST_F(FrameImport, FindsItsGameAndItsEventByExactText) {
+    Exports files = smallExports();
+    files.events.push_back(EventLine{.recordId = "E000000002", .eventId = "e1"}.text());
+    files.games.push_back(GameLine{.recordId = "G000000002", .gameId = "g1", .eventId = "e1"}.text());
+    files.frames = {FrameLine{.gameId = "201 "}.text(),
+                    FrameLine{.gameId = "0201"}.text(),
+                    FrameLine{.eventId = "101 "}.text(),
+                    FrameLine{.eventId = "0101"}.text(),
+                    FrameLine{.eventId = "e1", .gameId = "G1"}.text(),
+                    FrameLine{.eventId = "E1", .gameId = "g1"}.text(),
+                    FrameLine{.recordId = "F000000002", .eventId = "e1", .gameId = "g1"}.text()};
+    play.put(files);
+    play.sync(Answer::Yes);
+    EXPECT_EQ(play.rows("tblFrameInfo", {"fldHHRecordID"}), Log{"F000000002"});
+    EXPECT_TRUE(play.logHolds("Frames processed: 7, Frames added: 1, Frames in error: 6"));
+}
+
+TEST_F(FrameImport, TakesAnyOtherStatusForThatOfALiveFrame) {
+    importFrames({FrameLine{.status = "0x0003"}.text(), FrameLine{.status = "0X0002"}.text(),
+                  FrameLine{.status = "0xFFFF"}.text(), FrameLine{.status = "      "}.text()});
+    EXPECT_EQ(play.frames().size(), 4U);
+    EXPECT_TRUE(play.logHolds("Frames processed: 4, Frames added: 4, Frames in error: 0"));
+}
+
+TEST_F(FrameImport, TakesEarlierTextsForMissingOnes) {
+    importFrames({R"(F000000001,0x0000,301,101,201,1,1,13,"Blue","20","10","X","","","X)"});
+    EXPECT_EQ(play.rows("tblFrameInfo", {"fldBallUsed", "fldLineScore", "fldComment"}), Log{"Blue|X|Blue"});
+}
+
 TEST_F(FrameImport, LogsTheFramesOfADeletedGame) {
     Exports files = smallExports();
     files.games = {GameLine{.status = "0x0002"}.text()};

@@ -49,6 +49,23 @@ TEST_F(GameImport, PassesOverWhatIsMarkedForDeletion) {
     EXPECT_TRUE(play.logHolds("Games processed: 2, Games added: 1, Games in error: 1"));
 }
 
+TEST_F(GameImport, TakesAnyOtherStatusForThatOfALiveGame) {
+    importGames({GameLine{.status = "0x0003"}.text(), GameLine{.status = "0X0002"}.text(),
+                 GameLine{.status = "0xFFFF"}.text(), GameLine{.status = "      "}.text()});
+    EXPECT_EQ(play.games().size(), 4U);
+    EXPECT_TRUE(play.logHolds("Games processed: 4, Games added: 4, Games in error: 0"));
+}
+
+TEST_F(GameImport, EndsAtALaterCountOfNone) {
+    play.put(with({countLine(2), GameLine{}.text(), countLine(0), "no record any more"}));
+    play.click("cmdAddPDA", {SyncPlay::sayingWhatIsToCome(),
+                             SyncPlay::askingToDelete(Answer::Yes),
+                             {"Sync Complete", Answer::OK, "There were no games to process."}});
+    EXPECT_EQ(play.games().size(), 1U);
+    EXPECT_TRUE(play.frames().empty());
+    EXPECT_TRUE(play.runLog().ends_with("No games to process.\r\n"));
+}
+
 TEST_F(GameImport, FindsTheEventByExactText) {
     importGames({GameLine{.eventId = "101 "}.text(), GameLine{.eventId = "0101"}.text(),
                  GameLine{.eventId = ""}.text(), GameLine{.recordId = "G000000002"}.text()});

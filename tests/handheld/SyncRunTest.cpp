@@ -178,6 +178,9 @@ TEST_P(SyncRuns, EndEarlyWithoutGames) {
     play.click("cmdAddPDA", {SyncPlay::sayingWhatIsToCome(),
                              SyncPlay::askingToDelete(Answer::Yes),
                              {"Sync Complete", Answer::OK, "There were no games to process."}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Information);
+    EXPECT_EQ(play.display.events(), (Log{"hide frmSyncPDA", "busy", "show frmSyncPDA", "default"}));
+    EXPECT_TRUE(play.enabled("cmdAddPDA"));
     EXPECT_EQ(play.events().size(), 1U);
     EXPECT_TRUE(play.games().empty());
     EXPECT_EQ(SyncPlay::filesIn(play.workingFolder()), with(kCdbFiles, {"PDASyncLog-Master.log"}));
@@ -202,6 +205,16 @@ TEST_P(SyncRuns, EndEarlyLeavingTheDataAlone) {
                              SyncPlay::askingToDelete(Answer::No),
                              {"Sync Complete", Answer::OK, "There were no events to process."}});
     EXPECT_EQ(SyncPlay::filesIn(play.workingFolder()), with(kCdbFiles, {"PDASyncLog-Master.log"}));
+
+    files = smallExports();
+    files.games[1] = countLine(0);
+    play.put(files);
+    play.click("cmdAddPDA", {SyncPlay::sayingWhatIsToCome(),
+                             SyncPlay::askingToDelete(Answer::No),
+                             {"Sync Complete", Answer::OK, "There were no games to process."}});
+    EXPECT_EQ(SyncPlay::filesIn(play.workingFolder()), with(kCdbFiles, {"PDASyncLog-Master.log"}));
+    EXPECT_EQ(play.working("tblGame.cdb"), withLineEnds(files.games));
+    EXPECT_TRUE(play.enabled("cmdAddPDA"));
 }
 
 TEST_P(SyncRuns, AreCompleteEvenIfEveryRecordIsInError) {
@@ -244,6 +257,30 @@ TEST_P(SyncRuns, StampTheirFilesWithTheTimeOfTheStart) {
     play.sync(Answer::No);
     EXPECT_TRUE(play.runLog("01-02-2027-0005").starts_with("PDA Sync started at 1/2/2027 12:05:00 AM\r\n"));
     EXPECT_TRUE(fs::exists(play.archiveFolder() / "tblFrame-01-02-2027-0005.cdb"));
+}
+
+TEST_P(SyncRuns, DateTheirLogByTheClockAsItGoesOn) {
+    play.clock.set(makeDate(2026, 11, 14) + std::chrono::hours{23} + std::chrono::minutes{50});
+    play.put(smallExports());
+    const auto wait = [&](int minutes) {
+        return [this, minutes] { play.clock.set(play.clock.now() + std::chrono::minutes{minutes}); };
+    };
+    play.click("cmdAddPDA", {SyncPlay::sayingWhatIsToCome(),
+                             {"Delete PDA Data", Answer::No, "", wait(7)},
+                             {"Check Complete", Answer::OK, "", wait(8)},
+                             play.complete("11-14-2026-2350")});
+    EXPECT_TRUE(isSameText(play.masterLog(), banner(play, "11-14-2026-2350", "11:50:00 PM")));
+    EXPECT_TRUE(fs::exists(play.archiveFolder() / "tblFrame-11-14-2026-2350.cdb"));
+    const std::string log = play.runLog("11-14-2026-2350");
+    EXPECT_TRUE(log.starts_with(
+        withLineEnds({"PDA Sync started at 11/14/2026 11:50:00 PM", "PDA data to be retained.",
+                      "11/14/2026 11:57:00 PM: Preparing CDB files"})));
+    for (const char* const line :
+         {"11/14/2026 11:57:00 PM: Reading events", "Completed processing events: 11/14/2026 11:57:00 PM",
+          "Completed processing frames: 11/14/2026 11:57:00 PM"})
+        EXPECT_NE(log.find(std::string(line) + "\r\n"), std::string::npos) << line;
+    EXPECT_TRUE(log.ends_with(withLineEnds({"Starting database reconciliaton at 11/14/2026 11:57:00 PM",
+                                            "Database reconciliaton complete at 11/15/2026 12:05:00 AM"})));
 }
 
 TEST_P(SyncRuns, SetTheCountsByTheCheck) {
@@ -377,6 +414,7 @@ TEST_F(PalmRuns, EndWithoutAnyConfiguration) {
          SyncPlay::failure("ReadCDBEvents", 52),
          SyncPlay::failure("cmdAddPDA", 52)});
     EXPECT_EQ(play.display.boxes()[2].icon, Icon::Critical);
+    EXPECT_EQ(play.display.boxes()[2].defaultAnswer(), Answer::OK);
     EXPECT_TRUE(isSameText(play.masterLog(), banner(play) + "No PDA configuration file.\r\n"));
     EXPECT_EQ(play.display.events(), (Log{"hide frmSyncPDA", "busy", "unload frmSyncPDA", "show frmMain",
                                           "run-time error 52", "end program"}));

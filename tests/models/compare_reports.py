@@ -17,7 +17,6 @@ from dataclasses import dataclass, field
 from datetime import datetime, time
 from pathlib import Path
 
-import boxes
 import game_report
 import reports
 from boxes import ANYTHING, Box, lines, quoted
@@ -32,13 +31,8 @@ CONFIGURATION = "tbrkcfg.conf"
 TYPES = ("All Events", "League", "Practice", "Tournament")
 LEAST = -99999  # what a search asks for that is to find every number but a Null
 MOST_ROWS = 6
-MOST_RERUNS = 500
 START_ANSWERS = {"Tallybrook": "OK", "Database Check": "No"}
 UNANSWERED = re.compile(r'line (\d+): unanswered box "(.*)"')
-NO_BOX = re.compile(r"line (\d+): no box is up")
-
-# How often this box comes for one frame too many depends on how a procedure is cut into statements.
-CELL_BOX = boxes.database_error(RunTimeError(game_report.SUBSCRIPT_OUT_OF_RANGE), game_report.MODULE).line()
 
 
 @dataclass
@@ -291,34 +285,19 @@ class Comparison:
 
     def run(self, play):
         """The first difference of a play, or None."""
-        status, transcript, errors = self.settled(play)
+        if self.start.writes_configuration:
+            (self.data / CONFIGURATION).unlink(missing_ok=True)
+        status, transcript, errors = run_player(self.player, self.data, self.work, self.now, play.lines)
         (self.root / f"{play.name}.txt").write_text("\n".join(play.lines) + "\n", "utf-8", "surrogateescape")
         (self.root / f"{play.name}.transcript").write_text(transcript, "utf-8", "surrogateescape")
         return (self.difference_of_boxes(play, transcript, errors) or self.difference_of_files(play)
                 or (f"the player's exit status is {status}: {errors}" if status != 0 else None))
 
-    def settled(self, play):
-        """Plays the script, with as many answers to the box of a missing cell as the program asks for."""
-        for _ in range(MOST_RERUNS):
-            if self.start.writes_configuration:
-                (self.data / CONFIGURATION).unlink(missing_ok=True)
-            status, transcript, errors = run_player(self.player, self.data, self.work, self.now, play.lines)
-            last = next((line for line in reversed(transcript.splitlines()) if line.startswith("box ")), "")
-            if status != 1 or CELL_BOX not in (last, *play.shown):
-                break
-            if last == CELL_BOX and (found := UNANSWERED.match(errors)):
-                play.lines.insert(int(found.group(1)) - 1, "answer OK")
-            elif found := NO_BOX.match(errors):
-                del play.lines[int(found.group(1)) - 1]
-            else:
-                break
-        return status, transcript, errors
-
     def difference_of_boxes(self, play, transcript, errors):
         shown = [(number, line) for number, line in enumerate(transcript.splitlines(), 1)
                  if line.startswith(("box ", "run-time error ", "end program"))]
-        shown = once([line for line in shown if not self.is_of_the_start(line[1])], lambda line: line[1])
-        expected = once([self.named(line) for line in play.shown], lambda line: line)
+        shown = [line for line in shown if not self.is_of_the_start(line[1])]
+        expected = [self.named(line) for line in play.shown]
         for at in range(max(len(shown), len(expected))):
             number, line = shown[at] if at < len(shown) else ("end", "nothing")
             wanted = expected[at] if at < len(expected) else "nothing"
@@ -349,12 +328,6 @@ class Comparison:
             if difference is not None:
                 return f"{report.what}, {report.path.name}: {difference}"
         return None
-
-
-def once(shown, line_of):
-    """The boxes with each run of the box of a missing cell written once."""
-    return [one for at, one in enumerate(shown)
-            if at == 0 or line_of(one) != CELL_BOX or line_of(shown[at - 1]) != CELL_BOX]
 
 
 def matches(expected, line):

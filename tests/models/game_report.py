@@ -54,15 +54,18 @@ class Cells:
             raise RunTimeError(SUBSCRIPT_OUT_OF_RANGE)
         return self._texts[number - 1]
 
-    def work_out(self, number, first, second, fill):
-        """Builds the cell of a frame from its pin strings."""
-        cell = self._first_ball(first)
-        cell += self._second_ball(number, first, second)
-        if number == CELLS:
-            cell += self._fill_ball(second, fill)
+    def balls(self, number, first, second, fill):
+        """The statements that build the cell of a frame from its pin strings, one for each ball that writes to it."""
+        yield lambda: self._write(number, "", self._first_ball(first))
+        if second != "":
+            yield lambda: self._write(number, self[number], self._second_ball(number, first, second))
+        if number == CELLS and fill != "":
+            yield lambda: self._write(number, self[number], self._fill_ball(second, fill))
+
+    def _write(self, number, before, mark):
         if not 1 <= number <= CELLS:
             raise RunTimeError(SUBSCRIPT_OUT_OF_RANGE)
-        self._texts[number - 1] = cell
+        self._texts[number - 1] = before + mark
 
     def _first_ball(self, first):
         if first == "X":
@@ -72,7 +75,7 @@ class Cells:
         return cell
 
     def _second_ball(self, number, first, second):
-        if second in ("/", "X", ""):
+        if second in ("/", "X"):
             return second
         if number == CELLS and first == "X":
             count = cell_count(second, "", "First")
@@ -81,7 +84,7 @@ class Cells:
         return self._taken(second)
 
     def _fill_ball(self, second, fill):
-        if fill in ("/", "X", ""):
+        if fill in ("/", "X"):
             return fill
         return cell_count(fill, "", "First") if second in ("/", "X") else self._taken(fill)
 
@@ -189,8 +192,9 @@ class GameReport:
         row = 1
         while not frame.eof:
             self._write_frame(frame, row)
-            self._try(lambda: cells.work_out(row, *(to_text(frame[name]) for name in (
-                "fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes"))))
+            for ball in cells.balls(row, *(to_text(frame[name]) for name in (
+                    "fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes"))):
+                self._try(ball)
             self._line("Comment: ", frame["fldComment"])
             self._line("*")
             row += 1

@@ -610,7 +610,8 @@ class GameReportTest(ModelTest):
     def cells_of(self, *balls, first=1):
         cells = game_report.Cells()
         for number, one in enumerate(balls, first):
-            cells.work_out(number, *(*one, "", "")[:3])
+            for ball in cells.balls(number, *(*one, "", "")[:3]):
+                ball()
         return [cells[number] for number in range(first, first + len(balls))]
 
     def test_a_whole_report(self):
@@ -678,11 +679,12 @@ All Rights Reserved
         self.assertTrue(written.split("\r\n")[-5].endswith("9/\t9/X\t"))
 
     def test_an_eleventh_frame_fails_on_its_cell(self):
-        logbook = self.logbook([event()], [game()], frames(*[("X", "X")] * 11))
-        result = self.report_of(logbook)
-        self.assertEqual([box.text.split("\r\n")[0] for box in result.boxes],
-                         ["Error Number: 9", "The game report is ready."])
-        self.assertIn("X\t" * 10 + "\r\n", result.written.decode())
+        for eleventh, boxes in ((("X", "X"), 1), (("", ""), 1), (("81", "7-10", "10", "X"), 2)):
+            logbook = self.logbook([event()], [game()], frames(*[("X", "X")] * 10, eleventh))
+            result = self.report_of(logbook)
+            self.assertEqual([box.text.split("\r\n")[0] for box in result.boxes],
+                             ["Error Number: 9"] * boxes + ["The game report is ready."])
+            self.assertIn("X\t" * 10 + "\r\n", result.written.decode())
 
     def test_no_frames(self):
         result = self.report_of(self.logbook([event()], [game()]))

@@ -1,0 +1,36 @@
+#include "Runs.h"
+#include "Work.h"
+
+namespace tallybrook::bench {
+
+const std::vector<Work>& works() {
+    constexpr Effort kAll{1, {9, 5, 3}};    // grows with the logbook
+    constexpr Effort kOnce{1, {3, 3, 1}};   // takes long
+    constexpr Effort kOne{30, {5, 5, 5}};   // should not grow
+    constexpr Effort kStart{1, {9, 9, 9}};  // a process of its own
+    const Target twoCommits = atMost(2);
+
+    static const std::vector<Work> works{
+        {"statistical report", statisticalReport, statisticalReportLimit, kAll, {{"ms", within(3)}}},
+        {"peak of memory in it", peak, peakLimit, kOnce, {{"MiB", below(32)}}},
+        {"event report", eventReport, eventReportLimit, kOne, {{"ms", sameInAllSizes()}}},
+        {"consistency check", consistencyCheck, consistencyCheckLimit, kAll, {{"ms", within(4)}}},
+        {"import of all", importAll, importAllLimit, kOnce, {{"ms", within(3)}, {kMsToTheEnd, none()}}},
+        {"import of one event",
+         importOne,
+         importOneLimit,
+         kAll,
+         {{"ms", sameInAllSizes()}, {kMsToTheEnd, none()}}},
+        {"event list", eventList, eventListLimit, kAll, {{"ms", within(2)}}},
+        {"event search", eventSearch, eventSearchLimit, kAll, {{"ms", within(2)}}},
+        {"game list", gameList, gameListLimit, kAll, {{"ms", within(2)}}},
+        {"save frame", saveFrame, saveFrameLimit, kOne, {{"ms", sameInAllSizes()}, {"commits", twoCommits}}},
+        {"add frame", addFrame, addFrameLimit, kOne, {{"ms", sameInAllSizes()}, {"commits", twoCommits}}},
+        {"save game", saveGame, saveGameLimit, kOne, {{"ms", sameInAllSizes()}, {"commits", twoCommits}}},
+        {"save event", saveEvent, saveEventLimit, kOne, {{"ms", sameInAllSizes()}, {"commits", twoCommits}}},
+        {"save event at once", saveFirst, saveFirstLimit, kAll, {{"ms wall", none()}}},
+        {"start", start, startLimit, kStart, {{"ms", both(atMost(300), sameInAllSizes())}}}};
+    return works;
+}
+
+}  // namespace tallybrook::bench

@@ -1,0 +1,79 @@
+#include "Place.h"
+#include "Runs.h"
+#include "Table.h"
+#include "Work.h"
+
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+namespace fs = std::filesystem;
+
+using namespace tallybrook::bench;
+
+namespace {
+
+void plan(const std::string& name, Run run, const Place& place, int rounds, int repetitions) {
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [run, place](benchmark::State& state) {
+                                     std::cerr << '.' << std::flush;
+                                     run(state, place);
+                                 })
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond)
+        ->Iterations(rounds)
+        ->Repetitions(repetitions);
+}
+
+void planAll(const std::vector<Place>& places) {
+    for (const Work& work : works()) {
+        for (std::size_t size = 0; size < places.size(); ++size) {
+            const Place& place = places[size];
+            for (const bool isProgram : {true, false})
+                plan(Results::nameOf(work.name, place.events, isProgram),
+                     isProgram ? work.program : work.limit, place, work.effort.rounds,
+                     work.effort.repetitions.at(size));
+        }
+    }
+}
+
+/// Measures everything with copies of the samples, made in a folder that is left to the caller.
+void measureAll(const fs::path& samples, const fs::path& folder) {
+    std::vector<Place> places;
+    places.reserve(kSizes.size());
+    for (const int events : kSizes)
+        places.push_back(copySample(samples, events, folder));
+    planAll(places);
+    Results results;
+    benchmark::RunSpecifiedBenchmarks(&results);
+    std::cerr << '\n';
+    std::cout << tableOf(results);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        benchmark::Initialize(&argc, argv);
+        const std::vector<std::string> arguments(argv + 1, argv + argc);
+        if (arguments.size() != 2)
+            throw std::runtime_error(
+                "usage: tallybrook-bench SAMPLES FOLDER [--benchmark_filter=WORK]\n"
+                "       tallybrook-bench --peak-of-program|--peak-of-limit DATA");
+        if (arguments[0] == "--peak-of-program")
+            std::cout << peakOfProgram(arguments[1]);
+        else if (arguments[0] == "--peak-of-limit")
+            std::cout << peakOfLimit(arguments[1]);
+        else
+            measureAll(arguments[0], arguments[1]);
+        return 0;
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
+}

@@ -1,0 +1,148 @@
+#include "OwnScreens.h"
+
+#include <QAbstractScrollArea>
+#include <QAccessible>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTableView>
+#include <set>
+
+namespace tallybrook::test {
+
+using OwnScreensTest = OwnScreens;
+
+namespace {
+
+/// Fonts of twice their size, as long as it lives.
+class LargeFonts {
+public:
+    LargeFonts() {
+        QFont large = before_;
+        large.setPointSizeF(before_.pointSizeF() * 2);
+        QApplication::setFont(large);
+    }
+    ~LargeFonts() { QApplication::setFont(before_); }
+    LargeFonts(const LargeFonts&) = delete;
+    LargeFonts& operator=(const LargeFonts&) = delete;
+
+private:
+    QFont before_ = QApplication::font();
+};
+
+/// How wide a widget must be for all of its caption to be read; 0 for one without a caption.
+int widthOfCaption(const QWidget& widget) {
+    if (const auto* const label = qobject_cast<const QLabel*>(&widget))
+        return label->sizeHint().width();
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->sizeHint().width();
+    if (const auto* const box = qobject_cast<const QGroupBox*>(&widget))
+        return box->fontMetrics().horizontalAdvance(box->title());
+    return 0;
+}
+
+void expectWholeHeaders(const QWidget& widget) {
+    const auto* const table = qobject_cast<const QTableView*>(&widget);
+    for (int column = 0; table != nullptr && column < table->horizontalHeader()->count(); ++column)
+        EXPECT_GE(table->columnWidth(column), table->horizontalHeader()->sectionSizeHint(column)) << column;
+}
+
+void expectNothingCutOff(const Screen& screen, const ScreenWindow& window) {
+    const auto& area = dynamic_cast<const QScrollArea&>(*window.centralWidget());
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry())) << screen.name();
+    for (const Control* const control : screen.controls()) {
+        const QWidget* const shown = window.widgetOf(*control);
+        if (shown == nullptr || !shown->isVisibleTo(&window))
+            continue;
+        SCOPED_TRACE(screen.name() + "." + control->name());
+        EXPECT_GE(shown->width(), widthOfCaption(*shown));
+        EXPECT_GE(shown->width(), shown->minimumSizeHint().width());
+        EXPECT_GE(shown->height(), shown->minimumSizeHint().height());
+        EXPECT_TRUE(area.widget()->rect().contains({shown->mapTo(area.widget(), QPoint()), shown->size()}));
+        expectWholeHeaders(*shown);
+    }
+}
+
+/// What a screen reader stops at, and must have something to say of.
+bool isTold(const QAccessibleInterface& part) {
+    const std::set<QAccessible::Role> silent{QAccessible::Client,    QAccessible::Pane,
+                                             QAccessible::ScrollBar,
+                                             QAccessible::Cell,      QAccessible::Row,
+                                             QAccessible::ListItem,  QAccessible::TreeItem,
+                                             QAccessible::Separator, QAccessible::LayeredPane};
+    return !silent.contains(part.role()) && !part.state().invisible;
+}
+
+/// Adds the unnamed parts to a list, by their roles and the names of their widgets.
+void collectUnnamed(QAccessibleInterface* part, std::vector<std::string>& unnamed, int& named) {
+    if (part == nullptr || part->state().invisible || part->role() == QAccessible::ScrollBar)
+        return;
+    const bool hasName = !part->text(QAccessible::Name).isEmpty();
+    named += hasName ? 1 : 0;
+    if (isTold(*part) && !hasName)
+        unnamed.push_back(std::to_string(part->role()) + " " +
+                          (part->object() == nullptr ? "?" : part->object()->objectName().toStdString() + " " +
+                                                                 part->object()->metaObject()->className()));
+    for (int child = 0; child < part->childCount(); ++child)
+        collectUnnamed(part->child(child), unnamed, named);
+}
+
+QImage pictureOf(QWidget& widget) {
+    return widget.grab().toImage();
+}
+
+}  // namespace
+
+TEST_F(OwnScreensTest, NothingIsCutOff) {
+    tour([this] { expectNothingCutOff(screen(), window()); });
+}
+
+TEST_F(OwnScreensTest, NothingIsCutOffWithLargeFonts) {
+    const LargeFonts large;
+    tour([this] { expectNothingCutOff(screen(), window()); });
+}
+
+TEST_F(OwnScreensTest, FocusIsSeenOnEveryControl) {
+    tour([this] {
+        for (const Control* const one : screen().controls()) {
+            QWidget* const shown = window().widgetOf(*one);
+            if (shown == nullptr || !one->canTakeFocus())
+                continue;
+            // The toolkit's focus alone: the screen keeps its own, and its handlers do not run.
+            shown->setFocus(Qt::TabFocusReason);
+            const QImage with = pictureOf(*shown);
+            shown->clearFocus();
+            EXPECT_NE(pictureOf(*shown), with) << screen().name() << "." << one->name();
+        }
+        QTest::qWait(0);  // puts the focus back
+    });
+}
+
+TEST_F(OwnScreensTest, EverythingIsReadAloud) {
+    tour([this] {
+        std::vector<std::string> unnamed;
+        int named = 0;
+        collectUnnamed(QAccessible::queryAccessibleInterface(&window()), unnamed, named);
+        EXPECT_EQ(unnamed, std::vector<std::string>{}) << screen().name();
+        EXPECT_GT(named, 5) << screen().name();
+    });
+}
+
+TEST_F(OwnScreensTest, PinsAreToldAsTheyAre) {
+    beginEvent();
+    beginFrames();
+    click("optFirstNo");
+    QAccessibleInterface& pin =
+        *QAccessible::queryAccessibleInterface(display.widgetOf(control("chkFirstPinfall(7)")));
+    EXPECT_EQ(pin.role(), QAccessible::CheckBox);
+    EXPECT_EQ(pin.text(QAccessible::Name), "Pin 7, knocked down");
+    EXPECT_FALSE(pin.state().checked);
+    click("chkFirstPinfall(7)");
+    EXPECT_EQ(pin.text(QAccessible::Name), "Pin 7, standing");
+    EXPECT_TRUE(pin.state().checked);
+}
+
+}  // namespace tallybrook::test
