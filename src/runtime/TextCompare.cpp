@@ -100,6 +100,8 @@ int compareText(std::string_view a, std::string_view b) {
         a.remove_prefix(1);
         b.remove_prefix(1);
     }
+    if (a == b)
+        return 0;
     const auto left = folded(a);
     const auto right = folded(b);
     const auto order =

@@ -47,6 +47,14 @@ public:
     /// As Store::beforeFirstWrite().
     void beforeFirstWrite(std::function<void()> wait) { beforeFirstWrite_ = std::move(wait); }
 
+    /// As Store::whileAtWork().
+    void whileAtWork(std::function<void()> look) { whileAtWork_ = std::move(look); }
+    /// Work goes on, and nothing of the store is in the middle of something.
+    void noteWork() const {
+        if (whileAtWork_)
+            whileAtWork_();
+    }
+
     /// Understands a statement; errors as parseSelect().
     UnderstoodStatement understand(const std::string& sql);
 
@@ -75,6 +83,7 @@ private:
     std::uint64_t rollbacks_ = 0;
     std::vector<UnreadRows*> unread_;
     std::function<void()> beforeFirstWrite_;
+    std::function<void()> whileAtWork_;
 };
 
 /// Ends the use of a prepared statement, however it ends. What is bound stays, until the next use binds anew.

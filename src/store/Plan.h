@@ -27,8 +27,6 @@ public:
     [[nodiscard]] const Select& select() const { return select_; }
     [[nodiscard]] std::size_t fieldCount() const { return select_.fields.size(); }
 
-    /// Whether its rows are those of one event, or some of them.
-    [[nodiscard]] bool isOfOneEvent() const { return ahead_.has_value(); }
     /// Tells that a field was asked for.
     void want(std::size_t field) { wanted_[field] = true; }
 

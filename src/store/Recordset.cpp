@@ -26,6 +26,7 @@ class Recordset::Implementation {
 public:
     explicit Implementation(Store& store) : connection_(store.connection()) {}
 
+    void noteWork() const { connection_.noteWork(); }
     void open(const std::string& sql) {
         if (rows_)
             throw RunTimeError(error::kObjectOpen);
@@ -411,6 +412,7 @@ Recordset::Recordset(Store& store) : implementation_(std::make_unique<Implementa
 Recordset::~Recordset() = default;
 
 void Recordset::Open(const std::string& sql) {
+    implementation_->noteWork();
     implementation_->open(sql);
 }
 void Recordset::Close() {
@@ -447,6 +449,7 @@ void Recordset::AddNew() {
     implementation_->addNew();
 }
 void Recordset::Update() {
+    implementation_->noteWork();
     implementation_->update();
 }
 void Recordset::CancelUpdate() {

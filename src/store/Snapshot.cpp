@@ -90,11 +90,9 @@ std::int64_t Snapshot::key(std::size_t row) {
 Value Snapshot::value(std::size_t row, std::size_t field) {
     if (isOwn(row))
         return valuesOf(own_[row - read_.count])[field];
-    if (!read_.rows->projection().holds(field)) {
-        statement_.plan->want(field);
-        // A list shows all it has. Of one event, often just one more field is asked for.
-        readFields(std::exchange(hasMissed_, true) || !statement_.plan->isOfOneEvent());
-    }
+    statement_.plan->want(field);
+    if (!read_.rows->projection().holds(field))
+        readFields(std::exchange(hasMissed_, true));
     return read_.rows->value(read_.first + row, field);
 }
 

@@ -170,6 +170,10 @@ void Store::beforeFirstWrite(std::function<void()> wait) {
     connection_->beforeFirstWrite(std::move(wait));
 }
 
+void Store::whileAtWork(std::function<void()> look) {
+    connection_->whileAtWork(std::move(look));
+}
+
 std::vector<std::string> Store::fieldNames(const std::string& table) {
     std::vector<std::string> names;
     if (const Table* const found = findTable(table); found != nullptr) {
