@@ -114,10 +114,11 @@ void Application::takeLock() {
     try {
         lock_ = std::make_unique<InstanceLock>(file);
     } catch (const RunTimeError&) {
-        refuseToStart(program_.display,
-                      {.text = "The folder of the logbook cannot be used, since this file cannot be opened:\r\n" +
-                               file.string() + "\r\nPlease check the permissions of the folder and of the file.",
-                       .icon = Icon::Critical});
+        refuseToStart(
+            program_.display,
+            {.text = "The folder of the logbook cannot be used, since this file cannot be opened:\r\n" +
+                     file.string() + "\r\nPlease check the permissions of the folder and of the file.",
+             .icon = Icon::Critical});
     }
     if (!lock_->held())
         refuseToStart(program_.display,

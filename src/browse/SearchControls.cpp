@@ -6,20 +6,23 @@ namespace tallybrook {
 
 namespace {
 
-ControlArray<ComboBox> lists(Screen& screen, const std::string& name, int lastRow, int width) {
-    return {name, 0, lastRow, [&screen, width](int, const std::string& element) {
-                return std::make_unique<ComboBox>(screen, element, ListOptions{.width = width});
+ControlArray<ComboBox> lists(Screen& screen, const std::string& name, int lastRow, int width,
+                             const std::string& spoken) {
+    return {name, 0, lastRow, [&](int row, const std::string& element) {
+                auto list = std::make_unique<ComboBox>(screen, element, ListOptions{.width = width});
+                list->setSpokenName(spoken + ", row " + std::to_string(row + 1));
+                return list;
             }};
 }
 
 }  // namespace
 
 ControlArray<ComboBox> fieldLists(Screen& screen, const std::string& name, int lastRow) {
-    return lists(screen, name, lastRow, 18);
+    return lists(screen, name, lastRow, 18, "Search For");
 }
 
 ControlArray<ComboBox> operatorLists(Screen& screen, int lastRow) {
-    return lists(screen, "cboSearchOp", lastRow, 24);
+    return lists(screen, "cboSearchOp", lastRow, 24, "That");
 }
 
 ControlArray<TextBox> valueBoxes(Screen& screen, int lastRow) {

@@ -2,9 +2,9 @@
 
 #include "desktop/BoxWindow.h"
 #include "desktop/Dialogs.h"
-#include "style/OutlinedStyle.h"
 #include "desktop/QtText.h"
 #include "runtime/EndProgram.h"
+#include "style/OutlinedStyle.h"
 
 #include <QApplication>
 #include <QDir>
@@ -37,7 +37,8 @@ DesktopDisplay::~DesktopDisplay() {
 void DesktopDisplay::perform(const std::function<void()>& action) {
     if (program_->hasEnded())
         return;
-    ++performing_;
+    if (++performing_ == 1)
+        working_.start();
     try {
         program_->perform(action);
     } catch (...) {
@@ -114,20 +115,27 @@ void DesktopDisplay::ended() {
 
 QWidget* DesktopDisplay::prepareForBox() {
     notice_.reset();
+    endWork();
     refreshAll();
     return frontWindow();
 }
 
 Answer DesktopDisplay::messageBox(const MessageBox& box) {
-    return BoxWindow(box, prepareForBox()).ask();
+    const Answer answer = BoxWindow(box, prepareForBox()).ask();
+    working_.start();
+    return answer;
 }
 
 std::optional<std::string> DesktopDisplay::inputBox(const InputBox& box) {
-    return askForText(box, prepareForBox());
+    std::optional<std::string> given = askForText(box, prepareForBox());
+    working_.start();
+    return given;
 }
 
 std::optional<std::filesystem::path> DesktopDisplay::fileDialog(const FileDialog& dialog) {
-    return chooseFile(dialog, prepareForBox());
+    std::optional<std::filesystem::path> chosen = chooseFile(dialog, prepareForBox());
+    working_.start();
+    return chosen;
 }
 
 void DesktopDisplay::runTimeError(const RunTimeError& failure) {
@@ -171,11 +179,38 @@ Screen* DesktopDisplay::waitingScreen() const {
     return told == loaded.end() ? loaded.back() : *told;
 }
 
+// --- Long work ---------------------------------------------------------------------------------------------
+
+/// What takes long shows the busy pointer, be it told or not, and lets the windows draw themselves.
+void DesktopDisplay::atWork() {
+    constexpr qint64 kLong = 300;     // milliseconds
+    constexpr qint64 kBetween = 100;  // from one drawing to the next
+    if (performing_ == 0 || isRedrawing_ || !working_.hasExpired(kLong))
+        return;
+    if (QApplication::overrideCursor() == nullptr) {
+        pointer(Pointer::Busy);
+        isBusy_ = true;
+    }
+    if (redrawn_.isValid() && !redrawn_.hasExpired(kBetween))
+        return;
+    isRedrawing_ = true;
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    isRedrawing_ = false;
+    redrawn_.start();
+}
+
+/// Somebody is asked something: the pointer is as the screens have told.
+void DesktopDisplay::endWork() {
+    if (std::exchange(isBusy_, false))
+        pointer(Pointer::Default);
+}
+
 // --- Pointer, help, viewer ---------------------------------------------------------------------------------
 
 void DesktopDisplay::pointer(Pointer pointer) {
     while (QApplication::overrideCursor() != nullptr)
         QApplication::restoreOverrideCursor();
+    isBusy_ = false;
     if (pointer == Pointer::Busy)
         QApplication::setOverrideCursor(Qt::WaitCursor);
 }

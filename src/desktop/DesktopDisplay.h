@@ -58,12 +58,14 @@ public:
     void pointer(Pointer pointer) override;
     void help(HelpTopic topic) override;
     void startViewer(const std::filesystem::path& file) override;
+    void atWork() override;
     void retrying(std::string_view module, int tries) override;
     void runTimeError(const RunTimeError& failure) override;
     void ended() override;
 
 private:
     void refreshAll();
+    void endWork();
     /// Gets everything ready for a box: what it may be about is seen. Returns the window that it belongs to.
     QWidget* prepareForBox();
     [[nodiscard]] QWidget* frontWindow() const;
@@ -78,7 +80,11 @@ private:
     QElapsedTimer waiting_;
     std::exception_ptr failure_;
     Arrival lastArrival_ = Arrival::Arrived;
-    int performing_ = 0;  // how many actions are running, one within the other
+    QElapsedTimer working_;  // since the action began, or the last box in it was answered
+    QElapsedTimer redrawn_;  // since the windows were drawn during work
+    bool isRedrawing_ = false;
+    bool isBusy_ = false;  // whether the pointer is busy because the work takes long
+    int performing_ = 0;   // how many actions are running, one within the other
 };
 
 }  // namespace tallybrook

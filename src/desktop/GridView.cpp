@@ -12,6 +12,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
+#include <numeric>
 
 namespace tallybrook {
 
@@ -76,6 +78,10 @@ protected:
     }
 };
 
+int sum(const std::vector<int>& widths) {
+    return std::accumulate(widths.begin(), widths.end(), 0);
+}
+
 class GridTable : public StillView<QTableView> {
 public:
     GridTable(QWidget* parent, std::vector<GridColumn> columns)
@@ -94,18 +100,26 @@ public:
         verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
         horizontalHeader()->setHighlightSections(false);
         horizontalHeader()->setSectionsClickable(false);
+        connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+                [this] { isArranged_ = isArranged_ || !isSharing_; });
     }
 
     /// Makes rows and columns fit their texts in the font that there is by now.
     void fit() {
-        constexpr int kRoom = 12;  // pixels beside and between the texts
+        constexpr int kRoom = 12;       // pixels beside and between the texts
+        constexpr double kLeast = 0.6;  // of what a column wants
         verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRoom / 2);
+        wanted_.clear();
+        least_.clear();
         for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
             const int texts =
                 fontMetrics().averageCharWidth() * columns_[static_cast<std::size_t>(column)].width;
             const int header = horizontalHeader()->sectionSizeHint(column);
-            horizontalHeader()->resizeSection(column, std::max(texts + kRoom, header));
+            const int wanted = std::max(texts + kRoom, header);
+            wanted_.push_back(wanted);
+            least_.push_back(std::max(static_cast<int>(kLeast * wanted), header));
         }
+        shareRoom();
     }
 
     /// Selects a row, from 0; -1 for none. It comes into view if it was not selected before.
@@ -120,10 +134,7 @@ public:
         bringIntoView(index, EnsureVisible);
     }
 
-    [[nodiscard]] QSize sizeHint() const override {
-        constexpr int kWidest = 90;  // characters
-        return sizeOf(std::min(horizontalHeader()->length(), fontMetrics().averageCharWidth() * kWidest), 12);
-    }
+    [[nodiscard]] QSize sizeHint() const override { return sizeOf(sum(wanted_), 12); }
     [[nodiscard]] QSize minimumSizeHint() const override {
         return sizeOf(fontMetrics().averageCharWidth() * 30, 4);
     }
@@ -139,8 +150,29 @@ protected:
         if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
             fit();
     }
+    void resizeEvent(QResizeEvent* event) override {
+        StillView<QTableView>::resizeEvent(event);
+        shareRoom();
+    }
 
 private:
+    /// Gives each column what it wants; where there is no room for that, the wide ones go without some of it,
+    /// but for their headers. Columns that the user has made wider or narrower are left alone.
+    void shareRoom() {
+        if (isArranged_)
+            return;
+        const int spare = sum(wanted_) - sum(least_);
+        const int missing = sum(wanted_) - viewport()->width();
+        const double share = std::clamp(static_cast<double>(missing) / std::max(spare, 1), 0.0, 1.0);
+        isSharing_ = true;
+        for (std::size_t column = 0; column < wanted_.size(); ++column) {
+            const double given = share * (wanted_[column] - least_[column]);
+            horizontalHeader()->resizeSection(static_cast<int>(column),
+                                              wanted_[column] - static_cast<int>(std::ceil(given)));
+        }
+        isSharing_ = false;
+    }
+
     [[nodiscard]] QSize sizeOf(int width, int lines) const {
         const QSize bars(verticalScrollBar()->sizeHint().width(), horizontalScrollBar()->sizeHint().height());
         return QSize(width, horizontalHeader()->sizeHint().height() +
@@ -149,6 +181,10 @@ private:
     }
 
     std::vector<GridColumn> columns_;
+    std::vector<int> wanted_;  // the widths of the columns
+    std::vector<int> least_;   // and what they come down to where there is no room
+    bool isSharing_ = false;
+    bool isArranged_ = false;  // whether the user has changed the widths
 };
 
 class GridView : public ControlView {

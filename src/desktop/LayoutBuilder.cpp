@@ -33,6 +33,16 @@ bool isTall(const Layout& part) {
            part.control->kind() != Control::Kind::DriveList;
 }
 
+/// Cells fill their columns, and what stands in their middle is strong, as on a score sheet.
+void prepareCell(QLineEdit& cell) {
+    cell.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    if (!cell.alignment().testFlag(Qt::AlignHCenter))
+        return;
+    QFont strong = cell.font();
+    strong.setWeight(QFont::DemiBold);
+    cell.setFont(strong);
+}
+
 bool isOneWidget(const Layout& part) {
     return part.kind == Layout::Kind::Item || part.kind == Layout::Kind::Group;
 }
@@ -101,7 +111,7 @@ QLayout* LayoutBuilder::buildTable(const Layout& layout, QWidget& parent) const 
     fill(*grid, layout, layout.columns, parent);
     for (int i = 0; i < grid->count(); ++i) {
         if (auto* const cell = qobject_cast<QLineEdit*>(grid->itemAt(i)->widget()); cell != nullptr)
-            cell->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);  // cells fill their columns
+            prepareCell(*cell);
     }
     return grid;
 }

@@ -1,6 +1,7 @@
 #include "desktop/MenuBarView.h"
 
 #include "desktop/QtText.h"
+#include "shell/Person.h"
 #include "shell/Screen.h"
 
 #include <QMenu>
@@ -11,7 +12,8 @@ namespace {
 
 /// The shortcut is only shown: the keys are the screen's.
 QString captionOf(const Menu& menu) {
-    return toQt(menu.caption()) + (menu.shortcut().empty() ? QString() : "\t" + toQt(menu.shortcut()));
+    const std::string keys = person::keysOf(menu);
+    return toQt(menu.caption()) + (keys.empty() ? QString() : "\t" + toQt(keys));
 }
 
 }  // namespace

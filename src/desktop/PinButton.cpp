@@ -12,24 +12,25 @@ constexpr double kInset = 3.5;  // of the ring from the edge: room for the mark 
 
 }  // namespace
 
-PinButton::PinButton(QWidget* parent) : QAbstractButton(parent) {
-    setCheckable(true);
+PinButton::PinButton(QWidget* parent) : QCheckBox(parent) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize PinButton::sizeHint() const {
-    const int side = fontMetrics().height() + 16;
+    constexpr int kAroundNumber = 20;
+    const int side = fontMetrics().height() + kAroundNumber;
     return {side, side};
+}
+
+bool PinButton::hitButton(const QPoint& place) const {
+    return rect().contains(place);
 }
 
 // A standing pin is a full disc with a bold number, one that is down an empty ring. What is off is paler,
 // with a dotted ring.
 void PinButton::paintEvent(QPaintEvent* /*event*/) {
-    constexpr double kPale = 0.4;
-    const QColor ground = palette().color(QPalette::Active, QPalette::Window);
-    const QColor strong = palette().color(QPalette::Active, QPalette::WindowText);
-    const QColor ink = isEnabled() ? strong : between(strong, ground, kPale);
-    const QColor inside = isEnabled() ? palette().color(QPalette::Base) : ground;
+    const QColor ink = palette().color(QPalette::WindowText);
+    const QColor inside = palette().color(QPalette::Active, isEnabled() ? QPalette::Base : QPalette::Window);
     const QRectF ring = QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset);
 
     QPainter painter(this);
@@ -46,7 +47,7 @@ void PinButton::paintEvent(QPaintEvent* /*event*/) {
 
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setPen(QPen(focusColour(palette()), 2));
         painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
     }
 }

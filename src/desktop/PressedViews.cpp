@@ -2,9 +2,9 @@
 
 #include "desktop/PinButton.h"
 #include "desktop/QtText.h"
+#include "desktop/RoomyButton.h"
 
 #include <QCheckBox>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
 
@@ -16,14 +16,6 @@ bool isOn(const Control& control) {
     return control.kind() == Control::Kind::OptionButton ? static_cast<const OptionButton&>(control).value()
                                                          : static_cast<const CheckBox&>(control).value();
 }
-
-/// A button with some room around its caption.
-class RoomyButton : public QPushButton {
-public:
-    using QPushButton::QPushButton;
-    [[nodiscard]] QSize sizeHint() const override { return QPushButton::sizeHint() + QSize(16, 4); }
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-};
 
 class PressedView : public ControlView {
 public:
@@ -55,7 +47,7 @@ public:
 
 protected:
     [[nodiscard]] QString spokenName() const override {
-        return "Pin " + PressedView::spokenName() + (isOn(control()) ? ", standing" : ", down");
+        return "Pin " + PressedView::spokenName() + (isOn(control()) ? ", standing" : ", knocked down");
     }
 };
 

@@ -8,12 +8,14 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 namespace tallybrook {
@@ -22,7 +24,7 @@ namespace {
 
 constexpr QMargins kMargins{18, 14, 18, 18};  // around the content, in pixels
 constexpr int kBetweenBlocks = 14;
-constexpr QSize kSmallest{480, 360};
+constexpr QSize kSmallest{440, 260};
 constexpr QSize kTitleBar{8, 32};  // room that the frame of a window takes
 
 bool isTextBox(const Control* control) {
@@ -47,6 +49,7 @@ ScreenWindow::ScreenWindow(Screen& screen, ActionTaker& taker)
     setWindowTitle(toQt(screen.caption()));
     setCentralWidget(area_);
     nameWidgets();
+    menuBar()->setAccessibleName("Menu");
     installEventFilter(this);
     leaveMenusAtOnce();
     refresh();
@@ -60,6 +63,8 @@ QScrollArea* ScreenWindow::buildContent() {
     QLayout* const layout = builder.build(screen_->layout(), *content);
     layout->setContentsMargins(kMargins);
     layout->setSpacing(kBetweenBlocks);
+    if (hasOnlyMenus())
+        layout->addWidget(page_ = new MenuPage(*screen_, menus_));
     content->setLayout(layout);
 
     auto* const area = new QScrollArea;
@@ -68,6 +73,11 @@ QScrollArea* ScreenWindow::buildContent() {
     area->setFocusPolicy(Qt::NoFocus);
     area->setWidget(content);
     return area;
+}
+
+/// Whether nothing in the content of the window can be used.
+bool ScreenWindow::hasOnlyMenus() const {
+    return std::ranges::none_of(views_, [](const auto& view) { return view.first->isFocusable(); });
 }
 
 QWidget& ScreenWindow::makeWidget(Control& control, QWidget& parent) {
@@ -87,11 +97,15 @@ void ScreenWindow::watch(QWidget& widget, Control& control) {
     controls_.insert(&widget, &control);
 }
 
-/// Gives boxes and lists the names that they are read aloud with: those of their labels, else their tips.
+/// Gives boxes and lists the names that they are read aloud with: those of their labels, else those that the
+/// screen tells, else their tips.
 void ScreenWindow::nameWidgets() {
     for (const auto& [control, view] : views_) {
-        if (needsLabel(control))
+        if (!control->spokenName().empty())
+            view->widget().setAccessibleName(toQt(control->spokenName()));
+        else if (needsLabel(control))
             view->widget().setAccessibleName(toQt(control->tip()));
+        view->widget().setAccessibleDescription(toQt(control->tip()));
     }
     for (const auto& [control, view] : views_) {
         auto* const label = qobject_cast<QLabel*>(&view->widget());
@@ -128,6 +142,8 @@ void ScreenWindow::refresh() {
     for (const auto& [control, view] : views_)
         view->refresh();
     menus_.refresh();
+    if (page_ != nullptr)
+        page_->refresh();
     followFocus();
 }
 
@@ -141,6 +157,8 @@ void ScreenWindow::followFocus() {
     if (target == nullptr)
         return current->clearFocus();
     target->setFocus(Qt::OtherFocusReason);
+    if (QWidget* const group = target->parentWidget(); qobject_cast<QGroupBox*>(group) != nullptr)
+        area_->ensureWidgetVisible(group);
     area_->ensureWidgetVisible(target);
 }
 
@@ -175,6 +193,9 @@ void ScreenWindow::placeOnScreen() {
     if (wanted.height() > largest.height())
         wanted.rwidth() += area_->verticalScrollBar()->sizeHint().width();
     resize(wanted.expandedTo(kSmallest).boundedTo(largest));
+    layout()->activate();  // only now the menu bar is as high as it will be
+    const int missing = std::max(0, area_->widget()->sizeHint().height() - area_->height());
+    resize((size() + QSize(0, missing)).boundedTo(largest));
     move(available.center() - rect().center());
 }
 

@@ -3,6 +3,7 @@
 #include "desktop/ActionTaker.h"
 #include "desktop/ControlView.h"
 #include "desktop/MenuBarView.h"
+#include "desktop/MenuPage.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -38,6 +39,7 @@ protected:
 
 private:
     QScrollArea* buildContent();
+    [[nodiscard]] bool hasOnlyMenus() const;
     QWidget& makeWidget(Control& control, QWidget& parent);
     void watch(QWidget& widget, Control& control);
     void nameWidgets();
@@ -71,6 +73,7 @@ private:
     std::map<const Control*, std::unique_ptr<ControlView>> views_;
     QHash<QObject*, Control*> controls_;  // by what receives their events
     MenuBarView menus_;
+    MenuPage* page_ = nullptr;  // only of a screen that has nothing but menus
     QScrollArea* area_;
     bool isPlaced_ = false;
 

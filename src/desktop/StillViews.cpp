@@ -1,10 +1,13 @@
 #include "desktop/StillViews.h"
 
 #include "desktop/QtText.h"
+#include "desktop/TitledBox.h"
+#include "shell/Screen.h"
 
-#include <QGroupBox>
+#include <QFileInfo>
 #include <QLabel>
 #include <QSvgWidget>
+#include <algorithm>
 
 namespace tallybrook {
 
@@ -27,31 +30,62 @@ public:
     LabelView(Label& label, QWidget& parent)
         : ControlView(label), label_(new QLabel(&parent)), names_(label.names() != nullptr) {
         label_->setTextFormat(Qt::PlainText);
-        label_->setFont(fontFor(label.look(), label_->font()));
     }
     [[nodiscard]] QWidget& widget() const override { return *label_; }
 
 protected:
     void refreshContent() override {
-        const std::string& caption = control().caption();
+        const std::string& caption = label().caption();
+        label_->setFont(fontFor(label().look(), label_->parentWidget()->font()));
+        showWhetherCurrent(label().look() == LabelLook::Current);
         label_->setText(names_ ? toQt(caption).trimmed() : spoken(caption));
     }
 
 private:
+    void showWhetherCurrent(bool isCurrent) {
+        constexpr int kAround = 2;  // pixels around the text
+        label_->setAutoFillBackground(isCurrent);
+        label_->setBackgroundRole(isCurrent ? QPalette::Highlight : QPalette::NoRole);
+        label_->setForegroundRole(isCurrent ? QPalette::HighlightedText : QPalette::NoRole);
+        label_->setMargin(isCurrent ? kAround : 0);
+        label_->setIndent(isCurrent ? 2 * kAround : -1);
+    }
+    [[nodiscard]] const Label& label() const { return static_cast<const Label&>(control()); }
+
     QLabel* label_;
     bool names_;
 };
 
 class FrameView : public ControlView {
 public:
-    FrameView(Control& frame, QWidget& parent) : ControlView(frame), box_(new QGroupBox(&parent)) {}
+    FrameView(Control& frame, QWidget& parent) : ControlView(frame), box_(new TitledBox(&parent)) {}
     [[nodiscard]] QWidget& widget() const override { return *box_; }
 
 protected:
-    void refreshContent() override { box_->setTitle(spoken(control().caption())); }
+    void refreshContent() override {
+        box_->setTitle(spoken(control().caption()));
+        box_->setStanding(standing());
+    }
 
 private:
-    QGroupBox* box_;
+    [[nodiscard]] bool holds(const Control& other) const {
+        const Control* above = other.above();
+        while (above != nullptr && above != &control())
+            above = above->above();
+        return above != nullptr;
+    }
+
+    [[nodiscard]] TitledBox::Standing standing() const {
+        const Screen& screen = control().screen();
+        if (screen.focused() != nullptr && holds(*screen.focused()))
+            return TitledBox::Standing::Current;
+        const bool isReady = std::ranges::any_of(screen.controls(), [this](const Control* other) {
+            return other->canTakeFocus() && holds(*other);
+        });
+        return isReady ? TitledBox::Standing::Ready : TitledBox::Standing::Off;
+    }
+
+    TitledBox* box_;
 };
 
 class PictureView : public ControlView {
@@ -59,7 +93,7 @@ public:
     PictureView(Picture& picture, QWidget& parent)
         : ControlView(picture), picture_(new QSvgWidget(":/pictures/" + toQt(picture.file()), &parent)) {
         picture_->setFixedSize(picture.size(), picture.size());
-        picture_->setAccessibleName("Picture");
+        picture_->setAccessibleName(QFileInfo(toQt(picture.file())).baseName());
     }
     [[nodiscard]] QWidget& widget() const override { return *picture_; }
 

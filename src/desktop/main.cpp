@@ -1,8 +1,9 @@
 #include "app/Application.h"
+#include "desktop/BoxWindow.h"
 #include "desktop/DesktopDisplay.h"
+#include "runtime/OwnFiles.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <exception>
 
 namespace {
@@ -23,6 +24,7 @@ void run(tallybrook::Application& program, tallybrook::DesktopDisplay& display) 
 }  // namespace
 
 int main(int argc, char** argv) {
+    tallybrook::keepFilesToOneself();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("Tallybrook");
     try {
@@ -32,7 +34,7 @@ int main(int argc, char** argv) {
         run(program, display);
         return 0;
     } catch (const std::exception& failure) {
-        QMessageBox::critical(nullptr, "Tallybrook", failure.what());
+        tallybrook::BoxWindow({.text = failure.what(), .icon = tallybrook::Icon::Critical}, nullptr).ask();
         return 1;
     }
 }

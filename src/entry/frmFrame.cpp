@@ -73,6 +73,13 @@ frmFrame::frmFrame(Program& owner)
     setTabOrder({&txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &firstBall.optYes, &firstBall.optNo,
                  &txtComment, &cmdNextFrame, &cmdPrevFrame, &cmdReset, &cmdPrevious, &cmdRetMain, &cmdExit});
 
+    fraLineScore.setSpokenName("Score sheet");
+    txtTotScore.setSpokenName("Total Score");
+    for (int frame = 1; frame <= kFrames; ++frame) {
+        txtCount(frame).setSpokenName("Frame " + std::to_string(frame) + ", pins");
+        txtScore(frame).setSpokenName("Frame " + std::to_string(frame) + ", score");
+    }
+
     cmdNextFrame.onClick = [this] { cmdNextFrame_Click(); };
     cmdPrevFrame.onClick = [this] { cmdPrevFrame_Click(); };
     cmdReset.onClick = [this] { cmdReset_Click(); };
@@ -82,6 +89,7 @@ frmFrame::frmFrame(Program& owner)
     mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
     mnuAbout.onClick = [this] { showAbout(program()); };
 
+    txtFrameNum.onChange = [this] { markFrame(); };
     txtLaneNum.onLostFocus = [this] { txtLaneNum_LostFocus(); };
     txtBallUsed.onLostFocus = [this] { mBallUsed = txtBallUsed.text(); };
     txtFootPos.onLostFocus = [this] { mFootPos = txtFootPos.text(); };
@@ -280,6 +288,14 @@ void frmFrame::readFrame(const Handler& step) {
     read(mFirstRes, "fldFirstBallRes");
     read(mSecondRes, "fldSecondBallRes");
     read(mFillRes, "fldFillBallRes");
+}
+
+/// Shows on the score sheet which frame is being entered.
+void frmFrame::markFrame() {
+    for (int frame = 1; frame <= kFrames; ++frame) {
+        const bool isCurrent = txtFrameNum.text() == std::to_string(frame);
+        lblFraNum(frame).setLook(isCurrent ? LabelLook::Current : LabelLook::Plain);
+    }
 }
 
 void frmFrame::showPins(const Handler& step) {

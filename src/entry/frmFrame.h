@@ -133,6 +133,7 @@ private:
     void loadHeader(const Handler& step);
     void loadFrames(const Handler& step);
     void readFrame(const Handler& step);
+    void markFrame();
     void showPins(const Handler& step);
     void prepareEntry(const Handler& step);
     void leaveFullGame();

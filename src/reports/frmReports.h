@@ -11,7 +11,7 @@ class frmReports : public Screen {
 public:
     explicit frmReports(Program& owner);
 
-    Picture imgTbrk{*this, "imgTbrk", "logo.svg", 96};
+    Picture imgTbrk{*this, "imgTbrk", "logo.svg", 64};
     Label lblTitle{*this, "lblTitle", "Reports", LabelLook::Heading};
 
     Menu mnuFile{*this, "mnuFile", "&File"};

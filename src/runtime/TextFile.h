@@ -78,8 +78,8 @@ std::error_code bringToDisk(const std::filesystem::path& path);
 void replaceFile(const std::filesystem::path& file, const std::function<void(TextWriter&)>& write);
 
 /// Copies a file over what is there, whole or not at all, and so that it is on the disk afterwards. What is
-/// there keeps its permissions; a new file is its user's alone. Error 53 where there is no source, 76 where the
-/// target's folder is missing, 61 where the disk is full, 70 for any other refusal.
+/// there keeps its permissions; a new file is its user's alone. Error 53 where there is no source, 76 where
+/// the target's folder is missing, 61 where the disk is full, 70 for any other refusal.
 void copyFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Deletes a file. Error 53 where there is none, 70 for any other refusal.

@@ -1,5 +1,6 @@
 #include "shell/Control.h"
 
+#include "runtime/Ascii.h"
 #include "runtime/TextCompare.h"
 #include "shell/Screen.h"
 
@@ -129,7 +130,18 @@ Menu::Menu(Place place, std::string name, std::string caption, std::string short
 
 Menu::Menu(Place place, std::string name, std::string caption, const Control& runs)
     : Menu(place, std::move(name), std::move(caption)) {
+    runs_ = &runs;
     onClick = [&runs] { runs.click(); };
+}
+
+std::optional<char> accessLetter(const Control& control) {
+    const std::string& caption = control.caption();
+    for (std::size_t at = caption.find('&'); at != std::string::npos && at + 1 < caption.size();
+         at = caption.find('&', at + 2)) {
+        if (caption[at + 1] != '&')
+            return toUpper(caption[at + 1]);
+    }
+    return std::nullopt;
 }
 
 }  // namespace tallybrook

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -67,6 +68,10 @@ public:
     [[nodiscard]] const std::string& tip() const { return tip_; }
     void setTip(std::string tip) { tip_ = std::move(tip); }
 
+    /// What it is called when it is read aloud, where neither a caption nor a label nor a tip tells.
+    [[nodiscard]] const std::string& spokenName() const { return spokenName_; }
+    void setSpokenName(std::string name) { spokenName_ = std::move(name); }
+
     /// Its own state, whatever stands above it. Disabling or hiding the control that has the focus hands the
     /// focus to the next one in the tab order, without the control being left.
     void setEnabled(bool enabled);
@@ -113,10 +118,14 @@ private:
     std::string name_;
     std::string caption_;
     std::string tip_;
+    std::string spokenName_;
     bool enabled_ = true;
     bool visible_ = true;
     bool tabStop_ = true;
 };
+
+/// The letter, in upper case, that reaches a control with Alt; nothing if its caption marks none.
+std::optional<char> accessLetter(const Control& control);
 
 /// How a text box differs from a plain one.
 struct TextBoxOptions {
@@ -224,7 +233,8 @@ private:
     bool value_ = false;
 };
 
-enum class LabelLook { Plain, Heading, Strong };
+/// Of several labels beside each other the current one names what is being worked on.
+enum class LabelLook { Plain, Heading, Strong, Current };
 
 class Label : public Control {
 public:
@@ -233,6 +243,7 @@ public:
     Label(Place place, std::string name, std::string caption, Control& names);
 
     [[nodiscard]] LabelLook look() const { return look_; }
+    void setLook(LabelLook look) { look_ = look; }
     [[nodiscard]] Control* names() const { return names_; }
 
 private:
@@ -254,11 +265,14 @@ public:
     Menu(Place place, std::string name, std::string caption, const Control& runs);
 
     [[nodiscard]] const std::string& shortcut() const { return shortcut_; }
+    /// The button whose click the entry runs; nullptr if it has one of its own.
+    [[nodiscard]] const Control* runs() const { return runs_; }
     [[nodiscard]] const std::vector<Menu*>& entries() const { return entries_; }
     [[nodiscard]] bool isEntry() const { return entries_.empty(); }
 
 private:
     std::string shortcut_;
+    const Control* runs_ = nullptr;
     std::vector<Menu*> entries_;
 };
 

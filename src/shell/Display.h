@@ -84,6 +84,10 @@ public:
     /// EndHandler, or end the program by throwing EndProgram.
     virtual void retrying(std::string_view module, int tries) = 0;
 
+    /// Something is being done that may take long; comes often. A display may show that, and draw its
+    /// windows.
+    virtual void atWork() {}
+
     /// Shows a failure that nothing has caught. The program ends after it.
     virtual void runTimeError(const RunTimeError& failure) = 0;
     /// The program has ended: no screen is left.

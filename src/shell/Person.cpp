@@ -2,6 +2,7 @@
 
 #include "runtime/Ascii.h"
 #include "runtime/TextCompare.h"
+#include "shell/Rack.h"
 
 #include <algorithm>
 #include <array>
@@ -26,17 +27,6 @@ bool isPressed(const Control& control) {
 TextBox* asTextBox(Control* control) {
     return control != nullptr && control->kind() == Control::Kind::TextBox ? static_cast<TextBox*>(control)
                                                                            : nullptr;
-}
-
-/// The letter, in upper case, that reaches the control with Alt; nothing if its caption marks none.
-std::optional<char> accessLetter(const Control& control) {
-    const std::string& caption = control.caption();
-    for (std::size_t at = caption.find('&'); at != std::string::npos && at + 1 < caption.size();
-         at = caption.find('&', at + 2)) {
-        if (caption[at + 1] != '&')
-            return toUpper(caption[at + 1]);
-    }
-    return std::nullopt;
 }
 
 /// Whether Alt with this letter reaches the control: by its own caption, or by a label that names it.
@@ -120,11 +110,17 @@ Press pressSpace(const Screen& screen) {
     return focused != nullptr && isPressed(*focused) ? pressClick(focused) : Press{};
 }
 
-Press pressArrow(const Screen& screen, bool backwards) {
+/// An arrow key leads over a rack as it is laid out, and among other options and check boxes round and round.
+Press pressArrow(const Screen& screen, const std::string& key) {
     Control* const focused = screen.focused();
-    if (focused == nullptr || !isPressed(*focused) || isButton(*focused))
+    if (focused == nullptr || !isPressed(*focused))
         return {};
-    Control* const target = neighbour(*focused, backwards);
+    const bool isSideways = key == "Left" || key == "Right";
+    Control* target = nullptr;
+    if (isOnRack(*focused) && (isPin(*focused) || !isSideways))
+        target = besideOnRack(*focused, key);
+    else if (!isButton(*focused))
+        target = neighbour(*focused, key == "Up" || key == "Left");
     return target == nullptr ? Press{} : used(arrive(*target), target);
 }
 
@@ -376,6 +372,16 @@ Key readKey(std::string_view text) {
     return key;
 }
 
+std::string keysOf(const Menu& entry) {
+    const std::optional<char> letter = entry.runs() == nullptr ? std::nullopt : accessLetter(*entry.runs());
+    if (!entry.shortcut().empty() || !letter)
+        return entry.shortcut();
+    const auto reached = std::ranges::count_if(entry.screen().controls(), [&](const Control* control) {
+        return control->isFocusable() && isReachedBy(*control, *letter);
+    });
+    return reached == 1 ? std::string("Alt+") + *letter : std::string();
+}
+
 Control* reachedBy(const Screen& screen, const Key& key) {
     if (!key.alt || key.name.size() != 1)
         return nullptr;
@@ -482,10 +488,8 @@ Press press(Screen& screen, const Key& key) {
         return pressClick(standingButton(screen, &ButtonOptions::isCancel));
     if (key.name == "Space")
         return pressSpace(screen);
-    if (key.name == "Up" || key.name == "Left")
-        return pressArrow(screen, true);
-    if (key.name == "Down" || key.name == "Right")
-        return pressArrow(screen, false);
+    if (key.name == "Up" || key.name == "Left" || key.name == "Down" || key.name == "Right")
+        return pressArrow(screen, key.name);
     return pressShortcut(screen, key);
 }
 

@@ -26,6 +26,10 @@ Key readKey(std::string_view text);
 /// several the next one after the focus. nullptr if there is none, or the key is no such key.
 Control* reachedBy(const Screen& screen, const Key& key);
 
+/// The key that does what a menu entry does: its shortcut, or Alt with the letter of the button that it runs,
+/// where that letter reaches nothing else on the screen; empty if there is none.
+std::string keysOf(const Menu& entry);
+
 /// Moves the focus to a control by mouse or keyboard.
 Arrival arrive(Control& control);
 

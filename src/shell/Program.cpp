@@ -30,6 +30,7 @@ Backups& Program::backups() {
 
 void Program::openLogbook() {
     store_ = std::make_unique<Store>(logbookFile(), clock);
+    store_->whileAtWork([this] { display.atWork(); });
     backups_ = std::make_unique<Backups>(*store_, logbookFile(), clock);
     backups_->begin();
 }

@@ -11,6 +11,7 @@ frmAbout::frmAbout(Program& owner) : Screen(owner, "frmAbout", "About Tallybrook
                          "Your logbook stays on this machine: nothing is sent anywhere.",
                          "You may use and copy the program for your own bowling.",
                          "Copyright \u00a9 the Tallybrook team. All rights reserved."}));
+    Text1.setSpokenName("About Tallybrook");
     cmdAboutOK.onClick = [this] { screens().unload(*this); };
 }
 

@@ -11,7 +11,7 @@ class frmMain : public Screen {
 public:
     explicit frmMain(Program& owner);
 
-    Picture imgLogo{*this, "imgLogo", "logo.svg", 160};
+    Picture imgLogo{*this, "imgLogo", "logo.svg", 64};
     Label lblTitle{*this, "lblTitle", "Main Menu", LabelLook::Heading};
 
     Menu mnuFile{*this, "mnuFile", "&File"};

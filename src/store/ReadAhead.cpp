@@ -66,13 +66,11 @@ std::optional<RowRange> ReadAhead::find(const Question& question,
 /// False if not all that is asked for is whole numbers.
 bool ReadAhead::takeWanted(const std::vector<Value>& values) {
     wanted_.clear();
-    for (const std::size_t i : criteria_) {
+    return std::ranges::all_of(criteria_, [&](std::size_t i) {
         const std::optional<std::int64_t> number = wholeNumberIn(std::get<double>(values[i]));
-        if (!number)
-            return false;
-        wanted_.push_back(*number);
-    }
-    return true;
+        wanted_.push_back(number.value_or(0));
+        return number.has_value();
+    });
 }
 
 void ReadAhead::startAnew(const Question& question, const std::shared_ptr<const Projection>& projection) {

@@ -42,8 +42,8 @@ public:
     /// must raise no error.
     void beforeFirstWrite(std::function<void()> wait);
 
-    /// Calls `look` again and again while work goes on: before each opening of a recordset and each storing of a
-    /// row. It may read the logbook, and must raise no error.
+    /// Calls `look` again and again while work goes on: before each opening of a recordset and each storing
+    /// of a row. It may read the logbook, and must raise no error.
     void whileAtWork(std::function<void()> look);
 
     class Connection;

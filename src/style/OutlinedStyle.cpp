@@ -17,43 +17,77 @@ struct Outline {
     double radius;  // of the corners, in pixels
 };
 
-constexpr std::array<Outline, 4> kOutlines{{
+constexpr std::array<Outline, 6> kOutlines{{
     {QStyle::PE_PanelLineEdit, 2},
+    {QStyle::PE_PanelButtonCommand, 2},
     {QStyle::PE_Frame, 2},
+    {QStyle::PE_FrameFocusRect, 2},
     {QStyle::PE_IndicatorCheckBox, 2},
     {QStyle::PE_IndicatorRadioButton, 99},
 }};
 
-bool isDark(const QPalette& palette) {
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+/// Whether the element shows by its outline that it has the focus; others have a focus rectangle beside them.
+bool marksFocus(QStyle::PrimitiveElement element) {
+    return element != QStyle::PE_IndicatorCheckBox && element != QStyle::PE_IndicatorRadioButton;
 }
 
-QColor faint(const QPalette& palette) {
-    constexpr double kFaint = 0.6;
-    return between(palette.color(QPalette::Active, QPalette::WindowText),
-                   palette.color(QPalette::Active, QPalette::Window), kFaint);
+/// Makes a text stand out from the grounds that it is drawn on.
+void makeReadable(QPalette& palette, QPalette::ColorGroup group, QPalette::ColorRole text,
+                  std::initializer_list<QPalette::ColorRole> grounds, double wanted = kTextContrast) {
+    QColor colour = palette.color(group, text);
+    for (const QPalette::ColorRole ground : grounds)
+        colour = contrasting(colour, palette.color(group, ground), wanted);
+    palette.setColor(group, text, colour);
 }
 
-void draw(const Outline& outline, const QColor& colour, const QStyleOption& option, QPainter& painter) {
-    const QRectF rect = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    const double radius = std::min(outline.radius, rect.width() / 2);
+/// Makes what is chosen stand out from its text, whose colour is also drawn elsewhere.
+void makeChoiceReadable(QPalette& palette, QPalette::ColorGroup group) {
+    palette.setColor(group, QPalette::Highlight,
+                     contrasting(palette.color(group, QPalette::Highlight),
+                                 palette.color(group, QPalette::HighlightedText), kTextContrast));
+}
+
+void drawOutline(const QRect& place, double radius, const QStyleOption& option, QPainter& painter,
+                 bool hasFocus) {
+    const bool isQuiet =
+        !option.state.testFlag(QStyle::State_Enabled) || option.state.testFlag(QStyle::State_ReadOnly);
+    constexpr double kPale = 0.5;
+    const QColor outline = outlineColour(option.palette);
+    const QColor window = option.palette.color(QPalette::Active, QPalette::Window);
+    const double width = hasFocus ? 2 : 1;
+    const double inset = width / 2;
+    const QRectF rect = QRectF(place).adjusted(inset, inset, -inset, -inset);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(colour);
-    painter.drawRoundedRect(rect, radius, radius);
+    painter.setPen(QPen(hasFocus  ? focusColour(option.palette)
+                        : isQuiet ? between(outline, window, kPale)
+                                  : outline,
+                        width));
+    painter.drawRoundedRect(rect, std::min(radius, rect.width() / 2), std::min(radius, rect.width() / 2));
     painter.restore();
 }
 
 }  // namespace
 
-/// Desktops that tell no colour for the texts of empty boxes would get a black one.
+/// Desktops tell no colour for the texts of empty boxes, which would be black, and many tell pale ones for
+/// what is off, and texts of rows chosen that are hard to read.
 void OutlinedStyle::polish(QPalette& palette) {
     constexpr double kQuiet = 0.7;
     QProxyStyle::polish(palette);
     palette.setColor(QPalette::PlaceholderText,
                      between(palette.color(QPalette::Active, QPalette::Base),
                              palette.color(QPalette::Active, QPalette::Text), kQuiet));
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        makeReadable(palette, group, QPalette::PlaceholderText, {QPalette::Base});
+        makeReadable(palette, group, QPalette::Link, {QPalette::Base});
+        makeReadable(palette, group, QPalette::LinkVisited, {QPalette::Base});
+        makeChoiceReadable(palette, group);
+    }
+    makeReadable(palette, QPalette::Disabled, QPalette::WindowText, {QPalette::Window}, kShapeContrast);
+    makeReadable(palette, QPalette::Disabled, QPalette::ButtonText, {QPalette::Button}, kShapeContrast);
+    makeReadable(palette, QPalette::Disabled, QPalette::Text, {QPalette::Window, QPalette::Base},
+                 kShapeContrast);
 }
 
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
@@ -62,11 +96,16 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
     const auto* const outline = std::ranges::find(kOutlines, element, &Outline::element);
     if (outline == kOutlines.end() || !isPlain())
         return;
-    const bool hasFocus = option->state.testFlag(State_HasFocus);
-    if (hasFocus && element == PE_Frame)  // other elements have a mark of their own
-        draw(*outline, option->palette.color(QPalette::Active, QPalette::Highlight), *option, *painter);
-    else if (!hasFocus && isDark(option->palette))
-        draw(*outline, faint(option->palette), *option, *painter);
+    const bool hasFocus = option->state.testFlag(State_HasFocus) && marksFocus(element);
+    if (hasFocus || element != PE_FrameFocusRect)
+        drawOutline(option->rect, outline->radius, *option, *painter, hasFocus);
+}
+
+void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                       QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (isPlain() && control == CC_ComboBox)
+        drawOutline(option->rect, 2, *option, *painter, option->state.testFlag(State_HasFocus));
 }
 
 int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {

@@ -4,16 +4,18 @@
 
 namespace tallybrook {
 
-/// The desktop's own style. The toolkit's plain one, which draws its outlines darker than the window whatever
-/// the colours, gets outlines that are seen on a dark window too; and lists and grids get a mark where the
-/// focus is, and some room around their texts. What empty boxes say is readable whatever the desktop's
-/// colours.
+/// The desktop's own style. The toolkit's plain one, which draws its outlines hardly darker than the window
+/// whatever the colours, gets outlines that are seen on any window, a mark around whatever has the focus, and
+/// some room around the texts of lists and grids. What empty boxes say, what is off and what is chosen is
+/// readable whatever the desktop's colours.
 class OutlinedStyle : public QProxyStyle {
 public:
     using QProxyStyle::polish;
     void polish(QPalette& palette) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                   const QWidget* widget) const override;
     [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,

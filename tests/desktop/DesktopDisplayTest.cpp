@@ -1,6 +1,7 @@
 #include "Desktop.h"
 #include "runtime/EndProgram.h"
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -50,6 +51,41 @@ TEST_F(DesktopDisplayTest, WindowsComeAndGoWithTheirScreens) {
     EXPECT_TRUE(window().isVisible());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(other.isNull());
+}
+
+/// Work until the pointer tells that it is long; given up after some seconds.
+void workUntilBusy(DesktopDisplay& display) {
+    QElapsedTimer given;
+    given.start();
+    while (QApplication::overrideCursor() == nullptr && !given.hasExpired(10'000))
+        display.atWork();
+}
+
+TEST_F(DesktopDisplayTest, LongWorkShowsTheBusyPointerAndDrawsTheWindows) {
+    bool isDrawn = false;
+    display.perform([&] {
+        display.atWork();
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);  // it has only begun
+        QMetaObject::invokeMethod(
+            &window(), [&isDrawn] { isDrawn = true; }, Qt::QueuedConnection);
+        workUntilBusy(display);
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    });
+    EXPECT_TRUE(isDrawn);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DesktopDisplayTest, BoxInLongWorkHasTheUsualPointer) {
+    hands.expect([](QDialog& box) {
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        box.accept();
+    });
+    display.perform([&] {
+        workUntilBusy(display);
+        ASSERT_NE(QApplication::overrideCursor(), nullptr);
+        display.messageBox({.text = "Done."});
+    });
 }
 
 TEST_F(DesktopDisplayTest, WindowIsRaisedAndRestored) {

@@ -1,8 +1,7 @@
 #include "OwnScreens.h"
 
-#include <QLineEdit>
-#include <map>
-#include <vector>
+#include <initializer_list>
+#include <utility>
 
 namespace tallybrook::test {
 
@@ -20,36 +19,33 @@ protected:
         QWidget* const focused = window().focusWidget();
         QTest::keyClick(focused == nullptr ? &window() : focused, key, modifiers);
     }
-    void press(Qt::Key key, int times) {
-        for (int i = 0; i < times; ++i)
+    void pressAll(std::initializer_list<Qt::Key> keys) {
+        for (const Qt::Key key : keys)
             press(key);
     }
     void alt(Qt::Key letter) { press(letter, Qt::AltModifier); }
+    void nextFrame() { alt(Qt::Key_N); }
+    void done() { alt(Qt::Key_D); }
+    /// Walks back through the tab order.
+    void goBackTo(const std::string& name) {
+        constexpr int kFar = 10;
+        for (int i = 0; i < kFar && focus() != name; ++i)
+            press(Qt::Key_Backtab, Qt::ShiftModifier);
+        ASSERT_EQ(focus(), name);
+    }
+    /// Presses Return in the next box.
+    void confirmNext() {
+        hands.expect([this](QDialog& box) {
+            ++presses_;
+            QTest::keyClick(&box, Qt::Key_Return);
+        });
+    }
 
     [[nodiscard]] std::string focus() { return screen().focused()->name(); }
-    [[nodiscard]] std::string cell(int frame) {
-        return dynamic_cast<TextBox&>(control("txtCount(" + std::to_string(frame) + ")")).text();
+    [[nodiscard]] std::string text(const std::string& name) {
+        return dynamic_cast<TextBox&>(control(name)).text();
     }
-
-    /// From Next Frame to the answers of the first ball: past the comment.
-    void goToFirstBall(const std::string& answer) {
-        while (focus() != answer)
-            press(Qt::Key_Backtab, Qt::ShiftModifier);
-    }
-    void strike() {
-        goToFirstBall("optFirstYes");
-        press(Qt::Key_Space);
-    }
-    /// Says No and goes down to the pins of a panel, ticks those and is done.
-    void leave(const std::vector<std::pair<Qt::Key, int>>& waysToPins) {
-        press(Qt::Key_Space);
-        for (const auto& [arrow, steps] : waysToPins) {
-            press(arrow, steps);
-            press(Qt::Key_Space);
-        }
-        alt(Qt::Key_D);
-    }
-    void next() { alt(Qt::Key_N); }
+    [[nodiscard]] std::string cell(int frame) { return text("txtCount(" + std::to_string(frame) + ")"); }
 
     /// How many keys have been pressed since the last call.
     int takePresses() { return std::exchange(presses_, 0); }
@@ -58,48 +54,76 @@ private:
     int presses_ = 0;
 };
 
-TEST_F(KeyboardGame, WholeGameWithFewPresses) {
-    // The first frame begins at the lane.
+TEST_F(KeyboardGame, WholeGameInFewPresses) {
+    // The first frame begins at the lane. A strike.
     EXPECT_EQ(focus(), "txtLaneNum");
-    press(Qt::Key_Tab, 4);
-    press(Qt::Key_Space);
-    next();
+    pressAll({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space});
     EXPECT_EQ(cell(1), "X");
-    EXPECT_LE(takePresses(), 6);
+    nextFrame();
+    EXPECT_EQ(takePresses(), 6);
 
-    // 3-6-10, converted. From No the first key down leads into the back row.
-    goToFirstBall("optFirstNo");
-    leave({{Qt::Key_Down, 1}, {Qt::Key_Right, 1}});
+    // The 9-10 stays and is converted. From No the way down leads into the back row.
+    goBackTo("optFirstNo");
+    pressAll({Qt::Key_Space, Qt::Key_Down, Qt::Key_Space, Qt::Key_Right, Qt::Key_Space});
+    done();
     EXPECT_EQ(focus(), "optSecondYes");
     press(Qt::Key_Space);
     EXPECT_EQ(cell(2), "8/");
-    next();
-    EXPECT_LE(takePresses(), 10);
+    nextFrame();
+    EXPECT_EQ(takePresses(), 10);
 
-    // The ten pin stays.
-    goToFirstBall("optFirstNo");
-    press(Qt::Key_Space);
-    press(Qt::Key_Down);
-    press(Qt::Key_Right);
-    press(Qt::Key_Space);
-    alt(Qt::Key_D);
-    press(Qt::Key_Right);
-    leave({{Qt::Key_Down, 1}});
-    next();
+    // The ten pin stays, twice.
+    goBackTo("optFirstNo");
+    pressAll({Qt::Key_Space, Qt::Key_Down, Qt::Key_Right, Qt::Key_Space});
+    done();
+    pressAll({Qt::Key_Right, Qt::Key_Space, Qt::Key_Down, Qt::Key_Space});
+    done();
     EXPECT_EQ(cell(3), "90");
-    EXPECT_LE(takePresses(), 12);
+    nextFrame();
+    EXPECT_EQ(takePresses(), 13);
 
-    for (int frame = 4; frame <= 9; ++frame) {
-        strike();
-        next();
+    // The 3-6-10, and the head of it: down from the corner of the rack to its side.
+    goBackTo("optFirstNo");
+    pressAll({Qt::Key_Space, Qt::Key_Down, Qt::Key_Right, Qt::Key_Space, Qt::Key_Down, Qt::Key_Space,
+              Qt::Key_Down, Qt::Key_Space});
+    done();
+    EXPECT_EQ(cell(4), "7");
+    press(Qt::Key_Space);
+    EXPECT_EQ(cell(4), "7/");
+    nextFrame();
+    EXPECT_EQ(takePresses(), 13);
+
+    for (int frame = 5; frame <= 9; ++frame) {
+        goBackTo("optFirstYes");
+        press(Qt::Key_Space);
         EXPECT_EQ(cell(frame), "X");
-        EXPECT_LE(takePresses(), 5) << frame;
+        nextFrame();
+        EXPECT_EQ(takePresses(), 5) << frame;
     }
 
-    // Three strikes in the tenth.
-    strike();
-    press(Qt::Key_Tab);
-    EXPECT_LE(takePresses(), 99);
+    // Three strikes in the tenth: back through the tab order once, and on to the fill ball.
+    goBackTo("optFirstYes");
+    press(Qt::Key_Space);
+    goBackTo("optSecondYes");
+    pressAll({Qt::Key_Space, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space});
+    EXPECT_EQ(cell(10), "XXX");
+    confirmNext();
+    confirmNext();
+    nextFrame();
+    EXPECT_LE(takePresses(), 17);
+    EXPECT_EQ(screen().name(), "frmGame");
+    EXPECT_EQ(text("txtGameScore"), "248");
+}
+
+TEST_F(KeyboardGame, ReturnPressesTheFocusedButton) {
+    pressAll({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space});
+    pressAll({Qt::Key_Down, Qt::Key_Space, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down});
+    EXPECT_EQ(focus(), "cmdFirstDone");
+    press(Qt::Key_Up);
+    EXPECT_EQ(focus(), "chkFirstPinfall(1)");
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(cell(1), "9");
 }
 
 }  // namespace tallybrook::test

@@ -6,8 +6,10 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <set>
 
@@ -50,9 +52,18 @@ void expectWholeHeaders(const QWidget& widget) {
         EXPECT_GE(table->columnWidth(column), table->horizontalHeader()->sectionSizeHint(column)) << column;
 }
 
-void expectNothingCutOff(const Screen& screen, const ScreenWindow& window) {
+void expectNothingCutOff(const Screen& screen, ScreenWindow& window) {
     const auto& area = dynamic_cast<const QScrollArea&>(*window.centralWidget());
-    EXPECT_TRUE(window.screen()->availableGeometry().contains(window.geometry())) << screen.name();
+    const QRect display = window.screen()->availableGeometry();
+    EXPECT_TRUE(display.contains(window.geometry())) << screen.name();
+    constexpr int kFrame = 40;  // what the window leaves free for its title bar
+    if (window.height() < display.height() - kFrame && window.width() < display.width() - kFrame) {
+        EXPECT_EQ(area.verticalScrollBar()->maximum(), 0)
+            << screen.name() << " hint " << area.widget()->sizeHint().height() << " is "
+            << area.widget()->height() << " viewport " << area.viewport()->height() << " bar "
+            << window.menuBar()->height() << " bar hint " << window.menuBar()->sizeHint().height();
+        EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0) << screen.name();
+    }
     for (const Control* const control : screen.controls()) {
         const QWidget* const shown = window.widgetOf(*control);
         if (shown == nullptr || !shown->isVisibleTo(&window))
@@ -68,11 +79,10 @@ void expectNothingCutOff(const Screen& screen, const ScreenWindow& window) {
 
 /// What a screen reader stops at, and must have something to say of.
 bool isTold(const QAccessibleInterface& part) {
-    const std::set<QAccessible::Role> silent{QAccessible::Client,    QAccessible::Pane,
-                                             QAccessible::ScrollBar,
-                                             QAccessible::Cell,      QAccessible::Row,
-                                             QAccessible::ListItem,  QAccessible::TreeItem,
-                                             QAccessible::Separator, QAccessible::LayeredPane};
+    const std::set<QAccessible::Role> silent{
+        QAccessible::Client,   QAccessible::Pane,      QAccessible::ScrollBar,
+        QAccessible::Cell,     QAccessible::Row,       QAccessible::ListItem,
+        QAccessible::TreeItem, QAccessible::Separator, QAccessible::LayeredPane};
     return !silent.contains(part.role()) && !part.state().invisible;
 }
 
@@ -84,8 +94,9 @@ void collectUnnamed(QAccessibleInterface* part, std::vector<std::string>& unname
     named += hasName ? 1 : 0;
     if (isTold(*part) && !hasName)
         unnamed.push_back(std::to_string(part->role()) + " " +
-                          (part->object() == nullptr ? "?" : part->object()->objectName().toStdString() + " " +
-                                                                 part->object()->metaObject()->className()));
+                          (part->object() == nullptr ? "?"
+                                                     : part->object()->objectName().toStdString() + " " +
+                                                           part->object()->metaObject()->className()));
     for (int child = 0; child < part->childCount(); ++child)
         collectUnnamed(part->child(child), unnamed, named);
 }
@@ -100,8 +111,10 @@ TEST_F(OwnScreensTest, NothingIsCutOff) {
     tour([this] { expectNothingCutOff(screen(), window()); });
 }
 
-TEST_F(OwnScreensTest, NothingIsCutOffWithLargeFonts) {
-    const LargeFonts large;
+/// The program on a desktop with large fonts from the start.
+class LargeScreensTest : private LargeFonts, public OwnScreens {};
+
+TEST_F(LargeScreensTest, NothingIsCutOff) {
     tour([this] { expectNothingCutOff(screen(), window()); });
 }
 
@@ -129,6 +142,46 @@ TEST_F(OwnScreensTest, EverythingIsReadAloud) {
         EXPECT_EQ(unnamed, std::vector<std::string>{}) << screen().name();
         EXPECT_GT(named, 5) << screen().name();
     });
+}
+
+TEST_F(OwnScreensTest, MenuPageLeadsWhereTheMenusLead) {
+    QPushButton* found = nullptr;
+    for (QPushButton* const button : window().findChildren<QPushButton*>())
+        found = button->text() == "Add From Form" ? button : found;
+    ASSERT_NE(found, nullptr);
+    EXPECT_EQ(found->toolTip(), "Alt+D, A, O");
+    EXPECT_EQ(found->focusPolicy(), Qt::NoFocus);
+    QTest::mouseClick(found, Qt::LeftButton);
+    EXPECT_EQ(screen().name(), "frmEvent");
+    EXPECT_EQ(program.session.gMode, 1);
+}
+
+TEST_F(OwnScreensTest, MenusShowTheLettersThatReachNothingElse) {
+    beginEvent();
+    beginFrames();
+    EXPECT_EQ(display.actionOf(control("mnuNextFrame"))->text(), "&Next Frame\tAlt+N");
+    EXPECT_EQ(display.actionOf(control("mnuPrevious"))->text(), "&Previous Screen");  // as Previous Frame
+    EXPECT_EQ(display.actionOf(control("mnuTBKHelp"))->text(), "Tallybrook Help\tF1");
+}
+
+TEST_F(OwnScreensTest, PanelAndFrameInHandStandOut) {
+    beginEvent();
+    beginFrames();
+    QWidget& panel = *display.widgetOf(control("fraFirstPinfall"));
+    const QImage before = pictureOf(panel);
+    click("optFirstYes");
+    click("txtBallUsed");
+    const QImage left = pictureOf(panel);
+    click("optFirstYes");
+    EXPECT_NE(pictureOf(panel), left);
+    EXPECT_NE(before, left);
+    const auto look = [this](int frame) {
+        return dynamic_cast<Label&>(control("lblFraNum(" + std::to_string(frame) + ")")).look();
+    };
+    EXPECT_EQ(look(1), LabelLook::Current);
+    click("cmdNextFrame");
+    EXPECT_EQ(look(1), LabelLook::Plain);
+    EXPECT_EQ(look(2), LabelLook::Current);
 }
 
 TEST_F(OwnScreensTest, PinsAreToldAsTheyAre) {

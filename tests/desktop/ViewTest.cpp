@@ -86,7 +86,7 @@ TEST_F(ViewTest, CheckBoxesToggle) {
 }
 
 TEST_F(ViewTest, EverythingHasANameToBeReadAloud) {
-    EXPECT_EQ(widget(screen().chkPin).accessibleName(), "Pin 7, down");
+    EXPECT_EQ(widget(screen().chkPin).accessibleName(), "Pin 7, knocked down");
     click(screen().chkPin);
     EXPECT_EQ(widget(screen().chkPin).accessibleName(), "Pin 7, standing");
     EXPECT_EQ(widget(screen().cmdGo).accessibleName(), "Go");

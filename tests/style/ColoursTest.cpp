@@ -17,4 +17,12 @@ TEST(Colours, ContrastOfTwo) {
     EXPECT_NEAR(contrast(QColor(118, 118, 118), Qt::white), 4.54, 0.01);  // the palest grey for texts
 }
 
+TEST(Colours, ContrastingKeepsWhatIsGood) {
+    EXPECT_EQ(contrasting(Qt::black, Qt::white, 4.5), QColor(Qt::black));
+    const QColor darker = contrasting(QColor(150, 150, 150), Qt::white, 4.5);
+    EXPECT_GE(contrast(darker, Qt::white), 4.5);
+    EXPECT_LT(contrast(darker, Qt::white), 5);
+    EXPECT_GE(contrast(contrasting(QColor(60, 60, 60), Qt::black, 4.5), Qt::black), 4.5);
+}
+
 }  // namespace tallybrook::test

@@ -3,7 +3,11 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QStyleOptionButton>
 #include <QStyleOptionFrame>
+#include <initializer_list>
+#include <utility>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -11,12 +15,25 @@ namespace tallybrook::test {
 
 namespace {
 
-QPalette paletteOf(const QColor& window, const QColor& text) {
-    QPalette palette;
-    palette.setColor(QPalette::Window, window);
-    palette.setColor(QPalette::Base, window);
-    palette.setColor(QPalette::WindowText, text);
-    return palette;
+/// The toolkit's own light palette, and one as dark desktops have.
+std::vector<QPalette> bothPalettes() {
+    QPalette light = OutlinedStyle().standardPalette();
+    QPalette dark = light;
+    const QColor text(235, 235, 235);
+    for (const auto& [role, colour] : std::initializer_list<std::pair<QPalette::ColorRole, QColor>>{
+             {QPalette::Window, {36, 38, 43}},
+             {QPalette::WindowText, text},
+             {QPalette::Base, {27, 29, 33}},
+             {QPalette::AlternateBase, {36, 38, 43}},
+             {QPalette::Text, text},
+             {QPalette::Button, {52, 55, 61}},
+             {QPalette::ButtonText, text},
+             {QPalette::ToolTipBase, {52, 55, 61}},
+             {QPalette::ToolTipText, text},
+             {QPalette::Highlight, {61, 143, 176}},
+             {QPalette::HighlightedText, Qt::white}})
+        dark.setColor(role, colour);
+    return {light, dark};
 }
 
 /// The middle of the upper edge of an element as the style draws it.
@@ -35,48 +52,86 @@ QColor edgeColour(const QStyle& style, QStyle::PrimitiveElement element, const Q
     return image.pixelColor(20, 0);
 }
 
-int edgeOf(const QStyle& style, const QPalette& palette, QStyle::State state = QStyle::State_Enabled) {
-    return edgeColour(style, QStyle::PE_PanelLineEdit, palette, state).lightness();
-}
-
 }  // namespace
 
-TEST(OutlinedStyle, DrawsLighterOutlinesOnADarkWindow) {
+TEST(OutlinedStyle, OutlinesAreSeenOnAnyWindow) {
     const OutlinedStyle style;
-    EXPECT_GT(edgeOf(style, paletteOf({32, 32, 32}, {240, 240, 240})), 96);
-}
-
-TEST(OutlinedStyle, LeavesALightWindowAndTheFocusAlone) {
-    const OutlinedStyle style;
-    const QStyle& plain = *style.baseStyle();
-    const QPalette light = paletteOf({240, 240, 240}, {16, 16, 16});
-    EXPECT_EQ(edgeOf(style, light), edgeOf(plain, light));
-    const QPalette dark = paletteOf({32, 32, 32}, {240, 240, 240});
-    const QStyle::State focused = QStyle::State_Enabled | QStyle::State_HasFocus;
-    EXPECT_EQ(edgeOf(style, dark, focused), edgeOf(plain, dark, focused));
-}
-
-TEST(OutlinedStyle, MarksTheFocusOfAList) {
-    const OutlinedStyle style;
-    for (QPalette palette :
-         {paletteOf({240, 240, 240}, {16, 16, 16}), paletteOf({32, 32, 32}, {240, 240, 240})}) {
-        palette.setColor(QPalette::Highlight, QColor(10, 20, 200));
-        const QStyle::State focused = QStyle::State_Enabled | QStyle::State_HasFocus;
-        const auto edge = [&](QStyle::State state) {
-            return edgeColour(style, QStyle::PE_Frame, palette, state);
-        };
-        EXPECT_EQ(edge(focused), palette.color(QPalette::Highlight));
-        EXPECT_NE(edge(QStyle::State_Enabled), palette.color(QPalette::Highlight));
+    for (const QPalette& palette : bothPalettes()) {
+        for (const QStyle::PrimitiveElement element :
+             {QStyle::PE_PanelLineEdit, QStyle::PE_PanelButtonCommand, QStyle::PE_Frame}) {
+            const QColor edge = edgeColour(style, element, palette, QStyle::State_Enabled);
+            EXPECT_GE(contrast(edge, palette.color(QPalette::Window)), kShapeContrast) << element;
+            EXPECT_GE(contrast(edge, palette.color(QPalette::Base)), kShapeContrast) << element;
+        }
     }
 }
 
-TEST(OutlinedStyle, EmptyBoxesAreReadable) {
-    for (QPalette palette :
-         {paletteOf({32, 32, 32}, {240, 240, 240}), paletteOf({240, 240, 240}, {32, 32, 32})}) {
-        palette.setColor(QPalette::Text, palette.color(QPalette::WindowText));
+TEST(OutlinedStyle, WhatIsOffOrCannotBeWrittenStepsBack) {
+    const OutlinedStyle style;
+    for (const QPalette& palette : bothPalettes()) {
+        const QColor window = palette.color(QPalette::Window);
+        const double usual =
+            contrast(edgeColour(style, QStyle::PE_PanelLineEdit, palette, QStyle::State_Enabled), window);
+        for (const QStyle::State quiet :
+             {QStyle::State(QStyle::State_None), QStyle::State_Enabled | QStyle::State_ReadOnly})
+            EXPECT_LT(contrast(edgeColour(style, QStyle::PE_PanelLineEdit, palette, quiet), window), usual);
+    }
+}
+
+TEST(OutlinedStyle, MarksTheFocus) {
+    const OutlinedStyle style;
+    for (QPalette palette : bothPalettes()) {
+        palette.setColor(QPalette::Highlight, QColor(10, 20, 200));  // is hard to see on a dark window
+        for (const QStyle::PrimitiveElement element :
+             {QStyle::PE_PanelLineEdit, QStyle::PE_PanelButtonCommand, QStyle::PE_Frame}) {
+            const QColor edge =
+                edgeColour(style, element, palette, QStyle::State_Enabled | QStyle::State_HasFocus);
+            EXPECT_EQ(edge, focusColour(palette)) << element;
+            EXPECT_GE(contrast(edge, palette.color(QPalette::Window)), kShapeContrast) << element;
+            EXPECT_NE(edge, edgeColour(style, element, palette, QStyle::State_Enabled)) << element;
+        }
+    }
+}
+
+TEST(OutlinedStyle, TextsAreReadable) {
+    struct Pair {
+        QPalette::ColorRole text;
+        QPalette::ColorRole ground;
+    };
+    for (QPalette palette : bothPalettes()) {
+        OutlinedStyle().polish(palette);
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+            for (const Pair& pair :
+                 std::initializer_list<Pair>{{QPalette::WindowText, QPalette::Window},
+                                             {QPalette::Text, QPalette::Base},
+                                             {QPalette::Text, QPalette::AlternateBase},
+                                             {QPalette::ButtonText, QPalette::Button},
+                                             {QPalette::PlaceholderText, QPalette::Base},
+                                             {QPalette::HighlightedText, QPalette::Highlight},
+                                             {QPalette::ToolTipText, QPalette::ToolTipBase},
+                                             {QPalette::Link, QPalette::Base},
+                                             {QPalette::LinkVisited, QPalette::Base}})
+                EXPECT_GE(contrast(palette.color(group, pair.text), palette.color(group, pair.ground)),
+                          kTextContrast)
+                    << pair.text << " on " << pair.ground;
+        }
+        for (const Pair& pair : std::initializer_list<Pair>{{QPalette::WindowText, QPalette::Window},
+                                                            {QPalette::Text, QPalette::Window},
+                                                            {QPalette::ButtonText, QPalette::Button}})
+            EXPECT_GE(contrast(palette.color(QPalette::Disabled, pair.text),
+                               palette.color(QPalette::Disabled, pair.ground)),
+                      kShapeContrast)
+                << pair.text << " off";
+    }
+}
+
+TEST(OutlinedStyle, EmptyBoxesAreReadableWhereTheDesktopTellsNoColour) {
+    for (QPalette palette : bothPalettes()) {
         palette.setColor(QPalette::PlaceholderText, Qt::black);
         OutlinedStyle().polish(palette);
-        EXPECT_GE(contrast(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Base)), 4.5);
+        EXPECT_GE(contrast(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Base)),
+                  kTextContrast);
+        EXPECT_NE(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Text));
     }
 }
 
