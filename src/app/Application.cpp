@@ -14,6 +14,7 @@
 #include "reports/frmReports.h"
 #include "runtime/EndProgram.h"
 #include "shell/Configuration.h"
+#include "shell/DataFolder.h"
 #include "shell/frmAbout.h"
 #include "shell/frmHHSetup.h"
 #include "shell/frmMain.h"
@@ -110,7 +111,7 @@ void Application::openDataFolder() {
 }
 
 void Application::takeLock() {
-    const fs::path file = program_.dataFolder / "Tallybrook.lock";
+    const fs::path file = lockFile(program_);
     try {
         lock_ = std::make_unique<InstanceLock>(file);
     } catch (const RunTimeError&) {

@@ -1,6 +1,7 @@
 #include "browse/GameReport.h"
 
 #include "runtime/TextForms.h"
+#include "shell/ReportFile.h"
 #include "shell/TBK_Globals.h"
 
 #include <fmt/format.h>
@@ -57,7 +58,7 @@ GameReport::GameReport(Program& program, const Handler& step, const GameReportSo
     : program_(program), step_(step), sources_(sources) {}
 
 void GameReport::open(const std::filesystem::path& file) {
-    step_([&] { file_.emplace(file); });
+    step_([&] { file_ = openReportFile(program_, file); });
 }
 
 void GameReport::write() {

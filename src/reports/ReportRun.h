@@ -3,6 +3,7 @@
 #include "reports/modTBKReports.h"
 #include "runtime/TextFile.h"
 #include "shell/Program.h"
+#include "shell/ReportFile.h"
 #include "store/RecordsetVariable.h"
 
 #include <optional>
@@ -23,8 +24,8 @@ public:
     std::string gReportSQL;      // selects the events
     Int32 gReportCount;          // how many events it finds
 
-    /// Creates or replaces the report's file; errors as TextWriter raises them.
-    void openFile(const std::string& file) { gReportFile_.emplace(file); }
+    /// Creates or replaces the report's file; errors as openReportFile() raises them.
+    void openFile(const std::string& file) { gReportFile_ = openReportFile(program, file); }
     void closeFile();
     /// Writes one line; error 52 when the file is closed.
     void print(std::string_view line);

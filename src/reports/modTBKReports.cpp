@@ -8,6 +8,7 @@
 #include "reports/StrikeSpareCounts.h"
 #include "runtime/TextForms.h"
 #include "shell/Configuration.h"
+#include "shell/ReportFile.h"
 #include "shell/TBK_Globals.h"
 
 #include <filesystem>
@@ -180,7 +181,7 @@ private:
         if (session.gHHSyncDir.empty())
             throw RunTimeError(error::kPathNotFound);
         const std::filesystem::path file = request_.file;
-        copyFile(file, std::filesystem::path(session.gHHSyncDir) / file.filename());
+        copyReportFile(run_.program, file, std::filesystem::path(session.gHHSyncDir) / file.filename());
     }
 
     ReportRun run_;

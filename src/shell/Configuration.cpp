@@ -2,6 +2,7 @@
 
 #include "runtime/TextEncoding.h"
 #include "runtime/TextFile.h"
+#include "shell/DataFolder.h"
 #include "shell/Program.h"
 
 #include <array>
@@ -12,10 +13,6 @@
 namespace tallybrook {
 
 namespace {
-
-std::filesystem::path configurationFile(const Program& program) {
-    return program.dataFolder / "tbrkcfg.conf";
-}
 
 struct Setting {
     std::string_view key;

@@ -4,6 +4,7 @@
 #include "runtime/TextCompare.h"
 #include "shell/Screen.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tallybrook {
@@ -67,13 +68,25 @@ void TextBox::setText(std::string text) {
         onChange();
 }
 
+namespace {
+
+/// What is pasted into a box of one line: the ends of its lines become blanks, and go where nothing follows.
+std::string onOneLine(std::string_view text) {
+    std::string line(text.substr(0, text.find_last_not_of("\r\n") + 1));
+    std::erase(line, '\r');
+    std::ranges::replace(line, '\n', ' ');
+    return line;
+}
+
+}  // namespace
+
 void TextBox::enter(std::string_view text) {
     if (options_.readOnly)
         return;
     dropSelection();
-    if (options_.maxLength != 0)
-        text = firstCharacters(text, static_cast<std::size_t>(options_.maxLength));
-    setText(std::string(text));
+    const std::string taken = options_.multiline ? std::string(text) : onOneLine(text);
+    const auto limit = static_cast<std::size_t>(options_.maxLength);
+    setText(std::string(limit == 0 ? taken : firstCharacters(taken, limit)));
 }
 
 Button::Button(Place place, std::string name, std::string caption, const ButtonOptions& options)

@@ -14,7 +14,7 @@ public:
     Label lblVersion{*this, "lblVersion", ""};
     Label lblMaker{*this, "lblMaker", "The Tallybrook team"};
     Label lblMail{*this, "lblMail", "support@tallybrook.example"};
-    TextBox Text1{*this, "Text1", {.readOnly = true, .multiline = true}};
+    TextBox Text1{*this, "Text1", {.width = 72, .readOnly = true, .multiline = true}};
     Button cmdAboutOK{*this, "cmdAboutOK", "OK", {.isDefault = true, .isCancel = true}};
 
     Layout layout() override;

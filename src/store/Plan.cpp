@@ -24,7 +24,7 @@ Plan::Plan(SQLite::Database& database, Select select)
         ahead_.emplace(database_, select_);
 }
 
-Plan::Reader Plan::prepare(const std::vector<bool>& fields) const {
+Plan::Reader Plan::prepare(const std::vector<bool>& fields, const std::string& rest) const {
     Projection projection;
     projection.places.resize(fields.size());
     // Of equal rows SQLite gives the one with the lowest key for its minimum.
@@ -39,14 +39,14 @@ Plan::Reader Plan::prepare(const std::vector<bool>& fields) const {
     }
     return {.fields = fields,
             .projection = std::make_shared<const Projection>(std::move(projection)),
-            .statement = RowStatement(database_, "SELECT " + list + text_.sql())};
+            .statement = RowStatement(database_, "SELECT " + list + rest)};
 }
 
 Plan::Reader& Plan::readerOf(bool all) {
     if (!all && (!narrow_.statement || narrow_.fields != wanted_))
-        narrow_ = prepare(wanted_);
+        narrow_ = prepare(wanted_, text_.sql());
     if (all && !whole_.statement)
-        whole_ = prepare(std::vector<bool>(fieldCount(), true));
+        whole_ = prepare(std::vector<bool>(fieldCount(), true), text_.sql());
     return all ? whole_ : narrow_;
 }
 
@@ -89,6 +89,25 @@ RowRange Plan::read(const Question& question, bool all) {
         lastAnswer_.reset();
         if (rows.rows->bytes() <= kMostBytes)
             lastAnswer_ = {question.values, question.lastKey, question.version, rows};
+        return rows;
+    });
+}
+
+std::shared_ptr<const PackedRows> Plan::readRows(const std::vector<std::int64_t>& keys) {
+    constexpr int kFirstField = 1;
+    return onFile([&]() -> std::shared_ptr<const PackedRows> {
+        const Table& table = *select_.table;
+        if (!single_.statement)
+            single_ = prepare(std::vector<bool>(fieldCount(), true),
+                              " FROM " + table.name + " WHERE " + table.key().name + " = ?");
+        auto rows = std::make_shared<PackedRows>(single_.projection);
+        for (const std::int64_t key : keys) {
+            RowStatement::Use use(*single_.statement);
+            use->bind(1, key);
+            if (!use->executeStep())
+                return nullptr;
+            use->addRowTo(*rows, kFirstField, select_.fields);
+        }
         return rows;
     });
 }

@@ -32,6 +32,8 @@ public:
 
     /// Runs the statement and reads all fields of the rows that it finds, or those that are worth it.
     RowRange read(const Question& question, bool all);
+    /// Reads all fields of the rows of these keys, in their order; nothing if one of them is not there.
+    std::shared_ptr<const PackedRows> readRows(const std::vector<std::int64_t>& keys);
 
 private:
     /// A statement that reads certain fields.
@@ -41,7 +43,8 @@ private:
         std::optional<RowStatement> statement;
     };
     Reader& readerOf(bool all);
-    [[nodiscard]] Reader prepare(const std::vector<bool>& fields) const;
+    /// A statement that reads these fields of the rows that `rest` tells.
+    [[nodiscard]] Reader prepare(const std::vector<bool>& fields, const std::string& rest) const;
     void bind(RowStatement& statement, const Question& question) const;
     RowRange run(Reader& reader, const Question& question) const;
 
@@ -51,6 +54,7 @@ private:
     std::vector<bool> wanted_;  // by field
     Reader whole_;
     Reader narrow_;
+    Reader single_;  // of the row of one key
     std::optional<ReadAhead> ahead_;
     // The last answer, if it is small: procedures often ask the same one after another.
     struct Answer {

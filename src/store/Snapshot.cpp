@@ -6,6 +6,12 @@
 
 namespace tallybrook {
 
+namespace {
+
+constexpr std::size_t kGlimpse = 64;  // rows
+
+}  // namespace
+
 Snapshot::Snapshot(Store::Connection& connection, const std::string& sql)
     : connection_(connection),
       statement_(connection.understand(sql)),
@@ -51,6 +57,21 @@ void Snapshot::readFields(bool all) {
     isWhole_ = read_.rows->projection().fields.size() == fields().size();
 }
 
+/// The rows around one of those found, read for themselves; nullptr once so many were looked at that all are
+/// worth reading.
+const PackedRows* Snapshot::glimpseOf(std::size_t row) {
+    constexpr std::size_t kMostGlimpses = 8;
+    const std::size_t place = row / kGlimpse;
+    if (const auto known = glimpses_.find(place); known != glimpses_.end())
+        return known->second.get();
+    if (glimpses_.size() == kMostGlimpses)
+        return nullptr;
+    std::vector<std::int64_t> keys;
+    for (std::size_t one = place * kGlimpse; one < std::min((place + 1) * kGlimpse, read_.count); ++one)
+        keys.push_back(read_.rows->key(read_.first + one));
+    return (glimpses_[place] = statement_.plan->readRows(keys)).get();
+}
+
 std::vector<Value>& Snapshot::valuesOf(StoredRow& own) {
     if (own.values.empty() && !readRow(connection_, table(), fields(), own))
         throw RunTimeError(error::kRowGone);
@@ -91,8 +112,11 @@ Value Snapshot::value(std::size_t row, std::size_t field) {
     if (isOwn(row))
         return valuesOf(own_[row - read_.count])[field];
     statement_.plan->want(field);
-    if (!read_.rows->projection().holds(field))
+    if (!read_.rows->projection().holds(field)) {
+        if (const PackedRows* const glimpse = glimpseOf(row); glimpse != nullptr)
+            return glimpse->value(row % kGlimpse, field);
         readFields(std::exchange(hasMissed_, true));
+    }
     return read_.rows->value(read_.first + row, field);
 }
 

@@ -4,6 +4,7 @@
 #include "store/Query.h"
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -43,6 +44,7 @@ private:
     void readAll();
     void readOwn();
     void readFields(bool all);
+    [[nodiscard]] const PackedRows* glimpseOf(std::size_t row);
     void makeOwn();
     [[nodiscard]] bool isOwn(std::size_t row);
     std::vector<Value>& valuesOf(StoredRow& own);
@@ -54,6 +56,8 @@ private:
     bool hasMissed_ = false;  // a field that was not read
     bool isWhole_ = false;
     RowRange read_;
+    // Few of these, for somebody who looks at some rows of many: by their place, rows on end.
+    std::map<std::size_t, std::shared_ptr<const PackedRows>> glimpses_;
     // Behind those: the rows added, without values as long as nobody asks; once a row was changed, all of
     // them.
     std::vector<StoredRow> own_;

@@ -65,6 +65,16 @@ TEST_F(Start, WritesAConfigurationWhereThereIsNone) {
     EXPECT_EQ(again.program().session.gHHSyncDir, "/sync");
 }
 
+TEST_F(Start, WritesTheConfigurationBetweenItsTwoBoxes) {
+    const fs::path file = data() / "tbrkcfg.conf";
+    display.expect({"Tallybrook", Answer::OK, "", [&] { EXPECT_FALSE(fs::exists(file)); }});
+    display.expect({"Database Check", Answer::No, "",
+                    [&] { EXPECT_TRUE(bytesOf(file).ends_with("HHSYNCDIR=\"\"\r\n")); }});
+    Application program(display, clock, data());
+    program.start();
+    EXPECT_EQ(program.program().session.gHHSyncDir, "");
+}
+
 TEST_F(Start, EndsAtAConfigurationThatCannotBeRead) {
     fs::create_directories(data());
     std::ofstream(data() / "tbrkcfg.conf") << "HHTYPE=\"Palm\"\n\n";

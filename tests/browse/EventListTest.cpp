@@ -116,6 +116,7 @@ TEST_F(EventList, NamesItsColumnsAndControls) {
         {"mnuDelRecord", "&Delete Event", ""},
         {"mnuPrevious", "&Previous Screen", ""},
         {"mnuMain", "&Main Menu", ""},
+        {"mnuHelp", "&Help", ""},
         {"mnuTBKHelp", "Tallybrook Help", ""},
         {"mnuAbout", "&About", ""}};
     for (const auto& [name, caption, tip] : controls) {
@@ -346,6 +347,8 @@ TEST_F(EventList, DeletesAnEventWithoutGames) {
                 {"No Games Recorded", Answer::OK, "No Games recorded for City Open"},
                 {"Record Deleted", Answer::OK, "City Open has been deleted from the database"},
                 toEdit(2)});
+    for (const MessageBox& box : play.display.boxes())
+        EXPECT_EQ(box.icon, Icon::None) << box.title;
     EXPECT_EQ(events(), (std::vector<std::string>{"1|Thursday League", "3|City Open"}));
 }
 

@@ -130,6 +130,7 @@ TEST_F(EventSearch, SpeaksOfItsControls) {
                                                                     {"mnuSearchReset", "&Reset Form"},
                                                                     {"mnuPrevious", "&Previous Screen"},
                                                                     {"mnuRetMain", "Return to &Main"},
+                                                                    {"mnuHelp", "&Help"},
                                                                     {"mnuTBKHelp", "Tallybrook Help"},
                                                                     {"lblValue", "Value:"},
                                                                     {"lblSearchFor", "Search For:"}};

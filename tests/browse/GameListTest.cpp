@@ -55,6 +55,19 @@ protected:
         play.click("cmdGetRecord", boxes);
         return bytesOf(file());
     }
+    /// Reports on the current row, a game without frames, into a file that cannot be opened: that and every
+    /// line fail.
+    void reportIntoNothing(const fs::path& path, int refusal) {
+        std::vector<Expected> boxes{BrowsePlay::failure(kModule, refusal)};
+        const Expected noLine = BrowsePlay::failure(kModule, error::kBadFileNameOrNumber);
+        boxes.insert(boxes.end(), head().size(), noLine);
+        boxes.push_back({"No Frames"});
+        boxes.insert(boxes.end(), 1 + end().size(), noLine);
+        boxes.insert(boxes.end(), {ready(path), found(1)});
+        play.display.expectDialog({"Game Report", path});
+        play.click("cmdGetRecord", boxes);
+        EXPECT_EQ(play.screen().name(), "frmGameList");
+    }
     /// The head of a report on game 1.
     [[nodiscard]] static std::vector<std::string> head() {
         return {"Report Date: 11/14/2026 9:55:32 PM",
@@ -139,6 +152,7 @@ TEST_F(GameList, NamesItsColumnsAndControls) {
         {"mnuRetrieve", "R&etrieve Game", ""},
         {"mnuPrevious", "&Previous Screen", ""},
         {"mnuMain", "&Main Menu", ""},
+        {"mnuHelp", "&Help", ""},
         {"mnuTBKHelp", "Tallybrook Help", ""},
         {"mnuAbout", "&About", ""}};
     for (const auto& [name, caption, tip] : controls) {
@@ -344,15 +358,14 @@ TEST_F(GameList, LeavesWhenTheEventOfAGameIsNotThere) {
 
 TEST_F(GameList, GoesOnWithEveryLineOfAFileThatCannotBeOpened) {
     openList();
-    const fs::path path = play.dataFolder() / "missing" / "game.txt";
-    const std::size_t lines = head().size() + 1 + end().size();
-    std::vector<Expected> boxes{BrowsePlay::failure(kModule, error::kPathNotFound)};
-    boxes.insert(boxes.end(), lines, BrowsePlay::failure(kModule, error::kBadFileNameOrNumber));
-    boxes.insert(boxes.begin() + 1 + static_cast<std::ptrdiff_t>(head().size()), {"No Frames"});
-    boxes.insert(boxes.end(), {ready(path), found(1)});
-    play.display.expectDialog({"Game Report", path});
-    play.click("cmdGetRecord", boxes);
-    EXPECT_EQ(play.screen().name(), "frmGameList");
+    reportIntoNothing(play.dataFolder() / "missing" / "game.txt", error::kPathNotFound);
+}
+
+TEST_F(GameList, LeavesTheLogbookAloneWhereItIsChosenForAReport) {
+    openList();
+    const std::string before = bytesOf(play.program().logbookFile());
+    reportIntoNothing(play.program().logbookFile(), error::kPathFileAccess);
+    EXPECT_TRUE(isSameText(bytesOf(play.program().logbookFile()), before));
 }
 
 TEST_F(GameList, OffersToLoadAnewWhenARecordIsNotThere) {
@@ -391,6 +404,8 @@ TEST_F(GameList, LeavesLikeTheEventList) {
     play.click("cmdPrevious", {{"Return - Previous Screen", Answer::No, "Return to previous screen?"}});
     play.close({{"Return - Previous Screen", Answer::No}});
     play.click("cmdMain", {{"Return - Main Menu", Answer::No, "Return to main menu?"}});
+    for (const MessageBox& box : play.display.boxes())
+        EXPECT_EQ(box.icon, Icon::None) << box.title;
     play.click("cmdExit", {{"Confirm - Exit", Answer::No}});
     play.press("F1");
     EXPECT_EQ(play.lastEvent(), "help 0");

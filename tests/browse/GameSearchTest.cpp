@@ -218,6 +218,7 @@ TEST_F(GameSearch, EndsOnALaneBeyondSixteenBits) {
 TEST_F(GameSearch, NamesTheEventSearchWhenNothingIsFound) {
     fill(0, "Game Score", "is equal to", "300");
     EXPECT_EQ(condition({kNoHits}), "fldGameScore = 300 ORDER BY fldGameScore");
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
     EXPECT_EQ(play.screen().name(), "frmSearchGames");
     EXPECT_EQ(states(), kFresh);
     EXPECT_EQ(play.list("cboSearchFld(0)").items().size(), 4U);

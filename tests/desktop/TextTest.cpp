@@ -54,12 +54,27 @@ TEST_F(TextTest, LimitHoldsForTypingAndPasting) {
     EXPECT_EQ(screen().txtShort.text(), "ä\xF0\x9F\x8E\xB3\xF0\x9F\x8E\xB3");
 }
 
+TEST_F(TextTest, PastingKeepsABoxOfOneLineOnOneLine) {
+    click(screen().txtName);
+    paste("/home/ann\r\nand\n");
+    EXPECT_EQ(screen().txtName.text(), "/home/ann and");
+    EXPECT_EQ(nameEdit().text(), "/home/ann and");
+}
+
 TEST_F(TextTest, TextFromCodeIsNotCut) {
     setText(screen().txtShort, "abcdef");
     EXPECT_EQ(widget<QLineEdit>(screen().txtShort).text(), "abcdef");
     const std::string endless(100'000, 'x');
     setText(screen().txtName, endless);
     EXPECT_EQ(nameEdit().text().size(), 100'000);
+}
+
+TEST_F(TextTest, TextIsSeenFromItsBeginningOnceItIsLeft) {
+    type("a long text");
+    EXPECT_EQ(nameEdit().cursorPosition(), 11);
+    click(screen().txtShort);
+    EXPECT_EQ(nameEdit().cursorPosition(), 0);
+    EXPECT_FALSE(nameEdit().hasSelectedText());
 }
 
 TEST_F(TextTest, CursorStaysWhereTheUserIs) {

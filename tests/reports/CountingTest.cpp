@@ -78,6 +78,14 @@ TEST(StrikeSpare, CountsTheTenthFrameByItsCases) {
     }
 }
 
+TEST(StrikeSpare, CountsAGameWithoutAMark) {
+    StrikeSpareCounts counts;
+    for (int frame = 1; frame <= 9; ++frame)
+        counts.countFrame("7", "7");
+    counts.countTenthFrame(marks("7", "7", "", "9-"));
+    EXPECT_EQ(countsOf(counts), Counts(10, 0, 10, 0, 10));
+}
+
 TEST(StrikeSpare, DerivesItsFigures) {
     StrikeSpareCounts counts;
     counts.FirstBalls = 3;

@@ -27,7 +27,31 @@ TEST_F(EventReport, OfAnEventWithoutGamesHasNoGameSummary) {
     EXPECT_TRUE(isSameText(body(report),
                            "\r\nEvent Summary: \r\nGames Bowled: 3   Pinfall: 0   Event Average: 200.00\r\n"
                            "Event Comments: \r\n"));
-    EXPECT_TRUE(contains(report, "Spare\t\t\tAttempts"));
+    EXPECT_TRUE(isSameText(
+        report.substr(report.find("\r\nStrike / Spare Summary")),
+        withLineEnds({"",
+                      "Strike / Spare Summary Statistics",
+                      "---------------------------------",
+                      "(Based on 0 games recorded in 'Pinfall' mode, 0 games recorded in 'Line Score' mode)",
+                      "",
+                      "Strikes: 0\tStrike Percentage: 0%\tAvg / Game: 0",
+                      "",
+                      "Spares: 0\tSpare Percentage: 0%\t\tAvg / Game: 0",
+                      "",
+                      "Open Frames: 0\tAvg / Game: 0",
+                      "",
+                      "Single Pin Spares",
+                      "-----------------",
+                      "Attempts: 0\t\tConversions: 0\tPercentage: 0%\tAvg / game: 0",
+                      "",
+                      "First Ball Average: 0",
+                      "",
+                      "Spare Statistics (based on 0 games in 'Pinfall' mode):",
+                      std::string(75, '-'),
+                      "",
+                      "     \t\t\t        \t           \tConversion",
+                      "Spare\t\t\tAttempts\tConversions\tPercentage\tAvg / Game",
+                      "-----\t\t\t--------\t-----------\t----------\t----------"})));
 }
 
 TEST_F(EventReport, StopsTheMarksOfABrokenOffGame) {
@@ -73,6 +97,8 @@ TEST_F(EventReport, NotesAGameOfAnyOtherScoreType) {
          at = report.find("Game score only was", at + 1))
         ++notes;
     EXPECT_EQ(notes, 4U);
+    EXPECT_TRUE(contains(report, "\r\nStrikes: 0\tStrike Percentage: 0%\tAvg / Game: 0\r\n"));
+    EXPECT_TRUE(contains(report, "\r\nOpen Frames: 0\tAvg / Game: 0\r\n"));
 }
 
 TEST_F(EventReport, CountsTheFramesOfAScoreOnlyGameAllTheSame) {
@@ -97,6 +123,102 @@ TEST_F(EventReport, HasARowForAnEmptyLeave) {
     EXPECT_TRUE(contains(matrix(play.eventReport("Summary")), "\r\n" + std::string(24, ' ') + " 1 " +
                                                                   std::string(15, ' ') + " 1 " +
                                                                   std::string(14, ' ') + "100.00%\t1.0\r\n"));
+}
+
+TEST_F(EventReport, PadsTheRowOfALeave) {
+    play.addEvent({});
+    for (int game = 1; game <= 15; ++game) {
+        play.addGame("P");
+        if (game <= 12)
+            play.addFrame(game <= 9 ? "9/" : "9-", "7", game <= 9 ? "/" : "7");
+    }
+    EXPECT_TRUE(isSameText(matrix(play.eventReport("Summary")),
+                           "-----\t\t\t--------\t-----------\t----------\t----------\r\n7" +
+                               std::string(23, ' ') + " 12 " + std::string(14, ' ') + " 9 " +
+                               std::string(14, ' ') + "75.00%\t0.8\r\n"));
+}
+
+TEST_F(EventReport, HasOneRowForALeaveThatIsMetAgain) {
+    play.addEvent({});
+    play.addGame("P");
+    play.nextFrameIs(3);
+    play.addFrame("9/", "10", "/");
+    const std::string once = "\r\n10" + std::string(22, ' ') + " 1 " + std::string(15, ' ') + " 1 " +
+                             std::string(14, ' ') + "100.00%\t1.0\r\n";
+    EXPECT_TRUE(matrix(play.eventReport("Summary")).ends_with(once));
+    play.nextFrameIs(5);
+    play.addFrame("9-", "10", "10");
+    const std::string twice = "----------\r\n10" + std::string(22, ' ') + " 2 " + std::string(15, ' ') +
+                              " 1 " + std::string(14, ' ') + "50.00%\t2.0\r\n";
+    EXPECT_TRUE(matrix(play.eventReport("Summary")).ends_with(twice));
+}
+
+TEST_F(EventReport, ShowsTheFillBallFromTheTenthFrameOn) {
+    play.addEvent({});
+    play.addGame("P");
+    play.nextFrameIs(9);
+    for (int frame = 9; frame <= 11; ++frame)
+        play.addFrame("XXX", "X", "X", "X");
+    const std::string report = play.eventReport("Full");
+    const std::string balls = "\r\nFirst Ball: X   Second Ball: X";
+    std::vector<bool> hasFill;
+    for (std::size_t at = report.find(balls); at != std::string::npos; at = report.find(balls, at + 1))
+        hasFill.push_back(report.substr(at + balls.size()).starts_with("   Fill Ball: X\r\n"));
+    EXPECT_EQ(hasFill, (std::vector<bool>{false, true, true}));
+}
+
+TEST_F(EventReport, WritesNullsAsNothing) {
+    play.insert("tblEventInfo", {{"fldDateBowled", Null{}},
+                                 {"fldNumGames", Null{}},
+                                 {"fldSeriesTot", Null{}},
+                                 {"fldComment", Null{}}});
+    play.insert("tblGameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                {"fldGameNum", std::int64_t{1}},
+                                {"fldScoreType", "P"},
+                                {"fldGameScore", Null{}},
+                                {"fldLanePair", Null{}},
+                                {"fldStartLane", Null{}},
+                                {"fldLaneCond", Null{}},
+                                {"fldComment", Null{}}});
+    play.insert("tblFrameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                 {"fldGameNum", std::int64_t{1}},
+                                 {"fldFrameNum", std::int64_t{10}},
+                                 {"fldLineScore", Null{}},
+                                 {"fldLaneBowled", Null{}},
+                                 {"fldBallUsed", Null{}},
+                                 {"fldFootPos", Null{}},
+                                 {"fldLaneTgt", Null{}},
+                                 {"fldFirstBallRes", Null{}},
+                                 {"fldSecondBallRes", Null{}},
+                                 {"fldFillBallRes", Null{}},
+                                 {"fldComment", Null{}}});
+    const std::string report = play.eventReport("Full");
+    EXPECT_TRUE(contains(report, "\r\nEvent Date: \r\n"));
+    EXPECT_TRUE(
+        isSameText(body(report), withLineEnds({"",
+                                               "Event Summary: ",
+                                               "Games Bowled:    Pinfall:    Event Average: 0.00",
+                                               "Event Comments: ",
+                                               "",
+                                               "Game Summary:",
+                                               "",
+                                               "Game 1   Game Score:    Lane Pair:    Starting Lane: ",
+                                               "Lane Condition: ",
+                                               "Comment: ",
+                                               "",
+                                               "Line Score:",
+                                               "-----------",
+                                               "1\t2\t3\t4\t5\t6\t7\t8\t9\t10",
+                                               "\t",
+                                               "",
+                                               "Frame Summary",
+                                               "-------------",
+                                               "Frame 10   Lane Bowled: ",
+                                               "Ball Used: ",
+                                               "Foot Position:    Lane Target: ",
+                                               "First Ball:    Second Ball:    Fill Ball: ",
+                                               "Comment: ",
+                                               "--------------------"})));
 }
 
 TEST_F(EventReport, DoesNotPadALeaveThatIsTooLong) {

@@ -1,6 +1,7 @@
 #include "ReportPlay.h"
 #include "reports/ReportRun.h"
 #include "reports/SpareMatrix.h"
+#include "store/Connection.h"
 
 #include <filesystem>
 #include <fstream>
@@ -90,6 +91,25 @@ TEST_F(ReportFailure, OfAFileThatCannotBeOpenedEndsTheReport) {
     EXPECT_TRUE(fs::is_directory(play.dataFolder()));
 }
 
+TEST_F(ReportFailure, OfAReportOverTheLogbookEndsItAndLeavesTheLogbook) {
+    play.addEvent({});
+    const fs::path logbook = play.program().logbookFile();
+    const std::string before = bytesOf(logbook);
+    for (const char* const kind : {"Summary", "Full", "Statistics"}) {
+        play.run(
+            [&] {
+                Write_Report(play.program(), {.kind = kind,
+                                              .evType = "All Events",
+                                              .session = 1,
+                                              .file = logbook.string(),
+                                              .copyToHandheld = true});
+            },
+            {failure("Write_Report", error::kPathFileAccess)});
+        EXPECT_TRUE(isSameText(bytesOf(logbook), before)) << kind;
+    }
+    play.eventReport("Full");
+}
+
 TEST_F(ReportFailure, OfANullAverageStopsTheBody) {
     play.addEvent({.average = Null{}});
     const std::string report =
@@ -104,10 +124,41 @@ TEST_F(ReportFailure, OfANullTotalStopsTheStatistics) {
     EXPECT_TRUE(report.ends_with("Game Score only: 0 games.\r\n"));
 }
 
-TEST_F(ReportFailure, OfAScoreBeyond16BitsStopsTheStatistics) {
+TEST_F(ReportFailure, OfANullNumberOfGamesStopsTheStatistics) {
+    play.addEvent({});
+    play.addEvent({.games = Null{}});
+    play.statistics({failure("Build_Sum_Matrix", error::kInvalidUseOfNull), failure("Write_Stats", kGone)});
+}
+
+TEST_F(ReportFailure, OfANullScoreStopsTheStatistics) {
     play.addEvent({});
     play.addGame("N", Null{});
     play.statistics({failure("Build_Sum_Matrix", error::kInvalidUseOfNull), failure("Write_Stats", kGone)});
+}
+
+// No field takes such a number, but another program can put it in.
+TEST_F(ReportFailure, OfATotalOrAScoreBeyond16BitsStopsTheStatistics) {
+    play.addEvent({});
+    play.addGame("N");
+    SQLite::Database& logbook = play.program().store().connection().database();
+    const auto stops = [&] {
+        play.statistics({failure("Build_Sum_Matrix", error::kOverflow), failure("Write_Stats", kGone)});
+    };
+    logbook.exec("UPDATE tblEventInfo SET fldSeriesTot = 32768");
+    stops();
+    logbook.exec("UPDATE tblEventInfo SET fldSeriesTot = 0");
+    logbook.exec("UPDATE tblGameInfo SET fldGameScore = 32768");
+    stops();
+}
+
+TEST_F(ReportFailure, OfANullFrameNumberStopsTheBody) {
+    play.addEvent({});
+    play.addGame("P");
+    play.addFrame("X", "X", "", "", {{"fldFrameNum", Null{}}});
+    const std::string report = play.eventReport(
+        "Full", 1,
+        {failure("Build_Sp_Sum", error::kInvalidUseOfNull), failure("Write_Event", error::kObjectNotSet)});
+    EXPECT_TRUE(report.ends_with("Game Score only: 0 games.\r\n"));
 }
 
 TEST_F(ReportFailure, OfASeriesOf110GamesStopsTheStatistics) {
@@ -231,6 +282,24 @@ TEST_F(CopyToHandheld, LeavesAReportAloneThatLiesThereAlready) {
     play.session().gHHSyncDir = play.dataFolder().string();
     reportWithCopy({failure("Write_Report", error::kPermissionDenied)});
     EXPECT_NE(bytesOf(play.file()).find("Spare\t\t\tAttempts"), std::string::npos);
+}
+
+TEST_F(CopyToHandheld, NeverTakesThePlaceOfTheLogbook) {
+    play.addEvent({});
+    play.session().gHHType = "Palm";
+    play.session().gHHSyncDir = play.dataFolder().string();
+    const fs::path logbook = play.program().logbookFile();
+    const fs::path namesake = syncFolder() / logbook.filename();
+    const std::string before = bytesOf(logbook);
+    play.run(
+        [&] {
+            Write_Report(
+                play.program(),
+                {.kind = "Summary", .session = 1, .file = namesake.string(), .copyToHandheld = true});
+        },
+        {failure("Write_Report", error::kPermissionDenied)});
+    EXPECT_TRUE(isSameText(bytesOf(logbook), before));
+    EXPECT_NE(bytesOf(namesake).find("Spare\t\t\tAttempts"), std::string::npos);
 }
 
 class Selection : public testing::Test {

@@ -63,9 +63,27 @@ TEST_F(ReportsMenu, EndsWithoutAViewerOnCancel) {
     EXPECT_EQ(play.display.events(), Log{});
 }
 
-TEST_F(ReportsMenu, HidesItselfBehindTheStatistics) {
+TEST_F(ReportsMenu, HidesItselfBehindWhatItLeadsTo) {
+    const std::vector<std::pair<std::string, std::string>> ways{
+        {"mnuRptEvent", "frmSearchEvents"}, {"mnuRptGame", "frmSearchGames"}, {"mnuStats", "frmEventStats"}};
+    for (const auto& [entry, screen] : ways) {
+        play.session().gMode = kAdd;
+        play.display.forgetEvents();
+        play.click(entry);
+        EXPECT_EQ(play.display.events(), (Log{"hide frmReports", "load " + screen, "show " + screen}));
+        EXPECT_EQ(play.session().gMode, kReport);
+        play.display.forgetEvents();
+        play.close({{"Previous Screen", Answer::Yes}});
+        EXPECT_EQ(play.display.events(), (Log{"unload " + screen, "show frmReports"}));
+    }
+}
+
+TEST_F(ReportsMenu, ShowsTheScreenBeforeItWhoeverUnloadsIt) {
     play.click("mnuStats");
-    EXPECT_EQ(play.display.events(), (Log{"hide frmReports", "load frmEventStats", "show frmEventStats"}));
+    play.display.forgetEvents();
+    play.click("cmdMain", {{"Return to Main", Answer::Yes}});
+    EXPECT_EQ(play.display.events(), (Log{"unload frmEventStats", "unload frmReports", "show frmMain",
+                                          "unload frmMain", "load frmMain", "show frmMain"}));
 }
 
 TEST_F(ReportsMenu, ReturnsToTheMainMenuWithoutAQuestion) {
@@ -97,6 +115,21 @@ TEST_F(ReportsMenu, TellsOfAViewerThatDoesNotStart) {
     play.display.expectDialog({"Open Report", play.file()});
     play.click("mnuOpen", {{"Database Error", Answer::OK,
                             databaseErrorBox(RunTimeError(error::kFileNotFound), "Reports, mnuOpen.").text}});
+}
+
+TEST_F(ReportsMenu, StartsInTheReportsOfTheFolderThatIsCurrentAsItComesUp) {
+    const fs::path before = fs::current_path();
+    const fs::path chosen = fs::canonical(play.dataFolder());
+    play.click("mnuRetMain");
+    fs::current_path(chosen);
+    ASSERT_FALSE(fs::exists("Reports"));
+    play.click("mnuReports");
+    fs::current_path(before);
+    play.display.expectDialog({"Open Report", chosen / "league.txt"});
+    play.display.forgetEvents();
+    play.click("mnuOpen");
+    EXPECT_EQ(play.display.dialogs().back().folder, (chosen / "Reports").string());
+    EXPECT_EQ(play.display.events(), Log{"viewer " + (chosen / "league.txt").string()});
 }
 
 TEST_F(ReportsMenu, ComesUpWhereTheCurrentFolderIsGone) {

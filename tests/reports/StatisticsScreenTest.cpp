@@ -110,6 +110,8 @@ TEST_F(StatisticsScreen, WritesNothingWhenTheDialogIsCancelled) {
 TEST_F(StatisticsScreen, OffersFiltersOnDemand) {
     play.click("optFilter(0)");
     EXPECT_EQ(enabled(kFilterControls), (std::vector<bool>{true, false, false, true, true}));
+    EXPECT_EQ(found(), 3);                   // nothing is checked
+    play.clock.set(makeDate(2026, 11, 15));  // today is the day of the start
     play.click("chkDate");
     EXPECT_EQ(enabled(kFilterControls), std::vector<bool>(5, true));
     EXPECT_EQ(play.focus(), "txtFrom");
@@ -193,8 +195,10 @@ TEST_F(StatisticsScreen, ForgetsEverythingWithTheFilter) {
     play.click("optFilter(0)");
     play.click("chkDate");
     play.type("txtFrom", "11/12/2026");
+    play.type("txtTo", "11/12/2026");
     play.click("chkEvent");
-    pick(0);
+    pick(1);
+    EXPECT_EQ(found(), 1);
     play.click("optFilter(1)");
     EXPECT_TRUE(names().items().empty());
     EXPECT_EQ(found(), 3);
@@ -253,8 +257,11 @@ TEST_F(StatisticsScreen, LeavesAfterAQuestion) {
     EXPECT_EQ(screensAfter("cmdPrevious", {"Previous Screen", Answer::Yes, "Return to previous screen?"}),
               (Names{"frmMain", "frmReports"}));
     play.click("mnuStats");
+    play.display.forgetEvents();
     EXPECT_EQ(screensAfter("cmdRpt", {"Return to Reports", Answer::Yes, "Return to reports menu?"}),
               Names{"frmReports"});
+    EXPECT_EQ(play.display.events(), (Names{"unload frmEventStats", "unload frmReports", "show frmMain",
+                                            "unload frmMain", "load frmReports", "show frmReports"}));
     EXPECT_EQ(play.screen().name(), "frmReports");
     play.click("mnuStats");
     EXPECT_EQ(screensAfter("cmdMain", {"Return to Main", Answer::Yes, "Return to main menu?"}),

@@ -34,6 +34,7 @@ public:
     OptionButton optB{fraBox, "optB", group, "&B"};
     CheckBox chkPin{fraBox, "chkPin", "1"};
     TextBox txtShown{*this, "txtShown", {.readOnly = true, .tabStop = false}};
+    TextBox txtLines{*this, "txtLines", {.multiline = true, .tabStop = false}};
     Label lblTwo{*this, "lblTwo", "&Two", txtTwo};
     Menu mnuTop{*this, "mnuTop", "&Top"};
     Menu mnuGo{mnuTop, "mnuGo", "&Go", cmdGo};
@@ -239,6 +240,22 @@ TEST_F(Focus, CutsTypedTextAlone) {
     EXPECT_EQ(changes, 2);
     person::type(screen->txtShown, "x");
     EXPECT_EQ(screen->txtShown.text(), "");
+}
+
+TEST_F(Focus, KeepsABoxOfOneLineOnOneLine) {
+    struct Pasted {
+        const char* text;
+        const char* taken;
+    };
+    for (const Pasted& one : {Pasted{"/home/ann\n", "/home/ann"}, Pasted{"a\r\nb\nc\r\n\r\n", "a b c"},
+                              Pasted{"\na", " a"}, Pasted{"\r\n", ""}}) {
+        person::type(screen->txtTwo, one.text);
+        EXPECT_EQ(screen->txtTwo.text(), one.taken);
+    }
+    person::type(screen->txtOne, "12345\n");
+    EXPECT_EQ(screen->txtOne.text(), "12345");
+    person::type(screen->txtLines, "a\nb\n");
+    EXPECT_EQ(screen->txtLines.text(), "a\nb\n");
 }
 
 TEST_F(Focus, RunsAMenuEntryWithoutMovingIt) {

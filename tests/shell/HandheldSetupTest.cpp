@@ -1,3 +1,4 @@
+#include "shell/Configuration.h"
 #include "shell/frmHHSetup.h"
 #include "support/Play.h"
 #include "support/SameText.h"
@@ -88,6 +89,16 @@ TEST_F(HandheldSetup, ShowsNothingAfterAFirstStart) {
     EXPECT_TRUE(play.enabled("cmdSaveChg"));
 }
 
+TEST_F(HandheldSetup, ShowsNothingOfATypeThatItDoesNotKnow) {
+    open("palm", folder().string());
+    EXPECT_FALSE(play.value("optHHType(0)"));
+    EXPECT_FALSE(play.value("optHHType(1)"));
+    EXPECT_EQ(play.text("txtHHDir"), "");
+    EXPECT_EQ(screen().dirHHDir.path(), "/");
+    EXPECT_FALSE(play.enabled("cmdSaveChg"));
+    EXPECT_EQ(play.session().gHHType, "palm");
+}
+
 TEST_F(HandheldSetup, StartsAtHomeWithATypeAlone) {
     const Home home(folder().string());
     open("Palm", "");
@@ -164,6 +175,17 @@ TEST_F(HandheldSetup, Saves) {
         std::string::npos);
 }
 
+// A path is often pasted with the end of its line, and a line without a key would end every further start.
+TEST_F(HandheldSetup, SavesNothingThatCannotBeReadAgain) {
+    open("", "");
+    play.click("optHHType(0)");
+    play.type("txtHHDir", folder().string() + "\n");
+    play.click("cmdSaveChg", {kSave, kSaved});
+    play.session().gHHSyncDir.clear();
+    EXPECT_TRUE(Read_Config(play.program()));
+    EXPECT_EQ(play.session().gHHSyncDir, folder().string());
+}
+
 TEST_F(HandheldSetup, KeepsANewTypeForTheRunThoughNotInTheFile) {
     play.session().gHHType = "Palm";
     open("Palm", folder().string());
@@ -205,6 +227,7 @@ TEST_F(HandheldSetup, LeavesOnlyThroughItsWorkingEntries) {
     EXPECT_EQ(play.display.events(), Log{});
     play.click("mnuHHSetupExit", {{"Confirm - Exit", Answer::No}});
     play.click("mnuHHSetupMain", {{"Return to Main", Answer::No, "Return to main menu?"}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Question);
     EXPECT_EQ(play.screen().name(), "frmHHSetup");
     play.close({{"Return to Main", Answer::Yes}});
     EXPECT_EQ(play.display.events(),

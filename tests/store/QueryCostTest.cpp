@@ -103,6 +103,16 @@ TEST_F(Cost, OfOpeningIsNotThatOfReading) {
     EXPECT_EQ(walked(), 0);
 }
 
+TEST_F(Cost, OfLookingAtSomeRowsOfManyIsThatOfThese) {
+    Recordset rows(store);
+    rows.Open("SELECT * FROM tblFrameInfo");
+    EXPECT_EQ(rows.RecordCount(), 150);
+    EXPECT_GT(walked(), 0);
+    for (int row = 0; row < 150; row += 37)
+        EXPECT_EQ(toText(rows.valueAt(row, "fldGameNum")), std::to_string(row % 3 + 1));
+    EXPECT_EQ(walked(), 0);
+}
+
 TEST_F(Cost, OfSavingANewEventDoesNotGrowWithTheLogbook) {
     DataControl list(store);
     list.setRecordSource("SELECT * FROM tblEventInfo");

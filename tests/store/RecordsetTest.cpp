@@ -285,6 +285,42 @@ TEST_F(RecordsetEdges, KeepEachRowAsItWasBeforeAnotherTouchesIt) {
     }
 }
 
+// Few rows that are looked at are read for themselves, many all at once; what is seen is always the same.
+TEST_F(RecordsetEdges, ShowAnyOfManyRows) {
+    constexpr int kRows = 1000;
+    Recordset adding(store);
+    adding.Open("SELECT * FROM tblGameInfo");
+    for (int game = 4; game <= kRows; ++game) {
+        adding.AddNew();
+        adding["fldGameNum"] = std::int64_t{game};
+        adding["fldGameScore"] = std::int64_t{game % 300};
+        adding["fldComment"] = "Game " + std::to_string(game);
+        adding.Update();
+    }
+    const std::string sql = "SELECT * FROM tblGameInfo WHERE fldGameNum >= 4 ORDER BY fldGameScore";
+    Recordset reading(store);
+    reading.Open(sql);
+    std::vector<std::string> comments;
+    for (; !reading.Eof(); reading.MoveNext())
+        comments.push_back(toText(reading["fldComment"]));
+    ASSERT_EQ(comments.size(), kRows - 3);
+    for (const int step : {1, 63, 64, 331}) {
+        Recordset looked(store);
+        looked.Open(sql);
+        const auto look = [&] {
+            for (int row = kRows - 4; row >= 0; row -= step)
+                EXPECT_EQ(toText(looked.valueAt(row, "fldComment")), comments[static_cast<std::size_t>(row)]);
+        };
+        look();
+        Recordset other(store);
+        other.Open(sql);
+        other["fldComment"] = "Changed before steps of " + std::to_string(step);
+        other.Update();
+        look();
+        comments[0] = toText(other["fldComment"]);
+    }
+}
+
 TEST_F(RecordsetEdges, MoveOnFromADeletedRow) {
     Recordset rows(store);
     rows.Open("SELECT * FROM tblGameInfo");

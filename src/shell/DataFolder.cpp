@@ -1,0 +1,52 @@
+#include "shell/DataFolder.h"
+
+#include "backup/BackupFolder.h"
+#include "shell/Program.h"
+
+#include <algorithm>
+#include <system_error>
+#include <vector>
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path journalOf(const fs::path& logbook) {
+    std::error_code ignored;
+    return fs::weakly_canonical(logbook, ignored).string() + "-journal";
+}
+
+std::vector<fs::path> ownFiles(const Program& program) {
+    const fs::path logbook = program.logbookFile();
+    std::vector<fs::path> files{logbook, journalOf(logbook), configurationFile(program), lockFile(program)};
+    std::error_code ended;
+    for (fs::directory_iterator backup(BackupFolder(logbook).path(), ended);
+         backup != fs::directory_iterator{}; backup.increment(ended))
+        files.push_back(backup->path());
+    return files;
+}
+
+/// Whether both are one file; the journal need not be there to be told by its path.
+bool isSameFile(const fs::path& one, const fs::path& other) {
+    std::error_code ignored;
+    return fs::equivalent(one, other, ignored) ||
+           fs::weakly_canonical(one, ignored) == fs::weakly_canonical(other, ignored);
+}
+
+}  // namespace
+
+fs::path lockFile(const Program& program) {
+    return program.dataFolder / "Tallybrook.lock";
+}
+
+fs::path configurationFile(const Program& program) {
+    return program.dataFolder / "tbrkcfg.conf";
+}
+
+bool isOwnFile(const Program& program, const fs::path& path) {
+    return std::ranges::any_of(ownFiles(program), [&](const fs::path& own) { return isSameFile(path, own); });
+}
+
+}  // namespace tallybrook
