@@ -17,26 +17,22 @@ public:
           add_(add),
           record_(format_, [this](const RunTimeError& why) { tellFailedCut(why); }) {}
 
-    bool read() {
+    void read() {
         if (!format_.opening.empty())
             run_.logStamped("", format_.opening);
         while (!file_.tmp->atEnd()) {
             const std::string line = file_.tmp->readLine();
-            if (!line.starts_with('#'))
+            if (line.starts_with('#'))
+                takeHeader(line);
+            else
                 takeRecord(line);
-            else if (!takeHeader(line))
-                return endAtNone();
+            if (file_.isEmpty)
+                return;
         }
         finish();
-        return false;
     }
 
 private:
-    bool endAtNone() {
-        rows_.bringToDisk();
-        return true;
-    }
-
     void tellFailedCut(const RunTimeError& why) {
         rows_.bringToDisk();
         run_.giveUp(why, "ParseDBLine");
@@ -44,19 +40,23 @@ private:
 
     void write(std::string_view text) { Write_Log(text, run_.log.run); }
 
-    /// False if there is nothing to read behind it.
-    bool takeHeader(std::string_view line) {
+    void takeHeader(std::string_view line) {
         if (run_.DeleteFromPDA)
             file_.out->writeLine(line);
         if (line.find("RECCNT") == std::string_view::npos)
-            return true;
+            return;
         const Int32 count = recordCount(line);
-        if (count == 0 && !format_.nothing.empty()) {
-            write(format_.nothing);
-            return false;
-        }
-        write(fmt::format("Total of {} {} in file.", count.value(), format_.many));
-        return true;
+        if (count == 0 && !format_.nothing.empty())
+            endAtNone();
+        else
+            write(fmt::format("Total of {} {} in file.", count.value(), format_.many));
+    }
+
+    /// The file counts as empty even where the log cannot tell so.
+    void endAtNone() {
+        rows_.bringToDisk();
+        file_.isEmpty = true;
+        write(format_.nothing);
     }
 
     void takeRecord(std::string_view line) {
@@ -101,9 +101,9 @@ private:
 
 }  // namespace
 
-bool readExportFile(SyncRun& run, SyncFile& file, RowBatch& rows,
+void readExportFile(SyncRun& run, SyncFile& file, RowBatch& rows,
                     const std::function<Outcome(CdbRecord&)>& add) {
-    return CdbReader(run, file, rows, add).read();
+    CdbReader(run, file, rows, add).read();
 }
 
 }  // namespace tallybrook

@@ -75,13 +75,11 @@ Outcome addEvent(SyncRun& run, RowBatch& rows, CdbRecord& record) {
 }  // namespace
 
 bool ReadCDBEvents(SyncRun& run) {
-    bool NoEvents = false;
     run.procedure("ReadCDBEvents", [&] {
         RowBatch rows(run.program.store());
-        NoEvents = readExportFile(run, run.event, rows,
-                                  [&](CdbRecord& record) { return addEvent(run, rows, record); });
+        readExportFile(run, run.event, rows, [&](CdbRecord& record) { return addEvent(run, rows, record); });
     });
-    return NoEvents;
+    return run.event.isEmpty;
 }
 
 }  // namespace tallybrook

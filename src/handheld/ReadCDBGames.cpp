@@ -57,13 +57,11 @@ Outcome addGame(SyncRun& run, CdbRecord& record) {
 }  // namespace
 
 bool ReadCDBGames(SyncRun& run) {
-    bool NoGames = false;
     run.procedure("ReadCDBGames", [&] {
         RowBatch rows(run.program.store());
-        NoGames =
-            readExportFile(run, run.game, rows, [&run](CdbRecord& record) { return addGame(run, record); });
+        readExportFile(run, run.game, rows, [&run](CdbRecord& record) { return addGame(run, record); });
     });
-    return NoGames;
+    return run.game.isEmpty;
 }
 
 }  // namespace tallybrook

@@ -30,6 +30,7 @@ struct SyncFile {
     const CdbFormat& format;
     FileHandle<TextReader> tmp;  // the copy that is read
     FileHandle<TextWriter> out;  // what is to take the file's place, if records are to be deleted
+    bool isEmpty = false;        // whether a record count of 0 has ended its reading
 };
 
 /// One import from its first message to its last: what its procedures share, and the failure path that each

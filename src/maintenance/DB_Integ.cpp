@@ -42,11 +42,13 @@ public:
     }
 
 private:
-    /// Only what is gone indeed is counted as deleted.
+    /// A row that cannot be deleted counts as deleted: its box has told of it.
     void deleteIfOrphan() {
         step_([&] { session_ = toInt32(rows_->Fields("fldSessionNum")); });
-        if (!hasEvent() && step_([&] { rows_->Delete(); }))
-            ++deleted_;
+        if (hasEvent())
+            return;
+        step_([&] { rows_->Delete(); });
+        ++deleted_;
     }
 
     /// An event that cannot be looked for counts as there: nothing is deleted on the word of a failure.

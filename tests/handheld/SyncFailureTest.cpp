@@ -259,6 +259,36 @@ TEST_F(FilesThatFail, EndTheRunWhereAnEarlyEndMissesItsFiles) {
                                      "tblFrame.out", "tblFrame.tmp", "tblGame.cdb", "tblGame.out"}));
 }
 
+TEST_F(FilesThatFail, EndTheRunEarlyAlthoughItCannotBeLogged) {
+    struct Early {
+        Lines Exports::*file;
+        const char* procedure;
+        int writesBefore;  // in front of the line that there is nothing to process
+        const char* words;
+    };
+    for (const Early& early :
+         {Early{&Exports::events, "ReadCDBEvents", 5, "There were no events to process."},
+          Early{&Exports::games, "ReadCDBGames", 10, "There were no games to process."}}) {
+        SyncPlay other;
+        Exports files = smallExports();
+        (files.*early.file)[1] = countLine(0);
+        other.put(files);
+        const FileCalls full(refusing(FileCall::Kind::Write, kRunLog, ENOSPC, early.writesBefore));
+        const Expected failure = SyncPlay::failure(early.procedure, 61);
+        other.click("cmdAddPDA", {SyncPlay::sayingWhatIsToCome(),
+                                  SyncPlay::askingToDelete(Answer::Yes),
+                                  failure,
+                                  {"Sync Complete", Answer::OK, early.words}});
+        EXPECT_FALSE(other.program().hasEnded());
+        EXPECT_EQ(other.display.events(),
+                  (Log{"hide frmSyncPDA", "busy", "unload frmSyncPDA", "show frmMain", "default"}));
+        EXPECT_TRUE(other.masterLog().ends_with("\r\n" + failure.text + "\r\n"));
+        EXPECT_EQ(
+            SyncPlay::filesIn(other.workingFolder()),
+            (std::set<std::string>{"PDASyncLog-Master.log", "tblEvent.cdb", "tblFrame.cdb", "tblGame.cdb"}));
+    }
+}
+
 /// The lines of the log in front of those that tell of the check, one write each.
 constexpr int kWritesBeforeTheCheck = 18;
 

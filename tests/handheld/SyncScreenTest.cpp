@@ -39,6 +39,18 @@ TEST_F(SyncScreen, BearsItsCaptions) {
         EXPECT_TRUE(play.enabled(name)) << name;
 }
 
+TEST_F(SyncScreen, HasItsMenus) {
+    const auto entriesOf = [this](const char* name) {
+        Log names;
+        for (const Menu* const entry : dynamic_cast<Menu&>(play.control(name)).entries())
+            names.push_back(entry->name());
+        return names;
+    };
+    EXPECT_EQ(entriesOf("mnuFile"), Log{"mnuExit"});
+    EXPECT_EQ(entriesOf("mnuCommands"), (Log{"mnuSyncPDA", "mnuRetMain"}));
+    EXPECT_EQ(entriesOf("mnuHelp"), (Log{"mnuTBKHelp", "mnuAbout"}));
+}
+
 TEST_F(SyncScreen, GoesThroughItsButtonsWithTab) {
     for (const char* const name : {"cmdAddPDA", "cmdRetMain", "cmdExit", "cmdAddPDA"}) {
         play.tab();

@@ -119,6 +119,21 @@ TEST_F(DatabaseCheck, TakesARowWithoutAnEventsKeyForOneOfTheEventBefore) {
     EXPECT_EQ(lines.front(), "3 frames checked, 1 frames deleted.");
 }
 
+TEST_F(DatabaseCheck, GoesOnBehindADeletionThatIsRefused) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    addFrame(2, 1, 1, "X");
+    addFrame(2, 1, 2, "X");
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE DELETE ON tblFrameInfo WHEN OLD.fldFrameNum = 1 "
+        "BEGIN SELECT RAISE(ABORT, 'not this one'); END");
+    const Rows lines =
+        check({{"Database Error", Answer::OK,
+                databaseErrorBox(RunTimeError(-2147467259, "not this one"), "DB_Utils, DB_Integ.").text}});
+    EXPECT_EQ(lines.front(), "2 frames checked, 2 frames deleted.");
+    EXPECT_EQ(play.rows("tblFrameInfo", {"fldFrameNum"}), Rows{"1"});
+}
+
 TEST_F(DatabaseCheck, ConcludesTheScoreTypeFromTheLowestFrame) {
     addEvent(std::int64_t{6});
     addGame(1, std::int64_t{1}, "N", std::int64_t{1});
@@ -139,6 +154,28 @@ TEST_F(DatabaseCheck, ConcludesTheScoreTypeFromTheLowestFrame) {
                              "Game number: 2" + event + "L", "Game number: 3" + event + "N",
                              "Game number: 4" + event + "P", "Game number: 5" + event + "P"}));
     EXPECT_EQ(games(), (Rows{"1|1|P|1", "1|2|L|2", "1|3|N|0", "1|4|P|1", "1|5|P|1", "1|6|L|1"}));
+}
+
+TEST_F(DatabaseCheck, TakesAGameWhoseFramesWereTypedForALineScoreWhateverItsColumnHeld) {
+    for (const std::string held : {"L", "N"}) {
+        SQLite::Database& logbook = play.program().store().connection().database();
+        logbook.exec(
+            "CREATE TRIGGER another_default AFTER INSERT ON tblGameInfo BEGIN UPDATE tblGameInfo SET "
+            "fldScoreType = '" +
+            held + "' WHERE fldGameKey = NEW.fldGameKey; END");
+        play.click("mnuAddFromForm");
+        play.type("txtEvent", "League of " + held);
+        play.click("cmdUpdGames", {{"Update Games", Answer::Yes}});
+        play.click("optScType(1)");
+        play.type("txtStartLane", "7");
+        play.click("cmdUpdFrame", {{"Update Frames", Answer::Yes}});
+        play.type("txtCount(1)", "9/");
+        play.click("cmdRetMain");
+        logbook.exec("DROP TRIGGER another_default");
+    }
+    EXPECT_EQ(games(), (Rows{"1|1|L|0", "2|1|N|0"}));
+    check();
+    EXPECT_EQ(games(), (Rows{"1|1|L|1", "2|1|L|1"}));
 }
 
 TEST_F(DatabaseCheck, CorrectsTheRecordedCounts) {
@@ -179,6 +216,9 @@ TEST_F(DatabaseCheck, OfAnEmptyLogbookTellsOfEachEmptyTable) {
                                       {"No Events", Answer::OK, "No events in the database to process."}};
     EXPECT_EQ(check(boxes), (Rows{"0 frames checked, 0 frames deleted.", "0 games checked, 0 games deleted.",
                                   "Checking game score types."}));
+    const MessageBox& noEvents = play.display.boxes()[4];
+    EXPECT_EQ(noEvents.icon, Icon::Information);
+    EXPECT_EQ(noEvents.buttons, Buttons::OK);
 }
 
 TEST_F(DatabaseCheck, AppendsToItsReport) {
@@ -246,6 +286,7 @@ TEST_F(DatabaseTools, ChecksAfterAQuestion) {
     addGame(1, std::int64_t{1}, "N");
     play.click("cmdDBCheck", {{kProceed.title, Answer::No, kProceed.text}});
     EXPECT_EQ(play.display.boxes().back().icon, Icon::Question);
+    EXPECT_EQ(play.display.boxes().back().defaultAnswer(), Answer::Yes);
     EXPECT_TRUE(play.display.events().empty());
     play.click("mnuDBCheck", {kProceed, failure("DB_Integ", kNoRow), complete()});
     EXPECT_EQ(play.display.events(), (Rows{"busy", "default"}));
@@ -261,6 +302,7 @@ TEST_F(DatabaseTools, CountsTheLogbook) {
     play.click("cmdDBStats", {{"Database Statistics"}});
     const MessageBox& box = play.display.boxes().back();
     EXPECT_EQ(box.icon, Icon::None);
+    EXPECT_EQ(box.buttons, Buttons::OK);
     EXPECT_EQ(box.text,
               "Number of events: 3\r\nLeague Events: 1\r\nPractice Events: 1\r\nTournament Events: 0\r\n\r\n"
               "Number of games: 1\r\nNumber of frames: 1\r\n\r\nDatabase location: " +
@@ -275,9 +317,17 @@ TEST_F(DatabaseTools, OpensAReport) {
     EXPECT_EQ(play.display.events(), Rows{"viewer " + report().string()});
     EXPECT_EQ(play.display.dialogs().at(0).filter, "Text (*.txt) | .txt");
     EXPECT_EQ(play.display.dialogs().at(0).folder, (fs::current_path() / "Reports").string());
+}
+
+TEST_F(DatabaseTools, EndQuietlyWithoutAReportToOpen) {
     play.display.expectDialog({"Open Report", std::nullopt});
-    play.click("mnuFileOpen", {{"Cancelled - Open File", Answer::Cancel, "No file was selected."}});
-    EXPECT_EQ(play.display.events().size(), 1U);
+    play.display.expectDialog({"Open Report", std::nullopt});
+    play.click("mnuFileOpen", {{"Cancelled - Open File", Answer::Retry, "No file was selected."},
+                               {"Cancelled - Open File", Answer::Cancel, "No file was selected."}});
+    EXPECT_TRUE(play.display.events().empty());
+    const MessageBox& box = play.display.boxes().back();
+    EXPECT_EQ(box.icon, Icon::None);
+    EXPECT_EQ(box.buttons, Buttons::RetryCancel);
 }
 
 TEST_F(DatabaseTools, ReturnToTheMainMenu) {
@@ -354,6 +404,15 @@ TEST_F(DatabaseTools, HaveTheirCaptions) {
                      {"mnuHelp", "&Help"},
                      {"mnuTBKHelp", "Tallybrook Help"},
                      {"mnuAbout", "&About"}});
+    const auto entriesOf = [this](const char* name) {
+        Rows names;
+        for (const Menu* const entry : dynamic_cast<Menu&>(play.control(name)).entries())
+            names.push_back(entry->name());
+        return names;
+    };
+    EXPECT_EQ(entriesOf("mnuFile"), (Rows{"mnuFileOpen", "mnuFileExit"}));
+    EXPECT_EQ(entriesOf("mnuDBTools"), (Rows{"mnuDBCheck", "mnuDBStats", "mnuRetMain"}));
+    EXPECT_EQ(entriesOf("mnuHelp"), (Rows{"mnuTBKHelp", "mnuAbout"}));
     play.click("mnuRetMain", {{"Return to Main Menu", Answer::No}});
     play.click("mnuFileExit", {{"Confirm - Exit", Answer::No}});
 }
