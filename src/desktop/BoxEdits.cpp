@@ -9,6 +9,8 @@ namespace tallybrook {
 
 namespace {
 
+constexpr int kBesideText = 2;  // pixels of room more than the toolkit leaves
+
 qsizetype charactersIn(const QString& text) {
     return text.toUcs4().size();
 }
@@ -28,10 +30,11 @@ LineEdit::LineEdit(QWidget& parent, const TextBox& box)
     : QLineEdit(&parent), limited_(new LimitedText(this)), characters_(box.options().width) {
     setMaxLength(std::numeric_limits<int>::max());  // the box's own limit holds for typing alone
     setValidator(limited_);
+    setTextMargins(kBesideText, 0, kBesideText, 0);
     if (box.options().centred)
         setAlignment(Qt::AlignCenter);
     if (characters_ != 0)
-        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
 /// A text from code may be longer than the limit, and stays so until it is typed over.
@@ -50,8 +53,14 @@ QSize LineEdit::sizeHint() const {
     return size;
 }
 
+/// Where room is short, what stands in the middle of its box keeps some, and a text can do with the
+/// beginning.
 QSize LineEdit::minimumSizeHint() const {
-    return characters_ == 0 ? QLineEdit::minimumSizeHint() : sizeHint();
+    constexpr int kBeginning = 9;
+    const QSize least = QLineEdit::minimumSizeHint();
+    const int characters =
+        alignment().testFlag(Qt::AlignHCenter) ? characters_ : std::min(characters_, kBeginning);
+    return {std::max(least.width(), fontMetrics().averageCharWidth() * (characters + 1)), least.height()};
 }
 
 /// The text with its own blanks: toPlainText() would make those that do not break to usual ones.
@@ -67,7 +76,8 @@ void LinesEdit::showText(const TextBox& box) {
     if (shown == lines())
         return;
     setPlainText(shown);
-    moveCursor(QTextCursor::End);
+    if (!isReadOnly())
+        moveCursor(QTextCursor::End);
 }
 
 void LinesEdit::selectNothing() {
@@ -87,7 +97,8 @@ int LinesEdit::heightOf(int lines) const {
 }
 
 QSize LinesEdit::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 30, heightOf(6)};
+    constexpr int kUsual = 30;
+    return {fontMetrics().averageCharWidth() * (characters_ == 0 ? kUsual : characters_), heightOf(6)};
 }
 
 QSize LinesEdit::minimumSizeHint() const {

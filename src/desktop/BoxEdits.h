@@ -30,7 +30,8 @@ public:
         connect(this, &QLineEdit::textEdited, this, told);
     }
     void showText(const TextBox& box);
-    void selectNothing() { deselect(); }
+    /// Nothing is selected, and the text is seen from its beginning.
+    void selectNothing() { home(false); }
     [[nodiscard]] bool isAllSelected() const { return hasSelectedText() && selectedText() == text(); }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -44,7 +45,8 @@ private:
 /// A box of several lines.
 class LinesEdit : public QPlainTextEdit {
 public:
-    explicit LinesEdit(QWidget& parent) : QPlainTextEdit(&parent) {}
+    LinesEdit(QWidget& parent, const TextBox& box)
+        : QPlainTextEdit(&parent), characters_(box.options().width) {}
     template <typename Told>
     void whenEdited(Told told) {
         connect(this, &QPlainTextEdit::textChanged, this, [this, told] { told(lines()); });
@@ -59,6 +61,8 @@ public:
 private:
     [[nodiscard]] QString lines() const;
     [[nodiscard]] int heightOf(int lines) const;
+
+    int characters_;  // 0 for as wide as usual
 };
 
 }  // namespace tallybrook

@@ -3,6 +3,7 @@
 #include "desktop/QtText.h"
 
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <array>
@@ -50,6 +51,16 @@ BoxWindow::BoxWindow(const MessageBox& box, QWidget* parent)
     setDefaultButton(buttonOf(box.defaultAnswer()));
     setWindowModality(Qt::ApplicationModal);
     setWindowFlag(Qt::WindowCloseButtonHint, !mustBeAnswered_);
+    layOut();
+}
+
+/// The text stands beside its icon, whatever room the buttons take below them.
+void BoxWindow::layOut() {
+    constexpr QMargins kMargins{18, 16, 18, 14};
+    auto& grid = dynamic_cast<QGridLayout&>(*layout());
+    grid.setContentsMargins(kMargins);
+    grid.setVerticalSpacing(kMargins.top());
+    grid.setColumnStretch(grid.columnCount() - 1, 1);
 }
 
 QMessageBox::StandardButton BoxWindow::buttonOf(Answer answer) {

@@ -21,6 +21,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void layOut();
+
     bool mustBeAnswered_;
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "shell/Person.h"
+#include "shell/Grid.h"
+#include "shell/Keyboard.h"
+#include "shell/Lists.h"
 
 #include <QWidget>
 #include <memory>

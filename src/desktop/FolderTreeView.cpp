@@ -5,6 +5,7 @@
 #include "desktop/SizedView.h"
 
 #include <QHeaderView>
+#include <QResizeEvent>
 #include <QTreeWidget>
 
 namespace tallybrook {
@@ -21,6 +22,7 @@ public:
         header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         setUniformRowHeights(true);
         setAutoScroll(false);
+        setIconSize(QSize(1, 1) * fontMetrics().height());
     }
     /// Sideways the beginning of its name comes into view, however deep the folder lies.
     void bringIntoView(const QModelIndex& item, ScrollHint hint) override {
@@ -28,6 +30,13 @@ public:
         const int name = visualRect(item).left();
         if (name < 0 || name > viewport()->width() / 2)
             horizontalScrollBar()->setValue(horizontalScrollBar()->value() + name - 2 * indentation());
+    }
+
+protected:
+    /// The folder picked is marked from edge to edge.
+    void resizeEvent(QResizeEvent* event) override {
+        header()->setMinimumSectionSize(event->size().width());
+        SizedView<QTreeWidget>::resizeEvent(event);
     }
 };
 

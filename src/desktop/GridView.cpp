@@ -157,13 +157,15 @@ protected:
 
 private:
     /// Gives each column what it wants; where there is no room for that, the wide ones go without some of it,
-    /// but for their headers. Columns that the user has made wider or narrower are left alone.
+    /// but for their headers, unless the grid must be scrolled all the same. Columns that the user has made
+    /// wider or narrower are left alone.
     void shareRoom() {
         if (isArranged_)
             return;
         const int spare = sum(wanted_) - sum(least_);
         const int missing = sum(wanted_) - viewport()->width();
-        const double share = std::clamp(static_cast<double>(missing) / std::max(spare, 1), 0.0, 1.0);
+        const bool canFit = missing <= spare;
+        const double share = canFit ? std::max(static_cast<double>(missing) / std::max(spare, 1), 0.0) : 0;
         isSharing_ = true;
         for (std::size_t column = 0; column < wanted_.size(); ++column) {
             const double given = share * (wanted_[column] - least_[column]);

@@ -3,7 +3,11 @@
 #include "style/Colours.h"
 
 #include <QEvent>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QUrlQuery>
+#include <algorithm>
 
 namespace tallybrook {
 
@@ -72,12 +76,41 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
                                                 : resource;
 }
 
-/// A picture no wider than the page.
+/// How wide a picture can be, beside the scroll bar that there may be.
+int HelpBrowser::roomForPictures() const {
+    return width() - 2 * (frameWidth() + kMargin) - verticalScrollBar()->sizeHint().width();
+}
+
+/// A picture no wider than the page, with all of its points that the display can show.
 QVariant HelpBrowser::fitting(const QImage& picture) const {
-    const int room = viewport()->width() - 2 * kMargin;
+    const int room = roomForPictures();
     if (picture.width() <= room || room <= 0)
         return picture;
-    return picture.scaledToWidth(room, Qt::SmoothTransformation);
+    const int points = std::min(picture.width(), static_cast<int>(room * devicePixelRatioF()));
+    QImage fitting = picture.scaledToWidth(points, Qt::SmoothTransformation);
+    fitting.setDevicePixelRatio(static_cast<double>(points) / room);
+    return fitting;
+}
+
+/// Fits the pictures of the page anew, where it lies.
+void HelpBrowser::fitPictures() {
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextImageFormat image = part.fragment().charFormat().toImageFormat();
+            if (!image.isValid())
+                continue;
+            const QUrl name = source().resolved(QUrl(image.name()));
+            document()->addResource(QTextDocument::ImageResource, name,
+                                    loadResource(QTextDocument::ImageResource, name));
+        }
+    }
+    document()->markContentsDirty(0, document()->characterCount());
+}
+
+void HelpBrowser::resizeEvent(QResizeEvent* event) {
+    if (event->size().width() != event->oldSize().width())
+        fitPictures();
+    QTextBrowser::resizeEvent(event);
 }
 
 void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
@@ -126,6 +159,9 @@ void HelpBrowser::styleAnew() {
         QString(
             "h1 { font-size: x-large; } "
             "h2 { font-size: large; margin-top: 18px; } "
+            "p, li, td, th { line-height: 120%; } "
+            "p.picture { line-height: 100%; } "
+            "li { margin-bottom: 3px; } "
             "kbd { background-color: %1; } "
             "th { background-color: %1; text-align: left; } "
             "table { margin-top: 6px; border-collapse: collapse; border-style: solid; border-color: %2; }")

@@ -24,10 +24,13 @@ public:
 protected:
     void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] bool isOwn(const QUrl& name) const { return source().resolved(name).scheme() == "qrc"; }
+    [[nodiscard]] int roomForPictures() const;
     [[nodiscard]] QVariant fitting(const QImage& picture) const;
+    void fitPictures();
     void styleAnew();
     void arrived(const QUrl& page);
     void markPlaces();

@@ -29,7 +29,7 @@ HelpWindow::HelpWindow() : pages_(new HelpBrowser), sought_(new QLineEdit) {
     addPageActions(*bar);
     addSearch(*bar);
     const int line = fontMetrics().height();
-    resize(QSize(line * 48, line * 40).boundedTo(screen()->availableSize()));
+    resize(QSize(line * 52, line * 46).boundedTo(screen()->availableSize()));
 }
 
 void HelpWindow::addPageActions(QToolBar& bar) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Person.h"
+#include "shell/Keyboard.h"
 
 #include <QKeyEvent>
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kBeside = 10;  // pixels between parts beside each other
 constexpr int kBelow = 8;    // and below each other
-constexpr int kInTable = 3;
+constexpr int kInTable = 5;
 
 Qt::Alignment alignmentOf(const Layout& part) {
     switch (part.align) {

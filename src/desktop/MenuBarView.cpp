@@ -1,7 +1,7 @@
 #include "desktop/MenuBarView.h"
 
 #include "desktop/QtText.h"
-#include "shell/Person.h"
+#include "shell/Keyboard.h"
 #include "shell/Screen.h"
 
 #include <QMenu>

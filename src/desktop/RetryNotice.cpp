@@ -1,5 +1,7 @@
 #include "desktop/RetryNotice.h"
 
+#include "desktop/RoomyButton.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -15,7 +17,8 @@ RetryNotice::RetryNotice(QWidget* parent) : QDialog(parent) {
     auto* const buttons = new QHBoxLayout;
     buttons->addStretch(1);
     const auto addButton = [&](const QString& caption, Choice choice) {
-        auto* const button = new QPushButton(caption);
+        auto* const button = new RoomyButton;
+        button->setText(caption);
         button->setAutoDefault(false);  // no key on its way elsewhere must press it
         connect(button, &QPushButton::clicked, this, [this, choice] { choice_ = choice; });
         buttons->addWidget(button);

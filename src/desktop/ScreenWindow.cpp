@@ -3,6 +3,7 @@
 #include "desktop/KeyNames.h"
 #include "desktop/LayoutBuilder.h"
 #include "desktop/QtText.h"
+#include "shell/Keyboard.h"
 #include "shell/Person.h"
 
 #include <QAbstractScrollArea>
@@ -71,6 +72,8 @@ QScrollArea* ScreenWindow::buildContent() {
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the window has its size
+    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(content);
     return area;
 }
@@ -196,6 +199,8 @@ void ScreenWindow::placeOnScreen() {
     layout()->activate();  // only now the menu bar is as high as it will be
     const int missing = std::max(0, area_->widget()->sizeHint().height() - area_->height());
     resize((size() + QSize(0, missing)).boundedTo(largest));
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     move(available.center() - rect().center());
 }
 

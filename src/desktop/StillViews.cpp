@@ -24,11 +24,23 @@ QFont fontFor(LabelLook look, QFont font) {
     return font;
 }
 
+/// A label with room for what the toolkit does not reckon with: it draws a text in pieces, around its Alt
+/// letter.
+class WholeLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+    [[nodiscard]] QSize sizeHint() const override { return QLabel::sizeHint() + kRoom; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return QLabel::minimumSizeHint() + kRoom; }
+
+private:
+    static constexpr QSize kRoom{2, 0};
+};
+
 /// A label. One that names a control shows its Alt letter; which of the widgets it names, the window knows.
 class LabelView : public ControlView {
 public:
     LabelView(Label& label, QWidget& parent)
-        : ControlView(label), label_(new QLabel(&parent)), names_(label.names() != nullptr) {
+        : ControlView(label), label_(new WholeLabel(&parent)), names_(label.names() != nullptr) {
         label_->setTextFormat(Qt::PlainText);
     }
     [[nodiscard]] QWidget& widget() const override { return *label_; }
@@ -43,12 +55,14 @@ protected:
 
 private:
     void showWhetherCurrent(bool isCurrent) {
-        constexpr int kAround = 2;  // pixels around the text
+        constexpr int kAround = 2;      // pixels around the text
+        constexpr int kCharacters = 5;  // that its ground is wide at least
         label_->setAutoFillBackground(isCurrent);
         label_->setBackgroundRole(isCurrent ? QPalette::Highlight : QPalette::NoRole);
         label_->setForegroundRole(isCurrent ? QPalette::HighlightedText : QPalette::NoRole);
         label_->setMargin(isCurrent ? kAround : 0);
-        label_->setIndent(isCurrent ? 2 * kAround : -1);
+        label_->setAlignment(isCurrent ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+        label_->setMinimumWidth(isCurrent ? kCharacters * label_->fontMetrics().averageCharWidth() : 0);
     }
     [[nodiscard]] const Label& label() const { return static_cast<const Label&>(control()); }
 

@@ -55,7 +55,7 @@ private:
 std::unique_ptr<ControlView> makeTextBoxView(Control& control, QWidget& parent, ViewListener& listener) {
     auto& box = static_cast<TextBox&>(control);
     if (box.options().multiline)
-        return std::make_unique<TextBoxView<LinesEdit>>(box, new LinesEdit(parent), listener);
+        return std::make_unique<TextBoxView<LinesEdit>>(box, new LinesEdit(parent, box), listener);
     return std::make_unique<TextBoxView<LineEdit>>(box, new LineEdit(parent, box), listener);
 }
 

@@ -26,9 +26,8 @@ frmSyncPDA::frmSyncPDA(Program& owner) : Screen(owner, "frmSyncPDA", "Synchroniz
 }
 
 Layout frmSyncPDA::layout() {
-    return layout::column({layout::row({Layout(imgTBK).atStart(), Layout(lblTitle).stretched()}),
-                           layout::space(), layout::buttons({cmdAddPDA, cmdRetMain, cmdExit}).centred(),
-                           layout::space()});
+    return layout::column({layout::space(), Layout(imgTBK).centred(), Layout(lblTitle).centred(),
+                           layout::buttons({cmdAddPDA, cmdRetMain, cmdExit}).centred(), layout::space()});
 }
 
 void frmSyncPDA::onLoad() {

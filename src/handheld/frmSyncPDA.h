@@ -12,7 +12,7 @@ class frmSyncPDA : public Screen {
 public:
     explicit frmSyncPDA(Program& owner);
 
-    Picture imgTBK{*this, "imgTBK", "logo.svg"};
+    Picture imgTBK{*this, "imgTBK", "logo.svg", 64};
     Label lblTitle{*this, "lblTitle", "Synchronize PDA", LabelLook::Heading};
 
     Button cmdAddPDA{*this, "cmdAddPDA", "Add &PDA Data"};

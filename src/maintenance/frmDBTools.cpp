@@ -21,7 +21,7 @@ frmDBTools::frmDBTools(Program& owner) : Screen(owner, "frmDBTools", "Database T
 }
 
 Layout frmDBTools::layout() {
-    return layout::column({layout::row({Layout(imgTbrk).atStart(), Layout(lblTitle).stretched()}),
+    return layout::column({layout::space(), Layout(imgTbrk).centred(), Layout(lblTitle).centred(),
                            layout::buttons({cmdDBCheck, cmdDBStats, cmdRetMain, cmdExit}).centred(),
                            layout::space()});
 }

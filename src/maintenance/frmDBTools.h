@@ -9,7 +9,7 @@ class frmDBTools : public Screen {
 public:
     explicit frmDBTools(Program& owner);
 
-    Picture imgTbrk{*this, "imgTbrk", "logo.svg"};
+    Picture imgTbrk{*this, "imgTbrk", "logo.svg", 64};
     Label lblTitle{*this, "lblTitle", "Database Tools", LabelLook::Heading};
 
     Button cmdDBCheck{*this, "cmdDBCheck", "&Check Database"};

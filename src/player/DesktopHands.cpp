@@ -1,7 +1,7 @@
 #include "player/DesktopHands.h"
 
 #include "player/KeyNames.h"
-#include "shell/Person.h"
+#include "shell/Keyboard.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>

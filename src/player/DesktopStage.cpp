@@ -29,6 +29,8 @@ QAbstractItemView& itemsIn(QWidget& widget) {
 
 DesktopStage::DesktopStage(std::optional<fs::path> shots) : shots_(std::move(shots)) {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // nobody can reach into those
+    if (shots_)
+        shots_ = fs::absolute(*shots_);  // a file dialog leaves the current folder elsewhere
 }
 
 Arrival DesktopStage::click(Control& control) {

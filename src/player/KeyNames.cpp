@@ -1,7 +1,7 @@
 #include "player/KeyNames.h"
 
 #include "runtime/TextCompare.h"
-#include "shell/Person.h"
+#include "shell/Keyboard.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,8 @@
 #include "player/ModelStage.h"
 
+#include "shell/Keyboard.h"
 #include "shell/Person.h"
+#include "shell/Typing.h"
 
 namespace tallybrook {
 

@@ -147,6 +147,11 @@ Menu::Menu(Place place, std::string name, std::string caption, const Control& ru
     onClick = [&runs] { runs.click(); };
 }
 
+bool isPressable(const Control& control) {
+    return control.kind() == Control::Kind::Button || control.kind() == Control::Kind::OptionButton ||
+           control.kind() == Control::Kind::CheckBox;
+}
+
 std::optional<char> accessLetter(const Control& control) {
     const std::string& caption = control.caption();
     for (std::size_t at = caption.find('&'); at != std::string::npos && at + 1 < caption.size();

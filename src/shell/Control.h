@@ -124,6 +124,9 @@ private:
     bool tabStop_ = true;
 };
 
+/// Whether the control answers a click with more than taking the focus: a button, an option or a check box.
+bool isPressable(const Control& control);
+
 /// The letter, in upper case, that reaches a control with Alt; nothing if its caption marks none.
 std::optional<char> accessLetter(const Control& control);
 

@@ -14,12 +14,6 @@ namespace {
 using Row = std::vector<Control*>;
 using Rack = std::vector<Row>;
 
-bool isPressed(const Control* control) {
-    return control != nullptr &&
-           (control->kind() == Control::Kind::Button || control->kind() == Control::Kind::OptionButton ||
-            control->kind() == Control::Kind::CheckBox);
-}
-
 bool hasPins(const Row& row) {
     return std::ranges::any_of(row, [](const Control* control) { return isPin(*control); });
 }
@@ -32,7 +26,7 @@ Rack rowsOf(const Layout& layout) {
             continue;
         Row& row = rows.emplace_back();
         for (const Layout& one : part.parts) {
-            if (isPressed(one.control))
+            if (one.control != nullptr && isPressable(*one.control))
                 row.push_back(one.control);
         }
     }
@@ -102,7 +96,7 @@ bool isPin(const Control& control) {
 }
 
 bool isOnRack(const Control& control) {
-    return isPressed(&control) && !rackOf(control.screen().layout(), control).empty();
+    return isPressable(control) && !rackOf(control.screen().layout(), control).empty();
 }
 
 Control* besideOnRack(const Control& from, std::string_view key) {

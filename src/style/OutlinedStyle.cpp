@@ -1,5 +1,6 @@
 #include "style/OutlinedStyle.h"
 
+#include "style/BoxIcons.h"
 #include "style/Colours.h"
 
 #include <QPainter>
@@ -29,6 +30,11 @@ constexpr std::array<Outline, 6> kOutlines{{
 /// Whether the element shows by its outline that it has the focus; others have a focus rectangle beside them.
 bool marksFocus(QStyle::PrimitiveElement element) {
     return element != QStyle::PE_IndicatorCheckBox && element != QStyle::PE_IndicatorRadioButton;
+}
+
+bool isMark(QStyle::PixelMetric metric) {
+    return metric == QStyle::PM_IndicatorWidth || metric == QStyle::PM_IndicatorHeight ||
+           metric == QStyle::PM_ExclusiveIndicatorWidth || metric == QStyle::PM_ExclusiveIndicatorHeight;
 }
 
 /// Makes a text stand out from the grounds that it is drawn on.
@@ -108,8 +114,16 @@ void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptio
         drawOutline(option->rect, 2, *option, *painter, option->state.testFlag(State_HasFocus));
 }
 
+/// Marks to tick and the icons of message boxes grow with the texts beside them.
 int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
     constexpr int kBesideText = 6;
+    constexpr double kMark = 0.8;  // of the height of the letters
+    constexpr double kIcon = 2.3;  // of a line
+    if (isPlain() && widget != nullptr && isMark(metric))
+        return std::max(QProxyStyle::pixelMetric(metric, option, widget),
+                        static_cast<int>(kMark * widget->fontMetrics().ascent()));
+    if (isPlain() && widget != nullptr && metric == PM_MessageBoxIconSize)
+        return static_cast<int>(kIcon * widget->fontMetrics().height());
     const bool isTable = qobject_cast<const QTableView*>(widget) != nullptr;
     if (isPlain() && isTable && metric == PM_FocusFrameHMargin)
         return kBesideText - 1;
@@ -125,12 +139,20 @@ QSize OutlinedStyle::sizeFromContents(ContentsType type, const QStyleOption* opt
     return isPlain() && type == CT_ItemViewItem ? size + QSize(0, kAroundItem) : size;
 }
 
-/// A combo box lets its list down instead of laying it over itself.
+/// A combo box lets its list down instead of laying it over itself, and the buttons of boxes need no
+/// pictures.
 int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                              QStyleHintReturn* data) const {
-    if (isPlain() && hint == SH_ComboBox_Popup)
+    if (isPlain() && (hint == SH_ComboBox_Popup || hint == SH_DialogButtonBox_ButtonsHaveIcons))
         return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+/// The toolkit's own icons of message boxes are small, and coarse in any other size.
+QIcon OutlinedStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                  const QWidget* widget) const {
+    const QIcon own = isPlain() ? boxIcon(picture) : QIcon();
+    return own.isNull() ? QProxyStyle::standardIcon(picture, option, widget) : own;
 }
 
 }  // namespace tallybrook

@@ -6,8 +6,9 @@ namespace tallybrook {
 
 /// The desktop's own style. The toolkit's plain one, which draws its outlines hardly darker than the window
 /// whatever the colours, gets outlines that are seen on any window, a mark around whatever has the focus, and
-/// some room around the texts of lists and grids. What empty boxes say, what is off and what is chosen is
-/// readable whatever the desktop's colours.
+/// some room around the texts of lists and grids. Marks to tick grow with the font, and message boxes have
+/// crisp icons. What empty boxes say, what is off and what is chosen is readable whatever the desktop's
+/// colours.
 class OutlinedStyle : public QProxyStyle {
 public:
     using QProxyStyle::polish;
@@ -22,6 +23,8 @@ public:
                                          const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* data) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                     const QWidget* widget) const override;
 
 private:
     [[nodiscard]] bool isPlain() const { return baseStyle()->name() == "fusion"; }

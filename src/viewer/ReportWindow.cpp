@@ -276,11 +276,14 @@ void ReportWindow::dropEvent(QDropEvent* event) {
 
 void ReportWindow::restore() {
     const QFontMetrics metrics(view_->font());
-    const QSize usual(metrics.horizontalAdvance('x') * 150, metrics.lineSpacing() * 40);
+    constexpr int kTextColumns = 92;  // the longest lines of the reports, with some room around them
+    constexpr int kPictureColumns = 62;
+    const int column = metrics.horizontalAdvance('x');
+    const QSize usual(column * (kTextColumns + kPictureColumns), metrics.lineSpacing() * 40);
     const QSize kept = settings_.value(kSize).toSize();
     setMinimumSize(usual / 4);
     resize((kept.isValid() ? kept : usual).boundedTo(screen()->availableSize()));
-    splitter_->setSizes({usual.width() * 3 / 5, usual.width() * 2 / 5});
+    splitter_->setSizes({column * kTextColumns, column * kPictureColumns});
     splitter_->restoreState(settings_.value(kSplit).toByteArray());
     hasPictures_->setChecked(settings_.value(kHasPictures, true).toBool());
     if (settings_.value(kIsMaximised).toBool())

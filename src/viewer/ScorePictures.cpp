@@ -21,13 +21,18 @@ QString endsTold(const ScoreFigures& scores) {
     return ends.join(", ");
 }
 
-/// The marks of a range, as in "High 172".
-QString marksOf(const ScoreRange& range, const ScoreFigures& scores) {
+/// How much the marks beside the bars tell: the scores stand below the bars as well.
+enum class Marks { WithScores, Short };
+
+/// The marks of a range, as in "High 172" or "High".
+QString marksOf(const ScoreRange& range, const ScoreFigures& scores, Marks how) {
     QStringList marks;
-    if (scores.high && range.holds(scores.high->score))
-        marks += QString("High %1").arg(scores.high->score);
-    if (scores.low && range.holds(scores.low->score))
-        marks += QString("Low %1").arg(scores.low->score);
+    const auto mark = [&](const char* what, const std::optional<DatedScore>& end) {
+        if (end && range.holds(end->score))
+            marks += how == Marks::Short ? QString(what) : QString("%1 %2").arg(what).arg(end->score);
+    };
+    mark("High", scores.high);
+    mark("Low", scores.low);
     return marks.join(", ");
 }
 
@@ -37,6 +42,8 @@ struct Columns {
     double drawn;
     double text;
     double gap;
+
+    [[nodiscard]] double width() const { return label + drawn + text + 2 * gap; }
 };
 
 Columns columnsFor(const QStringList& labels, const QStringList& texts, const PictureLook& look,
@@ -61,11 +68,11 @@ struct BarRow {
     double share;  // of the longest bar
 };
 
-std::vector<BarRow> barRows(const ScoreFigures& scores) {
+std::vector<BarRow> barRows(const ScoreFigures& scores, Marks how) {
     const int most = std::max(std::ranges::max(scores.ranges, {}, &ScoreRange::games).games, 1);
     std::vector<BarRow> rows;
     for (const ScoreRange& range : scores.ranges)
-        rows.push_back({range.label, QString::number(range.games), marksOf(range, scores),
+        rows.push_back({range.label, QString::number(range.games), marksOf(range, scores, how),
                         static_cast<double>(range.games) / most});
     return rows;
 }
@@ -85,15 +92,23 @@ void drawBarRow(QPainter& painter, const BarRow& row, const Columns& columns, co
     drawText(painter, {text + count, 0, columns.text, height}, kLeft, row.marks, look.boldFont(), look.ink());
 }
 
-Strips barStrips(const ScoreFigures& scores, const PictureLook& look, double width) {
-    const std::vector<BarRow> rows = barRows(scores);
+Columns columnsFor(const std::vector<BarRow>& rows, const PictureLook& look, double width) {
     QStringList labels;
     QStringList texts;
     for (const BarRow& row : rows) {
         labels += row.label;
         texts += row.count + "  " + row.marks;
     }
-    const Columns columns = columnsFor(labels, texts, look, width);
+    return columnsFor(labels, texts, look, width);
+}
+
+Strips barStrips(const ScoreFigures& scores, const PictureLook& look, double width) {
+    std::vector<BarRow> rows = barRows(scores, Marks::WithScores);
+    Columns columns = columnsFor(rows, look, width);
+    if (columns.width() > width) {
+        rows = barRows(scores, Marks::Short);
+        columns = columnsFor(rows, look, width);
+    }
     Strips strips;
     for (const BarRow& row : rows)
         strips.push_back({1.3 * look.lineHeight(), [row, columns, &look](QPainter& painter) {

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <fstream>
 
@@ -74,6 +75,18 @@ TEST_F(BoxTest, EveryIconIsItsOwn) {
     };
     for (const auto& [icon, shown] : icons)
         EXPECT_EQ(BoxWindow({.text = "Well?", .icon = icon}, nullptr).icon(), shown);
+}
+
+TEST_F(BoxTest, TextStandsBesideItsIcon) {
+    BoxWindow box({.text = "Well?", .buttons = Buttons::YesNo, .icon = Icon::Question}, nullptr);
+    box.resize(box.sizeHint());
+    box.layout()->activate();
+    const QLabel& icon = *box.findChild<QLabel*>("qt_msgboxex_icon_label");
+    const QLabel& text = *box.findChild<QLabel*>("qt_msgbox_label");
+    EXPECT_LT(text.geometry().left() - icon.geometry().right(), 40);
+    EXPECT_FALSE(icon.pixmap().isNull());
+    for (const QAbstractButton* const button : box.buttons())
+        EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
 }
 
 TEST_F(BoxTest, ReturnPressesTheDefaultButton) {

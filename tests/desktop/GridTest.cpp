@@ -93,6 +93,18 @@ TEST_F(GridTest, ColumnsAreAsWideAsTheyAskForAndAsTheirCaptions) {
     EXPECT_GE(table().columnWidth(4), 60 * character);
 }
 
+TEST_F(GridTest, ColumnsGiveWayOnlyWhereThatSavesTheScrolling) {
+    const QHeaderView& header = *table().horizontalHeader();
+    table().resize(10'000, 200);
+    const int wanted = header.sectionSize(4);
+    const int all = header.length();
+    table().resize(all - wanted / 10, 200);
+    EXPECT_LT(header.sectionSize(4), wanted);
+    EXPECT_LE(header.length(), table().viewport()->width());
+    table().resize(all / 4, 200);
+    EXPECT_EQ(header.sectionSize(4), wanted);
+}
+
 TEST_F(GridTest, LargerFontMakesRowsAndColumnsLarger) {
     const int width = table().columnWidth(1);
     const int height = table().verticalHeader()->defaultSectionSize();

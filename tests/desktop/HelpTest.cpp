@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 
@@ -212,6 +213,30 @@ TEST_F(HelpTest, PicturesFitThePage) {
         pages().loadResource(QTextDocument::ImageResource, QUrl("qrc:/help/pictures/report.png"));
     EXPECT_GT(picture.value<QImage>().width(), 300);
     EXPECT_LT(picture.value<QImage>().width(), pages().viewport()->width());
+}
+
+TEST_F(HelpTest, PicturesFollowTheWindow) {
+    open(HelpTopic::PinfallEntry);
+    for (const int width : {900, 420, 650}) {
+        help.resize(width, 500);
+        QApplication::processEvents();
+        const auto shown = pages()
+                               .document()
+                               ->resource(QTextDocument::ImageResource, QUrl("qrc:/help/pictures/pins.png"))
+                               .value<QImage>();
+        EXPECT_LT(shown.width(), width);
+        EXPECT_GT(shown.width(), width - 100);
+        EXPECT_EQ(pages().horizontalScrollBar()->maximum(), 0) << width;
+    }
+}
+
+TEST_F(HelpTest, SmallPicturesStayAsTheyAre) {
+    open(HelpTopic::PinfallEntry);
+    const auto shown =
+        pages()
+            .loadResource(QTextDocument::ImageResource, QUrl("qrc:/help/pictures/main-menu.png"))
+            .value<QImage>();
+    EXPECT_EQ(shown.size(), QImage(":/help/pictures/main-menu.png").size());
 }
 
 }  // namespace tallybrook::test

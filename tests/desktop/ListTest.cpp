@@ -1,8 +1,10 @@
 #include "Lists.h"
 #include "runtime/EndProgram.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
+#include <QTreeView>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -52,6 +54,11 @@ TEST_F(ListTest, NamesAreReadAloudFromTheLabels) {
     EXPECT_EQ(tree().accessibleName(), "Folder");
     EXPECT_EQ(widget(lists().cboEmpty).accessibleName(), "Nothing <b>yet</b>");
     EXPECT_EQ(widget<QLabel>(lists().lblFolder).buddy(), &tree());
+}
+
+TEST_F(ListTest, FolderPickedIsMarkedFromEdgeToEdge) {
+    const auto& folders = dynamic_cast<QTreeView&>(tree());
+    EXPECT_GE(folders.header()->sectionSize(0), folders.viewport()->width());
 }
 
 TEST_F(ListTest, WhatIsOffIsSeenToBeOff) {

@@ -40,7 +40,7 @@ int widthOfCaption(const QWidget& widget) {
     if (const auto* const label = qobject_cast<const QLabel*>(&widget))
         return label->sizeHint().width();
     if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget))
-        return button->sizeHint().width();
+        return button->minimumSizeHint().width();
     if (const auto* const box = qobject_cast<const QGroupBox*>(&widget))
         return box->fontMetrics().horizontalAdvance(box->title());
     return 0;
@@ -63,6 +63,7 @@ void expectNothingCutOff(const Screen& screen, ScreenWindow& window) {
             << area.widget()->height() << " viewport " << area.viewport()->height() << " bar "
             << window.menuBar()->height() << " bar hint " << window.menuBar()->sizeHint().height();
         EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0) << screen.name();
+        EXPECT_FALSE(area.verticalScrollBar()->isVisible()) << screen.name();
     }
     for (const Control* const control : screen.controls()) {
         const QWidget* const shown = window.widgetOf(*control);
@@ -116,6 +117,14 @@ class LargeScreensTest : private LargeFonts, public OwnScreens {};
 
 TEST_F(LargeScreensTest, NothingIsCutOff) {
     tour([this] { expectNothingCutOff(screen(), window()); });
+}
+
+TEST_F(LargeScreensTest, FramesNeedNoMoreThanASmallLaptop) {
+    beginEvent();
+    beginFrames();
+    const QWidget& content = *dynamic_cast<const QScrollArea&>(*window().centralWidget()).widget();
+    constexpr int kWidth = 113;  // of the display, in characters of twice the usual size
+    EXPECT_LE(content.minimumSizeHint().width(), kWidth * content.fontMetrics().averageCharWidth());
 }
 
 TEST_F(OwnScreensTest, FocusIsSeenOnEveryControl) {

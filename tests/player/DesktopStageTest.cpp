@@ -9,6 +9,8 @@
 
 namespace tallybrook::test {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 TEST(DesktopStage, TakesAPictureOfTheScreenInFront) {
@@ -21,6 +23,18 @@ TEST(DesktopStage, TakesAPictureOfTheScreenInFront) {
     EXPECT_FALSE(one.isNull());
     EXPECT_FALSE(two.isNull());
     EXPECT_NE(one, two);
+}
+
+TEST(DesktopStage, PicturesStayTogetherWhereverTheProgramIsLed) {
+    const TemporaryFolder folder;
+    const CurrentFolder start;
+    fs::current_path(folder.path());
+    DesktopStage stage("shots");
+    fs::create_directory("elsewhere");
+    fs::current_path("elsewhere");
+    const Outcome outcome = rehearse(stage, "start\nshot one\n");
+    EXPECT_EQ(outcome.status, status::kPlayed) << outcome.errors;
+    EXPECT_TRUE(fs::exists(folder.path() / "shots" / "one.png"));
 }
 
 TEST(DesktopStage, APictureThatCannotBeWrittenStopsThePlay) {

@@ -1,4 +1,6 @@
+#include "shell/Keyboard.h"
 #include "shell/Person.h"
+#include "shell/Typing.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"
 

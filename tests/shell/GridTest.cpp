@@ -1,3 +1,4 @@
+#include "shell/Keyboard.h"
 #include "shell/Person.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"

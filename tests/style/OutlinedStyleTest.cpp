@@ -1,10 +1,12 @@
 #include "style/Colours.h"
 #include "style/OutlinedStyle.h"
 
+#include <QCheckBox>
 #include <QImage>
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QStyleOptionFrame>
+#include <algorithm>
 #include <initializer_list>
 #include <utility>
 #include <vector>
@@ -137,6 +139,45 @@ TEST(OutlinedStyle, EmptyBoxesAreReadableWhereTheDesktopTellsNoColour) {
 
 TEST(OutlinedStyle, LetsListsDown) {
     EXPECT_EQ(OutlinedStyle().styleHint(QStyle::SH_ComboBox_Popup, nullptr, nullptr, nullptr), 0);
+}
+
+TEST(OutlinedStyle, ButtonsOfBoxesHaveNoPictures) {
+    EXPECT_EQ(
+        OutlinedStyle().styleHint(QStyle::SH_DialogButtonBox_ButtonsHaveIcons, nullptr, nullptr, nullptr), 0);
+}
+
+TEST(OutlinedStyle, IconsOfBoxesAreCrispInAnySizeAndDifferByMoreThanColour) {
+    const OutlinedStyle style;
+    for (const int side : {24, 32, 48, 64, 96, 128}) {
+        std::vector<QImage> shapes;
+        for (const QStyle::StandardPixmap icon :
+             {QStyle::SP_MessageBoxQuestion, QStyle::SP_MessageBoxInformation, QStyle::SP_MessageBoxWarning,
+              QStyle::SP_MessageBoxCritical}) {
+            const QPixmap drawn = style.standardIcon(icon, nullptr, nullptr).pixmap(side);
+            EXPECT_EQ(drawn.size(), QSize(side, side)) << icon;
+            shapes.push_back(drawn.toImage().convertToFormat(QImage::Format_Mono, Qt::ThresholdDither));
+            EXPECT_EQ(std::ranges::count(shapes, shapes.back()), 1) << icon;
+        }
+    }
+    EXPECT_FALSE(style.standardIcon(QStyle::SP_DirIcon, nullptr, nullptr).isNull()) << "the toolkit's own";
+}
+
+TEST(OutlinedStyle, MarksToTickGrowWithTheFont) {
+    const OutlinedStyle style;
+    QCheckBox box;
+    QFont font = box.font();
+    for (const QStyle::PixelMetric metric :
+         {QStyle::PM_IndicatorWidth, QStyle::PM_ExclusiveIndicatorHeight, QStyle::PM_MessageBoxIconSize}) {
+        font.setPixelSize(12);
+        box.setFont(font);
+        const int usual = style.pixelMetric(metric, nullptr, &box);
+        EXPECT_GE(usual, 12) << metric;
+        font.setPixelSize(40);
+        box.setFont(font);
+        EXPECT_GT(style.pixelMetric(metric, nullptr, &box), usual * 3 / 2) << metric;
+        EXPECT_EQ(style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &box),
+                  style.pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &box));
+    }
 }
 
 }  // namespace tallybrook::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Application.h"
+#include "shell/Keyboard.h"
 #include "shell/Person.h"
 #include "shell/Screen.h"
 #include "store/Recordset.h"

@@ -154,6 +154,28 @@ TEST(Pictures, KeepWithinTheirWidthInEverySize) {
     }
 }
 
+TEST(Pictures, MarksOfScoresAreCutShortRatherThanOff) {
+    const PictureLook look(fontOf(1), palettes().front());
+    const int narrow = static_cast<int>(look.leastWidth()) + 1;
+    const auto bar = [&](int high, int low, int width) {
+        const ScoreRange range{"180 - 199", 180, 199, 2};
+        const DatedScore highest{high, "11/12/2026"};
+        const DatedScore lowest{low, "11/12/2026"};
+        const ReportPicture picture = scoresPicture({{range}, highest, lowest});
+        const Strips strips = picture.strips(look, width);
+        QImage image(width + 200, static_cast<int>(strips.front().height), QImage::Format_RGB32);
+        image.fill(look.ground());
+        QPainter painter(&image);
+        strips.front().draw(painter);
+        painter.end();
+        return image;
+    };
+    const QImage drawn = bar(199, 186, narrow);
+    EXPECT_TRUE(isEmpty(drawn.copy(narrow + 1, 0, 199, drawn.height()), look.ground()));
+    EXPECT_EQ(drawn, bar(198, 187, narrow)) << "without scores";
+    EXPECT_NE(bar(199, 186, 3 * narrow), bar(198, 187, 3 * narrow)) << "with scores";
+}
+
 TEST(Pictures, PinsTellThemselvesByShapeToo) {
     const PictureLook look(fontOf(1), palettes().front());
     const auto rack = [&](const char* pins) {
