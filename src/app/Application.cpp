@@ -104,7 +104,9 @@ void Application::openDataFolder() {
             makeFolders(folder);
     } catch (const fs::filesystem_error& failure) {
         refuseToStart(program_.display, {.text = "The folder of the logbook cannot be made:\r\n" +
-                                                 folder.string() + "\r\n" + failure.code().message(),
+                                                 folder.string() + "\r\n" + failure.code().message() +
+                                                 "\r\nPlease see that nothing else is in its place, and "
+                                                 "that you may write where it belongs.",
                                          .icon = Icon::Critical});
     }
     takeLock();

@@ -18,8 +18,8 @@ class Screen;
 /// What a control stands in: the screen itself, or a frame or menu on it.
 class Place {
 public:
-    Place(Screen& screen) : screen_(screen) {}  // NOLINT(google-explicit-constructor)
-    Place(Control& above);                      // NOLINT(google-explicit-constructor)
+    Place(Screen& screen) : screen_(screen) {}
+    Place(Control& above);
 
     [[nodiscard]] Screen& screen() const { return screen_; }
     [[nodiscard]] Control* above() const { return above_; }

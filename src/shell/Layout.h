@@ -30,7 +30,7 @@ struct Layout {
 
     Layout() = default;
     Layout(Kind what, std::vector<Layout> inside) : kind(what), parts(std::move(inside)) {}
-    Layout(Control& one) : kind(Kind::Item), control(&one) {}  // NOLINT(google-explicit-constructor)
+    Layout(Control& one) : kind(Kind::Item), control(&one) {}
 
     [[nodiscard]] Layout centred() && {
         align = Align::Centre;

@@ -18,7 +18,7 @@ public:
     /// The value in the current row, or in the row being edited or added. Errors: 3021 with no current row,
     /// 3265 for a name that the recordset does not have, 3704 on a closed recordset.
     [[nodiscard]] Value value() const;
-    operator Value() const { return value(); }  // NOLINT(google-explicit-constructor)
+    operator Value() const { return value(); }
 
     /// Writes into the row's buffer, converting to the field's own type; starts an edit of the current row
     /// unless a row is pending. Errors as value(), and -2147217887 for a value that the field cannot take,

@@ -125,20 +125,35 @@ TEST_F(DamagedLogbook, IsToldInBoxesByEveryScreen) {
 TEST(DataFolder, ThatCannotBeUsedIsNamed) {
     const TemporaryFolder folder;
     const SettableClock clock(makeDate(2026, 11, 14));
-    for (const char* inTheWay : {"data/Tallybrook.lock/x", "file"}) {
-        const fs::path data = folder.path() / fs::path(inTheWay).begin()->string();
-        if (data.filename() == "file")
-            std::ofstream(data) << "a file where the folder should be";
-        else
-            fs::create_directories(folder.path() / inTheWay);
+    fs::create_directories(folder.path() / "used" / "Tallybrook.lock" / "x");
+    std::ofstream(folder.path() / "file") << "a file where the folder should be";
+    std::ofstream(folder.path() / "empty").flush();
+    fs::create_symlink("nowhere", folder.path() / "link");
+    for (const char* name : {"used", "file", "empty", "link", "file/below"}) {
+        const fs::path data = folder.path() / name;
         TestDisplay display;
         display.expect({"Tallybrook", Answer::OK});
         Application program(display, clock, data);
         program.start();
         EXPECT_TRUE(program.program().hasEnded());
-        EXPECT_NE(display.boxes().at(0).text.find(data.string()), std::string::npos);
-        EXPECT_NE(display.boxes().at(0).text.find("Please "), std::string::npos);
+        EXPECT_NE(display.boxes().at(0).text.find(data.string()), std::string::npos) << name;
+        EXPECT_NE(display.boxes().at(0).text.find("Please "), std::string::npos) << name;
     }
+    EXPECT_FALSE(fs::exists(folder.path() / "nowhere"));
+}
+
+TEST(DataFolder, MayBeALink) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder.path() / "elsewhere");
+    fs::create_directory_symlink("elsewhere", folder.path() / "data");
+    TestDisplay display;
+    const SettableClock clock(makeDate(2026, 11, 14));
+    Application program(display, clock, folder.path() / "data");
+    expectFirstStart(display);
+    program.start();
+    EXPECT_TRUE(fs::exists(folder.path() / "elsewhere" / "Tallybrook_DB.mdb"));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "data"));
+    EXPECT_FALSE(program.program().hasEnded());
 }
 
 TEST(DataFolder, MayHaveAnyName) {

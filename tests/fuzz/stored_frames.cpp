@@ -1,10 +1,11 @@
 // Whatever pin strings and line scores stand in the logbook, the frame screen shows them frame after frame,
-// and the reports and the check walk them to their end: what fails is told in boxes, and nothing ends the
+// and each report and the check walk them to their end: what fails is told in boxes, and nothing ends the
 // program. The first byte chooses the type of the game; the rest is its frames with a record separator (1E)
 // between them, the first, second and fill ball and the line score of each with a unit separator (1F) between
 // them.
 
 #include "app/Application.h"
+#include "browse/frmSearchGames.h"
 #include "handheld/AnsweringDisplay.h"
 #include "maintenance/modDBUtils.h"
 #include "reports/modTBKReports.h"
@@ -17,13 +18,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 using namespace tallybrook;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -51,27 +56,39 @@ Answer answerTo(const MessageBox& box) {
     return box.buttons == Buttons::YesNo && box.title == "Database Check" ? Answer::No : box.defaultAnswer();
 }
 
+/// Answers every box, and chooses the same file in every dialog.
+class ChoosingDisplay : public test::AnsweringDisplay {
+public:
+    explicit ChoosingDisplay(fs::path file) : AnsweringDisplay(answerTo), file_(std::move(file)) {}
+
+    std::optional<fs::path> fileDialog(const FileDialog&) override { return file_; }
+
+private:
+    fs::path file_;
+};
+
 /// The program over one logbook, whose only game gets new frames for each input.
 class Walk {
 public:
-    Walk() { application_.start(); }
+    Walk() {
+        application_.start();
+        database().exec("PRAGMA synchronous = OFF");  // no power is cut here
+    }
 
     void over(const char* type, std::string_view frames) {
         store(type, frames);
         showFrames();
-        for (const char* const kind : {"Full", "Statistics"})
-            perform([&] {
-                Write_Report(program(), {.kind = kind,
-                                         .evType = "All Events",
-                                         .session = 1,
-                                         .file = (folder_.path() / kind).string()});
-            });
+        for (const char* const kind : {"Full", "Summary", "Statistics"})
+            writeReport(kind);
+        writeGameReport();
+        check();
         require(!display_.asked, "it asked for more than an answer");
         display_.boxes.clear();
     }
 
 private:
     Program& program() { return application_.program(); }
+    SQLite::Database& database() { return program().store().connection().database(); }
 
     void perform(const std::function<void()>& action) {
         program().perform(action);
@@ -79,7 +96,7 @@ private:
     }
 
     void store(const char* type, std::string_view frames) {
-        SQLite::Database& logbook = program().store().connection().database();
+        SQLite::Database& logbook = database();
         logbook.exec("DELETE FROM tblEventInfo; DELETE FROM tblGameInfo; DELETE FROM tblFrameInfo");
         logbook.exec(
             "INSERT INTO tblEventInfo (fldSessionNum, fldEventName, fldDateBowled, fldEventType, "
@@ -124,6 +141,7 @@ private:
                 program().screens.unload(*screen);
         });
     }
+
     void click(const char* button) {
         perform([&] {
             if (Screen* const screen = program().screens.find("frmFrame"); screen != nullptr)
@@ -131,9 +149,36 @@ private:
         });
     }
 
+    void writeReport(const char* kind) {
+        fs::remove(report_);
+        perform([&] {
+            Write_Report(program(),
+                         {.kind = kind, .evType = "All Events", .session = 1, .file = report_.string()});
+        });
+        require(fs::exists(report_), "a report was not written");
+    }
+
+    void writeGameReport() {
+        fs::remove(report_);
+        perform([&] { program().screens.load("frmSearchGames"); });
+        auto& search = static_cast<frmSearchGames&>(*program().screens.find("frmSearchGames"));
+        search.adoTBKGame.setRecordSource("SELECT * FROM tblGameInfo");
+        perform([&] { program().screens.load("frmGameList"); });
+        perform([&] { person::click(*program().screens.find("frmGameList")->find("cmdGetRecord")); });
+        require(fs::exists(report_), "the game report was not written");
+        perform([&] { program().screens.returnToMain(); });
+    }
+
+    void check() {
+        perform([&] { DB_Check(program()); });
+        require(display_.boxes.back().title == "Check Complete", "the check has not come to its end");
+        fs::remove(program().dataFolder / "DB_Report.txt");  // or it grows with each input
+    }
+
     test::TemporaryFolder folder_;
+    const fs::path report_ = folder_.path() / "report.txt";
     SettableClock clock_{makeDate(2026, 11, 14)};
-    test::AnsweringDisplay display_{answerTo};
+    ChoosingDisplay display_{report_};
     Application application_{display_, clock_, folder_.path() / "data"};
 };
 

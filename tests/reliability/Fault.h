@@ -4,17 +4,17 @@
 #include "support/FileCalls.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <ostream>
-#include <thread>
 
 namespace tallybrook::test {
 
-/// What fails: the files of the engine, as it sees them, those that a backup on its way has, or the text
-/// files of a data folder.
-enum class Device { Engine, Backup, TextFiles };
+/// What fails: the files of the engine, as it sees them, those that a backup on its way has, the folder of
+/// the backups, as the system sees it, or the text files of a data folder.
+enum class Device { Engine, Backup, BackupFolder, TextFiles };
 inline std::ostream& operator<<(std::ostream& out, Device device) {
-    constexpr const char* kNames[] = {"Engine", "Backup", "TextFiles"};
+    constexpr const char* kNames[] = {"Engine", "Backup", "BackupFolder", "TextFiles"};
     return out << kNames[static_cast<std::size_t>(device)];
 }
 
@@ -45,24 +45,31 @@ private:
     DiskFault fault_;
 };
 
-/// A fault of the text files of a data folder, in calls of this thread: reports, logs, the configuration,
-/// what the handheld has left, and the copies of it.
-class TextFileFault : public Fault {
+/// A fault in calls of the C library.
+class FileFault : public Fault {
 public:
-    TextFileFault(std::filesystem::path data, FaultKind kind, int callsToPass);
+    /// Which calls can fail.
+    using IsMeant = std::function<bool(const FileCall&)>;
+
+    FileFault(IsMeant isMeant, FaultKind kind, int callsToPass);
 
     [[nodiscard]] bool hasStruck() const override { return hasStruck_; }
 
 private:
     [[nodiscard]] int errorOf(const FileCall& call);
-    [[nodiscard]] bool isMeant(const FileCall& call) const;
 
-    const std::filesystem::path data_;
+    const IsMeant isMeant_;
     const FaultKind kind_;
     int callsToPass_;
     bool hasStruck_ = false;
-    const std::thread::id thread_ = std::this_thread::get_id();
     const FileCalls calls_;
 };
+
+/// Calls of this thread on the text files of a data folder: reports, logs, the configuration, what the
+/// handheld has left, and the copies of it.
+FileFault::IsMeant onTextFiles(const std::filesystem::path& data);
+
+/// Calls of any thread on the folder of the backups and what is in it.
+FileFault::IsMeant onBackups(const std::filesystem::path& data);
 
 }  // namespace tallybrook::test

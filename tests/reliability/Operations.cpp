@@ -191,8 +191,40 @@ void openStatistics(Visit& visit) {
     visit.display.chosen = visit.program().dataFolder / "statistics.txt";
 }
 
-void writeReport(Visit& visit) {
+void writeStatistics(Visit& visit) {
     visit.click("cmdGenReport");
+    visit.returnToMain();
+}
+
+/// Chooses the file of the report, and the handheld that it is copied to.
+void openReports(Visit& visit) {
+    visit.display.chosen = visit.program().dataFolder / "report.txt";
+    visit.program().session.gHHType = "Palm";
+    visit.program().session.gHHSyncDir = handheld(visit.program().dataFolder).string();
+    visit.click("mnuReports");
+}
+
+void findEvent(Visit& visit) {
+    openReports(visit);
+    visit.click("mnuRptEvent");
+    visit.pick("cboListField(0)", "Event Name");
+    visit.pick("cboSearchOp(0)", "is");
+    visit.type("txtSearchVal(0)", "Thursday League");
+    visit.click("cmdSearch");
+    visit.click("optSyncPDA(0)");
+}
+
+void findGame(Visit& visit) {
+    openReports(visit);
+    visit.click("mnuRptGame");
+    visit.pick("cboSearchFld(0)", "Game Score");
+    visit.pick("cboSearchOp(0)", "is equal to");
+    visit.type("txtSearchVal(0)", "170");
+    visit.click("cmdSearch");
+}
+
+void writeReport(Visit& visit) {
+    visit.click("cmdGetRecord");
     visit.returnToMain();
 }
 
@@ -365,17 +397,30 @@ const std::vector<Operation>& operations() {
          .prepare = nothing,
          .act = start,
          .isLeft = hasEachSaveOrNot,
-         .mayEnd = true},
+         .mayEnd = true,
+         .onlyReads = true},
         {.name = "Backup",
-         .devices = {Device::Backup},
+         .devices = {Device::Backup, Device::BackupFolder},
          .makeLogbook = makeChangedLogbook,
          .prepare = nothing,
          .act = startAndBackUp,
          .isLeft = hasGoodBackups},
-        {.name = "Report",
+        {.name = "StatisticalReport",
          .devices = {Device::Engine, Device::TextFiles},
          .makeLogbook = makeLogbookOfOneGame,
          .prepare = startedWith(openStatistics),
+         .act = writeStatistics,
+         .isLeft = hasEachSaveOrNot},
+        {.name = "EventReport",
+         .devices = {Device::Engine, Device::TextFiles},
+         .makeLogbook = makeLogbookWithHandheld,
+         .prepare = startedWith(findEvent),
+         .act = writeReport,
+         .isLeft = hasEachSaveOrNot},
+        {.name = "GameReport",
+         .devices = {Device::Engine, Device::TextFiles},
+         .makeLogbook = makeLogbookOfOneGame,
+         .prepare = startedWith(findGame),
          .act = writeReport,
          .isLeft = hasEachSaveOrNot},
         {.name = "Configuration",

@@ -24,7 +24,8 @@ struct Operation {
     /// Whether a data folder can hold that afterwards, whatever failed.
     std::function<bool(const SaveHistory& clean, const Contents& contents, const std::filesystem::path& data)>
         isLeft;
-    bool mayEnd = false;  // whether a failure may end the program
+    bool mayEnd = false;     // whether a failure may end the program
+    bool onlyReads = false;  // whether it leaves all files as they are
 
     friend std::ostream& operator<<(std::ostream& out, const Operation& operation) {
         return out << operation.name;

@@ -92,7 +92,7 @@ TEST(PowerCut, CostsNoSaveThatWasDone) {
         WatchedVfs vfs;
         Visit visit(folder.path());
         visit.start();
-        PowerCuts cuts(folder.path() / "Tallybrook_DB.mdb", static_cast<unsigned>(round));
+        PowerCuts cuts(folder.path() / "Tallybrook_DB.mdb", seedOr(0) + static_cast<unsigned>(round));
         vfs.watch(&cuts);
         for (const auto& step : dayWithTheProgram()) {
             step(visit);

@@ -4,6 +4,7 @@
 #include "shell/Person.h"
 #include "shell/TBK_Globals.h"
 
+#include <algorithm>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -95,6 +96,15 @@ void Visit::click(const std::string& name) {
 void Visit::type(const std::string& name, const std::string& text) {
     if (Control* const control = find(name))
         program().perform([&] { person::type(dynamic_cast<TextBox&>(*control), text); });
+}
+
+void Visit::pick(const std::string& name, const std::string& words) {
+    auto* const list = dynamic_cast<ComboBox*>(find(name));
+    if (list == nullptr)
+        return;
+    const auto found = std::ranges::find(list->items(), words);
+    ASSERT_NE(found, list->items().end()) << name << " does not offer " << words;
+    program().perform([&] { person::pick(*list, static_cast<int>(found - list->items().begin())); });
 }
 
 void Visit::row(int number) {

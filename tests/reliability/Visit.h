@@ -55,6 +55,8 @@ public:
 
     void click(const std::string& name);
     void type(const std::string& name, const std::string& text);
+    /// Picks the item of a list that has these words.
+    void pick(const std::string& name, const std::string& words);
     /// Makes a row of the event list, from 1, the current one.
     void row(int number);
     /// Goes back to the main menu by the buttons of the screens, which save on the way.

@@ -5,18 +5,15 @@
 #include "store/Recordset.h"
 #include "store/Schema.h"
 #include "store/Transaction.h"
+#include "support/Anybody.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
-#include <array>
 #include <functional>
 #include <map>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace tallybrook {
 
@@ -283,38 +280,21 @@ TEST_F(DamagedLogbook, ShorterThanItsHeadSaysIsMendedFromItsJournal) {
     EXPECT_EQ(contents(), whole);
 }
 
-/// Runs something in a process that may do no more than others may, and gives what it tells.
-std::string asAnybody(const std::function<std::string()>& run) {
-    constexpr uid_t kNobody = 65534;
-    std::array<int, 2> ends{};
-    EXPECT_EQ(pipe(ends.data()), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-        const bool isAnybody = geteuid() != 0 || setresuid(kNobody, kNobody, kNobody) == 0;
-        const std::string told = isAnybody ? run() : "not allowed to become anybody";
-        _exit(write(ends[1], told.data(), told.size()) < 0 ? 1 : 0);
-    }
-    close(ends[1]);
-    std::string told(1000, '\0');
-    const ssize_t size = read(ends[0], told.data(), told.size());
-    close(ends[0]);
-    waitpid(child, nullptr, 0);
-    return told.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
-}
-
 TEST_F(DamagedLogbook, ThatMayNotBeWrittenIsRefused) {
     using enum fs::perms;
     makeLogbook();
     fs::permissions(folder.path(), all);
     const Files before = files();
     fs::permissions(file, owner_read | group_read | others_read);
-    EXPECT_NE(asAnybody([&] { return refusal(); }).find("cannot be written. Please"), std::string::npos);
+    EXPECT_NE(test::asAnybody([&] { return refusal(); }).find("cannot be written. Please"),
+              std::string::npos);
     fs::permissions(file, none);
-    EXPECT_NE(asAnybody([&] { return refusal(); }).find("cannot be read. Please"), std::string::npos);
+    EXPECT_NE(test::asAnybody([&] { return refusal(); }).find("cannot be read. Please"), std::string::npos);
     fs::permissions(file, all);
     fs::permissions(folder.path(),
                     owner_read | owner_exec | group_read | group_exec | others_read | others_exec);
-    EXPECT_NE(asAnybody([&] { return refusal(); }).find("cannot be written. Please"), std::string::npos);
+    EXPECT_NE(test::asAnybody([&] { return refusal(); }).find("cannot be written. Please"),
+              std::string::npos);
     fs::permissions(folder.path(), owner_all);
     EXPECT_EQ(files(), before);
 }
@@ -327,7 +307,8 @@ TEST_F(DamagedLogbook, IsNotReplacedWhereItsFolderMayNotBeSeen) {
     file = inner / file.filename();
     fs::permissions(inner, fs::perms::none);
     fs::permissions(folder.path(), fs::perms::all);
-    EXPECT_NE(asAnybody([&] { return refusal(); }).find("Please check the permissions"), std::string::npos);
+    EXPECT_NE(test::asAnybody([&] { return refusal(); }).find("Please check the permissions"),
+              std::string::npos);
     fs::permissions(inner, fs::perms::owner_all);
     EXPECT_EQ(refusal(), "");
 }
