@@ -2,6 +2,7 @@
 
 #include "desktop/QtText.h"
 
+#include <QKeyEvent>
 #include <algorithm>
 #include <limits>
 
@@ -44,6 +45,13 @@ void LineEdit::showText(const TextBox& box) {
     limited_->setLimit(limit == 0 ? 0 : std::max(limit, charactersIn(shown)));
     if (shown != text())
         setText(shown);
+}
+
+/// Left leads from what is selected to its beginning, as it does in boxes of several lines.
+void LineEdit::keyPressEvent(QKeyEvent* event) {
+    if (hasSelectedText() && event->matches(QKeySequence::MoveToPreviousChar))
+        return setCursorPosition(selectionStart());
+    QLineEdit::keyPressEvent(event);
 }
 
 QSize LineEdit::sizeHint() const {

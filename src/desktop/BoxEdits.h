@@ -37,6 +37,9 @@ public:
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     LimitedText* limited_;
     int characters_;  // 0 for as wide as there is room

@@ -37,8 +37,10 @@ Arrival ModelStage::click(Control& control) {
 
 Arrival ModelStage::type(TextBox& box, const std::string& text) {
     return moveFocus(box, [&](Arrival arrival) {
-        if (arrival == Arrival::Arrived)
+        if (arrival == Arrival::Arrived) {
+            box.selectAll();
             box.enter(text);
+        }
     });
 }
 

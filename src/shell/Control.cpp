@@ -78,15 +78,25 @@ std::string onOneLine(std::string_view text) {
     return line;
 }
 
+/// Whether a text is what is left of the whole once one part of it, or nothing, is taken out.
+bool isLeftOf(std::string_view left, std::string_view whole) {
+    const auto begun = static_cast<std::size_t>(std::ranges::mismatch(left, whole).in1 - left.begin());
+    return left.size() <= whole.size() && whole.ends_with(left.substr(begun));
+}
+
 }  // namespace
 
+// What code has put there may be longer than the limit. To take some of it out is no typing, and cuts no
+// more.
 void TextBox::enter(std::string_view text) {
     if (options_.readOnly)
         return;
-    dropSelection();
-    const std::string taken = options_.multiline ? std::string(text) : onOneLine(text);
+    const bool isTypedOver = std::exchange(allSelected_, false);
+    std::string taken = options_.multiline ? std::string(text) : onOneLine(text);
     const auto limit = static_cast<std::size_t>(options_.maxLength);
-    setText(std::string(limit == 0 ? taken : firstCharacters(taken, limit)));
+    if (limit != 0 && (isTypedOver || !isLeftOf(taken, text_)))
+        taken.resize(firstCharacters(taken, limit).size());
+    setText(std::move(taken));
 }
 
 Button::Button(Place place, std::string name, std::string caption, const ButtonOptions& options)

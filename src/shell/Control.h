@@ -150,8 +150,8 @@ public:
     [[nodiscard]] const std::string& text() const { return text_; }
     /// Sets the text from code, however long; runs onChange if it differs.
     void setText(std::string text);
-    /// Takes what a person typed or pasted, cut at the box's limit, and on one line where the box has one;
-    /// runs onChange if it differs. Nothing is taken by a read-only box.
+    /// Takes what a person has made of the text, on one line where the box has one: what was typed or pasted
+    /// is cut at the box's limit. Runs onChange if it differs. Nothing is taken by a read-only box.
     void enter(std::string_view text);
 
     [[nodiscard]] const Options& options() const { return options_; }

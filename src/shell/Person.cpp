@@ -36,8 +36,10 @@ Arrival click(Control& control) {
 
 Arrival type(TextBox& box, std::string_view text) {
     const Arrival arrival = arrive(box);
-    if (arrival == Arrival::Arrived)
+    if (arrival == Arrival::Arrived) {
+        box.selectAll();
         box.enter(text);
+    }
     return arrival;
 }
 

@@ -2,6 +2,7 @@
 
 #include "runtime/TextCompare.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -27,18 +28,33 @@ std::size_t oneOn(std::string_view text, std::size_t at) {
     return at;
 }
 
-/// Left, Right, Home and End; from a selection to its beginning or end.
+/// Where the line begins that the place is in. In a box of one line all is one.
+std::size_t lineBegin(const TextBox& box, std::size_t at) {
+    if (!box.options().multiline || at == 0)
+        return 0;
+    return box.text().rfind('\n', at - 1) + 1;  // 0 in the first line
+}
+
+/// Where that line ends.
+std::size_t lineEnd(const TextBox& box, std::size_t at) {
+    const std::size_t end = box.text().size();
+    return box.options().multiline ? std::min(box.text().find('\n', at), end) : end;
+}
+
+/// Left, Right, Home and End. Where all is selected, the caret stands at its end, and Left leads to its
+/// beginning.
 bool moveCaret(TextBox& box, const Key& key) {
     const std::string& text = box.text();
     const bool isSelected = box.isAllSelected();
-    if (key.name == "Home" || (key.name == "Left" && isSelected))
-        box.moveCaret(0);
-    else if (key.name == "End" || (key.name == "Right" && isSelected))
-        box.moveCaret(text.size());
+    const std::size_t caret = isSelected ? text.size() : box.caret();
+    if (key.name == "Home")
+        box.moveCaret(lineBegin(box, caret));
+    else if (key.name == "End")
+        box.moveCaret(lineEnd(box, caret));
     else if (key.name == "Left")
-        box.moveCaret(oneBack(text, box.caret()));
+        box.moveCaret(isSelected ? 0 : oneBack(text, caret));
     else if (key.name == "Right")
-        box.moveCaret(oneOn(text, box.caret()));
+        box.moveCaret(oneOn(text, caret));
     else
         return false;
     return true;
@@ -71,7 +87,7 @@ bool deleteCharacter(TextBox& box, const Key& key) {
 
 /// What a key writes into a box; nothing if it writes nothing.
 std::string_view writtenBy(const TextBox& box, const Key& key) {
-    if (key.name == "Return")
+    if (key.name == "Return" || key.name == "Enter")
         return box.options().multiline ? "\n" : "";
     if (key.name == "Space")
         return " ";

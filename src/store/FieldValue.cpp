@@ -13,20 +13,32 @@ namespace tallybrook {
 
 namespace {
 
+/// Whether the commas of an unsigned number part its whole digits into groups of three, and all of them.
+bool isGrouped(std::string_view number) {
+    const std::size_t end = std::min(number.find_first_of(".eE"), number.size());
+    for (std::size_t at = 0; at < number.size(); ++at) {
+        const bool isPlace = at > 0 && at < end && (end - at) % 4 == 0;
+        if ((number[at] == ',') != isPlace)
+            return false;
+    }
+    return true;
+}
+
 /// A text that reads as a number as a whole: blanks around it, a sign, grouping commas, a point, an exponent.
 double wholeTextAsNumber(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos)
         throw RunTimeError(error::kValueNotTaken);
-    std::string digits(text.substr(first, text.find_last_not_of(' ') - first + 1));
-    std::erase(digits, ',');
-    std::string_view rest = digits;
+    std::string_view rest = text.substr(first, text.find_last_not_of(' ') - first + 1);
     const bool negative = rest.starts_with('-');
     if (negative || rest.starts_with('+'))
         rest.remove_prefix(1);
+    std::string digits(rest);
+    const bool isMisgrouped = std::erase(digits, ',') != 0 && !isGrouped(rest);
     double number = 0;
-    const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), number);
-    if (rest.starts_with('-') || read.ec != std::errc{} || read.ptr != rest.data() + rest.size())
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (isMisgrouped || digits.starts_with('-') || read.ec != std::errc{} ||
+        read.ptr != digits.data() + digits.size())
         throw RunTimeError(error::kValueNotTaken);
     return negative ? -number : number;
 }

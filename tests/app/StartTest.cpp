@@ -150,6 +150,7 @@ TEST(MainMenu, OffersWhatThereIs) {
 
 TEST(MainMenu, HasItsCaptions) {
     Play play;
+    EXPECT_EQ(play.screen().caption(), "Main Menu");
     play.expectSeen({{"lblTitle", "Main Menu"},
                      {"mnuFile", "&File"},
                      {"mnuHHSetup", "Handheld &Setup"},

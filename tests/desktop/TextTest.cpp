@@ -69,6 +69,18 @@ TEST_F(TextTest, TextFromCodeIsNotCut) {
     EXPECT_EQ(nameEdit().text().size(), 100'000);
 }
 
+TEST_F(TextTest, TextFromCodeIsNotCutWhenItIsShortened) {
+    setText(screen().txtShort, "abcdef");
+    click(screen().txtShort);
+    press(Qt::Key_End);
+    type("x");
+    EXPECT_EQ(screen().txtShort.text(), "abcdef");
+    press(Qt::Key_Backspace);
+    type("x");
+    EXPECT_EQ(screen().txtShort.text(), "abcde");
+    EXPECT_EQ(widget<QLineEdit>(screen().txtShort).text(), "abcde");
+}
+
 TEST_F(TextTest, TextIsSeenFromItsBeginningOnceItIsLeft) {
     type("a long text");
     EXPECT_EQ(nameEdit().cursorPosition(), 11);
@@ -92,6 +104,18 @@ TEST_F(TextTest, SelectionIsTheScreens) {
     EXPECT_FALSE(screen().txtName.isAllSelected());
     type("d");
     EXPECT_EQ(screen().txtName.text(), "abcd");
+}
+
+TEST_F(TextTest, SelectionIsLeftAtItsEnds) {
+    setText(screen().txtName, "abc");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Left);
+    type("x");
+    EXPECT_EQ(screen().txtName.text(), "xabc");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_Right);
+    type("y");
+    EXPECT_EQ(screen().txtName.text(), "xabcy");
 }
 
 TEST_F(TextTest, SelectionOutlastsABoxAndAMenu) {

@@ -259,6 +259,56 @@ TEST_F(EventScreen, CountsItsGamesAndTotalsWhenSaved) {
               std::vector<std::string>{"2|401|200.5"});
 }
 
+TEST_F(EventScreen, TakesFewerGamesThanAreRecorded) {
+    play.insertEvent(2);
+    play.insertGame(1, "N", 200);
+    play.insertGame(2, "N", 201);
+    editEvent({{"Incomplete event.", Answer::OK}});
+    play.type("txtNumGames", "1");
+    play.click("cmdPrevious", {kSave, kStay});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldNumGames", "fldGmsRecorded"}), std::vector<std::string>{"1|2"});
+    EXPECT_EQ(play.rows("tblGameInfo", {"fldGameNum"}).size(), 2U);
+}
+
+TEST_F(EventScreen, ShowsTheTypeOfAStoredEvent) {
+    for (const auto& [type, option] : std::vector<std::pair<Value, std::string>>{{"LEAGUE", "optLeague"},
+                                                                                 {"TOURNAMENT", "optTourn"},
+                                                                                 {"PRACTICE", "optPractice"},
+                                                                                 {"league", "optPractice"},
+                                                                                 {"", "optPractice"},
+                                                                                 {Null{}, "optPractice"}}) {
+        Play other;
+        other.insert("tblEventInfo", {{"fldEventType", type}});
+        other.session().gSessionNum = 1;
+        other.session().gMode = kEdit;
+        other.load("frmEvent");
+        EXPECT_TRUE(other.value(option)) << toText(type);
+    }
+}
+
+TEST_F(EventScreen, LeavesTheTotalsOfAnEventWithoutGames) {
+    play.insert("tblEventInfo", {{"fldEventName", "Old"},
+                                 {"fldDateBowled", makeDate(2026, 1, 2)},
+                                 {"fldNumGames", std::int64_t{3}},
+                                 {"fldGmsRecorded", std::int64_t{3}},
+                                 {"fldSeriesTot", std::int64_t{401}},
+                                 {"fldSeriesAvg", 200.5}});
+    play.session().gSessionNum = 1;
+    editEvent();
+    play.click("cmdPrevious", {kSave, kStay});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
+              std::vector<std::string>{"0|401|200.5"});
+}
+
+TEST_F(EventScreen, ShowsWhereAnEventCannotBeRead) {
+    play.insert("tblEventInfo", {{"fldEventName", "Odd"}, {"fldNumGames", Null{}}});
+    play.session().gSessionNum = 1;
+    editEvent({{"Database Error", Answer::OK}});
+    EXPECT_TRUE(play.display.boxes().back().text.starts_with(
+        "Error Number: 94\r\nError: Invalid use of Null\r\nModule: Event Information, Load_Event.\r\n"));
+    EXPECT_EQ(play.text("txtEvent"), "Odd");
+}
+
 TEST_F(EventScreen, GoesToTheDiskAtMostTwiceForASave) {
     play.insertEvent(3);
     play.insertGame(1, "N", 200);

@@ -125,6 +125,37 @@ TEST_F(FrameScreen, AlternatesTheLanes) {
     EXPECT_EQ(play.text("txtLaneNum"), "14");
 }
 
+TEST_F(FrameScreen, KeepsTheNextLaneAfterALaneThatIsNotOfThePair) {
+    play.insertEvent();
+    play.insertGame();
+    for (const int lane : {13, 20}) {
+        play.insert("tblFrameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                     {"fldGameNum", std::int64_t{1}},
+                                     {"fldFrameNum", std::int64_t{lane == 13 ? 1 : 2}},
+                                     {"fldLaneBowled", std::int64_t{lane}},
+                                     {"fldFirstBallRes", "X"}});
+    }
+    play.session().gAltLanes = true;
+    play.load("frmFrame");
+    play.click("mnuNextFrame");
+    EXPECT_EQ(play.text("txtLaneNum"), "20");
+    play.click("mnuNextFrame", {kAddAnother});
+    EXPECT_EQ(play.text("txtLaneNum"), "14");  // as worked out after frame 1
+}
+
+TEST_F(FrameScreen, ShowsWhereItCannotRead) {
+    play.insertEvent();
+    play.insert("tblGameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                {"fldGameNum", std::int64_t{1}},
+                                {"fldLanePair", "13-14"},
+                                {"fldLeftLane", Null{}}});
+    play.session().gGameNum = 1;
+    play.load("frmFrame", {{"Database Error", Answer::OK}});
+    EXPECT_TRUE(play.display.boxes().back().text.starts_with(
+        "Error Number: 94\r\nError: Invalid use of Null\r\nModule: Frame Information, Form Load.\r\n"));
+    EXPECT_EQ(play.text("txtFrameNum"), "1");
+}
+
 TEST_F(FrameScreen, StaysOnTheStartingLaneWithoutAlternation) {
     openGame("P", {});
     play.session().gAltLanes = false;
@@ -328,6 +359,9 @@ TEST_F(FrameScreen, ResetsTheFormButNotTheCell) {
     EXPECT_EQ(play.focus(), "txtLaneNum");
     EXPECT_TRUE(play.enabled("optFirstYes"));
     EXPECT_FALSE(play.value("chkFirstPinfall(7)"));
+    play.type("txtLaneNum", "13");
+    strike();
+    EXPECT_EQ(frames({"fldFrameNum", "fldLineScore"}), std::vector<std::string>{"1|X"});  // still the new row
 }
 
 TEST_F(FrameScreen, KeepsTheOldSecondBallThroughResetPinfall) {
@@ -466,6 +500,7 @@ TEST_F(FrameScreen, HandsAnAcceptedScoreToTheGameScreen) {
     EXPECT_EQ(play.screen().name(), "frmGame");
     EXPECT_EQ(play.text("txtGameScore"), "300");
     ASSERT_EQ(play.session().gScoreFixCount, Int16(1));
+    EXPECT_EQ(play.session().gScoreFixes[0].session, Int32(1));
     EXPECT_EQ(play.session().gScoreFixes[0].score, Int16(300));
     EXPECT_EQ(play.session().gScoreFixes[0].game, Int16(1));
     EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore"}), std::vector<std::string>{"0"});
@@ -547,6 +582,8 @@ TEST_F(FrameScreen, RetriesItsLoading) {
     retry.text = kNoRow.text.substr(0, kNoRow.text.rfind("Save_Frame")) + "Form Load";
     play.display.forgetEvents();
     play.handOverTo("frmFrame", {plain, retry, plain, with(retry, Answer::Cancel)});
+    EXPECT_EQ(play.display.boxes()[0].icon, Icon::None);
+    EXPECT_EQ(play.display.boxes()[1].icon, Icon::None);
     EXPECT_EQ(play.display.events(),
               (std::vector<std::string>{"hide frmMain", "load frmFrame", "unload frmFrame", "show frmMain"}));
 }

@@ -122,6 +122,7 @@ TEST_F(GameScreen, StaysOnTheLastGame) {
     play.click("cmdNextGame");
     EXPECT_EQ(play.text("txtGameNum"), "3 of 3");
     play.click("cmdNextGame", {{"Game Input", Answer::OK, "This is the last game in this record."}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
     EXPECT_EQ(play.text("txtGameNum"), "3 of 3");
     EXPECT_EQ(play.text("txtGameScore"), "103");
 }
@@ -152,6 +153,7 @@ TEST_F(GameScreen, StaysOnTheFirstGame) {
     play.click("cmdPrevGame");
     EXPECT_EQ(play.text("txtGameNum"), "1 of 3");
     play.click("cmdPrevGame", {{"First Game", Answer::OK, "This is the first game in the record."}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
     EXPECT_EQ(play.text("txtGameNum"), "1 of 3");
 }
 
@@ -226,6 +228,21 @@ TEST_F(GameScreen, RetriesWithoutEndPastTheLastGame) {
     EXPECT_EQ(play.display.retrying_, "Game Information, Load_Game.");
 }
 
+TEST_F(GameScreen, ShowsWhereItCannotRead) {
+    play.insert("tblEventInfo", {{"fldEventName", "Odd"}, {"fldNumGames", Null{}}});
+    play.insert("tblGameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                {"fldGameNum", std::int64_t{1}},
+                                {"fldStartLane", Null{}},
+                                {"fldLaneCond", "dry"},
+                                {"fldScoreType", "N"}});
+    play.session().gSessionNum = 1;
+    play.load("frmGame", {{"Database Error", Answer::OK}, {"Database Error", Answer::OK}});
+    const std::string words = "Error Number: 94\r\nError: Invalid use of Null\r\nModule: Game Information, ";
+    EXPECT_TRUE(play.display.boxes()[0].text.starts_with(words + "Form Load.\r\n"));
+    EXPECT_TRUE(play.display.boxes()[1].text.starts_with(words + "Load_Game.\r\n"));
+    EXPECT_EQ(play.text("txtLaneCond"), "dry");
+}
+
 TEST_F(GameScreen, AsksWhileItLoadsForAnEventOfNoGames) {
     play.insertEvent(0);
     play.display.forgetEvents();
@@ -257,6 +274,8 @@ TEST_F(GameScreen, ExitsWithItsOwnQuestion) {
     openGames(2, 2, kEdit);
     play.type("txtGameScore", "234");
     play.click("cmdExit", {{"Exit Application", Answer::No, "Exit Tallybrook?"}});
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Question);
+    EXPECT_EQ(play.display.boxes().back().defaultAnswer(), Answer::Yes);
     EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore"})[0], "101");
     play.click("mnuExit", {{"Exit Application", Answer::Yes}});
     EXPECT_TRUE(play.program().hasEnded());

@@ -332,6 +332,34 @@ TEST_P(PlayerTest, PressesKeys) {
     expectStopped("press \"\"", "line 2: there is no key \"\"", "> press \"\"\n");
 }
 
+TEST_P(PlayerTest, KeysMoveTheCaret) {
+    expectPlayed(
+        "press \"b\"\npress \"c\"\npress \"Tab\"\npress \"Shift+Tab\"\npress \"Left\"\npress \"a\"\n"
+        "show txtFirst\n",
+        "> press \"b\"\n"
+        "> press \"c\"\n"
+        "> press \"Tab\"\n"
+        "focus txtShort\n"
+        "> press \"Shift+Tab\"\n"
+        "focus txtFirst\n"
+        "> press \"Left\"\n"
+        "> press \"a\"\n"
+        "> show txtFirst\n"
+        "txtFirst text=\"abc\" enabled=yes visible=yes focus=yes\n");
+    expectPlayed(
+        "type txtNotes \"a\\nc\"\npress \"Home\"\npress \"b\"\npress \"End\"\npress \"Enter\"\n"
+        "press \"d\"\nshow txtNotes\n",
+        "> type txtNotes \"a\\nc\"\n"
+        "focus txtNotes\n"
+        "> press \"Home\"\n"
+        "> press \"b\"\n"
+        "> press \"End\"\n"
+        "> press \"Enter\"\n"
+        "> press \"d\"\n"
+        "> show txtNotes\n"
+        "txtNotes text=\"a\\nbc\\nd\" enabled=yes visible=yes focus=yes\n");
+}
+
 TEST_P(PlayerTest, KeysReachButtonsAndMenus) {
     expectPlayed(
         "press \"F2\"\nshow txtFirst\npress \"Alt+C\"\nshow chkPlain\npress \"Space\"\nshow chkPlain\n",

@@ -89,6 +89,7 @@ TEST(DoubleText, IsTheShortestThatReadsBack) {
     EXPECT_EQ(doubleText(200.5), "200.5");
     EXPECT_EQ(doubleText(0.1), "0.1");
     EXPECT_EQ(doubleText(-100.33), "-100.33");
+    EXPECT_EQ(doubleText(1e16), "1e+16");
     EXPECT_TRUE(rc::check([](double number) { RC_ASSERT(leadingNumber(doubleText(number)) == number); }));
 }
 

@@ -171,6 +171,22 @@ TEST_F(Focus, TypesWhereTheCaretIs) {
     EXPECT_EQ(press({"Home", "Left", "Backspace"}), "\xC3\xA9u");
 }
 
+TEST_F(Focus, GoesToTheEndsOfALine) {
+    const auto press = [&](std::initializer_list<const char*> keys) {
+        for (const char* const key : keys)
+            EXPECT_TRUE(person::typeKey(screen->txtLines, person::readKey(key))) << key;
+        return screen->txtLines.text();
+    };
+    person::arrive(screen->txtLines);
+    EXPECT_EQ(press({"a", "b", "Return", "c", "Home", "x", "End", "y"}), "ab\nxcy");
+    EXPECT_EQ(press({"Left", "Left", "Left", "Left", "End", "z", "Home", "w"}), "wabz\nxcy");
+    screen->txtLines.selectAll();
+    EXPECT_EQ(press({"Home", "1"}), "wabz\n1xcy");
+    screen->txtLines.selectAll();
+    EXPECT_EQ(press({"End", "2", "Home", "Home", "3"}), "wabz\n31xcy2");
+    EXPECT_EQ(press({"Enter", "4"}), "wabz\n3\n41xcy2");
+}
+
 TEST_F(Focus, WalksTheTabOrderRoundAndRound) {
     Log order;
     for (int i = 0; i < 7; ++i) {
@@ -242,6 +258,23 @@ TEST_F(Focus, CutsTypedTextAlone) {
     EXPECT_EQ(changes, 2);
     person::type(screen->txtShown, "x");
     EXPECT_EQ(screen->txtShown.text(), "");
+}
+
+TEST_F(Focus, CutsNothingOfALongTextThatIsShortened) {
+    const auto press = [this](const char* key) {
+        person::typeKey(screen->txtOne, person::readKey(key));
+        return screen->txtOne.text();
+    };
+    screen->txtOne.setText("longer than five");
+    press("End");
+    EXPECT_EQ(press("Backspace"), "longer than fiv");
+    EXPECT_EQ(press("x"), "longer than fiv");
+    press("Home");
+    EXPECT_EQ(press("Delete"), "onger than fiv");
+    screen->txtOne.enter("onger than fiv");
+    EXPECT_EQ(screen->txtOne.text(), "onger than fiv");
+    person::type(screen->txtOne, "onger than");  // over all of it
+    EXPECT_EQ(screen->txtOne.text(), "onger");
 }
 
 TEST_F(Focus, KeepsABoxOfOneLineOnOneLine) {

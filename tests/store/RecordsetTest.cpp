@@ -342,17 +342,21 @@ TEST_F(RecordsetEdges, KeepWhatAFieldHadWhenItCannotTakeAValue) {
     rows.Open("SELECT * FROM tblGameInfo");
     rows["fldGameScore"] = std::int64_t{150};
     for (const Value& bad :
-         {Value{"3 games"}, Value{""}, Value{"40000"}, Value{1e9}, Value{"x"}, Value{"1 2"}})
+         {Value{"3 games"}, Value{""}, Value{"40000"}, Value{1e9}, Value{"x"}, Value{"1 2"}, Value{"1,23"},
+          Value{"12,3456"}, Value{",123"}, Value{"123,"}, Value{"1,,234"}, Value{"1234,567"},
+          Value{"1.0,000"}, Value{"1e0,001"}, Value{","}})
         EXPECT_EQ(faultOf([&] { rows["fldGameScore"] = bad; }), error::kValueNotTaken) << toText(bad);
     EXPECT_EQ(toText(rows["fldGameScore"]), "150");
     EXPECT_EQ(faultOf([&] { rows["fldGameKey"] = std::int64_t{9}; }), error::kValueNotTaken);
-    for (const auto& [text, number] : std::vector<std::pair<std::string, std::string>>{{" 12 ", "12"},
-                                                                                       {"-7", "-7"},
-                                                                                       {"1,234", "1234"},
-                                                                                       {"2.5", "2"},
-                                                                                       {"3.5", "4"},
-                                                                                       {"1e2", "100"},
-                                                                                       {"+5", "5"}}) {
+    for (const auto& [text, number] :
+         std::vector<std::pair<std::string, std::string>>{{" 12 ", "12"},
+                                                          {"-7", "-7"},
+                                                          {"1,234", "1234"},
+                                                          {"-12,345.5", "-12346"},
+                                                          {"2.5", "2"},
+                                                          {"3.5", "4"},
+                                                          {"1e2", "100"},
+                                                          {"+5", "5"}}) {
         rows["fldGameScore"] = text;
         EXPECT_EQ(toText(rows["fldGameScore"]), number) << text;
     }
