@@ -60,7 +60,7 @@ void Snapshot::readFields(bool all) {
 /// The rows around one of those found, read for themselves; nullptr once so many were looked at that all are
 /// worth reading.
 const PackedRows* Snapshot::glimpseOf(std::size_t row) {
-    constexpr std::size_t kMostGlimpses = 8;
+    constexpr std::size_t kMostGlimpses = 4;
     const std::size_t place = row / kGlimpse;
     if (const auto known = glimpses_.find(place); known != glimpses_.end())
         return known->second.get();
@@ -111,8 +111,8 @@ std::int64_t Snapshot::key(std::size_t row) {
 Value Snapshot::value(std::size_t row, std::size_t field) {
     if (isOwn(row))
         return valuesOf(own_[row - read_.count])[field];
-    statement_.plan->want(field);
     if (!read_.rows->projection().holds(field)) {
+        statement_.plan->want(field);
         if (const PackedRows* const glimpse = glimpseOf(row); glimpse != nullptr)
             return glimpse->value(row % kGlimpse, field);
         readFields(std::exchange(hasMissed_, true));
