@@ -15,7 +15,7 @@ class Hands : public QGenericPlugin {
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "hands.json")
 
 public:
-    QObject* create(const QString& /*name*/, const QString& /*specification*/) override {
+    QObject* create(const QString& /*name*/, const QString& /*arguments*/) override {
         auto* const timer = new QTimer;
         connect(timer, &QTimer::timeout, timer, look);
         timer->start(1);
