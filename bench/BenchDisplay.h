@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Display.h"
+#include "shell/QuietDisplay.h"
 
 #include <filesystem>
 
@@ -8,7 +8,7 @@ namespace tallybrook::bench {
 
 /// A display that shows nothing and answers at once: boxes by their title, file dialogs with the same file.
 /// What nobody reckons with while measuring ends the program with an exception.
-class BenchDisplay : public Display {
+class BenchDisplay : public QuietDisplay {
 public:
     /// What the next file dialogs choose.
     std::filesystem::path chosen;
@@ -17,17 +17,8 @@ public:
     std::optional<std::string> inputBox(const InputBox& box) override;
     std::optional<std::filesystem::path> fileDialog(const FileDialog&) override { return chosen; }
 
-    void loaded(Screen&) override {}
-    void shown(Screen&) override {}
-    void hidden(Screen&) override {}
-    void unloaded(Screen&) override {}
-    void raised(Screen&) override {}
-    void pointer(Pointer) override {}
-    void help(HelpTopic) override {}
-    void startViewer(const std::filesystem::path&) override {}
     void retrying(std::string_view module, int tries) override;
     void runTimeError(const RunTimeError& failure) override;
-    void ended() override {}
 };
 
 }  // namespace tallybrook::bench

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "player/Stage.h"
-#include "shell/Display.h"
+#include "shell/QuietDisplay.h"
 
 #include <filesystem>
 #include <optional>
@@ -10,7 +10,7 @@
 namespace tallybrook {
 
 /// A display that shows nothing and gives the answers that were planned.
-class PlannedDisplay : public Display {
+class PlannedDisplay : public QuietDisplay {
 public:
     void plan(Planned answer) { planned_ = std::move(answer); }
 
@@ -18,18 +18,8 @@ public:
     std::optional<std::string> inputBox(const InputBox&) override { return std::get<Reply>(planned_).text; }
     std::optional<std::filesystem::path> fileDialog(const FileDialog&) override;
 
-    void loaded(Screen&) override {}
-    void shown(Screen&) override {}
-    void hidden(Screen&) override {}
-    void unloaded(Screen&) override {}
-    void raised(Screen&) override {}
-
-    void pointer(Pointer) override {}
-    void help(HelpTopic) override {}
-    void startViewer(const std::filesystem::path&) override {}
     void retrying(std::string_view, int) override {}
     void runTimeError(const RunTimeError&) override {}
-    void ended() override {}
 
 private:
     Planned planned_ = Answer::OK;

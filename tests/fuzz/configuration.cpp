@@ -3,28 +3,21 @@
 
 #include "shell/Configuration.h"
 
+#include "Require.h"
 #include "handheld/AnsweringDisplay.h"
 #include "shell/Program.h"
 #include "support/TemporaryFolder.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <fstream>
-#include <iostream>
 #include <iterator>
 #include <string>
 
 using namespace tallybrook;
+using test::require;
 
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::cerr << what << '\n';
-    std::abort();
-}
 
 std::string contentsOf(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);

@@ -1,26 +1,19 @@
 // Whatever the line, a field is cut by the rule or fails with an error of its own, and the walk over a record
 // comes to its end. The first two bytes choose where the search starts and for what; the rest is the line.
 
+#include "Require.h"
 #include "handheld/CdbRecord.h"
 #include "runtime/TextEncoding.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <string>
 #include <string_view>
 
 using namespace tallybrook;
+using test::require;
 
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::cerr << what << '\n';
-    std::abort();
-}
 
 void requireOwnError(const RunTimeError& failure) {
     require(failure.number() == error::kInvalidProcedureCall || failure.number() == error::kOverflow,

@@ -3,6 +3,7 @@
 // whole, and touches the handheld's files only at the end of a complete run. The first byte chooses the
 // handheld and the answers; the rest is the three files with a record separator (1E) between them.
 
+#include "Require.h"
 #include "app/Application.h"
 #include "handheld/AnsweringDisplay.h"
 #include "shell/Person.h"
@@ -13,14 +14,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <fstream>
-#include <iostream>
 #include <iterator>
 #include <string>
 #include <string_view>
 
 using namespace tallybrook;
+using test::require;
 namespace fs = std::filesystem;
 
 namespace {
@@ -31,13 +31,6 @@ using Files = std::array<std::string, kNames.size()>;
 constexpr unsigned kPalm = 1;
 constexpr unsigned kDelete = 2;
 constexpr unsigned kTakeDuplicates = 4;
-
-void require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::cerr << what << '\n';
-    std::abort();
-}
 
 Files filesIn(std::string_view bytes) {
     Files files;

@@ -4,6 +4,7 @@
 // between them, the first, second and fill ball and the line score of each with a unit separator (1F) between
 // them.
 
+#include "Require.h"
 #include "app/Application.h"
 #include "browse/frmSearchGames.h"
 #include "handheld/AnsweringDisplay.h"
@@ -17,10 +18,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <iostream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,19 +27,13 @@
 #include <vector>
 
 using namespace tallybrook;
+using test::require;
 namespace fs = std::filesystem;
 
 namespace {
 
 constexpr std::size_t kMostFrames = 12;  // two more than a game has
 constexpr std::array<const char*, 4> kTypes{"P", "L", "N", ""};
-
-void require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::cerr << what << '\n';
-    std::abort();
-}
 
 std::vector<std::string_view> parts(std::string_view text, char separator, std::size_t most) {
     std::vector<std::string_view> found;

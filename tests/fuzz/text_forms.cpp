@@ -1,28 +1,21 @@
 // Whatever the text, it is read as a date and as a number by the rules or refused with the right error, and
 // what was read, written down again, reads as the same.
 
+#include "Require.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/TextForms.h"
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <string_view>
 
 using namespace tallybrook;
+using test::require;
 
 namespace {
 
 constexpr int kYear = 2026;
-
-void require(bool holds, const char* what) {
-    if (holds)
-        return;
-    std::cerr << what << '\n';
-    std::abort();
-}
 
 /// Runs what may fail with that error and no other.
 template <typename Work>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Display.h"
+#include "shell/QuietDisplay.h"
 
 #include <functional>
 #include <optional>
@@ -11,7 +11,7 @@
 namespace tallybrook::test {
 
 /// A display that answers every box by a rule and keeps a record of what came.
-class AnsweringDisplay : public Display {
+class AnsweringDisplay : public QuietDisplay {
 public:
     explicit AnsweringDisplay(std::function<Answer(const MessageBox&)> answer) : answer_(std::move(answer)) {}
 
@@ -31,17 +31,8 @@ public:
         asked = true;
         return std::nullopt;
     }
-    void loaded(Screen&) override {}
-    void shown(Screen&) override {}
-    void hidden(Screen&) override {}
-    void unloaded(Screen&) override {}
-    void raised(Screen&) override {}
-    void pointer(Pointer) override {}
-    void help(HelpTopic) override {}
-    void startViewer(const std::filesystem::path&) override {}
     void retrying(std::string_view, int) override {}
     void runTimeError(const RunTimeError& failure) override { uncaught = failure.number(); }
-    void ended() override {}
 
 private:
     std::function<Answer(const MessageBox&)> answer_;
