@@ -78,7 +78,7 @@ double percentage(Int32 part, Int32 whole) {
 void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringModes& modes) {
     const auto countFrame = [&] {
         Recordset& row = *run.gRsFrame;
-        if (leadingNumber(toText(row["fldFrameNum"])) < 10)
+        if (leadingNumberOf(row["fldFrameNum"]) < 10)
             counts.countFrame(row["fldFirstBallRes"], row["fldSecondBallRes"]);
         else
             counts.countTenthFrame(marksOf(row));
@@ -87,7 +87,7 @@ void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringMode
         forEachRow(run.gRsEvent, run.gReportSQL, [&] {
             const Int32 session = toInt32(run.gRsEvent->Fields("fldSessionNum"));
             forEachRow(run.gRsGame, gamesOf(session), [&] {
-                const Int16 game = toInt16(leadingNumber(toText(run.gRsGame->Fields("fldGameNum"))));
+                const Int16 game = toInt16(leadingNumberOf(run.gRsGame->Fields("fldGameNum")));
                 forEachRow(run.gRsFrame, framesOf(session, game), countFrame);
             });
         });

@@ -48,6 +48,11 @@ double toDouble(const Value& value) {
                       value);
 }
 
+double leadingNumberOf(const Value& value) {
+    const auto* const whole = std::get_if<std::int64_t>(&value);
+    return whole != nullptr ? static_cast<double>(*whole) : leadingNumber(toText(value));
+}
+
 Int16 toInt16(const Value& value) {
     return toInt16(toDouble(value));
 }

@@ -34,6 +34,9 @@ std::string toText(const Value& value);
 /// the zero date; error 94 for a Null.
 double toDouble(const Value& value);
 
+/// The leading number of the value's text; 0 for a Null and where there is none.
+double leadingNumberOf(const Value& value);
+
 /// The value rounded to the nearest whole number, halves to even; error 94 for a Null, error 6 outside the
 /// range.
 Int16 toInt16(const Value& value);

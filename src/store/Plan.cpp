@@ -11,7 +11,7 @@ namespace tallybrook {
 
 namespace {
 
-constexpr std::size_t kMostBytes = 4 << 20;  // of an answer that is kept
+constexpr std::size_t kLargestKept = 4 << 20;  // of an answer that is kept
 
 }  // namespace
 
@@ -22,6 +22,12 @@ Plan::Plan(SQLite::Database& database, Select select)
         wanted_[field] = std::ranges::find(select_.orderBy, select_.fields[field]) != select_.orderBy.end();
     if (ReadAhead::serves(select_))
         ahead_.emplace(database_, select_);
+}
+
+void Plan::want(std::size_t field) {
+    if (!wanted_[field])
+        narrow_ = {};
+    wanted_[field] = true;
 }
 
 Plan::Reader Plan::prepare(const std::vector<bool>& fields, const std::string& rest) const {
@@ -37,13 +43,12 @@ Plan::Reader Plan::prepare(const std::vector<bool>& fields, const std::string& r
         projection.fields.push_back(field);
         list += ", " + select_.fields[field]->name;
     }
-    return {.fields = fields,
-            .projection = std::make_shared<const Projection>(std::move(projection)),
+    return {.projection = std::make_shared<const Projection>(std::move(projection)),
             .statement = RowStatement(database_, "SELECT " + list + rest)};
 }
 
 Plan::Reader& Plan::readerOf(bool all) {
-    if (!all && (!narrow_.statement || narrow_.fields != wanted_))
+    if (!all && !narrow_.statement)
         narrow_ = prepare(wanted_, text_.sql());
     if (all && !whole_.statement)
         whole_ = prepare(std::vector<bool>(fieldCount(), true), text_.sql());
@@ -87,7 +92,7 @@ RowRange Plan::read(const Question& question, bool all) {
             return *known;
         RowRange rows = run(reader, question);
         lastAnswer_.reset();
-        if (rows.rows->bytes() <= kMostBytes)
+        if (rows.rows->bytes() <= kLargestKept)
             lastAnswer_ = {question.values, question.lastKey, question.version, rows};
         return rows;
     });

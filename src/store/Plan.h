@@ -28,7 +28,7 @@ public:
     [[nodiscard]] std::size_t fieldCount() const { return select_.fields.size(); }
 
     /// Tells that a field was asked for.
-    void want(std::size_t field) { wanted_[field] = true; }
+    void want(std::size_t field);
 
     /// Runs the statement and reads all fields of the rows that it finds, or those that are worth it.
     RowRange read(const Question& question, bool all);
@@ -38,7 +38,6 @@ public:
 private:
     /// A statement that reads certain fields.
     struct Reader {
-        std::vector<bool> fields;
         std::shared_ptr<const Projection> projection;
         std::optional<RowStatement> statement;
     };
@@ -53,7 +52,7 @@ private:
     SelectText text_;
     std::vector<bool> wanted_;  // by field
     Reader whole_;
-    Reader narrow_;
+    Reader narrow_;  // of the fields wanted
     Reader single_;  // of the row of one key
     std::optional<ReadAhead> ahead_;
     // The last answer, if it is small: procedures often ask the same one after another.

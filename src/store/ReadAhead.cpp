@@ -18,7 +18,7 @@ constexpr std::string_view kEvent = "fldSessionNum";  // which event a row belon
 constexpr std::int64_t kNear = 16;  // the next event of a walk is at most so many keys on: some are deleted
 constexpr std::int64_t kFirstReach = 4;
 constexpr std::int64_t kLongestReach = 256;
-constexpr std::size_t kMostBytes = 12 << 20;  // the frames of ten thousand events, but not of any number
+constexpr std::size_t kMostBytesKept = 12 << 20;  // the frames of ten thousand events, but not of any number
 
 bool isWholeNumber(const Criterion& criterion) {
     const FieldType type = criterion.column->type;
@@ -164,7 +164,7 @@ void ReadAhead::addRow(Block& block, const Wanted& group) const {
 }
 
 const ReadAhead::Block& ReadAhead::keep(std::int64_t firstEvent, Block block) {
-    const bool hasRoom = keptBytes_ + block.bytes() <= kMostBytes;
+    const bool hasRoom = keptBytes_ + block.bytes() <= kMostBytesKept;
     if (hasRoom)
         keptBytes_ += block.bytes();
     else

@@ -95,6 +95,12 @@ TEST(Value, IsConverted) {
     EXPECT_EQ(toDate(Value{2.0}, 2026), makeDate(1900, 1, 1));
     EXPECT_EQ(toDate(Value{"3/4"}, 2026), makeDate(2026, 3, 4));
     EXPECT_EQ(toDouble(Value{makeDate(1900, 1, 1)}), 2.0);
+    EXPECT_EQ(leadingNumberOf(Null{}), 0);
+    EXPECT_EQ(leadingNumberOf(std::int64_t{-3}), -3);
+    EXPECT_EQ(leadingNumberOf(2.5), 2.5);
+    EXPECT_EQ(leadingNumberOf("12 lanes"), 12);
+    EXPECT_EQ(leadingNumberOf("lanes"), 0);
+    EXPECT_EQ(leadingNumberOf(makeDate(2026, 11, 4)), 11);
     EXPECT_EQ(numberOf([] { toInt16(Value{Null{}}); }), error::kInvalidUseOfNull);
     EXPECT_EQ(numberOf([] { toDate(Value{Null{}}, 2026); }), error::kInvalidUseOfNull);
     EXPECT_EQ(numberOf([] { toInt16(Value{"40000"}); }), error::kOverflow);
