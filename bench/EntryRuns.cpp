@@ -35,7 +35,7 @@ void saveBy(State& state, const Place& place, const std::string& button,
         session.type("txtComment", newComment());
         const CommitWatch commits(session.connection());
         const Stopwatch watch;
-        session.click(button);
+        session.measuredClick(button);
         state.SetIterationTime(watch.seconds());
         mostCommits = std::max(mostCommits, commits.commits());
         session.returnToMain();
@@ -119,7 +119,7 @@ void saveFirst(State& state, const Place& place) {
         session.handOverTo("frmEvent");
         session.type("txtComment", newComment());
         const Stopwatch watch(Time::Wall);
-        session.click("cmdNextEvent");
+        session.measuredClick("cmdNextEvent");
         state.SetIterationTime(watch.seconds());
     }
 }

@@ -45,7 +45,7 @@ private:
 /// its own, and comes in the time to the end.
 void takeTimes(State& state, Session& session) {
     const CommitWatch watch(session.connection());
-    session.click("cmdAddPDA");
+    session.measuredClick("cmdAddPDA");
     state.SetIterationTime(watch.secondsUntilStored());
     state.counters[kMsToTheEnd] = watch.seconds() * 1000;
 }
@@ -88,7 +88,7 @@ private:
 void consistencyCheck(State& state, const Place& place) {
     Session session(place.folder);
     session.handOverTo("frmDBTools");
-    measure(state, [&] { session.click("cmdDBCheck"); });
+    measure(state, [&] { session.measuredClick("cmdDBCheck"); });
 }
 
 void consistencyCheckLimit(State& state, const Place& place) {

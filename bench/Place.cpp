@@ -32,13 +32,17 @@ std::vector<int> nightsOf(const fs::path& logbook) {
 
 }  // namespace
 
-Place copySample(const fs::path& samples, int events, const fs::path& target) {
-    const std::string name = std::to_string(events);
-    Place place{.events = events, .folder = target / name};
-    fs::copy(samples / name, place.folder, fs::copy_options::recursive);
-    { const Session writesConfiguration(place.folder); }
+Place placeAt(const fs::path& folder, int events) {
+    { const Session writesConfiguration(folder); }
+    Place place{.events = events, .folder = folder, .nights = {}};
     place.nights = nightsOf(place.logbook());
     return place;
+}
+
+Place copySample(const fs::path& samples, int events, const fs::path& target) {
+    const std::string name = std::to_string(events);
+    fs::copy(samples / name, target / name, fs::copy_options::recursive);
+    return placeAt(target / name, events);
 }
 
 }  // namespace tallybrook::bench

@@ -48,7 +48,7 @@ long peakOfProgram(const fs::path& folder) {
     session.display.chosen = folder / "peak.txt";
     session.handOverTo("frmEventStats");
     const MemoryWatch memory;
-    session.click("cmdGenReport");
+    session.measuredClick("cmdGenReport");
     return memory.peak();
 }
 

@@ -38,7 +38,7 @@ void statisticalReport(State& state, const Place& place) {
     Session session(place.folder);
     session.display.chosen = place.beside("statistics.txt");
     session.handOverTo("frmEventStats");
-    measure(state, [&] { session.click("cmdGenReport"); });
+    measure(state, [&] { session.measuredClick("cmdGenReport"); });
 }
 
 void statisticalReportLimit(State& state, const Place& place) {
@@ -58,7 +58,7 @@ void eventReport(State& state, const Place& place) {
     session.drawList();
     NextNight next(place);
     measure(
-        state, [&] { session.click("cmdGetRecord"); },
+        state, [&] { session.measuredClick("cmdGetRecord"); },
         [&] { session.selectRow(rowOf(session.list(), next())); });
 }
 

@@ -6,6 +6,7 @@
 #include "store/Connection.h"
 
 #include <algorithm>
+#include <chrono>
 #include <stdexcept>
 #include <vector>
 
@@ -33,10 +34,19 @@ void removeBackupsButOne(const fs::path& folder) {
         fs::remove(files[i]);
 }
 
+/// People start the program on a logbook of another day. The backup of one that was written a moment ago
+/// could not be known again, and another one would be made on the way.
+void makeOld(const fs::path& logbook) {
+    const auto now = fs::file_time_type::clock::now();
+    if (fs::exists(logbook) && now - fs::last_write_time(logbook) < std::chrono::minutes{1})
+        fs::last_write_time(logbook, now - std::chrono::hours{1});
+}
+
 }  // namespace
 
 Session::Session(const fs::path& dataFolder, AtStart atStart) : application_(display, clock_, dataFolder) {
     removeBackupsButOne(dataFolder / "Backups");
+    makeOld(dataFolder / "Tallybrook_DB.mdb");
     application_.start();
     if (atStart == AtStart::AwaitBackup)
         program().backups().finish();
@@ -55,6 +65,10 @@ Control& Session::control(const std::string& name) {
 
 void Session::click(const std::string& name) {
     perform([&] { require(person::click(control(name)), name); });
+}
+
+void Session::measuredClick(const std::string& name) {
+    click(name);
 }
 
 void Session::type(const std::string& name, const std::string& text) {

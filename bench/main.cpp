@@ -42,6 +42,15 @@ void planAll(const std::vector<Place>& places) {
     }
 }
 
+/// Does the program's part of every work once, in one logbook, to be watched from outside.
+void doOnce(const Place& place) {
+    for (const Work& work : works())
+        plan(work.name, work.program, place, 1, 1);
+    Results ignored;
+    if (benchmark::RunSpecifiedBenchmarks(&ignored) == 0)
+        throw std::runtime_error("no such work");
+}
+
 /// Measures everything with copies of the samples, made in a folder that is left to the caller.
 void measureAll(const fs::path& samples, const fs::path& folder) {
     std::vector<Place> places;
@@ -64,9 +73,12 @@ int main(int argc, char** argv) {
         if (arguments.size() != 2)
             throw std::runtime_error(
                 "usage: tallybrook-bench SAMPLES FOLDER [--benchmark_filter=WORK]\n"
+                "       tallybrook-bench --once DATA --benchmark_filter=WORK\n"
                 "       tallybrook-bench --peak-of-program|--peak-of-limit DATA");
         if (arguments[0] == "--peak-of-program")
             std::cout << peakOfProgram(arguments[1]);
+        else if (arguments[0] == "--once")
+            doOnce(placeAt(arguments[1], 0));
         else if (arguments[0] == "--peak-of-limit")
             std::cout << peakOfLimit(arguments[1]);
         else
