@@ -25,10 +25,6 @@ Target sameInAllSizes() {
             }};
 }
 
-Target sameSteps() {
-    return {.words = "same steps in all sizes", .isMet = {}};
-}
-
 Target below(double most) {
     return {fmt::format("< {}", most), [most](const Pairs& pairs) { return *pairs[kMiddle].program < most; }};
 }

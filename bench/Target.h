@@ -29,9 +29,6 @@ struct Target {
 Target within(double times);
 /// In no size more than in the smallest, up to a fifth that is left to the clock.
 Target sameInAllSizes();
-/// As many steps in all sizes, which are counted apart, since the time of a short work tells more of what the
-/// machine did before.
-Target sameSteps();
 /// Less than that, in the figure's own unit.
 Target below(double most);
 /// At most that in every size.
