@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/QuietDisplay.h"
+#include "controls/QuietDisplay.h"
 
 #include <filesystem>
 

@@ -1,8 +1,8 @@
 #include "Session.h"
 
-#include "shell/Lists.h"
-#include "shell/Person.h"
-#include "shell/Screen.h"
+#include "controls/Lists.h"
+#include "controls/Person.h"
+#include "controls/Screen.h"
 #include "store/Connection.h"
 
 #include <algorithm>
@@ -114,7 +114,7 @@ void Session::prepareSearch(const SearchScreen& search, const Criterion& criteri
 }
 
 void Session::returnToMain() {
-    perform([this] { program().screens.returnToMain(); });
+    perform([this] { returnToMain(program()); });
 }
 
 }  // namespace tallybrook::bench

@@ -2,8 +2,8 @@
 
 #include "BenchDisplay.h"
 #include "app/Application.h"
-#include "shell/Control.h"
-#include "shell/Grid.h"
+#include "controls/Control.h"
+#include "controls/Grid.h"
 
 #include <filesystem>
 #include <functional>

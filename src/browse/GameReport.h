@@ -1,6 +1,6 @@
 #pragma once
 
-#include "browse/PinfallLine.h"
+#include "bowling/PinfallLine.h"
 #include "runtime/Handler.h"
 #include "runtime/TextFile.h"
 #include "shell/Program.h"

@@ -16,7 +16,7 @@ void leaveToMain(Program& program, Screen& list) {
         Answer::Yes)
         return;
     program.screens.unload(list);
-    program.screens.returnToMain();
+    returnToMain(program);
 }
 
 }  // namespace tallybrook

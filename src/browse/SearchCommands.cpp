@@ -34,7 +34,7 @@ void SearchCommands::cmdPrevious_Click() {
 void SearchCommands::cmdRetMain_Click() {
     if (program_.display.messageBox(question("Are you sure you want to return to the main screen?",
                                              "Return to Main", Icon::None)) == Answer::Yes)
-        program_.screens.returnToMain();
+        returnToMain(program_);
 }
 
 }  // namespace tallybrook

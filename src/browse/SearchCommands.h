@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browse/SearchForm.h"
-#include "shell/Screen.h"
+#include "controls/Screen.h"
 
 namespace tallybrook {
 

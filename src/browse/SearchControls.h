@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/Control.h"
-#include "shell/Lists.h"
+#include "controls/Control.h"
+#include "controls/Lists.h"
 
 #include <string>
 #include <vector>

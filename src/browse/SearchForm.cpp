@@ -1,7 +1,7 @@
 #include "browse/SearchForm.h"
 
 #include "browse/NoCurrentRow.h"
-#include "shell/Screen.h"
+#include "controls/Screen.h"
 #include "shell/TBK_Globals.h"
 
 #include <algorithm>

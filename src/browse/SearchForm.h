@@ -1,8 +1,8 @@
 #pragma once
 
-#include "browse/BoundedList.h"
 #include "browse/SearchControls.h"
 #include "browse/SearchField.h"
+#include "runtime/BoundedList.h"
 #include "shell/Program.h"
 #include "store/DataControl.h"
 

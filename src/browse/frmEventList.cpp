@@ -41,7 +41,7 @@ constexpr int kNoSync = 1;
 }  // namespace
 
 frmEventList::frmEventList(Program& owner)
-    : Screen(owner, "frmEventList", "Event Listing"),
+    : ProgramScreen(owner, "frmEventList", "Event Listing"),
       dgdEventList(*this, "dgdEventList", "Event List", adoTBKEvent, eventColumns()),
       optRpType("optRpType", 0, 1,
                 [this](int index, const std::string& name) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/Grid.h"
-#include "shell/Screen.h"
+#include "controls/Grid.h"
+#include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -9,7 +9,7 @@
 namespace tallybrook {
 
 /// The events to edit or delete, or those that a search has found, to report on one of them.
-class frmEventList : public Screen {
+class frmEventList : public ProgramScreen {
 public:
     explicit frmEventList(Program& owner);
 
@@ -22,10 +22,10 @@ public:
 
     Grid dgdEventList;
 
-    Frame fraType{*this, "fraType", "Report Type"};
+    GroupBox fraType{*this, "fraType", "Report Type"};
     OptionGroup reportTypes;
     ControlArray<OptionButton> optRpType;
-    Frame fraSyncHH{*this, "fraSyncHH", "Sync to PDA?"};
+    GroupBox fraSyncHH{*this, "fraSyncHH", "Sync to PDA?"};
     OptionGroup syncChoices;
     ControlArray<OptionButton> optSyncPDA;
 

@@ -34,7 +34,7 @@ std::vector<GridColumn> gameColumns() {
 }  // namespace
 
 frmGameList::frmGameList(Program& owner)
-    : Screen(owner, "frmGameList", "Game Listing"),
+    : ProgramScreen(owner, "frmGameList", "Game Listing"),
       dgdEventList(*this, "dgdEventList", "Game Search Results", adoTBKGame, gameColumns()) {
     adoTBKEvent.setRecordSource("SELECT * FROM tblEventInfo");
     adoTBKGame.setRecordSource("SELECT * FROM tblGameInfo");

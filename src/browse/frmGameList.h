@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/Grid.h"
-#include "shell/Screen.h"
+#include "controls/Grid.h"
+#include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -9,7 +9,7 @@
 namespace tallybrook {
 
 /// The games that a search has found, to report on one of them.
-class frmGameList : public Screen {
+class frmGameList : public ProgramScreen {
 public:
     explicit frmGameList(Program& owner);
 

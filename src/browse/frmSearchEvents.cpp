@@ -40,7 +40,7 @@ std::string upperCase(std::string text) {
 }  // namespace
 
 frmSearchEvents::frmSearchEvents(Program& owner)
-    : Screen(owner, "frmSearchEvents", "Search Events"),
+    : ProgramScreen(owner, "frmSearchEvents", "Search Events"),
       cboListField(fieldLists(*this, "cboListField", kLastRow)),
       cboSearchOp(operatorLists(*this, kLastRow)),
       txtSearchVal(valueBoxes(*this, kLastRow)),

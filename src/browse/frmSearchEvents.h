@@ -2,7 +2,7 @@
 
 #include "browse/SearchCommands.h"
 #include "browse/SearchForm.h"
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
 #include <array>
@@ -11,7 +11,7 @@
 namespace tallybrook {
 
 /// Where a search for events is put together, in up to five rows of a field, an operator and a value.
-class frmSearchEvents : public Screen {
+class frmSearchEvents : public ProgramScreen {
 public:
     explicit frmSearchEvents(Program& owner);
 

@@ -1,6 +1,6 @@
 #include "browse/frmSearchGames.h"
 
-#include "browse/LanePair.h"
+#include "bowling/LanePair.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
 
@@ -23,7 +23,7 @@ Search gameSearch() {
 }  // namespace
 
 frmSearchGames::frmSearchGames(Program& owner)
-    : Screen(owner, "frmSearchGames", "Game Search"),
+    : ProgramScreen(owner, "frmSearchGames", "Game Search"),
       cboSearchFld(fieldLists(*this, "cboSearchFld", kLastRow)),
       cboSearchOp(operatorLists(*this, kLastRow)),
       txtSearchVal(valueBoxes(*this, kLastRow)),

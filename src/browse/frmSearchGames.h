@@ -2,13 +2,13 @@
 
 #include "browse/SearchCommands.h"
 #include "browse/SearchForm.h"
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
 namespace tallybrook {
 
 /// Where a search for games is put together, in one or two rows of a field, an operator and a value.
-class frmSearchGames : public Screen {
+class frmSearchGames : public ProgramScreen {
 public:
     explicit frmSearchGames(Program& owner);
 

@@ -36,7 +36,7 @@ constexpr std::array<KindOfView, 13> kKinds{{
     {Control::Kind::FolderList, makeFolderTreeView},
     {Control::Kind::Grid, makeGridView},
     {Control::Kind::Label, makeLabelView},
-    {Control::Kind::Frame, makeFrameView},
+    {Control::Kind::GroupBox, makeGroupBoxView},
     {Control::Kind::Picture, makePictureView},
     {Control::Kind::Menu, makeNothing},
 }};

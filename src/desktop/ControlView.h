@@ -1,8 +1,8 @@
 #pragma once
 
-#include "shell/Grid.h"
-#include "shell/Keyboard.h"
-#include "shell/Lists.h"
+#include "controls/Grid.h"
+#include "controls/Keyboard.h"
+#include "controls/Lists.h"
 
 #include <QWidget>
 #include <memory>

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controls/Display.h"
 #include "desktop/ActionTaker.h"
 #include "desktop/HelpWindow.h"
 #include "desktop/RetryNotice.h"
 #include "desktop/ScreenWindow.h"
-#include "shell/Display.h"
 #include "shell/Program.h"
 
 #include <QElapsedTimer>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Display.h"
+#include "controls/Display.h"
 
 #include <QMainWindow>
 

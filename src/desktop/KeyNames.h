@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Keyboard.h"
+#include "controls/Keyboard.h"
 
 #include <QKeyEvent>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Layout.h"
+#include "controls/Layout.h"
 
 #include <QLayout>
 #include <functional>

@@ -1,8 +1,8 @@
 #include "desktop/MenuBarView.h"
 
+#include "controls/Keyboard.h"
+#include "controls/Screen.h"
 #include "desktop/QtText.h"
-#include "shell/Keyboard.h"
-#include "shell/Screen.h"
 
 #include <QMenu>
 

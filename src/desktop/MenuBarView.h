@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Control.h"
+#include "controls/Control.h"
 
 #include <QAction>
 #include <QMenuBar>

@@ -1,8 +1,8 @@
 #include "desktop/MenuPage.h"
 
+#include "controls/Screen.h"
 #include "desktop/QtText.h"
 #include "desktop/RoomyButton.h"
-#include "shell/Screen.h"
 
 #include <QAction>
 #include <QLabel>

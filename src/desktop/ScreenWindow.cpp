@@ -1,10 +1,10 @@
 #include "desktop/ScreenWindow.h"
 
+#include "controls/Keyboard.h"
+#include "controls/Person.h"
 #include "desktop/KeyNames.h"
 #include "desktop/LayoutBuilder.h"
 #include "desktop/QtText.h"
-#include "shell/Keyboard.h"
-#include "shell/Person.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/Lists.h"
 #include "desktop/StillView.h"
-#include "shell/Lists.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "desktop/StillViews.h"
 
+#include "controls/Screen.h"
 #include "desktop/QtText.h"
 #include "desktop/TitledBox.h"
-#include "shell/Screen.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -70,9 +70,9 @@ private:
     bool names_;
 };
 
-class FrameView : public ControlView {
+class GroupBoxView : public ControlView {
 public:
-    FrameView(Control& frame, QWidget& parent) : ControlView(frame), box_(new TitledBox(&parent)) {}
+    GroupBoxView(Control& frame, QWidget& parent) : ControlView(frame), box_(new TitledBox(&parent)) {}
     [[nodiscard]] QWidget& widget() const override { return *box_; }
 
 protected:
@@ -124,8 +124,8 @@ std::unique_ptr<ControlView> makeLabelView(Control& control, QWidget& parent, Vi
     return std::make_unique<LabelView>(static_cast<Label&>(control), parent);
 }
 
-std::unique_ptr<ControlView> makeFrameView(Control& control, QWidget& parent, ViewListener& /*listener*/) {
-    return std::make_unique<FrameView>(control, parent);
+std::unique_ptr<ControlView> makeGroupBoxView(Control& control, QWidget& parent, ViewListener& /*listener*/) {
+    return std::make_unique<GroupBoxView>(control, parent);
 }
 
 std::unique_ptr<ControlView> makePictureView(Control& control, QWidget& parent, ViewListener& /*listener*/) {

@@ -6,7 +6,7 @@
 namespace tallybrook {
 
 std::unique_ptr<ControlView> makeLabelView(Control& control, QWidget& parent, ViewListener& listener);
-std::unique_ptr<ControlView> makeFrameView(Control& control, QWidget& parent, ViewListener& listener);
+std::unique_ptr<ControlView> makeGroupBoxView(Control& control, QWidget& parent, ViewListener& listener);
 std::unique_ptr<ControlView> makePictureView(Control& control, QWidget& parent, ViewListener& listener);
 
 }  // namespace tallybrook

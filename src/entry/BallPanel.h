@@ -1,7 +1,7 @@
 #pragma once
 
-#include "entry/PinString.h"
-#include "shell/Screen.h"
+#include "bowling/PinString.h"
+#include "controls/Screen.h"
 
 #include <string>
 
@@ -23,7 +23,7 @@ class BallPanel {
 public:
     BallPanel(Screen& screen, const BallPanelTexts& texts);
 
-    Frame frame;
+    GroupBox frame;
     Label question;
     OptionGroup answers;
     OptionButton optYes;

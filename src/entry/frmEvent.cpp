@@ -11,7 +11,7 @@
 
 namespace tallybrook {
 
-frmEvent::frmEvent(Program& owner) : Screen(owner, "frmEvent", "Event Information") {
+frmEvent::frmEvent(Program& owner) : ProgramScreen(owner, "frmEvent", "Event Information") {
     optLeague.onClick = [this] { EventType = "LEAGUE"; };
     optTourn.onClick = [this] { EventType = "TOURNAMENT"; };
     optPractice.onClick = [this] { EventType = "PRACTICE"; };
@@ -249,7 +249,7 @@ void frmEvent::cmdPrevious_Click() {
 void frmEvent::cmdMain_Click() {
     Save_Prompt();
     if (Main_Confirm(program()) == Answer::Yes)
-        screens().returnToMain();
+        returnToMain(program());
 }
 
 void frmEvent::cmdExit_Click() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 #include "store/Recordset.h"
 
 #include <string>
@@ -8,7 +8,7 @@
 namespace tallybrook {
 
 /// Where an event is added or edited.
-class frmEvent : public Screen {
+class frmEvent : public ProgramScreen {
 public:
     explicit frmEvent(Program& owner);
 

@@ -45,7 +45,7 @@ MessageBox noCurrentRowBox(const std::string& debugName) {
 }  // namespace
 
 frmFrame::frmFrame(Program& owner)
-    : Screen(owner, "frmFrame", "Frame Information"),
+    : ProgramScreen(owner, "frmFrame", "Frame Information"),
       lblFraNum("lblFraNum", 0, kFrames,
                 [this](int index, const std::string& name) {
                     return std::make_unique<Label>(fraLineScore, name,
@@ -488,7 +488,7 @@ void frmFrame::cmdPrevious_Click() {
 void frmFrame::cmdRetMain_Click() {
     Save_Frame();
     updateSeries(program());
-    screens().returnToMain();
+    returnToMain(program());
 }
 
 void frmFrame::cmdExit_Click() {

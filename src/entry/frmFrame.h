@@ -1,8 +1,8 @@
 #pragma once
 
+#include "bowling/ScoreCell.h"
 #include "entry/BallPanel.h"
-#include "entry/ScoreCell.h"
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
 #include <array>
@@ -12,7 +12,7 @@ namespace tallybrook {
 
 /// Where the frames of one game are entered and changed, one at a time: ball by ball with the pins left
 /// standing, or as the marks of a score sheet.
-class frmFrame : public Screen {
+class frmFrame : public ProgramScreen {
 public:
     explicit frmFrame(Program& owner);
 
@@ -55,7 +55,7 @@ public:
     TextBox txtComment{
         *this, "txtComment", {.tip = "Enter comments on the frame if desired", .multiline = true}};
 
-    Frame fraLineScore{*this, "fraLineScore"};
+    GroupBox fraLineScore{*this, "fraLineScore"};
     ControlArray<Label> lblFraNum;
     ControlArray<TextBox> txtCount;
     ControlArray<TextBox> txtScore;

@@ -41,7 +41,7 @@ int scoringIndex(const std::string& type) {
 }  // namespace
 
 frmGame::frmGame(Program& owner)
-    : Screen(owner, "frmGame", "Game Information"),
+    : ProgramScreen(owner, "frmGame", "Game Information"),
       optAltLanes("optAltLanes", 0, 1,
                   [this](int index, const std::string& name) {
                       return std::make_unique<OptionButton>(fraAltLanes, name, altLanes,
@@ -346,7 +346,7 @@ void frmGame::cmdMain_Click() {
     if (Main_Confirm(program()) != Answer::Yes)
         return;
     Update_Game();
-    screens().returnToMain();
+    returnToMain(program());
 }
 
 void frmGame::cmdExit_Click() {

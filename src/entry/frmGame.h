@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -8,7 +8,7 @@
 namespace tallybrook {
 
 /// Where the games of one event are added and edited, one at a time.
-class frmGame : public Screen {
+class frmGame : public ProgramScreen {
 public:
     explicit frmGame(Program& owner);
 
@@ -24,10 +24,10 @@ public:
         *this, "txtLaneCond", {.tip = "Enter the lane condition - use whatever format you like"}};
     TextBox txtComment{*this, "txtComment", {.tip = "If desired, enter any comments about the game"}};
 
-    Frame fraAltLanes{*this, "fraAltLanes", "Alternate Lanes?"};
+    GroupBox fraAltLanes{*this, "fraAltLanes", "Alternate Lanes?"};
     OptionGroup altLanes;
     ControlArray<OptionButton> optAltLanes;
-    Frame fraScoreType{*this, "fraScoreType", "Scoring Method", "Select the scoring type for this game."};
+    GroupBox fraScoreType{*this, "fraScoreType", "Scoring Method", "Select the scoring type for this game."};
     OptionGroup scoreTypes;
     ControlArray<OptionButton> optScType;
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "controls/Screen.h"
 #include "handheld/AddedRows.h"
 #include "handheld/CdbFormat.h"
 #include "handheld/FileHandle.h"
 #include "handheld/SyncLog.h"
 #include "runtime/TextFile.h"
 #include "shell/Program.h"
-#include "shell/Screen.h"
 #include "store/DataControl.h"
 
 #include <array>

@@ -17,7 +17,7 @@ MessageBox notice(std::string text, std::string title) {
 
 }  // namespace
 
-frmSyncPDA::frmSyncPDA(Program& owner) : Screen(owner, "frmSyncPDA", "Synchronize PDA") {
+frmSyncPDA::frmSyncPDA(Program& owner) : ProgramScreen(owner, "frmSyncPDA", "Synchronize PDA") {
     cmdAddPDA.onClick = [this] { cmdAddPDA_Click(); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
     cmdExit.onClick = [this] { Exit_Confirm(program()); };
@@ -45,7 +45,7 @@ void frmSyncPDA::onUnload() {
 
 void frmSyncPDA::cmdRetMain_Click() {
     if (ask(question("Return to the main menu?", "Return to Main Menu")) == Answer::Yes)
-        screens().returnToMain();
+        returnToMain(program());
 }
 
 void frmSyncPDA::cmdAddPDA_Click() {

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "handheld/SyncRun.h"
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 
 #include <string>
 
 namespace tallybrook {
 
 /// Where the data of a handheld come into the logbook.
-class frmSyncPDA : public Screen {
+class frmSyncPDA : public ProgramScreen {
 public:
     explicit frmSyncPDA(Program& owner);
 

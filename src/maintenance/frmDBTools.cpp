@@ -10,7 +10,7 @@
 
 namespace tallybrook {
 
-frmDBTools::frmDBTools(Program& owner) : Screen(owner, "frmDBTools", "Database Tools") {
+frmDBTools::frmDBTools(Program& owner) : ProgramScreen(owner, "frmDBTools", "Database Tools") {
     cmdDBCheck.onClick = [this] { cmdDBCheck_Click(); };
     cmdDBStats.onClick = [this] { DB_Stats(program()); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 
 namespace tallybrook {
 
 /// Where the logbook is checked and counted, and reports are opened.
-class frmDBTools : public Screen {
+class frmDBTools : public ProgramScreen {
 public:
     explicit frmDBTools(Program& owner);
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "controls/Display.h"
 #include "player/Script.h"
 #include "player/Transcript.h"
-#include "shell/Display.h"
 
 #include <filesystem>
 #include <optional>

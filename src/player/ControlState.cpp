@@ -1,7 +1,7 @@
 #include "player/ControlState.h"
 
-#include "shell/Grid.h"
-#include "shell/Lists.h"
+#include "controls/Grid.h"
+#include "controls/Lists.h"
 
 namespace tallybrook {
 
@@ -70,7 +70,7 @@ void addContents(StateText& state, const Control& control) {
             return addRows(state, static_cast<const Grid&>(control));
         case Control::Kind::Button:
         case Control::Kind::Label:
-        case Control::Kind::Frame:
+        case Control::Kind::GroupBox:
         case Control::Kind::Menu:
             return state.addText("caption", control.caption());
         case Control::Kind::Picture:

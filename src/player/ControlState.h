@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/Control.h"
 #include "player/Transcript.h"
-#include "shell/Control.h"
 
 #include <string>
 #include <vector>

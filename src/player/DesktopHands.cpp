@@ -1,7 +1,7 @@
 #include "player/DesktopHands.h"
 
+#include "controls/Keyboard.h"
 #include "player/KeyNames.h"
-#include "shell/Keyboard.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "player/FocusMark.h"
 
-#include "shell/Screen.h"
+#include "controls/Screen.h"
 
 namespace tallybrook {
 

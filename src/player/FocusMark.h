@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Screens.h"
+#include "controls/Screens.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "player/KeyNames.h"
 
+#include "controls/Keyboard.h"
 #include "runtime/TextCompare.h"
-#include "shell/Keyboard.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #include "player/ModelStage.h"
 
-#include "shell/Keyboard.h"
-#include "shell/Person.h"
-#include "shell/Typing.h"
+#include "controls/Keyboard.h"
+#include "controls/Person.h"
+#include "player/Typing.h"
 
 namespace tallybrook {
 

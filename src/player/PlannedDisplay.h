@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/QuietDisplay.h"
 #include "player/Stage.h"
-#include "shell/QuietDisplay.h"
 
 #include <filesystem>
 #include <optional>

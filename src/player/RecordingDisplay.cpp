@@ -1,7 +1,7 @@
 #include "player/RecordingDisplay.h"
 
+#include "controls/Screen.h"
 #include "player/PlayStopped.h"
-#include "shell/Screen.h"
 
 #include <utility>
 

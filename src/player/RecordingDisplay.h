@@ -1,9 +1,9 @@
 #pragma once
 
+#include "controls/Display.h"
 #include "player/AnswerLines.h"
 #include "player/Stage.h"
 #include "player/Transcript.h"
-#include "shell/Display.h"
 
 #include <filesystem>
 #include <optional>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "shell/Display.h"
-#include "shell/Grid.h"
-#include "shell/Lists.h"
+#include "controls/Display.h"
+#include "controls/Grid.h"
+#include "controls/Lists.h"
+#include "controls/Screen.h"
 #include "shell/Program.h"
-#include "shell/Screen.h"
 
 #include <filesystem>
 #include <functional>

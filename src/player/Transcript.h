@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/Display.h"
 #include "player/Places.h"
-#include "shell/Display.h"
 
 #include <ostream>
 #include <string>

@@ -38,7 +38,7 @@ MessageBox wrongDate(const char* title, const char* text) {
 }  // namespace
 
 frmEventStats::frmEventStats(Program& owner)
-    : Screen(owner, "frmEventStats", "Event Statistics"),
+    : ProgramScreen(owner, "frmEventStats", "Event Statistics"),
       optEvType("optEvType", 0, 3,
                 [this](int index, const std::string& name) {
                     return std::make_unique<OptionButton>(
@@ -83,7 +83,7 @@ frmEventStats::frmEventStats(Program& owner)
     cmdRpt.onClick = [this] { cmdRpt_Click(); };
     cmdMain.onClick = [this] {
         if (Main_Confirm(program()) == Answer::Yes)
-            screens().returnToMain();
+            returnToMain(program());
     };
     cmdExit.onClick = [this] { Exit_Confirm(program()); };
     mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
@@ -91,7 +91,7 @@ frmEventStats::frmEventStats(Program& owner)
 }
 
 Layout frmEventStats::layout() {
-    const auto choices = [](Frame& frame, const ControlArray<OptionButton>& options) {
+    const auto choices = [](GroupBox& frame, const ControlArray<OptionButton>& options) {
         std::vector<Layout> parts;
         for (const auto& option : options)
             parts.emplace_back(*option);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/Lists.h"
-#include "shell/Screen.h"
+#include "controls/Lists.h"
+#include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -9,22 +9,22 @@
 namespace tallybrook {
 
 /// Where the statistical report is asked for: which events it covers, and where it is saved.
-class frmEventStats : public Screen {
+class frmEventStats : public ProgramScreen {
 public:
     explicit frmEventStats(Program& owner);
 
     Label lblTitle{*this, "lblTitle", "Event Statistics", LabelLook::Heading};
 
-    Frame fraSelEvent{*this, "fraSelEvent", "Event &Type",
-                      "Select the type of event that you would like to get statistics on"};
+    GroupBox fraSelEvent{*this, "fraSelEvent", "Event &Type",
+                         "Select the type of event that you would like to get statistics on"};
     OptionGroup eventTypes;
     ControlArray<OptionButton> optEvType;
 
-    Frame fraFilterOpt{*this, "fraFilterOpt", "F&ilter Data?"};
+    GroupBox fraFilterOpt{*this, "fraFilterOpt", "F&ilter Data?"};
     OptionGroup filterChoices;
     ControlArray<OptionButton> optFilter;
 
-    Frame fraFilter{*this, "fraFilter", "Filter Options"};
+    GroupBox fraFilter{*this, "fraFilter", "Filter Options"};
     CheckBox chkDate{fraFilter, "chkDate", "Date Range"};
     TextBox txtFrom{fraFilter, "txtFrom", {.width = 12, .enabled = false}};
     TextBox txtTo{fraFilter, "txtTo", {.width = 12, .enabled = false}};
@@ -33,8 +33,8 @@ public:
     CheckBox chkEvent{fraFilter, "chkEvent", "Event Name"};
     ListBox lstEvent{fraFilter, "lstEvent", {.width = 30}};
 
-    Frame fraSyncPDA{*this, "fraSyncPDA", "S&ync to PDA?",
-                     "Select the type of event that you would like to get statistics on"};
+    GroupBox fraSyncPDA{*this, "fraSyncPDA", "S&ync to PDA?",
+                        "Select the type of event that you would like to get statistics on"};
     OptionGroup syncChoices;
     ControlArray<OptionButton> optSync;
 

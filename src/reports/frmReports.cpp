@@ -6,7 +6,7 @@
 
 namespace tallybrook {
 
-frmReports::frmReports(Program& owner) : Screen(owner, "frmReports", "Reports") {
+frmReports::frmReports(Program& owner) : ProgramScreen(owner, "frmReports", "Reports") {
     leadsTo(mnuRptEvent, "frmSearchEvents");
     leadsTo(mnuRptGame, "frmSearchGames");
     leadsTo(mnuStats, "frmEventStats");
@@ -46,7 +46,7 @@ void frmReports::onUnloaded() {
 
 void frmReports::mnuRetMain_Click() {
     screens().unload(*this);
-    screens().returnToMain();
+    returnToMain(program());
 }
 
 }  // namespace tallybrook

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 
 #include <string>
 
 namespace tallybrook {
 
 /// The door to the reports, and where a finished one is opened.
-class frmReports : public Screen {
+class frmReports : public ProgramScreen {
 public:
     explicit frmReports(Program& owner);
 

@@ -1,6 +1,6 @@
 #include "sample/Bowler.h"
 
-#include "entry/PinString.h"
+#include "bowling/PinString.h"
 #include "sample/Pins.h"
 
 #include <algorithm>

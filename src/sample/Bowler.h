@@ -1,6 +1,6 @@
 #pragma once
 
-#include "entry/ScoreCell.h"
+#include "bowling/ScoreCell.h"
 #include "sample/Dice.h"
 
 #include <array>

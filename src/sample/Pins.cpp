@@ -1,6 +1,6 @@
 #include "sample/Pins.h"
 
-#include "entry/PinString.h"
+#include "bowling/PinString.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
 #include "shell/Program.h"
 
+#include "controls/Screen.h"
 #include "runtime/EndProgram.h"
-#include "shell/Screen.h"
 #include "shell/TBK_Globals.h"
 
 #include <new>

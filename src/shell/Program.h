@@ -1,10 +1,10 @@
 #pragma once
 
 #include "backup/Backups.h"
+#include "controls/Display.h"
+#include "controls/Screens.h"
 #include "runtime/Clock.h"
 #include "runtime/Handler.h"
-#include "shell/Display.h"
-#include "shell/Screens.h"
 #include "shell/SessionState.h"
 #include "store/Store.h"
 

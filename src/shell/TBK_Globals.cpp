@@ -1,8 +1,8 @@
 #include "shell/TBK_Globals.h"
 
+#include "controls/Screen.h"
 #include "runtime/EndProgram.h"
 #include "shell/Program.h"
-#include "shell/Screen.h"
 
 #include <utility>
 
@@ -58,6 +58,10 @@ void showAbout(Program& program) {
 
 Answer Main_Confirm(Program& program) {
     return program.display.messageBox(question("Return to main menu?", "Return to Main"));
+}
+
+void returnToMain(Program& program) {
+    program.screens.startAfresh("frmMain");
 }
 
 }  // namespace tallybrook

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/Display.h"
 #include "runtime/RunTimeError.h"
-#include "shell/Display.h"
 
 #include <initializer_list>
 #include <string>
@@ -35,5 +35,8 @@ void showAbout(Program& program);
 
 /// Asks whether to return to the main menu.
 Answer Main_Confirm(Program& program);
+
+/// Return to Main: unloads every screen, from the last loaded to the first, and loads frmMain afresh.
+void returnToMain(Program& program);
 
 }  // namespace tallybrook

@@ -4,7 +4,7 @@
 
 namespace tallybrook {
 
-frmAbout::frmAbout(Program& owner) : Screen(owner, "frmAbout", "About Tallybrook") {
+frmAbout::frmAbout(Program& owner) : ProgramScreen(owner, "frmAbout", "About Tallybrook") {
     lblVersion.setCaption(TALLYBROOK_VERSION);
     Text1.setText(lines({"Tallybrook keeps the logbook of a tenpin bowler.",
                          "It is provided as it is, without warranty of any kind.",

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 
 namespace tallybrook {
 
 /// The about box. It does not block the screen that opened it.
-class frmAbout : public Screen {
+class frmAbout : public ProgramScreen {
 public:
     explicit frmAbout(Program& owner);
 

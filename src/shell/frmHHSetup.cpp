@@ -33,7 +33,7 @@ MessageBox notice(const char* text) {
 }  // namespace
 
 frmHHSetup::frmHHSetup(Program& owner)
-    : Screen(owner, "frmHHSetup", "Tallybrook - Handheld Setup"),
+    : ProgramScreen(owner, "frmHHSetup", "Tallybrook - Handheld Setup"),
       optHHType("optHHType", 0, 1, [this](int index, const std::string& name) {
           return std::make_unique<OptionButton>(fraHHType, name, handheldTypes,
                                                 kTypes.at(static_cast<std::size_t>(index)).caption);
@@ -53,7 +53,7 @@ frmHHSetup::frmHHSetup(Program& owner)
     cmdSaveChg.onClick = [this] { cmdSaveChg_Click(); };
     cmdMain.onClick = [this] {
         if (Main_Confirm(program()) == Answer::Yes)
-            screens().returnToMain();
+            returnToMain(program());
     };
     cmdExit.onClick = [this] { Exit_Confirm(program()); };
 }

@@ -1,25 +1,26 @@
 #pragma once
 
-#include "shell/Lists.h"
-#include "shell/Screen.h"
+#include "controls/Lists.h"
+#include "runtime/MountedVolumes.h"
+#include "shell/ProgramScreen.h"
 
 namespace tallybrook {
 
 /// Where the kind of handheld and the directory of its synchronisation software are set.
-class frmHHSetup : public Screen {
+class frmHHSetup : public ProgramScreen {
 public:
     explicit frmHHSetup(Program& owner);
 
     Picture imgLogo{*this, "imgLogo", "logo.svg"};
     Label lblTitle{*this, "lblTitle", "Handheld Setup", LabelLook::Heading};
 
-    Frame fraHHType{*this, "fraHHType", "Handheld Type"};
+    GroupBox fraHHType{*this, "fraHHType", "Handheld Type"};
     OptionGroup handheldTypes;
     ControlArray<OptionButton> optHHType;
 
-    Frame fraHHDir{*this, "fraHHDir", "Synchronization Directory"};
+    GroupBox fraHHDir{*this, "fraHHDir", "Synchronization Directory"};
     TextBox txtHHDir{fraHHDir, "txtHHDir"};
-    DriveList drvHHDir{fraHHDir, "drvHHDir"};
+    DriveList drvHHDir{fraHHDir, "drvHHDir", mountedVolumes()};
     FolderList dirHHDir{fraHHDir, "dirHHDir", {.lines = 10}};
     Label lblDir{fraHHDir, "lblDir", "Sync Directory:", txtHHDir};
     Label lblSelDrive{fraHHDir, "lblSelDrive", "Select Drive:", drvHHDir};

@@ -4,7 +4,7 @@
 
 namespace tallybrook {
 
-frmMain::frmMain(Program& owner) : Screen(owner, "frmMain", "Main Menu") {
+frmMain::frmMain(Program& owner) : ProgramScreen(owner, "frmMain", "Main Menu") {
     leadsTo(mnuHHSetup, "frmHHSetup");
     leadsTo(mnuSyncPDA, "frmSyncPDA");
     leadsTo(mnuAddFromForm, "frmEvent", kAdd);

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "shell/Screen.h"
+#include "shell/ProgramScreen.h"
 
 #include <string>
 
 namespace tallybrook {
 
 /// The main menu, from which every function is reached. It holds no data.
-class frmMain : public Screen {
+class frmMain : public ProgramScreen {
 public:
     explicit frmMain(Program& owner);
 

@@ -1,4 +1,4 @@
-#include "browse/LanePair.h"
+#include "bowling/LanePair.h"
 #include "runtime/RunTimeError.h"
 
 #include <string>

@@ -1,5 +1,5 @@
-#include "browse/Cell_Count.h"
-#include "browse/PinfallLine.h"
+#include "bowling/Cell_Count.h"
+#include "bowling/PinfallLine.h"
 
 #include <functional>
 

@@ -1,6 +1,7 @@
 // What the help's pages say, held against the program: links and pictures lead somewhere, and captions, keys
 // and names of files are those of the sources.
 
+#include "SourceFolder.h"
 #include "desktop/DesktopDisplay.h"
 
 #include <QDir>

@@ -2,10 +2,10 @@
 
 #include "ModalHands.h"
 #include "app/Application.h"
+#include "controls/Person.h"
+#include "controls/Screen.h"
 #include "desktop/BoxWindow.h"
 #include "desktop/DesktopDisplay.h"
-#include "shell/Person.h"
-#include "shell/Screen.h"
 #include "support/TemporaryFolder.h"
 
 #include <QAbstractButton>

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "shell/Grid.h"
-#include "shell/Lists.h"
-#include "shell/Screen.h"
+#include "controls/Grid.h"
+#include "controls/Lists.h"
+#include "runtime/MountedVolumes.h"
+#include "shell/ProgramScreen.h"
 
 #include <functional>
 #include <string>
@@ -12,9 +13,9 @@
 namespace tallybrook::test {
 
 /// A screen with a control of every kind, whose handlers write down that they ran.
-class frmMain : public Screen {
+class frmMain : public ProgramScreen {
 public:
-    explicit frmMain(Program& owner) : Screen(owner, "frmMain", "A Test <b>Screen</b>") {
+    explicit frmMain(Program& owner) : ProgramScreen(owner, "frmMain", "A Test <b>Screen</b>") {
         for (Control* const control : controls()) {
             const std::string& name = control->name();
             control->onClick = [this, &name] { log.push_back("click " + name); };
@@ -41,7 +42,7 @@ public:
     TextBox txtLines{*this, "txtLines", {.multiline = true}};
 
     OptionGroup answers;
-    Frame fraAnswers{*this, "fraAnswers", "Answers"};
+    GroupBox fraAnswers{*this, "fraAnswers", "Answers"};
     OptionButton optYes{fraAnswers, "optYes", answers, "&Yes"};
     OptionButton optNo{fraAnswers, "optNo", answers, "No"};
 
@@ -78,9 +79,9 @@ public:
 };
 
 /// A screen whose layout is a single control.
-class frmOther : public Screen {
+class frmOther : public ProgramScreen {
 public:
-    explicit frmOther(Program& owner) : Screen(owner, "frmOther", "Other") {
+    explicit frmOther(Program& owner) : ProgramScreen(owner, "frmOther", "Other") {
         cmdBack.onClick = [this] { screens().goBackFrom(*this); };
     }
 
@@ -92,9 +93,9 @@ public:
 };
 
 /// A screen with lists of every kind and a grid, whose handlers write down that they ran.
-class frmLists : public Screen {
+class frmLists : public ProgramScreen {
 public:
-    explicit frmLists(Program& owner) : Screen(owner, "frmLists", "Lists") {
+    explicit frmLists(Program& owner) : ProgramScreen(owner, "frmLists", "Lists") {
         cboKind.fill({"Center Name", "Comment", "Date Bowled"});
         lstNames.fill({"Ann", "Bob", "Emil", "Ben"});
         for (Control* const control : controls()) {
@@ -122,7 +123,7 @@ public:
     ComboBox cboEmpty{*this, "cboEmpty", {.tip = "Nothing <b>yet</b>"}};
     ListBox lstNames{*this, "lstNames", {.width = 20, .lines = 4}};
     Label lblNames{*this, "lblNames", "Na&mes", lstNames};
-    DriveList drvDrive{*this, "drvDrive"};
+    DriveList drvDrive{*this, "drvDrive", mountedVolumes()};
     FolderList dirFolder{*this, "dirFolder", {.lines = 5}};
     Label lblFolder{*this, "lblFolder", "&Folder", dirFolder};
     Grid dgdEvents{*this,

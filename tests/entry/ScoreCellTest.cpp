@@ -1,5 +1,5 @@
-#include "entry/PinString.h"
-#include "entry/ScoreCell.h"
+#include "bowling/PinString.h"
+#include "bowling/ScoreCell.h"
 
 #include <gtest/gtest.h>
 

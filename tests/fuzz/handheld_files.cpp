@@ -5,9 +5,9 @@
 
 #include "Require.h"
 #include "app/Application.h"
+#include "controls/Person.h"
+#include "controls/Screen.h"
 #include "handheld/AnsweringDisplay.h"
-#include "shell/Person.h"
-#include "shell/Screen.h"
 #include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
 

@@ -7,11 +7,12 @@
 #include "Require.h"
 #include "app/Application.h"
 #include "browse/frmSearchGames.h"
+#include "controls/Person.h"
+#include "controls/Screen.h"
 #include "handheld/AnsweringDisplay.h"
 #include "maintenance/modDBUtils.h"
 #include "reports/modTBKReports.h"
-#include "shell/Person.h"
-#include "shell/Screen.h"
+#include "shell/TBK_Globals.h"
 #include "store/Connection.h"
 #include "support/TemporaryFolder.h"
 
@@ -159,7 +160,7 @@ private:
         perform([&] { program().screens.load("frmGameList"); });
         perform([&] { person::click(*program().screens.find("frmGameList")->find("cmdGetRecord")); });
         require(fs::exists(report_), "the game report was not written");
-        perform([&] { program().screens.returnToMain(); });
+        perform([&] { returnToMain(program()); });
     }
 
     void check() {

@@ -3,10 +3,10 @@
 // of its calls that change files.
 
 #include "app/Application.h"
+#include "controls/Person.h"
+#include "controls/Screen.h"
 #include "handheld/AnsweringDisplay.h"
 #include "handheld/ExportFiles.h"
-#include "shell/Person.h"
-#include "shell/Screen.h"
 #include "support/FileCalls.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"

@@ -1,9 +1,9 @@
 #include "monkey/Invariants.h"
 
+#include "controls/Grid.h"
+#include "controls/Lists.h"
+#include "controls/Screen.h"
 #include "runtime/RunTimeError.h"
-#include "shell/Grid.h"
-#include "shell/Lists.h"
-#include "shell/Screen.h"
 #include "store/Connection.h"
 #include "store/Schema.h"
 

@@ -1,8 +1,8 @@
 #include "monkey/Monkey.h"
 
+#include "controls/Grid.h"
 #include "monkey/OddTexts.h"
 #include "player/Words.h"
-#include "shell/Grid.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "controls/Lists.h"
+#include "controls/Screen.h"
 #include "sample/Dice.h"
-#include "shell/Lists.h"
 #include "shell/Program.h"
-#include "shell/Screen.h"
 
 #include <cstdint>
 #include <filesystem>

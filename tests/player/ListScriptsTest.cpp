@@ -1,6 +1,7 @@
 // Scripts with lists and grids, on each display alone and on both.
 
 #include "Rehearsal.h"
+#include "SourceFolder.h"
 #include "Stages.h"
 #include "player/PlayStopped.h"
 

@@ -1,3 +1,4 @@
+#include "SourceFolder.h"
 #include "Stages.h"
 #include "player/CurrentFolder.h"
 #include "player/PlayApplication.h"

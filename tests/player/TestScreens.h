@@ -1,9 +1,10 @@
 #pragma once
 
+#include "controls/Grid.h"
+#include "controls/Lists.h"
 #include "runtime/EndProgram.h"
-#include "shell/Grid.h"
-#include "shell/Lists.h"
-#include "shell/Screen.h"
+#include "runtime/MountedVolumes.h"
+#include "shell/ProgramScreen.h"
 
 #include <array>
 #include <map>
@@ -14,9 +15,9 @@
 namespace tallybrook::test {
 
 /// A screen with a control of each kind and in each state, and a button for all that a program can do.
-class frmOne : public Screen {
+class frmOne : public ProgramScreen {
 public:
-    explicit frmOne(Program& owner) : Screen(owner, "frmOne", "One") {
+    explicit frmOne(Program& owner) : ProgramScreen(owner, "frmOne", "One") {
         cmdHidden.setVisible(false);
         mnuOff.setEnabled(false);
         fraOff.setEnabled(false);
@@ -83,7 +84,7 @@ public:
     OptionButton optB{*this, "opt(1)", group, "B"};
     CheckBox chkPlain{*this, "chkPlain", "&Check"};
     Label lblSeen{*this, "lblSeen", "nothing"};
-    Frame fraOff{*this, "fraOff", "Off"};
+    GroupBox fraOff{*this, "fraOff", "Off"};
     Button cmdInside{fraOff, "cmdInside", "Inside"};
     Button cmdOff{*this, "cmdOff", "Off"};
     Button cmdHidden{*this, "cmdHidden", "Hidden"};
@@ -107,7 +108,7 @@ public:
     Layout layout() override {
         std::vector<Layout> parts;
         for (Control* const control : controls()) {
-            if (control->kind() != Control::Kind::Menu && control->kind() != Control::Kind::Frame &&
+            if (control->kind() != Control::Kind::Menu && control->kind() != Control::Kind::GroupBox &&
                 control != &cmdInside)
                 parts.emplace_back(*control);
         }
@@ -153,9 +154,9 @@ private:
 };
 
 /// A second screen, from which there is a way back, without a control that can have the focus.
-class frmTwo : public Screen {
+class frmTwo : public ProgramScreen {
 public:
-    explicit frmTwo(Program& owner) : Screen(owner, "frmTwo", "Two") {
+    explicit frmTwo(Program& owner) : ProgramScreen(owner, "frmTwo", "Two") {
         mnuBack.onClick = [this] { screens().goBackFrom(*this); };
     }
 
@@ -169,9 +170,9 @@ public:
 };
 
 /// A screen with lists of every kind and a grid, whose clicks do all that a program can do meanwhile.
-class frmLists : public Screen {
+class frmLists : public ProgramScreen {
 public:
-    explicit frmLists(Program& owner) : Screen(owner, "frmLists", "Lists") {
+    explicit frmLists(Program& owner) : ProgramScreen(owner, "frmLists", "Lists") {
         txtKeeper.onLostFocus = [this] {
             if (txtKeeper.text() != "free")
                 txtKeeper.focus();
@@ -209,7 +210,7 @@ public:
                    {{.caption = "Event", .field = "fldSessionNum"},
                     {.caption = "Name", .field = "fldEventName"},
                     {.caption = "Average", .field = "fldSeriesAvg", .decimals = 2}}};
-    DriveList drvDrive{*this, "drvDrive"};
+    DriveList drvDrive{*this, "drvDrive", mountedVolumes()};
     FolderList dirFolder{*this, "dirFolder"};
     TextBox txtKeeper{*this, "txtKeeper"};
     TextBox txtDeflector{*this, "txtDeflector"};

@@ -1,7 +1,7 @@
 #include "reliability/Visit.h"
 
+#include "controls/Person.h"
 #include "runtime/EndProgram.h"
-#include "shell/Person.h"
 #include "shell/TBK_Globals.h"
 
 #include <algorithm>
@@ -121,7 +121,7 @@ void Visit::returnToMain() {
 }
 
 void Visit::goToMain() {
-    program().perform([this] { program().screens.returnToMain(); });
+    program().perform([this] { tallybrook::returnToMain(program()); });
 }
 
 void Visit::finishBackup() {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/Application.h"
+#include "controls/Screen.h"
 #include "handheld/AnsweringDisplay.h"
-#include "shell/Screen.h"
 
 #include <filesystem>
 #include <functional>

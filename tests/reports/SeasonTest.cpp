@@ -1,4 +1,5 @@
 #include "ReportPlay.h"
+#include "SourceFolder.h"
 
 #include <fstream>
 #include <sstream>

@@ -1,5 +1,5 @@
 #include "ReportPlay.h"
-#include "shell/Lists.h"
+#include "controls/Lists.h"
 #include "store/Connection.h"
 
 #include <filesystem>

@@ -1,5 +1,6 @@
 #include "Made.h"
-#include "shell/Grid.h"
+#include "controls/Grid.h"
+#include "shell/TBK_Globals.h"
 #include "support/Play.h"
 
 #include <fstream>
@@ -81,7 +82,7 @@ void walkFrames(Visit& visit, int session, int game) {
         visit.click("cmdNextFrame");
     // The calculated score is the recorded one: nothing is said of a mismatch.
     visit.click("cmdNextFrame", {{"Frame Input", Answer::OK}, {"Game Score", Answer::OK}});
-    visit.perform([&] { visit.program().screens.returnToMain(); }, {});
+    visit.perform([&] { returnToMain(visit.program()); }, {});
 }
 
 TEST(Program, CalculatesTheScoresThatAreRecorded) {

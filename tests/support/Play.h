@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Application.h"
-#include "shell/Keyboard.h"
-#include "shell/Person.h"
-#include "shell/Screen.h"
+#include "controls/Keyboard.h"
+#include "controls/Person.h"
+#include "controls/Screen.h"
 #include "store/Recordset.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"

@@ -1,6 +1,6 @@
 #include "support/TestDisplay.h"
 
-#include "shell/Screen.h"
+#include "controls/Screen.h"
 
 namespace tallybrook::test {
 

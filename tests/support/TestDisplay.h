@@ -1,7 +1,7 @@
 #pragma once
 
+#include "controls/Display.h"
 #include "runtime/EndProgram.h"
-#include "shell/Display.h"
 
 #include <deque>
 #include <functional>

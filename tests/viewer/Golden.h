@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Files.h"
+#include "SourceFolder.h"
 #include "viewer/ReportText.h"
 
 namespace tallybrook::test {

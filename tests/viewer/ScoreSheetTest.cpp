@@ -1,4 +1,4 @@
-#include "entry/ScoreCell.h"
+#include "bowling/ScoreCell.h"
 #include "viewer/ScoreSheet.h"
 
 #include <QStringList>

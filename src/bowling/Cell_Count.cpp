@@ -1,0 +1,18 @@
+#include "bowling/Cell_Count.h"
+
+#include <algorithm>
+
+namespace tallybrook {
+
+void Cell_Count(std::string_view pins, std::string& result, std::string_view ball) {
+    if (pins.empty())
+        return;
+    if (pins == "/" || pins == "X") {
+        result = pins;
+        return;
+    }
+    const auto standing = std::ranges::count(pins, '-') + 1;
+    result = std::to_string(ball == "First" ? 10 - standing : standing);
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,209 @@
+#include "controls/Keyboard.h"
+
+#include "controls/Person.h"
+#include "controls/Rack.h"
+#include "controls/RowKeys.h"
+#include "runtime/Ascii.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tallybrook::person {
+
+namespace {
+
+/// The name of a key that was given by the character it writes.
+std::string nameOfKey(std::string_view text) {
+    constexpr std::array<std::pair<std::string_view, std::string_view>, 4> kNames{
+        {{" ", "Space"}, {"\n", "Return"}, {"\r", "Return"}, {"\t", "Tab"}}};
+    const auto* const named = std::ranges::find(kNames, text, [](const auto& entry) { return entry.first; });
+    return std::string(named == kNames.end() ? text : named->second);
+}
+
+bool isButton(const Control& control) {
+    return control.kind() == Control::Kind::Button;
+}
+
+TextBox* asTextBox(Control* control) {
+    return control != nullptr && control->kind() == Control::Kind::TextBox ? static_cast<TextBox*>(control)
+                                                                           : nullptr;
+}
+
+/// Whether Alt with this letter reaches the control: by its own caption, or by a label that names it.
+bool isReachedBy(const Control& control, char letter) {
+    if (isPressable(control) && accessLetter(control) == letter)
+        return true;
+    return std::ranges::any_of(control.screen().controls(), [&](const Control* other) {
+        return other->kind() == Control::Kind::Label &&
+               static_cast<const Label*>(other)->names() == &control && other->isVisible() &&
+               accessLetter(*other) == letter;
+    });
+}
+
+Menu* entryWithShortcut(const Screen& screen, const std::string& shortcut) {
+    for (Control* control : screen.controls()) {
+        if (control->kind() != Control::Kind::Menu)
+            continue;
+        auto* const menu = static_cast<Menu*>(control);
+        if (menu->isEntry() && !shortcut.empty() && menu->shortcut() == shortcut)
+            return menu;
+    }
+    return nullptr;
+}
+
+/// The button that Return or Escape presses where the focused control does not take the key itself.
+Button* standingButton(const Screen& screen, bool ButtonOptions::*role) {
+    for (Control* control : screen.controls()) {
+        if (isButton(*control) && static_cast<Button*>(control)->options().*role)
+            return static_cast<Button*>(control);
+    }
+    return nullptr;
+}
+
+/// The option or check box beside `from`, in the order of declaration, round and round.
+Control* neighbour(const Control& from, bool backwards) {
+    std::vector<Control*> around;
+    for (Control* control : from.screen().controls()) {
+        if (control->kind() == from.kind() && control->above() == from.above())
+            around.push_back(control);
+    }
+    if (backwards)
+        std::ranges::reverse(around);
+    std::rotate(around.begin(), std::ranges::find(around, &from) + 1, around.end());
+    const auto next =
+        std::ranges::find_if(around, [](const Control* control) { return control->canTakeFocus(); });
+    return next == around.end() ? nullptr : *next;
+}
+
+Press used(Arrival arrival, Control* target) {
+    return {.used = true, .arrival = arrival, .target = target};
+}
+
+Press pressClick(Control* target) {
+    return target == nullptr ? Press{} : used(click(*target), target);
+}
+
+Press pressTab(Screen& screen, bool backwards) {
+    Control* const next = screen.nextInTabOrder(screen.focused(), backwards);
+    return used(next == nullptr ? Arrival::Refused : arrive(*next), next);
+}
+
+Press pressAlt(const Screen& screen, const Key& key) {
+    Control* const target = reachedBy(screen, key);
+    if (target == nullptr)
+        return {};
+    return isPressable(*target) && accessLetter(*target) == key.name[0] ? pressClick(target)
+                                                                        : used(arrive(*target), target);
+}
+
+Press pressReturn(const Screen& screen) {
+    Control* const focused = screen.focused();
+    if (focused != nullptr && isButton(*focused))
+        return pressClick(focused);
+    if (const TextBox* const box = asTextBox(focused); box != nullptr && box->options().multiline)
+        return {};
+    return pressClick(standingButton(screen, &ButtonOptions::isDefault));
+}
+
+Press pressSpace(const Screen& screen) {
+    Control* const focused = screen.focused();
+    return focused != nullptr && isPressable(*focused) ? pressClick(focused) : Press{};
+}
+
+/// An arrow key leads over a rack as it is laid out, and among other options and check boxes round and round.
+Press pressArrow(const Screen& screen, const std::string& key) {
+    Control* const focused = screen.focused();
+    if (focused == nullptr || !isPressable(*focused))
+        return {};
+    const bool isSideways = key == "Left" || key == "Right";
+    Control* target = nullptr;
+    if (isOnRack(*focused) && (isPin(*focused) || !isSideways))
+        target = besideOnRack(*focused, key);
+    else if (!isButton(*focused))
+        target = neighbour(*focused, key == "Up" || key == "Left");
+    return target == nullptr ? Press{} : used(arrive(*target), target);
+}
+
+Press pressShortcut(const Screen& screen, const Key& key) {
+    std::string text = key.control ? "Ctrl+" + key.name : key.name;
+    Menu* const entry = entryWithShortcut(screen, text);
+    if (entry == nullptr || !entry->isEnabled())
+        return {};
+    activate(*entry);
+    return used(Arrival::Arrived, entry);
+}
+
+}  // namespace
+
+Key readKey(std::string_view text) {
+    Key key;
+    const auto takes = [&text](std::string_view modifier) {
+        if (!text.starts_with(modifier) || text.size() == modifier.size())
+            return false;
+        text.remove_prefix(modifier.size());
+        return true;
+    };
+    for (bool more = true; more;) {
+        more = false;
+        if (takes("Alt+"))
+            more = key.alt = true;
+        if (takes("Ctrl+"))
+            more = key.control = true;
+        if (takes("Shift+"))
+            more = key.shift = true;
+    }
+    key.name = nameOfKey(text);
+    if ((key.alt || key.control) && key.name.size() == 1)
+        key.name[0] = toUpper(key.name[0]);
+    return key;
+}
+
+std::string keysOf(const Menu& entry) {
+    const std::optional<char> letter = entry.runs() == nullptr ? std::nullopt : accessLetter(*entry.runs());
+    if (!entry.shortcut().empty() || !letter)
+        return entry.shortcut();
+    const auto reached = std::ranges::count_if(entry.screen().controls(), [&](const Control* control) {
+        return control->isFocusable() && isReachedBy(*control, *letter);
+    });
+    return reached == 1 ? std::string("Alt+") + *letter : std::string();
+}
+
+Control* reachedBy(const Screen& screen, const Key& key) {
+    if (!key.alt || key.name.size() != 1)
+        return nullptr;
+    std::vector<Control*> order = screen.tabOrder();
+    const auto current = std::ranges::find(order, screen.focused());
+    if (current != order.end())
+        std::rotate(order.begin(), current + 1, order.end());
+    const auto found = std::ranges::find_if(order, [&](const Control* control) {
+        return control->canTakeFocus() && isReachedBy(*control, key.name[0]);
+    });
+    return found == order.end() ? nullptr : *found;
+}
+
+Arrival tab(Screen& screen, bool backwards) {
+    return pressTab(screen, backwards).arrival;
+}
+
+Press press(Screen& screen, const Key& key) {
+    if (key.alt)
+        return pressAlt(screen, key);
+    if (const Press moved = pressInRows(screen, key); moved.used)
+        return moved;
+    if (key.name == "Tab" && !key.control)
+        return pressTab(screen, key.shift);
+    if (key.name == "Return" || key.name == "Enter")
+        return pressReturn(screen);
+    if (key.name == "Escape")
+        return pressClick(standingButton(screen, &ButtonOptions::isCancel));
+    if (key.name == "Space")
+        return pressSpace(screen);
+    if (key.name == "Up" || key.name == "Left" || key.name == "Down" || key.name == "Right")
+        return pressArrow(screen, key.name);
+    return pressShortcut(screen, key);
+}
+
+}  // namespace tallybrook::person
