@@ -1,5 +1,6 @@
 #include "controls/Keyboard.h"
 #include "controls/Person.h"
+#include "shell/ProgramScreen.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"
 

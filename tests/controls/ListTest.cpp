@@ -1,6 +1,7 @@
 #include "controls/Keyboard.h"
 #include "controls/Person.h"
 #include "runtime/MountedVolumes.h"
+#include "shell/ProgramScreen.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"
 
