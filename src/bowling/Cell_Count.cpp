@@ -1,5 +1,8 @@
 #include "bowling/Cell_Count.h"
 
+#include "bowling/Marks.h"
+#include "bowling/Pins.h"
+
 #include <algorithm>
 
 namespace tallybrook {
@@ -7,12 +10,12 @@ namespace tallybrook {
 void Cell_Count(std::string_view pins, std::string& result, std::string_view ball) {
     if (pins.empty())
         return;
-    if (pins == "/" || pins == "X") {
+    if (isMark(pins)) {
         result = pins;
         return;
     }
     const auto standing = std::ranges::count(pins, '-') + 1;
-    result = std::to_string(ball == "First" ? 10 - standing : standing);
+    result = std::to_string(ball == "First" ? kPins - standing : standing);
 }
 
 }  // namespace tallybrook

@@ -1,15 +1,12 @@
 #include "bowling/PinfallLine.h"
 
 #include "bowling/Cell_Count.h"
+#include "bowling/Pins.h"
 #include "runtime/TextForms.h"
 
 namespace tallybrook {
 
 namespace {
-
-bool isMark(const std::string& ball) {
-    return ball == "/" || ball == "X";
-}
 
 /// The pins down of a ball at ten.
 std::string fallenOfTen(const std::string& pins) {
@@ -26,7 +23,7 @@ void PinfallLine::addFirst(Int16 frame, const std::string& first) {
 }
 
 void PinfallLine::addSecond(Int16 frame, const std::string& first, const std::string& second) {
-    addMark(frame, secondMark(second, frame == kFrames && first == "X"));
+    addMark(frame, secondMark(second, frame == kFrames && isStrike(first)));
 }
 
 void PinfallLine::addFill(Int16 frame, const std::string& second, const std::string& fill) {
@@ -41,7 +38,7 @@ void PinfallLine::addMark(Int16 frame, const std::string& mark) {
 
 // A strike leaves the count of the pins standing as the frame before has left it.
 std::string PinfallLine::firstMark(const std::string& pins) {
-    if (pins == "X")
+    if (isStrike(pins))
         return pins;
     std::string fallen = fallenOfTen(pins);
     leaveAfter(fallen);
@@ -72,7 +69,7 @@ std::string PinfallLine::fallenOfRest(const std::string& pins) const {
 }
 
 void PinfallLine::leaveAfter(const std::string& fallen) {
-    standing_ = 10 - toInt16(leadingNumber(fallen));
+    standing_ = kPins - toInt16(leadingNumber(fallen));
 }
 
 }  // namespace tallybrook

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bowling/Marks.h"
 #include "runtime/BoundedList.h"
 #include "runtime/Integer.h"
 
@@ -12,8 +13,6 @@ namespace tallybrook {
 /// ball. A frame is told by its place in the game, from 1, whatever its own number; error 9 for an eleventh.
 class PinfallLine {
 public:
-    static constexpr int kFrames = 10;
-
     /// Begins the cell of a frame with its first ball.
     void addFirst(Int16 frame, const std::string& first);
     /// Adds the second ball to the cell; an empty one adds nothing.

@@ -40,7 +40,7 @@ const std::vector<ReportLine>& frameLines() {
 /// The balls of a frame; the fill ball from the tenth row on.
 ReportLine ballLine(Int16 row) {
     ReportLine line{{"", "fldFirstBallRes"}, {"\t\t", "fldSecondBallRes"}};
-    if (row >= PinfallLine::kFrames)
+    if (row >= kFrames)
         line.push_back({"\t\t", "fldFillBallRes"});
     return line;
 }
@@ -128,7 +128,7 @@ void GameReport::addToLineScore(Int16 row) {
 void GameReport::writeLineScore() {
     std::string numbers;
     std::string cells;
-    for (int frame = 1; frame <= PinfallLine::kFrames; ++frame) {
+    for (int frame = 1; frame <= kFrames; ++frame) {
         numbers += std::to_string(frame) + "\t";
         cells += lineScore_.cell(frame) + "\t";
     }

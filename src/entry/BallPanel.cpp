@@ -1,6 +1,8 @@
 #include "entry/BallPanel.h"
 
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace tallybrook {
 
@@ -17,65 +19,49 @@ BallPanel::BallPanel(Screen& screen, const BallPanelTexts& texts)
       cmdDone(frame, "cmd" + texts.ball + "Done", "&Done",
               {.tip = "When you are done entering your pinfall, click this box"}) {
     lblPins.setTip("Check the boxes that correspond to the pins left on the first ball");
-    reset(false);
+    open({});
+    close({});
 }
 
-void BallPanel::reset(bool answersEnabled) {
-    for (OptionButton* answer : {&optYes, &optNo}) {
-        answer->setValue(false);
-        answer->setEnabled(answersEnabled);
+void BallPanel::open(const FrameEntry::Panel& state) {
+    optYes.setValue(state.reply == FrameEntry::Reply::Yes);
+    optNo.setValue(state.reply == FrameEntry::Reply::No);
+    if (state.offersAnswers()) {
+        optYes.setEnabled(true);
+        optNo.setEnabled(true);
     }
-    cmdDone.setEnabled(false);
-    for (const auto& pin : pins) {
-        pin->setValue(false);
-        pin->setEnabled(false);
-    }
-}
-
-void BallPanel::offerAnswers() {
-    for (OptionButton* answer : {&optYes, &optNo})
-        answer->setValue(false);
-    setAnswersEnabled(true);
-}
-
-void BallPanel::setAnswersEnabled(bool enabled) {
-    optYes.setEnabled(enabled);
-    optNo.setEnabled(enabled);
-}
-
-void BallPanel::setPinsEnabled(bool enabled) {
-    for (const auto& pin : pins)
-        pin->setEnabled(enabled);
-}
-
-PinFlags BallPanel::standing() const {
-    PinFlags flags;
-    for (int pin = 1; pin <= kPins; ++pin)
-        flags(pin) = pins(pin).value();
-    return flags;
-}
-
-void BallPanel::enablePins(PinFlags left) {
+    if (state.offersDone())
+        cmdDone.setEnabled(true);
     for (int pin = 1; pin <= kPins; ++pin) {
-        if (left(pin))
+        pins(pin).setValue(state.standing.has(pin));
+        if (state.offered.has(pin))
             pins(pin).setEnabled(true);
     }
 }
 
-void BallPanel::tickPins(PinFlags& flagged) {
+void BallPanel::close(const FrameEntry::Panel& state) {
+    if (!state.offersAnswers()) {
+        optYes.setEnabled(false);
+        optNo.setEnabled(false);
+    }
+    if (!state.offersDone())
+        cmdDone.setEnabled(false);
     for (int pin = 1; pin <= kPins; ++pin) {
-        if (flagged(pin))
-            pins(pin).setValue(true);
-        flagged(pin) = false;
+        if (!state.offered.has(pin))
+            pins(pin).setEnabled(false);
     }
 }
 
 Layout BallPanel::layout() {
-    const auto rack = [](std::vector<Layout> row) { return layout::row(std::move(row)).centred(); };
-    return layout::group(frame, layout::column({layout::row({question, optYes, optNo, layout::space()}),
-                                                lblPins, rack({pins(7), pins(8), pins(9), pins(10)}),
-                                                rack({pins(4), pins(5), pins(6)}), rack({pins(2), pins(3)}),
-                                                rack({pins(1)}), layout::row({layout::space(), cmdDone})}));
+    std::vector<Layout> panel{layout::row({question, optYes, optNo, layout::space()}), lblPins};
+    for (const std::vector<int>& row : rackRows()) {
+        std::vector<Layout> standing;
+        for (const int pin : row)
+            standing.emplace_back(pins(pin));
+        panel.push_back(layout::row(std::move(standing)).centred());
+    }
+    panel.push_back(layout::row({layout::space(), cmdDone}));
+    return layout::group(frame, layout::column(std::move(panel)));
 }
 
 }  // namespace tallybrook

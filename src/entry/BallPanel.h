@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bowling/PinString.h"
+#include "bowling/FrameEntry.h"
 #include "controls/Screen.h"
 
 #include <string>
@@ -32,18 +32,10 @@ public:
     ControlArray<CheckBox> pins;
     Button cmdDone;
 
-    /// Both answers off, no pin ticked, everything disabled but, if told, the answers.
-    void reset(bool answersEnabled);
-    /// Offers the answers, none of them given.
-    void offerAnswers();
-    void setAnswersEnabled(bool enabled);
-    void setPinsEnabled(bool enabled);
-    /// The pins that are ticked.
-    [[nodiscard]] PinFlags standing() const;
-    /// Enables the pins that `left` has flagged, and no others beyond those enabled already.
-    void enablePins(PinFlags left);
-    /// Ticks the pins flagged, and clears their flags.
-    void tickPins(PinFlags& flagged);
+    /// Shows the answer given and the pins ticked, and enables what is offered.
+    void open(const FrameEntry::Panel& state);
+    /// Disables what is not offered.
+    void close(const FrameEntry::Panel& state);
 
     [[nodiscard]] Layout layout();
 };

@@ -1,95 +1,39 @@
 #include "entry/frmFrame.h"
 
+#include "bowling/RunningScores.h"
+#include "entry/FrameFailures.h"
 #include "entry/frmGame.h"
-#include "runtime/EndProgram.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
 #include "shell/UpdateSeries.h"
 
-#include <memory>
+#include <initializer_list>
 
 namespace tallybrook {
 
-namespace {
-
-const BallPanelTexts kFirstBall{
-    .ball = "First",
-    .caption = "Pinfall - 1st Ball",
-    .question = "Strike?",
-    .yesTip = "Click this button if your first ball was a strike",
-    .noTip =
-        "Click this button if your first ball was not a strike and then click the boxes that correspond to "
-        "what you left"};
-const BallPanelTexts kSecondBall{
-    .ball = "Second",
-    .caption = "Pinfall - 2nd Ball",
-    .question = "Spare?",
-    .yesTip =
-        "Click this button if you converted the spare (or got a strike on the second ball in the 10th)"};
-const BallPanelTexts kFillBall{
-    .ball = "Fill",
-    .caption = "Pinfall - Fill Ball",
-    .question = "Strike?",
-    .tip = "If you are in the 10th frame then you use this to enter the pinfall for your fill ball",
-    .yesTip = "Click this button if your fill ball was a strike (or spare)"};
-
-MessageBox noCurrentRowBox(const std::string& debugName) {
-    return {.text = lines({"New record could not be added or updated.",
-                           "This could be due to timing. Click Retry to attempt to add the record again.",
-                           "Click Cancel to return to the previous screen.",
-                           "Debug Information: Module - Frame Information, " + debugName}),
-            .title = "Database Error",
-            .buttons = Buttons::RetryCancel};
-}
-
-}  // namespace
-
-frmFrame::frmFrame(Program& owner)
-    : ProgramScreen(owner, "frmFrame", "Frame Information"),
-      lblFraNum("lblFraNum", 0, kFrames,
-                [this](int index, const std::string& name) {
-                    return std::make_unique<Label>(fraLineScore, name,
-                                                   index == 0 ? "Total Score" : std::to_string(index));
-                }),
-      txtCount(
-          "txtCount", 1, kFrames,
-          [this](int index, const std::string& name) {
-              return std::make_unique<TextBox>(
-                  fraLineScore, name,
-                  TextBoxOptions{
-                      .maxLength = index == kFrames ? 3 : 2, .width = 4, .centred = true, .enabled = false});
-          }),
-      txtScore(
-          "txtScore", 1, kFrames,
-          [this](int index, const std::string& name) {
-              return std::make_unique<TextBox>(
-                  fraLineScore, name,
-                  TextBoxOptions{
-                      .maxLength = 3, .width = 4, .readOnly = true, .centred = true, .enabled = index <= 2});
-          }),
-      firstBall(*this, kFirstBall),
-      secondBall(*this, kSecondBall),
-      fillBall(*this, kFillBall) {
+frmFrame::frmFrame(Program& owner) : ProgramScreen(owner, "frmFrame", "Frame Information") {
+    BallPanel& firstBall = balls.panel(Ball::First);
     setTabOrder({&txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &firstBall.optYes, &firstBall.optNo,
                  &txtComment, &cmdNextFrame, &cmdPrevFrame, &cmdReset, &cmdPrevious, &cmdRetMain, &cmdExit});
 
-    fraLineScore.setSpokenName("Score sheet");
-    txtTotScore.setSpokenName("Total Score");
-    for (int frame = 1; frame <= kFrames; ++frame) {
-        txtCount(frame).setSpokenName("Frame " + std::to_string(frame) + ", pins");
-        txtScore(frame).setSpokenName("Frame " + std::to_string(frame) + ", score");
-    }
+    connect();
+}
 
+void frmFrame::connect() {
     cmdNextFrame.onClick = [this] { cmdNextFrame_Click(); };
     cmdPrevFrame.onClick = [this] { cmdPrevFrame_Click(); };
     cmdReset.onClick = [this] { cmdReset_Click(); };
+    cmdResetPinfall.onClick = [this] { cmdResetPinfall_Click(); };
+    cmdPinfallHelp.onClick = [this] {
+        program().display.help(recordsPinfall() ? HelpTopic::PinfallEntry : HelpTopic::LineScoreEntry);
+    };
     cmdPrevious.onClick = [this] { cmdPrevious_Click(); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
     cmdExit.onClick = [this] { cmdExit_Click(); };
     mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
     mnuAbout.onClick = [this] { showAbout(program()); };
 
-    txtFrameNum.onChange = [this] { markFrame(); };
+    txtFrameNum.onChange = [this] { sheet.markFrame(txtFrameNum.text()); };
     txtLaneNum.onLostFocus = [this] { txtLaneNum_LostFocus(); };
     txtBallUsed.onLostFocus = [this] { mBallUsed = txtBallUsed.text(); };
     txtFootPos.onLostFocus = [this] { mFootPos = txtFootPos.text(); };
@@ -98,21 +42,11 @@ frmFrame::frmFrame(Program& owner)
         if (session().gScoreType == "L")
             cell().focus();
     };
-    connectPanels();
+    balls.onCell = [this] { showCell(); };
+    balls.onSpare = [this] { txtComment.focus(); };
 }
 
 Layout frmFrame::layout() {
-    std::vector<Layout> sheet;
-    for (int frame = 1; frame <= kFrames; ++frame)
-        sheet.emplace_back(Layout(lblFraNum(frame)).centred());
-    sheet.emplace_back(Layout(lblFraNum(0)).centred());
-    for (const auto& count : txtCount)
-        sheet.emplace_back(*count);
-    sheet.emplace_back(layout::space());
-    for (const auto& score : txtScore)
-        sheet.emplace_back(*score);
-    sheet.emplace_back(txtTotScore);
-
     return layout::column(
         {layout::row({lblEventName, Layout(txtEventName).stretched(), lblDateBowled, txtDateBowled,
                       lblGameNum, txtGameNum, lblNumGames, txtNumGames, lblLanePair, txtLanePair}),
@@ -123,11 +57,11 @@ Layout frmFrame::layout() {
                                  lblFootPos, txtFootPos, lblLaneTgt, txtLaneTgt}),
                    lblComment, Layout(txtComment).stretched()})
                   .stretched(),
-              layout::column({layout::row({firstBall.layout(), secondBall.layout(), fillBall.layout()}),
-                              layout::row({layout::space(), cmdResetPinfall, cmdPinfallHelp})}),
+              layout::column(
+                  {balls.layout(), layout::row({layout::space(), cmdResetPinfall, cmdPinfallHelp})}),
               layout::buttons({cmdNextFrame, cmdPrevFrame, cmdReset, cmdPrevious, cmdRetMain, cmdExit})})
              .stretched(),
-         layout::group(fraLineScore, layout::table(kFrames + 1, std::move(sheet)))});
+         sheet.layout()});
 }
 
 void frmFrame::onClose() {
@@ -139,26 +73,19 @@ void frmFrame::onUnload() {
         control->drop();
 }
 
-// --- Opening -----------------------------------------------------------------------------------------------
+// Opening.
 
 void frmFrame::onLoad() {
-    const Handler step = loadHandler();
+    const Handler step = loadingHandler(program(), *this);
     mFootPos.clear();
     mLaneTgt.clear();
     mBallUsed.clear();
-    Clear_Cells();
+    sheet.clear();
     loadHeader(step);
     loadFrames(step);
     screens().show(*this);
     txtFrameNum.setText(text(mFrameNum));
     txtLaneNum.focus();
-}
-
-void frmFrame::Clear_Cells() {
-    for (int frame = 1; frame <= kFrames; ++frame) {
-        txtCount(frame).setText("");
-        txtScore(frame).setText("");
-    }
 }
 
 void frmFrame::loadHeader(const Handler& step) {
@@ -177,8 +104,8 @@ void frmFrame::loadHeader(const Handler& step) {
     step([&] { adoTBKGame.Refresh(); });
     txtGameNum.setText(text(session().gGameNum));
     step([&] { txtLanePair.setText(toText(game("fldLanePair"))); });
-    step([&] { mLeftLane = toInt16(game("fldLeftLane")); });
-    step([&] { mRightLane = toInt16(game("fldRightLane")); });
+    step([&] { mLanes.left = toInt16(game("fldLeftLane")); });
+    step([&] { mLanes.right = toInt16(game("fldRightLane")); });
     step([&] { session().gStartLane = toInt16(game("fldStartLane")); });
     step([&] { session().gScoreType = toText(game("fldScoreType")); });
     step([&] { mGameScore = toInt16(game("fldGameScore")); });
@@ -203,46 +130,7 @@ void frmFrame::loadFrames(const Handler& step) {
     }
 }
 
-// --- Handlers of failures
-// ------------------------------------------------------------------------------------
-
-Handler frmFrame::frameHandler(const std::string& procedure, const std::string& debugName) {
-    return Handler([=, this](const RunTimeError& failure, int) {
-        if (failure.number() != error::kNoCurrentRow) {
-            program().reporter.databaseError(failure, "Frame Information, " + procedure + ".");
-            return Recovery::GoOn;
-        }
-        if (ask(noCurrentRowBox(debugName)) == Answer::Retry) {
-            screens().unload(*this);
-            screens().load(name());
-            screens().show(*screens().find(name()));
-        } else {
-            screens().goBackFrom(*this);
-        }
-        throw EndHandler{};
-    });
-}
-
-Handler frmFrame::loadHandler() {
-    return Handler([this](const RunTimeError& failure, int) {
-        if (failure.number() == error::kNoCurrentRow)
-            return offerRetryOfLoading(failure);
-        program().reporter.databaseError(failure, "Frame Information, Form Load.");
-        return Recovery::GoOn;
-    });
-}
-
-Recovery frmFrame::offerRetryOfLoading(const RunTimeError& failure) {
-    ask({.text = lines(
-             {"Error Number: " + std::to_string(failure.number()), "Error: " + failure.description()})});
-    if (ask(noCurrentRowBox("Form Load")) == Answer::Retry)
-        return Recovery::TryAgain;
-    screens().goBackFrom(*this);
-    throw EndHandler{};
-}
-
-// --- The frame rows
-// ------------------------------------------------------------------------------------------
+// The frame rows.
 
 void frmFrame::setPreviousFrameEnabled(bool enabled) {
     cmdPrevFrame.setEnabled(enabled);
@@ -250,14 +138,15 @@ void frmFrame::setPreviousFrameEnabled(bool enabled) {
 }
 
 void frmFrame::Load_Frame() {
-    const Handler step = frameHandler("Load_Frame", "Load_Record");
+    const Handler step = frameHandler(program(), *this, "Load_Frame", "Load_Record");
     readFrame(step);
-    showPins(step);
-    step([&] { cell().setText(toText(adoTBKFrame.recordset()["fldLineScore"])); });
-    for (BallPanel* ball : {&firstBall, &secondBall, &fillBall}) {
-        ball->setAnswersEnabled(false);
-        ball->setPinsEnabled(false);
-    }
+    showBalls(step);
+    step([&] {
+        balls.entry.setCell(toText(adoTBKFrame.recordset()["fldLineScore"]));
+        showCell();
+    });
+    balls.entry.lock();
+    balls.show();
     setPreviousFrameEnabled(true);
 }
 
@@ -266,18 +155,16 @@ void frmFrame::readFrame(const Handler& step) {
     const auto fill = [&](TextBox& box, const char* name) {
         step([&] { box.setText(toText(field(name))); });
     };
-    const auto read = [&](std::string& result, const char* name) {
-        step([&] { result = toText(field(name)); });
+    const auto read = [&](Ball ball, const char* name) {
+        step([&] { balls.entry.setResult(ball, toText(field(name))); });
     };
 
-    mFirstRes.clear();
-    mSecondRes.clear();
-    mFillRes.clear();
-    resetBalls();
+    clearEntry();
     for (TextBox* box : {&txtFrameNum, &txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &txtComment})
         box->setText("");
 
     step([&] { mFrameNum = toInt16(field("fldFrameNum")); });
+    beginEntry();
     fill(txtFrameNum, "fldFrameNum");
     step([&] { mCurLane = toInt16(field("fldLaneBowled")); });
     fill(txtLaneNum, "fldLaneBowled");
@@ -285,46 +172,42 @@ void frmFrame::readFrame(const Handler& step) {
     fill(txtFootPos, "fldFootPos");
     fill(txtLaneTgt, "fldLaneTgt");
     fill(txtComment, "fldComment");
-    read(mFirstRes, "fldFirstBallRes");
-    read(mSecondRes, "fldSecondBallRes");
-    read(mFillRes, "fldFillBallRes");
+    read(Ball::First, "fldFirstBallRes");
+    read(Ball::Second, "fldSecondBallRes");
+    read(Ball::Fill, "fldFillBallRes");
 }
 
-/// Shows on the score sheet which frame is being entered.
-void frmFrame::markFrame() {
-    for (int frame = 1; frame <= kFrames; ++frame) {
-        const bool isCurrent = txtFrameNum.text() == std::to_string(frame);
-        lblFraNum(frame).setLook(isCurrent ? LabelLook::Current : LabelLook::Plain);
-    }
-}
-
-void frmFrame::showPins(const Handler& step) {
-    PinFlags pins;
-    const auto load = [&](BallPanel& ball, const std::string& result) {
-        step([&] { Load_Ball(ball, result, pins); });
-    };
-    load(firstBall, mFirstRes);
+void frmFrame::showBalls(const Handler& step) {
     if (!recordsPinfall()) {
         step([&] { cell().setEnabled(true); });
         return;
     }
-    firstBall.tickPins(pins);
-    load(secondBall, mSecondRes);
-    secondBall.tickPins(pins);
-    load(fillBall, mFillRes);
-    fillBall.tickPins(pins);
+    for (const Ball ball : kBalls) {
+        step([&] { balls.showStored(ball); });
+        balls.show();
+    }
+}
+
+/// Goes over to the frame mFrameNum, with what its cell holds.
+void frmFrame::beginEntry() {
+    balls.entry.begin(mFrameNum.value(), ScoreSheet::has(mFrameNum) ? sheet.cell(mFrameNum) : std::string{});
+}
+
+/// As if no ball had been entered; the cell stays as it is.
+void frmFrame::clearEntry() {
+    balls.entry.clearResults();
+    balls.entry.reset();
+    balls.show();
 }
 
 void frmFrame::Add_Frame() {
     if (session().gFrmsRecorded >= kFrames)
         return leaveFullGame();
-    const Handler step = frameHandler("Add_Frame", "Add_Frame");
-    mFirstRes.clear();
-    mSecondRes.clear();
-    mFillRes.clear();
+    const Handler step = frameHandler(program(), *this, "Add_Frame", "Add_Frame");
     step([&] { ++mFrameNum; });
     step([&] { cell().setText(""); });
-    resetBalls();
+    beginEntry();
+    clearEntry();
     txtBallUsed.setText(mBallUsed);
     txtFootPos.setText(mFootPos);
     txtLaneTgt.setText(mLaneTgt);
@@ -339,17 +222,14 @@ void frmFrame::Add_Frame() {
 
 void frmFrame::prepareEntry(const Handler& step) {
     if (recordsPinfall()) {
-        firstBall.frame.setEnabled(true);
-        firstBall.offerAnswers();
         step([&] { cell().setEnabled(false); });
         return;
     }
     step([&] { cell().setEnabled(true); });
     if (mFrameNum > 1)
-        step([&] { txtCount(mFrameNum - 1).setEnabled(false); });
-    firstBall.setAnswersEnabled(false);
-    firstBall.optYes.setValue(false);
-    firstBall.optNo.setValue(false);
+        step([&] { sheet.txtCount(mFrameNum - 1).setEnabled(false); });
+    balls.entry.close(Ball::First);
+    balls.show();
 }
 
 void frmFrame::leaveFullGame() {
@@ -361,7 +241,7 @@ void frmFrame::leaveFullGame() {
 }
 
 void frmFrame::Save_Frame() {
-    const Handler step = frameHandler("Save_Frame", "Save_Frame");
+    const Handler step = frameHandler(program(), *this, "Save_Frame", "Save_Frame");
     workOutNextLane();
     writeFrame(step);
     step([&] { adoTBKFrame.recordset().Update(); });
@@ -376,10 +256,8 @@ void frmFrame::workOutNextLane() {
         mNextLane = session().gStartLane;
     else if (isTenth())
         mNextLane = mCurLane;
-    else if (mCurLane == mLeftLane)
-        mNextLane = mRightLane;
-    else if (mCurLane == mRightLane)
-        mNextLane = mLeftLane;
+    else
+        mNextLane = mLanes.beside(mCurLane).value_or(mNextLane);
 }
 
 // Every field is written, also of a row that was only looked at.
@@ -394,22 +272,21 @@ void frmFrame::writeFrame(const Handler& step) {
     write("fldBallUsed", txtBallUsed.text());
     write("fldFootPos", txtFootPos.text());
     write("fldLaneTgt", txtLaneTgt.text());
-    write("fldFirstBallRes", mFirstRes);
-    write("fldSecondBallRes", mSecondRes);
-    write("fldFillBallRes", mFillRes);
+    write("fldFirstBallRes", balls.entry.result(Ball::First));
+    write("fldSecondBallRes", balls.entry.result(Ball::Second));
+    write("fldFillBallRes", balls.entry.result(Ball::Fill));
     write("fldComment", txtComment.text());
-    step([&] { adoTBKFrame.recordset()["fldLineScore"] = cell().text(); });
+    step([&] { adoTBKFrame.recordset()["fldLineScore"] = sheet.cell(mFrameNum); });
     write("fldHHRecordID", "NONE");
 }
 
-// --- The ways on and out
-// -------------------------------------------------------------------------------------
+// The ways on and out.
 
 void frmFrame::cmdNextFrame_Click() {
     const Handler step = handler("frmFrame, cmdNextFrame.");
-    std::string result;
-    step([&] { result = Check_Frame(); });
-    if (!isGood(result))
+    Verdict verdict = Verdict::Unchecked;
+    step([&] { verdict = Check_Frame(); });
+    if (!isGood(verdict))
         return;
     Save_Frame();
     if (session().gMode == kAdd)
@@ -437,7 +314,7 @@ void frmFrame::moveBeyondLastFrame(const Handler& step) {
     step([&] { adoTBKFrame.recordset().MoveLast(); });
     if (session().gScoreType == "L") {
         for (int frame = 1; frame < kFrames; ++frame)
-            txtCount(frame).setEnabled(false);
+            sheet.txtCount(frame).setEnabled(false);
     }
     Calc_Score();
 }
@@ -445,9 +322,9 @@ void frmFrame::moveBeyondLastFrame(const Handler& step) {
 void frmFrame::cmdPrevFrame_Click() {
     const Handler step = handler("Frame Information, cmdPrevFrame.");
     const auto leaveBehind = [&](auto frame) {
-        step([&] { txtCount(frame).setEnabled(false); });
-        step([&] { txtCount(frame).setText(""); });
-        step([&] { txtScore(frame).setText(""); });
+        step([&] { sheet.txtCount(frame).setEnabled(false); });
+        step([&] { sheet.txtCount(frame).setText(""); });
+        step([&] { sheet.txtScore(frame).setText(""); });
     };
     Save_Frame();
     step([&] { adoTBKFrame.recordset().MovePrevious(); });
@@ -459,7 +336,7 @@ void frmFrame::cmdPrevFrame_Click() {
     } else {
         leaveBehind(mFrameNum);
     }
-    txtTotScore.setText("");
+    sheet.txtTotScore.setText("");
     Load_Frame();
 }
 
@@ -470,11 +347,27 @@ void frmFrame::cmdReset_Click() {
         return;
     for (TextBox* box : {&txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &txtComment})
         box->setText("");
-    mFirstRes.clear();
-    mSecondRes.clear();
-    mFillRes.clear();
-    resetBalls();
+    clearEntry();
     txtLaneNum.focus();
+}
+
+// The results stay until the balls are entered anew.
+void frmFrame::cmdResetPinfall_Click() {
+    if (ask(question(lines({"This will erase the pinfall for this frame.", "Do you want to continue?"}),
+                     "Reset Pinfall")) != Answer::Yes)
+        return;
+    balls.entry.reset();
+    balls.entry.setCell("");
+    balls.show();
+    showCell();
+    sheet.clearScores();
+    if (recordsPinfall()) {
+        balls.panel(Ball::First).optYes.focus();
+    } else {
+        balls.entry.close(Ball::First);
+        balls.show();
+        cell().focus();
+    }
 }
 
 void frmFrame::cmdPrevious_Click() {
@@ -499,35 +392,36 @@ void frmFrame::cmdExit_Click() {
 
 void frmFrame::txtLaneNum_LostFocus() {
     const double lane = leadingNumber(txtLaneNum.text());
-    if (lane == mLeftLane.value()) {
-        mCurLane = mLeftLane;
-    } else if (lane == mRightLane.value()) {
-        mCurLane = mRightLane;
+    if (lane == mLanes.left.value()) {
+        mCurLane = mLanes.left;
+    } else if (lane == mLanes.right.value()) {
+        mCurLane = mLanes.right;
     } else {
-        ask({.text = lines({"Invalid lane number.",
-                            "Please enter either " + text(mLeftLane) + " or " + text(mRightLane) + "."})});
+        ask({.text = lines({"Invalid lane number.", "Please enter either " + text(mLanes.left) + " or " +
+                                                        text(mLanes.right) + "."})});
         txtLaneNum.focus();
     }
 }
 
-// --- The check and the score
-// ---------------------------------------------------------------------------------
+// The check and the score.
 
-std::string frmFrame::Check_Frame() {
+Verdict frmFrame::Check_Frame() {
+    FrameEntry& entry = balls.entry;
     if (recordsPinfall()) {
-        std::string result = checkPinfall(mFrameNum.value(), mFirstRes, mSecondRes, mFillRes);
-        if (result == "Good" && !isTenth())
-            mFillRes.clear();
-        return result;
+        const Verdict verdict = checkPinfall(mFrameNum.value(), entry.result(Ball::First),
+                                             entry.result(Ball::Second), entry.result(Ball::Fill));
+        if (verdict == Verdict::Good && !isTenth())
+            entry.setResult(Ball::Fill, "");
+        return verdict;
     }
-    const CellCheck check = checkLineScore(mFrameNum.value(), cell().text());
+    const CellCheck check = checkLineScore(mFrameNum.value(), sheet.cell(mFrameNum));
     cell().setText(check.cell);
-    return check.result;
+    return check.verdict;
 }
 
-/// What is done about the result of the check: one box serves every fault.
-bool frmFrame::isGood(const std::string& result) {
-    if (result == "Good")
+/// What is done about the verdict of the check: one box serves every fault.
+bool frmFrame::isGood(Verdict verdict) {
+    if (verdict == Verdict::Good)
         return true;
     ask({.text =
              lines({"Line score values were incomplete.", "Acceptable values are 0 - 9, X and /. Examples: ",
@@ -539,15 +433,10 @@ bool frmFrame::isGood(const std::string& result) {
 }
 
 void frmFrame::Calc_Score() {
-    const Handler step = frameHandler("Calc_Score", "Calc_Score");
-    std::array<std::string, kFrames> cells;
-    for (int frame = 1; frame <= kFrames; ++frame)
-        cells[static_cast<std::size_t>(frame - 1)] = txtCount(frame).text();
-    const std::array<Int16, kFrames> scores = runningScores(cells);
-    for (int frame = 1; frame <= kFrames; ++frame)
-        txtScore(frame).setText(text(scores[static_cast<std::size_t>(frame - 1)]));
+    const Handler step = frameHandler(program(), *this, "Calc_Score", "Calc_Score");
+    const std::array<Int16, kFrames> scores = runningScores(sheet.cells());
     const Int16 score = scores.back();
-    txtTotScore.setText(text(score));
+    sheet.showScores(scores);
 
     if (score != mGameScore)
         return acceptScore(step, score);

@@ -1,11 +1,12 @@
 #pragma once
 
-#include "bowling/ScoreCell.h"
-#include "entry/BallPanel.h"
+#include "bowling/FrameCheck.h"
+#include "bowling/LanePair.h"
+#include "entry/BallPanels.h"
+#include "entry/ScoreSheet.h"
 #include "shell/ProgramScreen.h"
 #include "store/DataControl.h"
 
-#include <array>
 #include <string>
 
 namespace tallybrook {
@@ -55,13 +56,7 @@ public:
     TextBox txtComment{
         *this, "txtComment", {.tip = "Enter comments on the frame if desired", .multiline = true}};
 
-    GroupBox fraLineScore{*this, "fraLineScore"};
-    ControlArray<Label> lblFraNum;
-    ControlArray<TextBox> txtCount;
-    ControlArray<TextBox> txtScore;
-    TextBox txtTotScore{fraLineScore,
-                        "txtTotScore",
-                        {.maxLength = 3, .width = 4, .readOnly = true, .centred = true, .enabled = false}};
+    ScoreSheet sheet{*this};
 
     Button cmdNextFrame{*this,
                         "cmdNextFrame",
@@ -87,9 +82,7 @@ public:
                           "P&infall Entry Help",
                           {.tip = "Click this button to get help on entering pinfall"}};
 
-    BallPanel firstBall;
-    BallPanel secondBall;
-    BallPanel fillBall;
+    BallPanels balls{*this};
 
     Label lblEventName{*this, "lblEventName", "Event Name", txtEventName};
     Label lblDateBowled{*this, "lblDateBowled", "Date Bowled", txtDateBowled};
@@ -125,56 +118,41 @@ public:
     void onUnload() override;
 
 private:
+    void connect();
+
     // The frame rows.
     void Load_Frame();
     void Add_Frame();
     void Save_Frame();
-    void Clear_Cells();
     void loadHeader(const Handler& step);
     void loadFrames(const Handler& step);
     void readFrame(const Handler& step);
-    void markFrame();
-    void showPins(const Handler& step);
+    void showBalls(const Handler& step);
     void prepareEntry(const Handler& step);
     void leaveFullGame();
     void writeFrame(const Handler& step);
     void workOutNextLane();
     void moveBeyondLastFrame(const Handler& step);
-    Handler frameHandler(const std::string& procedure, const std::string& debugName);
-    Handler loadHandler();
-    Recovery offerRetryOfLoading(const RunTimeError& failure);
     void setPreviousFrameEnabled(bool enabled);
-    TextBox& cell() { return txtCount(mFrameNum); }
+
+    // The frame that is entered.
+    void beginEntry();
+    void clearEntry();
+    void showCell() { cell().setText(balls.entry.cell()); }
+    TextBox& cell() { return sheet.txtCount(mFrameNum); }
     [[nodiscard]] bool recordsPinfall() const { return session().gScoreType == "P"; }
     [[nodiscard]] bool isTenth() const { return mFrameNum == kFrames; }
 
-    // The ball panels.
-    void Reset_Ball(BallPanel& ball);
-    void resetBalls();
-    void Load_Ball(BallPanel& ball, const std::string& result, PinFlags& pins);
-    void connectPanels();
-    void optFirstYes_Click();
-    void optFirstNo_Click();
-    void cmdFirstDone_Click();
-    void optSecondYes_Click();
-    void optSecondNo_Click();
-    void cmdSecondDone_Click();
-    void optFillYes_Click();
-    void optFillNo_Click();
-    void cmdFillDone_Click();
-    void cmdResetPinfall_Click();
-    void cmdPinfallHelp_Click();
-    void appendToCell(const std::string& mark);
-
     // The check and the score.
-    std::string Check_Frame();
-    bool isGood(const std::string& result);
+    Verdict Check_Frame();
+    bool isGood(Verdict verdict);
     void Calc_Score();
     void acceptScore(const Handler& step, Int16 score);
 
     void cmdNextFrame_Click();
     void cmdPrevFrame_Click();
     void cmdReset_Click();
+    void cmdResetPinfall_Click();
     void cmdPrevious_Click();
     void cmdRetMain_Click();
     void cmdExit_Click();
@@ -185,17 +163,13 @@ private:
     DataControl adoTBKFrame{store()};
 
     Int16 mFrameNum;
-    Int16 mLeftLane;
-    Int16 mRightLane;
+    LanePair mLanes;
     Int16 mCurLane;   // 0 until a lane has been accepted or loaded
     Int16 mNextLane;  // 0 until the first save
     Int16 mGameScore;
     std::string mBallUsed;
     std::string mFootPos;
     std::string mLaneTgt;
-    std::string mFirstRes;
-    std::string mSecondRes;
-    std::string mFillRes;
 };
 
 }  // namespace tallybrook

@@ -1,6 +1,5 @@
 #include "reports/ReportRun.h"
 
-#include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
 
@@ -49,14 +48,11 @@ std::string framesOf(Int32 session, Int16 game) {
         session.value(), game.value());
 }
 
-bool isText(const Value& value, std::string_view text) {
-    const auto* const stored = std::get_if<std::string>(&value);
-    return stored != nullptr ? *stored == text : !isNull(value) && toText(value) == text;
-}
-
-std::string_view markOf(std::string_view lineScore, std::size_t n) {
-    const std::string_view before = firstCharacters(lineScore, n - 1);
-    return firstCharacters(lineScore, n).substr(before.size());
+TenthFrameValues tenthFrameIn(Recordset& row) {
+    return {.first = row["fldFirstBallRes"],
+            .second = row["fldSecondBallRes"],
+            .fill = row["fldFillBallRes"],
+            .lineScore = row["fldLineScore"]};
 }
 
 double roundedTo(double number, int decimals) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bowling/TenthFrame.h"
 #include "reports/modTBKReports.h"
 #include "runtime/TextFile.h"
 #include "shell/Program.h"
@@ -58,11 +59,8 @@ std::string gamesOf(Int32 session);
 /// Selects the frames of a game, in the order of their numbers.
 std::string framesOf(Int32 session, Int16 game);
 
-/// Whether the field holds just this text. A Null never does.
-bool isText(const Value& value, std::string_view text);
-
-/// The n-th mark of a line score, n from 1; empty where there is none.
-std::string_view markOf(std::string_view lineScore, std::size_t n);
+/// What the current row tells of a tenth frame.
+TenthFrameValues tenthFrameIn(Recordset& row);
 
 /// The number passed through the number format with `decimals` places and read back.
 double roundedTo(double number, int decimals);

@@ -1,5 +1,6 @@
 #include "reports/SpareMatrix.h"
 
+#include "bowling/Marks.h"
 #include "reports/ReportRun.h"
 #include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
@@ -14,11 +15,6 @@ namespace tallybrook {
 namespace {
 
 constexpr std::size_t kMostRows = std::numeric_limits<std::int16_t>::max();
-
-/// The pins of one mark: its digit, 0 for strikes, spares and anything else.
-int pinsOf(std::string_view mark) {
-    return static_cast<int>(leadingNumber(mark));
-}
 
 /// What the walk over the frames counts.
 class FrameWalk {
@@ -50,16 +46,16 @@ private:
         if (toDouble(row["fldFrameNum"]) < 10)
             countUpToNinth(row["fldFirstBallRes"], row);
         else
-            countTenth(marksOf(row));
+            countTenth(tenthFrameIn(row));
     }
 
     void countUpToNinth(const Value& firstBall, Recordset& row) {
-        if (isText(firstBall, "X"))
+        if (resultOf(firstBall) == BallResult::Strike)
             return addFirstBalls(1, 10);
         const std::string lineScore = toText(row["fldLineScore"]);
         const std::string_view first = markOf(lineScore, 1);
-        const bool converted = markOf(lineScore, 2) == "/";
-        addFirstBalls(1, pinsOf(first));
+        const bool converted = isSpare(markOf(lineScore, 2));
+        addFirstBalls(1, countOf(first));
         if (first == "9") {
             ++figures_.SinglePinAttempts;
             if (converted)
@@ -69,23 +65,23 @@ private:
     }
 
     /// An open tenth frame counts nothing here.
-    void countTenth(const FrameMarks& marks) {
-        const std::string lineScore = toText(marks.fldLineScore);
-        const auto pins = [&](std::size_t n) { return pinsOf(markOf(lineScore, n)); };
-        switch (tenthFrameOf(marks)) {
+    void countTenth(const TenthFrameValues& frame) {
+        const std::string lineScore = toText(frame.lineScore);
+        const auto pins = [&](std::size_t n) { return countOf(markOf(lineScore, n)); };
+        switch (tenthFrameOf(frame)) {
             case TenthFrame::ThreeStrikes:
                 return addFirstBalls(3, 30);
             case TenthFrame::TwoStrikes:
                 return addFirstBalls(3, 20 + pins(3));
             case TenthFrame::StrikeThenSpare:
                 addFirstBalls(2, 10 + pins(2));
-                return addLeave(marks.fldSecondBallRes, true);
+                return addLeave(frame.second, true);
             case TenthFrame::SpareThenStrike:
                 addFirstBalls(2, 10 + pins(1));
-                return addLeave(marks.fldFirstBallRes, true);
+                return addLeave(frame.first, true);
             case TenthFrame::SpareThenOther:
                 addFirstBalls(2, pins(1) + pins(3));
-                return addLeave(marks.fldFirstBallRes, true);
+                return addLeave(frame.first, true);
             case TenthFrame::Open:
             case TenthFrame::None:
                 return;

@@ -37,18 +37,18 @@ double ratio(Int32 part, Int32 whole) {
 
 void StrikeSpareCounts::countFrame(const Value& firstBall, const Value& secondBall) {
     ++FirstBalls;
-    if (isText(firstBall, "X")) {
+    if (resultOf(firstBall) == BallResult::Strike) {
         ++Strikes;
         return;
     }
     ++SpareChances;
-    if (isText(secondBall, "/"))
+    if (resultOf(secondBall) == BallResult::Spare)
         ++Spares;
     else
         ++OpenFrames;
 }
 
-void StrikeSpareCounts::countTenthFrame(const FrameMarks& frame) {
+void StrikeSpareCounts::countTenthFrame(const TenthFrameValues& frame) {
     const Added& added = kAdded.at(static_cast<std::size_t>(tenthFrameOf(frame)));
     FirstBalls += added.firstBalls;
     Strikes += added.strikes;
@@ -81,7 +81,7 @@ void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringMode
         if (leadingNumberOf(row["fldFrameNum"]) < 10)
             counts.countFrame(row["fldFirstBallRes"], row["fldSecondBallRes"]);
         else
-            counts.countTenthFrame(marksOf(row));
+            counts.countTenthFrame(tenthFrameIn(row));
     };
     run.procedure("Get_StSp_Stats", [&] {
         forEachRow(run.gRsEvent, run.gReportSQL, [&] {

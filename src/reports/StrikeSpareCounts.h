@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/TenthFrame.h"
+#include "bowling/TenthFrame.h"
 #include "runtime/Integer.h"
 
 namespace tallybrook {
@@ -35,7 +35,7 @@ struct StrikeSpareCounts {
     /// Counts one of the frames 1 to 9 by its balls.
     void countFrame(const Value& firstBall, const Value& secondBall);
     /// Counts a tenth frame; one of no known kind counts nothing.
-    void countTenthFrame(const FrameMarks& frame);
+    void countTenthFrame(const TenthFrameValues& frame);
     /// Works out the percentages and the figures per game.
     void derive(const ScoringModes& modes);
 };

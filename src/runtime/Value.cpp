@@ -30,6 +30,11 @@ DateTime fromDays(double days) {
 
 }  // namespace
 
+bool isText(const Value& value, std::string_view text) {
+    const auto* const stored = std::get_if<std::string>(&value);
+    return stored != nullptr ? *stored == text : !isNull(value) && toText(value) == text;
+}
+
 std::string toText(const Value& value) {
     return std::visit(Overloaded{[](Null) { return std::string{}; },
                                  [](std::int64_t number) { return std::to_string(number); },

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 
 namespace tallybrook {
@@ -26,6 +27,9 @@ Value valueOf(Integer<Stored> number) {
 [[nodiscard]] inline bool isNull(const Value& value) {
     return std::holds_alternative<Null>(value);
 }
+
+/// Whether the value is just this text. A Null never is.
+bool isText(const Value& value, std::string_view text);
 
 /// The value as text: empty for a Null, the usual text forms for numbers and dates.
 std::string toText(const Value& value);

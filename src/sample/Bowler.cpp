@@ -1,7 +1,6 @@
 #include "sample/Bowler.h"
 
-#include "bowling/PinString.h"
-#include "sample/Pins.h"
+#include "bowling/Pins.h"
 
 #include <algorithm>
 #include <numeric>
@@ -126,15 +125,15 @@ private:
         std::string mark;
         const Leave* leave = nullptr;  // of a first ball that is no strike
 
-        [[nodiscard]] bool isStrike() const { return result == "X"; }
-        [[nodiscard]] bool isSpare() const { return result == "/"; }
+        [[nodiscard]] bool isStrike() const { return tallybrook::isStrike(result); }
+        [[nodiscard]] bool isSpare() const { return tallybrook::isSpare(result); }
     };
 
     Ball firstBall() {
         if (dice_.happens(strikes_))
             return {.result = "X", .mark = "X"};
         const Leave& leave = anyLeave();
-        return {.result = leave.pins.text(), .mark = digit(kPins - leave.pins.count()), .leave = &leave};
+        return {.result = pinString(leave.pins), .mark = digit(kPins - leave.pins.count()), .leave = &leave};
     }
 
     Ball secondBall(const Leave& leave) {
@@ -142,7 +141,7 @@ private:
         if (dice_.happens(std::min(spared, kSurestSpare)))
             return {.result = "/", .mark = "/"};
         const Pins left = missed(leave.pins);
-        return {.result = left.text(), .mark = digit(leave.pins.count() - left.count())};
+        return {.result = pinString(left), .mark = digit(leave.pins.count() - left.count())};
     }
 
     const Leave& anyLeave() {
@@ -158,13 +157,13 @@ private:
         Pins left;
         int last = 0;
         for (int pin = 1; pin <= kPins; ++pin) {
-            if (!pins.stands(pin))
+            if (!pins.has(pin))
                 continue;
             last = pin;
             if (dice_.happens(500))
                 left.add(pin);
         }
-        if (left.count() == 0)
+        if (left.isEmpty())
             left.add(last);
         return left;
     }
@@ -185,7 +184,7 @@ BowledGame bowlGame(Dice& dice, int strikes) {
 }
 
 int scoreOf(const BowledGame& game) {
-    std::array<std::string, kFrames> cells;
+    Cells cells;
     std::ranges::transform(game, cells.begin(), &Bowled::lineScore);
     return runningScores(cells).back().value();
 }

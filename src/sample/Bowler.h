@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bowling/ScoreCell.h"
+#include "bowling/RunningScores.h"
 #include "sample/Dice.h"
 
 #include <array>

@@ -11,12 +11,9 @@ namespace tallybrook {
 
 namespace {
 
-FrameMarks marks(const Value& first, const Value& second = "", const Value& fill = "",
-                 const Value& lineScore = "") {
-    return {.fldFirstBallRes = first,
-            .fldSecondBallRes = second,
-            .fldFillBallRes = fill,
-            .fldLineScore = lineScore};
+TenthFrameValues marks(const Value& first, const Value& second = "", const Value& fill = "",
+                       const Value& lineScore = "") {
+    return {.first = first, .second = second, .fill = fill, .lineScore = lineScore};
 }
 
 using Counts = std::tuple<int, int, int, int, int>;  // first balls, strikes, chances, spares, open frames
@@ -44,7 +41,7 @@ TEST(StrikeSpare, CountsTheFramesUpToTheNinth) {
 
 TEST(StrikeSpare, CountsTheTenthFrameByItsCases) {
     struct Case {
-        FrameMarks frame;
+        TenthFrameValues frame;
         TenthFrame kind;
         Counts counts;
     };
@@ -73,8 +70,8 @@ TEST(StrikeSpare, CountsTheTenthFrameByItsCases) {
     for (const Case& one : cases) {
         StrikeSpareCounts counts;
         counts.countTenthFrame(one.frame);
-        EXPECT_EQ(tenthFrameOf(one.frame), one.kind) << toText(one.frame.fldLineScore);
-        EXPECT_EQ(countsOf(counts), one.counts) << toText(one.frame.fldLineScore);
+        EXPECT_EQ(tenthFrameOf(one.frame), one.kind) << toText(one.frame.lineScore);
+        EXPECT_EQ(countsOf(counts), one.counts) << toText(one.frame.lineScore);
     }
 }
 
@@ -163,14 +160,6 @@ TEST(SpareMatrix, HoldsNoMoreLeavesThanItsIndexCounts) {
     } catch (const RunTimeError& failure) {
         EXPECT_EQ(failure.number(), error::kOverflow);
     }
-}
-
-TEST(Marks, AreReadOneByOne) {
-    EXPECT_EQ(markOf("9/X", 1), "9");
-    EXPECT_EQ(markOf("9/X", 3), "X");
-    EXPECT_EQ(markOf("9/", 3), "");
-    EXPECT_EQ(markOf("", 1), "");
-    EXPECT_EQ(markOf("\u00c4/", 2), "/");
 }
 
 TEST(ScoreSummary, PutsEveryScoreIntoItsBin) {

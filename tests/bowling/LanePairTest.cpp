@@ -17,6 +17,22 @@ TEST(LanePair, IsAnOddLaneAndTheNext) {
         EXPECT_FALSE(isLanePair(bad)) << bad;
 }
 
+TEST(LanePair, IsThatOfEitherLane) {
+    for (int left = 1; left < 100; left += 2) {
+        for (const int lane : {left, left + 1}) {
+            const LanePair pair = pairOf(lane);
+            EXPECT_EQ(pair.left, Int16(left));
+            EXPECT_EQ(pair.right, Int16(left + 1));
+            EXPECT_TRUE(isLanePair(text(pair))) << text(pair);
+            EXPECT_EQ(pair.beside(lane), Int16(2 * left + 1 - lane));
+        }
+        EXPECT_EQ(pairOf(left).beside(left + 2), std::nullopt);
+        EXPECT_EQ(pairOf(left).beside(left - 1), std::nullopt);
+    }
+    EXPECT_EQ(text(pairOf(12)), "11-12");
+    EXPECT_THROW(static_cast<void>(pairOf(32767)), RunTimeError);
+}
+
 TEST(LanePair, FailsBeyondSixteenBits) {
     for (const char* beyond : {"40001-40002", "5-40000", "1e9-6", "32767-32768"})
         EXPECT_THROW(isLanePair(beyond), RunTimeError) << beyond;

@@ -1,20 +1,14 @@
 #pragma once
 
 #include "runtime/Value.h"
-#include "store/Recordset.h"
 
 namespace tallybrook {
 
-/// What the reports read of one tenth frame.
-struct FrameMarks {
-    Value fldFirstBallRes;
-    Value fldSecondBallRes;
-    Value fldFillBallRes;
-    Value fldLineScore;
-};
+/// What the pin string of a ball tells, as far as figures ask.
+enum class BallResult { Strike, Spare, PinsLeft, Unknown };
 
-/// Those of the row.
-FrameMarks marksOf(Recordset& frame);
+/// The result of a stored pin string; unknown of a Null.
+BallResult resultOf(const Value& pins);
 
 /// The kinds of tenth frames that the reports tell apart.
 enum class TenthFrame {
@@ -27,7 +21,15 @@ enum class TenthFrame {
     None,             // anything else, such as a strike and two balls that leave pins
 };
 
+/// The stored values of a tenth frame that tell its kind.
+struct TenthFrameValues {
+    Value first;
+    Value second;
+    Value fill;
+    Value lineScore;
+};
+
 /// The first of the kinds, in their order, that fits the balls. A ball that is Null fits none.
-TenthFrame tenthFrameOf(const FrameMarks& frame);
+TenthFrame tenthFrameOf(const TenthFrameValues& frame);
 
 }  // namespace tallybrook

@@ -1,0 +1,32 @@
+#include "bowling/Marks.h"
+
+#include "runtime/TextCompare.h"
+
+namespace tallybrook {
+
+std::string_view markOf(std::string_view cell, std::size_t number) {
+    const std::string_view before = firstCharacters(cell, number - 1);
+    return firstCharacters(cell, number).substr(before.size());
+}
+
+bool isStrike(std::string_view ball) {
+    return ball == "X";
+}
+
+bool isSpare(std::string_view ball) {
+    return ball == "/";
+}
+
+bool isMark(std::string_view ball) {
+    return isStrike(ball) || isSpare(ball);
+}
+
+bool isCount(std::string_view mark) {
+    return mark.size() == 1 && mark[0] >= '0' && mark[0] <= '9';
+}
+
+int countOf(std::string_view mark) {
+    return isCount(mark) ? mark[0] - '0' : 0;
+}
+
+}  // namespace tallybrook

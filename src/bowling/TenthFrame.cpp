@@ -1,0 +1,43 @@
+#include "bowling/TenthFrame.h"
+
+#include "bowling/Marks.h"
+
+namespace tallybrook {
+
+namespace {
+
+bool isNot(BallResult ball, BallResult unwanted) {
+    return ball != BallResult::Unknown && ball != unwanted;
+}
+
+}  // namespace
+
+BallResult resultOf(const Value& pins) {
+    if (isNull(pins))
+        return BallResult::Unknown;
+    if (isText(pins, "X"))
+        return BallResult::Strike;
+    return isText(pins, "/") ? BallResult::Spare : BallResult::PinsLeft;
+}
+
+TenthFrame tenthFrameOf(const TenthFrameValues& frame) {
+    using enum BallResult;
+    if (isText(frame.lineScore, "XXX"))
+        return TenthFrame::ThreeStrikes;
+    const BallResult first = resultOf(frame.first);
+    const BallResult second = resultOf(frame.second);
+    const BallResult fill = resultOf(frame.fill);
+    if (first == Strike && second == Strike && isNot(fill, Strike))
+        return TenthFrame::TwoStrikes;
+    if (first == Strike && isNot(second, Strike) && fill == Spare)
+        return TenthFrame::StrikeThenSpare;
+    if (isNot(first, Strike) && second == Spare && fill == Strike)
+        return TenthFrame::SpareThenStrike;
+    if (isNot(first, Strike) && second == Spare && isNot(fill, Strike))
+        return TenthFrame::SpareThenOther;
+    if (isNot(first, Strike) && second == PinsLeft && fill == PinsLeft)
+        return TenthFrame::Open;
+    return TenthFrame::None;
+}
+
+}  // namespace tallybrook
