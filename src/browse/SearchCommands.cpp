@@ -10,9 +10,6 @@ SearchCommands::SearchCommands(Program& program, Screen& screen, SearchForm& for
     cmdReset.onClick = [this] { cmdReset_Click(); };
     cmdPrevious.onClick = [this] { cmdPrevious_Click(); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
-    cmdExit.onClick = [this] { Exit_Confirm(program_); };
-    mnuTBKHelp.onClick = [this] { program_.display.help(HelpTopic::Contents); };
-    mnuHelpAbout.onClick = [this] { showAbout(program_); };
 }
 
 Layout SearchCommands::layout() {

@@ -2,6 +2,7 @@
 
 #include "browse/SearchForm.h"
 #include "controls/Screen.h"
+#include "shell/StandardCommands.h"
 
 namespace tallybrook {
 
@@ -19,20 +20,17 @@ private:
 public:
     Button cmdSearch{screen_, "cmdSearch", "&Begin Search", {.tip = "Click here to start your search"}};
     Button cmdReset{screen_, "cmdReset", "&Reset Form", {.tip = "Click here to reset the form"}};
-    Button cmdPrevious{screen_, "cmdPrevious", "&Previous Screen"};
-    Button cmdRetMain{screen_, "cmdRetMain", "Return to &Main"};
-    Button cmdExit{screen_, "cmdExit", "E&xit"};
+    PreviousButton cmdPrevious{program_, screen_, {.tip = ""}};
+    MainButton cmdRetMain{program_, screen_, {.name = "cmdRetMain", .caption = "Return to &Main", .tip = ""}};
+    ExitButton cmdExit{program_, screen_, {.tip = ""}};
 
-    Menu mnuFile{screen_, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    FileMenu mnuFile{screen_, cmdExit};
     Menu mnuCommands{screen_, "mnuCommands", "&Commands"};
-    Menu mnuStartSearch{mnuCommands, "mnuStartSearch", "&Begin Search", cmdSearch};
-    Menu mnuSearchReset{mnuCommands, "mnuSearchReset", "&Reset Form", cmdReset};
-    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
-    Menu mnuRetMain{mnuCommands, "mnuRetMain", "Return to &Main", cmdRetMain};
-    Menu mnuHelp{screen_, "mnuHelp", "&Help"};
-    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
-    Menu mnuHelpAbout{mnuHelp, "mnuHelpAbout", "&About"};
+    Menu mnuStartSearch{mnuCommands, "mnuStartSearch", cmdSearch};
+    Menu mnuSearchReset{mnuCommands, "mnuSearchReset", cmdReset};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", cmdPrevious};
+    Menu mnuRetMain{mnuCommands, "mnuRetMain", cmdRetMain};
+    HelpMenu mnuHelp{program_, screen_, {.aboutName = "mnuHelpAbout"}};
 
     [[nodiscard]] Layout layout();
 

@@ -65,9 +65,6 @@ frmEventList::frmEventList(Program& owner)
     cmdDelRecord.onClick = [this] { cmdDelRecord_Click(); };
     cmdPrevious.onClick = [this] { leaveToPrevious(program(), *this); };
     cmdMain.onClick = [this] { leaveToMain(program(), *this); };
-    cmdExit.onClick = [this] { Exit_Confirm(program()); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 }
 
 Layout frmEventList::layout() {

@@ -2,6 +2,7 @@
 
 #include "controls/Grid.h"
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -32,20 +33,17 @@ public:
     Button cmdGetRecord{
         *this, "cmdGetRecord", "R&etrieve Event", {.tip = "Retrieve an event for editing or reporting"}};
     Button cmdDelRecord{*this, "cmdDelRecord", "&Delete Event", {.tip = "Delete the event"}};
-    Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
-    Button cmdMain{*this, "cmdMain", "&Main Menu", {.tip = "Return to the main menu"}};
-    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+    PreviousButton cmdPrevious{program(), *this};
+    MainButton cmdMain{program(), *this};
+    ExitButton cmdExit{program(), *this};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    FileMenu mnuFile{*this, cmdExit};
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
-    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", "R&etrieve Event", cmdGetRecord};
-    Menu mnuDelRecord{mnuCommands, "mnuDelRecord", "&Delete Event", cmdDelRecord};
-    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
-    Menu mnuMain{mnuCommands, "mnuMain", "&Main Menu", cmdMain};
-    Menu mnuHelp{*this, "mnuHelp", "&Help"};
-    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
-    Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
+    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", cmdGetRecord};
+    Menu mnuDelRecord{mnuCommands, "mnuDelRecord", cmdDelRecord};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", cmdPrevious};
+    Menu mnuMain{mnuCommands, "mnuMain", cmdMain};
+    HelpMenu mnuHelp{program(), *this};
 
     Layout layout() override;
     void onLoad() override;

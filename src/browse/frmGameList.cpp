@@ -43,9 +43,6 @@ frmGameList::frmGameList(Program& owner)
     cmdGetRecord.onClick = [this] { cmdGetRecord_Click(); };
     cmdPrevious.onClick = [this] { leaveToPrevious(program(), *this); };
     cmdMain.onClick = [this] { leaveToMain(program(), *this); };
-    cmdExit.onClick = [this] { Exit_Confirm(program()); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 }
 
 Layout frmGameList::layout() {

@@ -2,6 +2,7 @@
 
 #include "controls/Grid.h"
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -24,19 +25,16 @@ public:
 
     Button cmdGetRecord{
         *this, "cmdGetRecord", "R&etrieve Game", {.tip = "Retrieve the record for the selected game"}};
-    Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
-    Button cmdMain{*this, "cmdMain", "&Main Menu", {.tip = "Return to the main menu"}};
-    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+    PreviousButton cmdPrevious{program(), *this};
+    MainButton cmdMain{program(), *this};
+    ExitButton cmdExit{program(), *this};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    FileMenu mnuFile{*this, cmdExit};
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
-    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", "R&etrieve Game", cmdGetRecord};
-    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
-    Menu mnuMain{mnuCommands, "mnuMain", "&Main Menu", cmdMain};
-    Menu mnuHelp{*this, "mnuHelp", "&Help"};
-    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
-    Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
+    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", cmdGetRecord};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", cmdPrevious};
+    Menu mnuMain{mnuCommands, "mnuMain", cmdMain};
+    HelpMenu mnuHelp{program(), *this};
 
     Layout layout() override;
     void onLoad() override;

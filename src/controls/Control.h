@@ -264,7 +264,9 @@ public:
 class Menu : public Control {
 public:
     Menu(Place place, std::string name, std::string caption, std::string shortcut = {});
-    /// An entry that runs the click of the button of the same name.
+    /// An entry that runs the click of a button, and bears its caption where it has none of its own.
+    Menu(Place place, std::string name, const Control& runs)
+        : Menu(place, std::move(name), runs.caption(), runs) {}
     Menu(Place place, std::string name, std::string caption, const Control& runs);
 
     [[nodiscard]] const std::string& shortcut() const { return shortcut_; }

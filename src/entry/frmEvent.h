@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 #include "store/Recordset.h"
 
 #include <string>
@@ -48,17 +49,16 @@ public:
         *this, "cmdUpdGames", "Update &Games", {.tip = "Update the games in this event (used in edit mode)"}};
     Button cmdReset{
         *this, "cmdReset", "Reset &Form", {.tip = "Reset the form - this does not save the record"}};
-    Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
-    Button cmdMain{*this, "cmdMain", "&Main Menu", {.tip = "Return to the main menu"}};
-    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+    PreviousButton cmdPrevious{program(), *this};
+    MainButton cmdMain{program(), *this};
+    ExitButton cmdExit{program(), *this};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    FileMenu mnuFile{*this, cmdExit};
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
-    Menu mnuNextEvent{mnuCommands, "mnuNextEvent", "&Next Event", cmdNextEvent};
-    Menu mnuUpdGames{mnuCommands, "mnuUpdGames", "Update &Games", cmdUpdGames};
-    Menu mnuReset{mnuCommands, "mnuReset", "Reset &Form", cmdReset};
-    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
+    Menu mnuNextEvent{mnuCommands, "mnuNextEvent", cmdNextEvent};
+    Menu mnuUpdGames{mnuCommands, "mnuUpdGames", cmdUpdGames};
+    Menu mnuReset{mnuCommands, "mnuReset", cmdReset};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", cmdPrevious};
     Menu mnuMain{mnuCommands, "mnuMain", "Return to &Main", cmdMain};
     // The entries of this screen's help menu do nothing, by intention.
     Menu mnuEventHelp{*this, "mnuEventHelp", "&Help"};

@@ -30,8 +30,6 @@ void frmFrame::connect() {
     cmdPrevious.onClick = [this] { cmdPrevious_Click(); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
     cmdExit.onClick = [this] { cmdExit_Click(); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 
     txtFrameNum.onChange = [this] { sheet.markFrame(txtFrameNum.text()); };
     txtLaneNum.onLostFocus = [this] { txtLaneNum_LostFocus(); };

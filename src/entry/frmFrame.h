@@ -5,6 +5,7 @@
 #include "entry/BallPanels.h"
 #include "entry/ScoreSheet.h"
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -70,9 +71,9 @@ public:
                     "cmdReset",
                     "Reset F&orm",
                     {.tip = "Reset all the controls on the form - this does not save the record"}};
-    Button cmdPrevious{*this, "cmdPrevious", "&Previous Screen", {.tip = "Return to the previous screen"}};
-    Button cmdRetMain{*this, "cmdRetMain", "Return to &Main", {.tip = "Return to the main menu"}};
-    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+    PreviousButton cmdPrevious{program(), *this};
+    MainButton cmdRetMain{program(), *this, {.name = "cmdRetMain", .caption = "Return to &Main"}};
+    ExitButton cmdExit{program(), *this};
     Button cmdResetPinfall{*this,
                            "cmdResetPinfall",
                            "Rese&t Pinfall",
@@ -97,20 +98,17 @@ public:
     Label lblLaneTgt{*this, "lblLaneTgt", "Lane &Target", txtLaneTgt};
     Label lblComment{*this, "lblComment", "&Comment", txtComment};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    FileMenu mnuFile{*this, cmdExit};
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
     Menu mnuPinfall{mnuCommands, "mnuPinfall", "P&infall"};
-    Menu mnuResetPinfall{mnuPinfall, "mnuResetPinfall", "Rese&t Pinfall", cmdResetPinfall};
+    Menu mnuResetPinfall{mnuPinfall, "mnuResetPinfall", cmdResetPinfall};
     Menu mnuHelpPinfall{mnuPinfall, "mnuHelpPinfall", "P&infall Help", cmdPinfallHelp};
-    Menu mnuNextFrame{mnuCommands, "mnuNextFrame", "&Next Frame", cmdNextFrame};
+    Menu mnuNextFrame{mnuCommands, "mnuNextFrame", cmdNextFrame};
     Menu mnuPrevFrame{mnuCommands, "mnuPrevFrame", "P&revious Frame", cmdPrevFrame};
-    Menu mnuReset{mnuCommands, "mnuReset", "Reset F&orm", cmdReset};
-    Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
-    Menu mnuRetMain{mnuCommands, "mnuRetMain", "Return to &Main", cmdRetMain};
-    Menu mnuFrameHelp{*this, "mnuFrameHelp", "&Help"};
-    Menu mnuTBKHelp{mnuFrameHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
-    Menu mnuAbout{mnuFrameHelp, "mnuAbout", "&About"};
+    Menu mnuReset{mnuCommands, "mnuReset", cmdReset};
+    Menu mnuPrevious{mnuCommands, "mnuPrevious", cmdPrevious};
+    Menu mnuRetMain{mnuCommands, "mnuRetMain", cmdRetMain};
+    HelpMenu mnuFrameHelp{program(), *this, {.name = "mnuFrameHelp"}};
 
     Layout layout() override;
     void onLoad() override;

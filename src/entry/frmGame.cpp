@@ -63,8 +63,6 @@ frmGame::frmGame(Program& owner)
     cmdPrevious.onClick = [this] { cmdPrevious_Click(); };
     cmdMain.onClick = [this] { cmdMain_Click(); };
     cmdExit.onClick = [this] { cmdExit_Click(); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 
     const auto bind = [this](const char* field, TextBox& box) {
         adoTBKGame.bind(field, [&box](const std::string& shown) { box.setText(shown); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -48,22 +49,19 @@ public:
                     "cmdReset",
                     "Reset &Form",
                     {.tip = "Reset all the controls in the form - this does not save the record"}};
-    Button cmdPrevious{*this, "cmdPrevious", "Previous &Screen", {.tip = "Return to the previous screen"}};
-    Button cmdMain{*this, "cmdMain", "Return to &Main", {.tip = "Return to the main menu"}};
-    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+    PreviousButton cmdPrevious{program(), *this, {.caption = "Previous &Screen"}};
+    MainButton cmdMain{program(), *this, {.caption = "Return to &Main"}};
+    ExitButton cmdExit{program(), *this};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    FileMenu mnuFile{*this, cmdExit};
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
-    Menu mnuNextGame{mnuCommands, "mnuNextGame", "N&ext Game", cmdNextGame};
-    Menu mnuPrevGame{mnuCommands, "mnuPrevGame", "P&revious Game", cmdPrevGame};
-    Menu mnuUpdFrame{mnuCommands, "mnuUpdFrame", "U&pdate Frames", cmdUpdFrame};
-    Menu mnuReset{mnuCommands, "mnuReset", "Reset &Form", cmdReset};
+    Menu mnuNextGame{mnuCommands, "mnuNextGame", cmdNextGame};
+    Menu mnuPrevGame{mnuCommands, "mnuPrevGame", cmdPrevGame};
+    Menu mnuUpdFrame{mnuCommands, "mnuUpdFrame", cmdUpdFrame};
+    Menu mnuReset{mnuCommands, "mnuReset", cmdReset};
     Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
-    Menu mnuMain{mnuCommands, "mnuMain", "Return to &Main", cmdMain};
-    Menu mnuGameHelp{*this, "mnuGameHelp", "&Help"};
-    Menu mnuTBKHelp{mnuGameHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
-    Menu mnuAbout{mnuGameHelp, "mnuAbout", "&About"};
+    Menu mnuMain{mnuCommands, "mnuMain", cmdMain};
+    HelpMenu mnuGameHelp{program(), *this, {.name = "mnuGameHelp"}};
 
     Layout layout() override;
     void onLoad() override;

@@ -20,9 +20,6 @@ MessageBox notice(std::string text, std::string title) {
 frmSyncPDA::frmSyncPDA(Program& owner) : ProgramScreen(owner, "frmSyncPDA", "Synchronize PDA") {
     cmdAddPDA.onClick = [this] { cmdAddPDA_Click(); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
-    cmdExit.onClick = [this] { Exit_Confirm(program()); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 }
 
 Layout frmSyncPDA::layout() {

@@ -2,6 +2,7 @@
 
 #include "handheld/SyncRun.h"
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 
 #include <string>
 
@@ -16,17 +17,14 @@ public:
     Label lblTitle{*this, "lblTitle", "Synchronize PDA", LabelLook::Heading};
 
     Button cmdAddPDA{*this, "cmdAddPDA", "Add &PDA Data"};
-    Button cmdRetMain{*this, "cmdRetMain", "Main Men&u"};
-    Button cmdExit{*this, "cmdExit", "&Exit"};
+    MainButton cmdRetMain{program(), *this, {.name = "cmdRetMain", .caption = "Main Men&u", .tip = ""}};
+    ExitButton cmdExit{program(), *this, {.caption = "&Exit", .tip = ""}};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "&Exit", cmdExit};
+    FileMenu mnuFile{*this, cmdExit};
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
-    Menu mnuSyncPDA{mnuCommands, "mnuSyncPDA", "Add &PDA Data", cmdAddPDA};
-    Menu mnuRetMain{mnuCommands, "mnuRetMain", "Main Men&u", cmdRetMain};
-    Menu mnuHelp{*this, "mnuHelp", "&Help"};
-    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help"};
-    Menu mnuAbout{mnuHelp, "mnuAbout", "&About Tallybrook"};
+    Menu mnuSyncPDA{mnuCommands, "mnuSyncPDA", cmdAddPDA};
+    Menu mnuRetMain{mnuCommands, "mnuRetMain", cmdRetMain};
+    HelpMenu mnuHelp{program(), *this, {.helpShortcut = "", .aboutCaption = "&About Tallybrook"}};
 
     Layout layout() override;
     void onLoad() override;

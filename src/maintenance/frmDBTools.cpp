@@ -14,10 +14,7 @@ frmDBTools::frmDBTools(Program& owner) : ProgramScreen(owner, "frmDBTools", "Dat
     cmdDBCheck.onClick = [this] { cmdDBCheck_Click(); };
     cmdDBStats.onClick = [this] { DB_Stats(program()); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
-    cmdExit.onClick = [this] { Exit_Confirm(program()); };
     mnuFileOpen.onClick = [this] { openReport(program(), cdlDBTools, "DBTools, mnuFileOpen."); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 }
 
 Layout frmDBTools::layout() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 
 namespace tallybrook {
 
@@ -14,19 +15,18 @@ public:
 
     Button cmdDBCheck{*this, "cmdDBCheck", "&Check Database"};
     Button cmdDBStats{*this, "cmdDBStats", "&Database Statistics"};
-    Button cmdRetMain{*this, "cmdRetMain", "Return to &Main Menu"};
-    Button cmdExit{*this, "cmdExit", "E&xit"};
+    MainButton cmdRetMain{
+        program(), *this, {.name = "cmdRetMain", .caption = "Return to &Main Menu", .tip = ""}};
+    ExitButton cmdExit{program(), *this, {.tip = ""}};
 
     Menu mnuFile{*this, "mnuFile", "&File"};
     Menu mnuFileOpen{mnuFile, "mnuFileOpen", "&Open"};
-    Menu mnuFileExit{mnuFile, "mnuFileExit", "E&xit", cmdExit};
+    Menu mnuFileExit{mnuFile, "mnuFileExit", cmdExit};
     Menu mnuDBTools{*this, "mnuDBTools", "&Tools"};
-    Menu mnuDBCheck{mnuDBTools, "mnuDBCheck", "&Check Database", cmdDBCheck};
+    Menu mnuDBCheck{mnuDBTools, "mnuDBCheck", cmdDBCheck};
     Menu mnuDBStats{mnuDBTools, "mnuDBStats", "Database &Statistics", cmdDBStats};
     Menu mnuRetMain{mnuDBTools, "mnuRetMain", "&Main Menu", cmdRetMain};
-    Menu mnuHelp{*this, "mnuHelp", "&Help"};
-    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help"};
-    Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
+    HelpMenu mnuHelp{program(), *this, {.helpShortcut = ""}};
 
     Layout layout() override;
     void onLoad() override;

@@ -76,18 +76,7 @@ frmEventStats::frmEventStats(Program& owner)
         if (ask(question("Reset the form?", "Reset Form")) == Answer::Yes)
             Clear_Form();
     };
-    cmdPrevious.onClick = [this] {
-        if (ask(question("Return to previous screen?", "Previous Screen")) == Answer::Yes)
-            screens().goBackFrom(*this);
-    };
     cmdRpt.onClick = [this] { cmdRpt_Click(); };
-    cmdMain.onClick = [this] {
-        if (Main_Confirm(program()) == Answer::Yes)
-            returnToMain(program());
-    };
-    cmdExit.onClick = [this] { Exit_Confirm(program()); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 }
 
 Layout frmEventStats::layout() {

@@ -2,6 +2,7 @@
 
 #include "controls/Lists.h"
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 #include "store/DataControl.h"
 
 #include <string>
@@ -44,22 +45,19 @@ public:
         "&Generate Report",
         {.tip = "Retrieve the statistics based on the event type and retrieval options you selected"}};
     Button cmdReset{*this, "cmdReset", "R&eset Form", {.tip = "Reset all the controls in the form"}};
-    Button cmdPrevious{*this, "cmdPrevious", "P&revious Screen", {.tip = "Return to the previous screen"}};
+    PreviousButton cmdPrevious{program(), *this, {.caption = "P&revious Screen"}};
     Button cmdRpt{*this, "cmdRpt", "Rep&orts Menu", {.tip = "Return to the main menu"}};
-    Button cmdMain{*this, "cmdMain", "&Main Menu", {.tip = "Return to the main menu"}};
-    Button cmdExit{*this, "cmdExit", "E&xit", {.tip = "Exit Tallybrook"}};
+    MainButton cmdMain{program(), *this};
+    ExitButton cmdExit{program(), *this};
 
-    Menu mnuFile{*this, "mnuFile", "&File"};
-    Menu mnuExit{mnuFile, "mnuExit", "E&xit", cmdExit};
+    FileMenu mnuFile{*this, cmdExit};
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
-    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", "&Generate Report", cmdGenReport};
-    Menu mnuReset{mnuCommands, "mnuReset", "R&eset Form", cmdReset};
+    Menu mnuRetrieve{mnuCommands, "mnuRetrieve", cmdGenReport};
+    Menu mnuReset{mnuCommands, "mnuReset", cmdReset};
     Menu mnuPrevious{mnuCommands, "mnuPrevious", "&Previous Screen", cmdPrevious};
-    Menu mnuRptMenu{mnuCommands, "mnuRptMenu", "Rep&orts Menu", cmdRpt};
-    Menu mnuMain{mnuCommands, "mnuMain", "&Main Menu", cmdMain};
-    Menu mnuHelp{*this, "mnuHelp", "&Help"};
-    Menu mnuTBKHelp{mnuHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
-    Menu mnuAbout{mnuHelp, "mnuAbout", "&About"};
+    Menu mnuRptMenu{mnuCommands, "mnuRptMenu", cmdRpt};
+    Menu mnuMain{mnuCommands, "mnuMain", cmdMain};
+    HelpMenu mnuHelp{program(), *this};
 
     Layout layout() override;
     void onLoad() override;

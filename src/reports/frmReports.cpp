@@ -13,8 +13,6 @@ frmReports::frmReports(Program& owner) : ProgramScreen(owner, "frmReports", "Rep
     mnuOpen.onClick = [this] { openReport(program(), cdlReport, "Reports, mnuOpen."); };
     mnuExit.onClick = [this] { Exit_Confirm(program()); };
     mnuRetMain.onClick = [this] { mnuRetMain_Click(); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuSearchHelpAbout.onClick = [this] { showAbout(program()); };
 }
 
 void frmReports::leadsTo(Menu& entry, const std::string& screen) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 
 #include <string>
 
@@ -22,9 +23,8 @@ public:
     Menu mnuRptGame{mnuSearchMain, "mnuRptGame", "&Game Reports"};
     Menu mnuStats{mnuSearchMain, "mnuStats", "&Statistical Reports"};
     Menu mnuRetMain{mnuSearchMain, "mnuRetMain", "Return to &Main Menu"};
-    Menu mnuSearchHelp{*this, "mnuSearchHelp", "&Help"};
-    Menu mnuTBKHelp{mnuSearchHelp, "mnuTBKHelp", "Tallybrook Help"};
-    Menu mnuSearchHelpAbout{mnuSearchHelp, "mnuSearchHelpAbout", "&About"};
+    HelpMenu mnuSearchHelp{
+        program(), *this, {.name = "mnuSearchHelp", .helpShortcut = "", .aboutName = "mnuSearchHelpAbout"}};
 
     Layout layout() override;
     void onLoad() override;

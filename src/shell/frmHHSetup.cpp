@@ -51,11 +51,6 @@ frmHHSetup::frmHHSetup(Program& owner)
     txtHHDir.onGotFocus = [this] { txtHHDir.selectAll(); };
 
     cmdSaveChg.onClick = [this] { cmdSaveChg_Click(); };
-    cmdMain.onClick = [this] {
-        if (Main_Confirm(program()) == Answer::Yes)
-            returnToMain(program());
-    };
-    cmdExit.onClick = [this] { Exit_Confirm(program()); };
 }
 
 Layout frmHHSetup::layout() {

@@ -3,6 +3,7 @@
 #include "controls/Lists.h"
 #include "runtime/MountedVolumes.h"
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 
 namespace tallybrook {
 
@@ -27,13 +28,13 @@ public:
     Label lblSelDir{fraHHDir, "lblSelDir", "Select Folder:", dirHHDir};
 
     Button cmdSaveChg{*this, "cmdSaveChg", "&Save"};
-    Button cmdMain{*this, "cmdMain", "&Main Menu"};
-    Button cmdExit{*this, "cmdExit", "E&xit"};
+    MainButton cmdMain{program(), *this, {.tip = ""}};
+    ExitButton cmdExit{program(), *this, {.tip = ""}};
 
     Menu mnuHHSetupFile{*this, "mnuHHSetupFile", "&File"};
     Menu mnuHHSetupSave{mnuHHSetupFile, "mnuHHSetupSave", "&Save"};
-    Menu mnuHHSetupMain{mnuHHSetupFile, "mnuHHSetupMain", "&Main Menu", cmdMain};
-    Menu mnuHHSetupExit{mnuHHSetupFile, "mnuHHSetupExit", "E&xit", cmdExit};
+    Menu mnuHHSetupMain{mnuHHSetupFile, "mnuHHSetupMain", cmdMain};
+    Menu mnuHHSetupExit{mnuHHSetupFile, "mnuHHSetupExit", cmdExit};
     Menu mnuHHSetupHelp{*this, "mnuHHSetupHelp", "&Help"};
     Menu mnuHHSetupAbout{mnuHHSetupHelp, "mnuHHSetupAbout", "&About Tallybrook"};
     Menu mnhHHSetupTBKHelp{mnuHHSetupHelp, "mnhHHSetupTBKHelp", "Tallybrook Help"};

@@ -13,8 +13,6 @@ frmMain::frmMain(Program& owner) : ProgramScreen(owner, "frmMain", "Main Menu") 
     leadsTo(mnuReports, "frmReports");
 
     mnuExit.onClick = [this] { Exit_Confirm(program()); };
-    mnuTBKHelp.onClick = [this] { program().display.help(HelpTopic::Contents); };
-    mnuAbout.onClick = [this] { showAbout(program()); };
 }
 
 void frmMain::leadsTo(Menu& entry, const std::string& screen, Int16 mode) {

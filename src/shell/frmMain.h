@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/ProgramScreen.h"
+#include "shell/StandardCommands.h"
 
 #include <string>
 
@@ -26,9 +27,7 @@ public:
     Menu mnuDBTools{mnuMainFile, "mnuDBTools", "Database &Tools"};
     Menu mnuReports{mnuMainFile, "mnuReports", "&Reports"};
 
-    Menu mnuMainHelp{*this, "mnuMainHelp", "&Help"};
-    Menu mnuTBKHelp{mnuMainHelp, "mnuTBKHelp", "Tallybrook Help", "F1"};
-    Menu mnuAbout{mnuMainHelp, "mnuAbout", "&About"};
+    HelpMenu mnuMainHelp{program(), *this, {.name = "mnuMainHelp"}};
 
     Layout layout() override;
     void onLoad() override;
