@@ -3,6 +3,7 @@
 #include "runtime/TextForms.h"
 #include "shell/ReportFile.h"
 #include "shell/TBK_Globals.h"
+#include "store/WalkRows.h"
 
 #include <fmt/format.h>
 
@@ -96,11 +97,11 @@ void GameReport::writeFrames() {
     if (step_.test([&] { return sources_.frame.recordset().RecordCount() == 0; }))
         return noteNoFrames();
     Int16 row = 1;
-    while (step_.test([&] { return !sources_.frame.recordset().Eof(); })) {
+    const auto frames = [this]() -> Recordset& { return sources_.frame.recordset(); };
+    walkRows(step_, frames, [&] {
         writeFrame(row);
         step_([&] { ++row; });
-        step_([&] { sources_.frame.recordset().MoveNext(); });
-    }
+    });
     writeLineScore();
 }
 

@@ -6,6 +6,7 @@
 #include "runtime/TextForms.h"
 #include "shell/ReportsFolder.h"
 #include "shell/TBK_Globals.h"
+#include "store/WalkRows.h"
 
 #include <array>
 #include <filesystem>
@@ -204,11 +205,9 @@ void frmEventList::Delete_Records(DataControl& control, const std::string& label
         ask({.text = "No " + label + " recorded for " + name, .title = "No " + label + " Recorded"});
         return;
     }
-    step([&] { control.recordset().MoveFirst(); });
-    while (step.test([&] { return !control.recordset().Eof(); })) {
-        step([&] { control.recordset().Delete(); });
-        step([&] { control.recordset().MoveNext(); });
-    }
+    const auto rows = [&]() -> Recordset& { return control.recordset(); };
+    step([&] { rows().MoveFirst(); });
+    walkRows(step, rows, [&] { step([&] { rows().Delete(); }); });
 }
 
 }  // namespace tallybrook

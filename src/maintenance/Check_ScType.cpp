@@ -1,6 +1,7 @@
 #include "maintenance/CheckRun.h"
 #include "runtime/TextForms.h"
 #include "store/Transaction.h"
+#include "store/WalkRows.h"
 
 #include <optional>
 #include <string>
@@ -23,15 +24,11 @@ public:
     }
 
 private:
-    /// Visits each row; one that cannot be left ends the walk.
     template <typename Visit>
     void walk(const RecordsetVariable& rows, Visit visit) {
         step_([&] { rows->MoveFirst(); });
-        bool goesOn = true;
-        while (goesOn && step_.test([&] { return !rows->Eof(); })) {
-            visit();
-            goesOn = step_([&] { rows->MoveNext(); });
-        }
+        walkRows(
+            step_, [&]() -> Recordset& { return *rows; }, visit);
     }
 
     void checkEvent() {

@@ -1,5 +1,6 @@
 #include "maintenance/CheckRun.h"
 #include "store/Transaction.h"
+#include "store/WalkRows.h"
 
 #include <optional>
 
@@ -29,11 +30,8 @@ public:
         step_([&] { rows_->Open(fmt::format("SELECT * from {}", child_.table)); });
         step_([&] { checked_ = rows_->RecordCount(); });
         step_([&] { rows_->MoveFirst(); });
-        bool goesOn = true;
-        while (goesOn && step_.test([&] { return !rows_->Eof(); })) {
-            deleteIfOrphan();
-            goesOn = step_([&] { rows_->MoveNext(); });  // a row that cannot be left ends the walk
-        }
+        walkRows(
+            step_, [this]() -> Recordset& { return *rows_; }, [this] { deleteIfOrphan(); });
         step_([&] {
             run_.print(
                 fmt::format("{} {} checked, {} {} deleted.", checked_, child_.what, deleted_, child_.what));

@@ -3,6 +3,7 @@
 #include "reports/modTBKReports.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
+#include "store/WalkRows.h"
 
 #include <array>
 #include <optional>
@@ -197,11 +198,7 @@ void frmEventStats::Get_Events() {
 void frmEventStats::addEventNames(const Handler& step) {
     const auto rows = [this]() -> Recordset& { return adoTBKEvent.recordset(); };
     step([&] { rows().MoveFirst(); });
-    bool goesOn = true;
-    while (goesOn && step.test([&] { return !rows().Eof(); })) {
-        step([&] { lstEvent.add(toText(rows()["fldEventName"])); });
-        goesOn = step([&] { rows().MoveNext(); });  // a row that cannot be left ends the walk
-    }
+    walkRows(step, rows, [&] { step([&] { lstEvent.add(toText(rows()["fldEventName"])); }); });
 }
 
 void frmEventStats::cmdGenReport_Click() {

@@ -1,7 +1,7 @@
 #include "store/Update_Series.h"
 
 #include "runtime/TextForms.h"
-#include "store/Recordset.h"
+#include "store/WalkRows.h"
 
 namespace tallybrook {
 
@@ -33,12 +33,8 @@ Series addUp(Store& store, const Handler& step, Int32 session) {
     step([&] { series.games = games.RecordCount(); });
     if (series.games > 0) {
         step([&] { games.MoveFirst(); });
-        // A row that cannot be added is passed over; one that cannot be left ends the walk.
-        while (games.State() == 1 && !games.Eof()) {
-            step([&] { series.total += toInt16(games["fldGameScore"]); });
-            if (!step([&] { games.MoveNext(); }))
-                break;
-        }
+        const auto rows = [&]() -> Recordset& { return games; };
+        walkRows(step, rows, [&] { step([&] { series.total += toInt16(games["fldGameScore"]); }); });
         step([&] {
             series.average = readFormatted(
                 formatNumber(series.total.value() / static_cast<double>(series.games.value()), 2));

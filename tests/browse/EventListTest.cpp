@@ -1,4 +1,5 @@
 #include "BrowsePlay.h"
+#include "browse/frmEventList.h"
 #include "store/Connection.h"
 #include "support/SameText.h"
 
@@ -439,6 +440,24 @@ TEST_F(EventList, GoesOnDeletingAfterAFailure) {
                   "Module: frmEventList, Delete_Records\r\n"),
               std::string::npos);
     EXPECT_EQ(play.rows("tblGameInfo", {"fldGameNum"}), std::vector<std::string>{"1"});
+    EXPECT_EQ(events().size(), 2U);
+}
+
+TEST_F(EventList, EndsTheDeletingAtARowThatCannotBeLeft) {
+    play.addGame(1, 1);
+    play.addGame(1, 2);
+    openToEdit();
+    play.row(3);
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER keep BEFORE DELETE ON tblGameInfo BEGIN SELECT RAISE(ABORT, 'kept'); END");
+    DataControl& games = dynamic_cast<frmEventList&>(play.screen()).adoTBKGame;
+    play.click("cmdDelRecord", {confirm(Answer::Yes, "Thursday League bowled on 11/12/2026"),
+                                {"No Frames Recorded"},
+                                {"Database Error", Answer::OK, "", [&] { games.recordset().Close(); }},
+                                BrowsePlay::failure("frmEventList, Delete_Records", error::kObjectClosed),
+                                {"Record Deleted"},
+                                toEdit(2)});
+    EXPECT_EQ(play.rows("tblGameInfo", {"fldGameNum"}), (std::vector<std::string>{"1", "2"}));
     EXPECT_EQ(events().size(), 2U);
 }
 

@@ -272,6 +272,28 @@ TEST_F(GameList, GoesOnAfterAnEleventhFrame) {
     EXPECT_TRUE(isSameText(report({noCell, noCell, noCell, ready(file()), found(1)}), joined(blocks)));
 }
 
+TEST_F(GameList, EndsTheFramesAtOneThatCannotBeLeft) {
+    std::vector<std::vector<std::string>> blocks{head()};
+    for (int number = 1; number <= 10; ++number) {
+        addFrame(number, "X");
+        blocks.push_back(frame(number, number < 10 ? "X\t\t" : "X\t\t\t\t"));
+    }
+    addFrame(11, "X", "X", "X");
+    addFrame(12, "X");
+    openList();
+    // The frames go while the box of the eleventh is up, which finds no cell.
+    Expected noCell = BrowsePlay::failure(kModule, error::kSubscriptOutOfRange);
+    DataControl& frames = dynamic_cast<frmGameList&>(play.screen()).adoTBKFrame;
+    noCell.meanwhile = [&] { frames.recordset().Close(); };
+    const Expected gone = BrowsePlay::failure(kModule, error::kObjectClosed);
+    std::vector<std::string> eleventh = frame(11, "X\t\tX\t\tX");
+    std::erase(eleventh, "Comment: ");
+    blocks.insert(blocks.end(), {eleventh, lineScore("X\tX\tX\tX\tX\tX\tX\tX\tX\tX\t"), end()});
+    // Its other balls, its comment and the way to the next frame.
+    EXPECT_TRUE(
+        isSameText(report({noCell, gone, gone, gone, gone, ready(file()), found(1)}), joined(blocks)));
+}
+
 TEST_F(GameList, WritesNullsAsNothing) {
     BrowsePlay other;
     other.addEvent("Nulls", {{"fldCenterName", Null{}},
