@@ -69,8 +69,6 @@ frmEventStats::frmEventStats(Program& owner)
     chkDate.onClick = [this] { chkDate_Click(); };
     chkEvent.onClick = [this] { chkEvent_Click(); };
     lstEvent.onClick = [this] { EventFilter = lstEvent.picked(); };
-    for (TextBox* const box : {&txtFrom, &txtTo})
-        box->onGotFocus = [box] { box->selectAll(); };
 
     cmdGenReport.onClick = [this] { cmdGenReport_Click(); };
     cmdReset.onClick = [this] {

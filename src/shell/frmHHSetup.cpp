@@ -48,7 +48,6 @@ frmHHSetup::frmHHSetup(Program& owner)
     };
     dirHHDir.onChange = [this] { txtHHDir.setText(dirHHDir.path()); };
     txtHHDir.onChange = [this] { cmdSaveChg.setEnabled(true); };
-    txtHHDir.onGotFocus = [this] { txtHHDir.selectAll(); };
 
     cmdSaveChg.onClick = [this] { cmdSaveChg_Click(); };
 }
