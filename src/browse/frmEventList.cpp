@@ -57,10 +57,10 @@ frmEventList::frmEventList(Program& owner)
     adoTBKFrame.setRecordSource("SELECT * FROM tblFrameInfo");
     for (int index = 0; index <= optRpType.lastIndex(); ++index)
         optRpType(index).onClick = [this, index] {
-            ReportType = kReportTypes[static_cast<std::size_t>(index)];
+            reportType_ = kReportTypes[static_cast<std::size_t>(index)];
         };
     for (int index = 0; index <= optSyncPDA.lastIndex(); ++index)
-        optSyncPDA(index).onClick = [this, index] { SyncHH = index == kSync; };
+        optSyncPDA(index).onClick = [this, index] { copiesToHandheld_ = index == kSync; };
 
     cmdGetRecord.onClick = [this] { cmdGetRecord_Click(); };
     cmdDelRecord.onClick = [this] { cmdDelRecord_Click(); };
@@ -150,14 +150,14 @@ void frmEventList::cmdGetRecord_Click() {
 
 void frmEventList::writeReport() {
     const std::string name = dgdEventList.text(kNameColumn);
-    cdlEventList.name = "Tallybrook - " + ReportType + " Report";
+    cdlEventList.name = "Tallybrook - " + reportType_ + " Report";
     const std::string file = program().display.fileDialog(cdlEventList).value_or(cdlEventList.name).string();
     program().display.pointer(Pointer::Busy);
-    Write_Report(program(), {.kind = ReportType,
+    Write_Report(program(), {.kind = reportType_,
                              .filter = name,
-                             .session = session().gSessionNum,
+                             .eventKey = session().gSessionNum,
                              .file = file,
-                             .copyToHandheld = SyncHH});
+                             .copyToHandheld = copiesToHandheld_});
     program().display.pointer(Pointer::Default);
     ask({.text = lines({"The report is complete.", "The report is in the following file: " + file}),
          .title = "Report Complete",

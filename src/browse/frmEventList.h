@@ -65,8 +65,8 @@ private:
 
     FileDialog cdlEventList{
         .purpose = FileDialog::Purpose::Save, .title = "Event Report", .filter = "Text Files(*.txt)|*.txt"};
-    std::string ReportType;
-    bool SyncHH = false;
+    std::string reportType_;
+    bool copiesToHandheld_ = false;
 };
 
 }  // namespace tallybrook

@@ -15,7 +15,7 @@ namespace tallybrook {
 
 namespace {
 
-constexpr int kSessionColumn = 0;
+constexpr int kEventColumn = 0;
 constexpr int kGameColumn = 1;
 
 std::vector<GridColumn> gameColumns() {
@@ -115,7 +115,7 @@ void frmGameList::tellCount() {
 }
 
 void frmGameList::cmdGetRecord_Click() {
-    session().gSessionNum = toInt32(leadingNumber(dgdEventList.text(kSessionColumn)));
+    session().gSessionNum = toInt32(leadingNumber(dgdEventList.text(kEventColumn)));
     session().gGameNum = toInt16(leadingNumber(dgdEventList.text(kGameColumn)));
     screens().hide(*this);
     Write_Report();

@@ -125,7 +125,7 @@ void frmSearchEvents::txtSearchVal_LostFocus(int row) {
     else
         form.setValue(row, sqlValue(row));
     form.countCriterion();
-    chkCriteria(row).setEnabled(true);  // which fails for the last row, as it always has
+    chkCriteria(row).setEnabled(true);  // fails for the last row, which has no box
 }
 
 void frmSearchEvents::takeEventType(int row) {

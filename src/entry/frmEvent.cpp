@@ -12,9 +12,9 @@
 namespace tallybrook {
 
 frmEvent::frmEvent(Program& owner) : ProgramScreen(owner, "frmEvent", "Event Information") {
-    optLeague.onClick = [this] { EventType = "LEAGUE"; };
-    optTourn.onClick = [this] { EventType = "TOURNAMENT"; };
-    optPractice.onClick = [this] { EventType = "PRACTICE"; };
+    optLeague.onClick = [this] { eventType_ = "LEAGUE"; };
+    optTourn.onClick = [this] { eventType_ = "TOURNAMENT"; };
+    optPractice.onClick = [this] { eventType_ = "PRACTICE"; };
 
     cmdNextEvent.onClick = [this] { cmdNextEvent_Click(); };
     cmdUpdGames.onClick = [this] { cmdUpdGames_Click(); };
@@ -40,9 +40,9 @@ Layout frmEvent::layout() {
 }
 
 void frmEvent::onLoad() {
-    if (EventRS.State() == 1)
-        EventRS.Close();
-    EventRS.Open("SELECT * FROM tblEventInfo");
+    if (eventRow_.State() == 1)
+        eventRow_.Close();
+    eventRow_.Open("SELECT * FROM tblEventInfo");
     if (session().gMode == kAdd)
         Add_Event();
     else if (session().gMode == kEdit)
@@ -56,13 +56,13 @@ void frmEvent::onClose() {
 }
 
 void frmEvent::onUnload() {
-    if (EventRS.State() == 1)
-        EventRS.Close();
+    if (eventRow_.State() == 1)
+        eventRow_.Close();
 }
 
 void frmEvent::Add_Event() {
     const Handler step = handler("Event Information, Add_Event.");
-    step([&] { EventRS.AddNew(); });
+    step([&] { eventRow_.AddNew(); });
     session().gSessionNum = 0;
     session().gGameNum = 0;
     session().gGmsRecorded = 0;
@@ -75,42 +75,42 @@ void frmEvent::Add_Event() {
     optLeague.setValue(true);
     mnuReset.setEnabled(true);
     cmdReset.setEnabled(true);
-    HHRecordID = "NONE";
+    handheldRecord_ = "NONE";
 }
 
 void frmEvent::Load_Event() {
     const Handler step = handler("Event Information, Load_Event.", Retry::OnNoCurrentRow);
     const auto fill = [&](TextBox& box, const char* field) {
-        step([&] { box.setText(toText(EventRS[field])); });
+        step([&] { box.setText(toText(eventRow_[field])); });
     };
 
-    if (step.test([&] { return EventRS.State() == 1; }))
-        step([&] { EventRS.Close(); });
+    if (step.test([&] { return eventRow_.State() == 1; }))
+        step([&] { eventRow_.Close(); });
     step([&] {
-        EventRS.Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(session().gSessionNum));
+        eventRow_.Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(session().gSessionNum));
     });
 
     fill(txtEvent, "fldEventName");
     fill(txtDateBowled, "fldDateBowled");
     fill(txtCenter, "fldCenterName");
     fill(txtLoc, "fldCenterLoc");
-    step([&] { session().gNumGames = toInt16(EventRS["fldNumGames"]); });
+    step([&] { session().gNumGames = toInt16(eventRow_["fldNumGames"]); });
     txtNumGames.setText(text(session().gNumGames));
     fill(txtComment, "fldComment");
 
-    step([&] { session().gGmsRecorded = toInt16(EventRS["fldGmsRecorded"]); });
-    step([&] { session().gSeriesTot = toInt16(EventRS["fldSeriesTot"]); });
-    step([&] { session().gSeriesAvg = toDouble(EventRS["fldSeriesAvg"]); });
-    step([&] { HHRecordID = toText(EventRS["fldHHRecordID"]); });
-    step([&] { session().gSessionNum = toInt32(EventRS["fldSessionNum"]); });
+    step([&] { session().gGmsRecorded = toInt16(eventRow_["fldGmsRecorded"]); });
+    step([&] { session().gSeriesTot = toInt16(eventRow_["fldSeriesTot"]); });
+    step([&] { session().gSeriesAvg = toDouble(eventRow_["fldSeriesAvg"]); });
+    step([&] { handheldRecord_ = toText(eventRow_["fldHHRecordID"]); });
+    step([&] { session().gSessionNum = toInt32(eventRow_["fldSessionNum"]); });
 
     const auto isType = [&](const char* type) {
-        return step.test([&] { return toText(EventRS["fldEventType"]) == type; });
+        return step.test([&] { return toText(eventRow_["fldEventType"]) == type; });
     };
     OptionButton& kind = isType("TOURNAMENT") ? optTourn : isType("LEAGUE") ? optLeague : optPractice;
     kind.setValue(true);
 
-    step([&] { session().gGmsRecorded = toInt16(EventRS["fldGmsRecorded"]); });
+    step([&] { session().gGmsRecorded = toInt16(eventRow_["fldGmsRecorded"]); });
     mnuReset.setEnabled(false);
     cmdReset.setEnabled(false);
     warnIfIncomplete();
@@ -166,26 +166,28 @@ bool frmEvent::dateIsGood(const Handler& step) {
 }
 
 void frmEvent::writeEvent(const Handler& step) {
-    const auto write = [&](const char* field, const Value& value) { step([&] { EventRS[field] = value; }); };
+    const auto write = [&](const char* field, const Value& value) {
+        step([&] { eventRow_[field] = value; });
+    };
     write("fldEventName", txtEvent.text());
     write("fldDateBowled", txtDateBowled.text());
     write("fldCenterName", txtCenter.text());
     write("fldCenterLoc", txtLoc.text());
     write("fldNumGames", txtNumGames.text());
     write("fldComment", txtComment.text());
-    write("fldHHRecordID", HHRecordID);
-    if (EventType.empty()) {
+    write("fldHHRecordID", handheldRecord_);
+    if (eventType_.empty()) {
         optLeague.setValue(true);
         optTourn.setValue(false);
         optPractice.setValue(false);
-        EventType = "LEAGUE";
+        eventType_ = "LEAGUE";
     }
-    write("fldEventType", EventType);
+    write("fldEventType", eventType_);
     write("fldSeriesTot", valueOf(session().gSeriesTot));
     write("fldSeriesAvg", session().gSeriesAvg);
     write("fldGmsRecorded", valueOf(session().gGmsRecorded));
-    step([&] { EventRS.Update(); });
-    step([&] { session().gSessionNum = toInt32(EventRS["fldSessionNum"]); });
+    step([&] { eventRow_.Update(); });
+    step([&] { session().gSessionNum = toInt32(eventRow_["fldSessionNum"]); });
 }
 
 void frmEvent::countGames(const Handler& step) {
@@ -195,15 +197,15 @@ void frmEvent::countGames(const Handler& step) {
     });
     step([&] { session().gGmsRecorded = games.RecordCount(); });
     step([&] { games.Close(); });
-    step([&] { EventRS["fldGmsRecorded"] = valueOf(session().gGmsRecorded); });
-    step([&] { EventRS.Update(); });
+    step([&] { eventRow_["fldGmsRecorded"] = valueOf(session().gGmsRecorded); });
+    step([&] { eventRow_.Update(); });
 }
 
 void frmEvent::Save_Prompt() {
     if (ask(question("Save the current event?", "Save Event")) == Answer::Yes)
         return Update_Event();
     ask({.text = "Event not saved.", .title = "Action Cancelled", .icon = Icon::Warning});
-    EventRS.CancelUpdate();
+    eventRow_.CancelUpdate();
 }
 
 void frmEvent::cmdNextEvent_Click() {

@@ -91,9 +91,9 @@ private:
     void txtCenter_LostFocus();
     void txtNumGames_LostFocus();
 
-    Recordset EventRS{store()};
-    std::string EventType;
-    std::string HHRecordID;
+    Recordset eventRow_{store()};
+    std::string eventType_;
+    std::string handheldRecord_;
 };
 
 }  // namespace tallybrook

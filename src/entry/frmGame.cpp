@@ -54,7 +54,7 @@ frmGame::frmGame(Program& owner)
     optAltLanes(kAlternates).onClick = [this] { session().gAltLanes = true; };
     optAltLanes(kStays).onClick = [this] { session().gAltLanes = false; };
     for (int index = 0; index <= optScType.lastIndex(); ++index)
-        optScType(index).onClick = [this, index] { ScoreType = scoringMethod(index).type; };
+        optScType(index).onClick = [this, index] { scoreType_ = scoringMethod(index).type; };
 
     cmdNextGame.onClick = [this] { cmdNextGame_Click(); };
     cmdPrevGame.onClick = [this] { cmdPrevGame_Click(); };
@@ -114,7 +114,7 @@ void frmGame::onLoad() {
         Load_Game();
     } else {
         session().gGameNum = 0;
-        GameScore = StartLane = LeftLane = RightLane = 0;
+        gameScore_ = startLane_ = leftLane_ = rightLane_ = 0;
         session().gMode = kAdd;
         Add_Game();
     }
@@ -160,14 +160,14 @@ void frmGame::beginNewGame(const Handler& step) {
     session().gFrmsRecorded = 0;
     step([&] { ++session().gGameNum; });
     showGameNumber();
-    GameScore = 0;
-    txtGameScore.setText(text(GameScore));
+    gameScore_ = 0;
+    txtGameScore.setText(text(gameScore_));
     txtStartLane.setText("");
     cmdPrevGame.setEnabled(false);
     mnuPrevGame.setEnabled(false);
-    HHRecordID = "NONE";
-    BowlHand = "N";
-    FrmsRecorded = 0;
+    handheldRecord_ = "NONE";
+    bowlingHand_ = "N";
+    framesRecorded_ = 0;
     optAltLanes(kAlternates).setValue(true);
     optScType(0).setValue(true);
 }
@@ -192,11 +192,11 @@ bool frmGame::Check_Lane() {
         txtStartLane.focus();
         return false;
     }
-    StartLane = toInt16(lane);
-    const bool isLeft = StartLane.value() % 2 != 0;
-    LeftLane = isLeft ? StartLane : StartLane - 1;
-    RightLane = isLeft ? StartLane + 1 : StartLane;
-    LanePair = text(LeftLane) + "-" + text(RightLane);
+    startLane_ = toInt16(lane);
+    const bool isLeft = startLane_.value() % 2 != 0;
+    leftLane_ = isLeft ? startLane_ : startLane_ - 1;
+    rightLane_ = isLeft ? startLane_ + 1 : startLane_;
+    lanePair_ = text(leftLane_) + "-" + text(rightLane_);
     return true;
 }
 
@@ -206,7 +206,7 @@ void frmGame::Update_Game() {
     step([&] { laneIsGood = Check_Lane(); });
     if (!laneIsGood)
         return;
-    step([&] { GameScore = toInt16(leadingNumber(txtGameScore.text())); });
+    step([&] { gameScore_ = toInt16(leadingNumber(txtGameScore.text())); });
     writeGame(step);
     step([&] { adoTBKGame.recordset().Update(); });
 }
@@ -217,23 +217,23 @@ void frmGame::writeGame(const Handler& step) {
     };
     write("fldSessionNum", valueOf(session().gSessionNum));
     write("fldGameNum", valueOf(session().gGameNum));
-    write("fldStartLane", valueOf(StartLane));
-    write("fldLeftLane", valueOf(LeftLane));
-    write("fldRightLane", valueOf(RightLane));
-    write("fldLanePair", LanePair);
-    write("fldGameScore", valueOf(GameScore));
+    write("fldStartLane", valueOf(startLane_));
+    write("fldLeftLane", valueOf(leftLane_));
+    write("fldRightLane", valueOf(rightLane_));
+    write("fldLanePair", lanePair_);
+    write("fldGameScore", valueOf(gameScore_));
     write("fldLaneCond", txtLaneCond.text());
     write("fldComment", txtComment.text());
-    write("fldFrmsRecorded", valueOf(FrmsRecorded));
-    write("fldHHRecordID", HHRecordID);
-    write("fldBowlHand", BowlHand);
+    write("fldFrmsRecorded", valueOf(framesRecorded_));
+    write("fldHHRecordID", handheldRecord_);
+    write("fldBowlHand", bowlingHand_);
 }
 
 void frmGame::Load_Game() {
     const Handler step = handler("Game Information, Load_Game.", Retry::OnNoCurrentRow);
     readGame(step);
-    if (ScoreType == "N") {
-        FrmsRecorded = 0;
+    if (scoreType_ == "N") {
+        framesRecorded_ = 0;
     } else {
         step([&] { Get_Lanes(); });
         optAltLanes(session().gAltLanes ? kAlternates : kStays).setValue(true);
@@ -244,14 +244,14 @@ void frmGame::readGame(const Handler& step) {
     const auto field = [this](const char* name) { return adoTBKGame.recordset()[name].value(); };
     step([&] { session().gGameNum = toInt16(field("fldGameNum")); });
     showGameNumber();
-    step([&] { StartLane = toInt16(field("fldStartLane")); });
-    step([&] { LeftLane = toInt16(field("fldLeftLane")); });
-    step([&] { RightLane = toInt16(field("fldRightLane")); });
-    txtStartLane.setText(text(StartLane));
-    step([&] { ScoreType = toText(field("fldScoreType")); });
-    step([&] { BowlHand = toText(field("fldBowlHand")); });
-    step([&] { HHRecordID = toText(field("fldHHRecordID")); });
-    optScType(scoringIndex(ScoreType)).setValue(true);
+    step([&] { startLane_ = toInt16(field("fldStartLane")); });
+    step([&] { leftLane_ = toInt16(field("fldLeftLane")); });
+    step([&] { rightLane_ = toInt16(field("fldRightLane")); });
+    txtStartLane.setText(text(startLane_));
+    step([&] { scoreType_ = toText(field("fldScoreType")); });
+    step([&] { bowlingHand_ = toText(field("fldBowlHand")); });
+    step([&] { handheldRecord_ = toText(field("fldHHRecordID")); });
+    optScType(scoringIndex(scoreType_)).setValue(true);
     step([&] { txtComment.setText(toText(field("fldComment"))); });
     step([&] { txtLaneCond.setText(toText(field("fldLaneCond"))); });
 }
@@ -263,7 +263,7 @@ void frmGame::Get_Lanes() {
         " AND fldGameNum = " + text(session().gGameNum) + " ORDER BY fldFrameNum");
     adoTBKFrame.Refresh();
     Recordset& frames = adoTBKFrame.recordset();
-    FrmsRecorded = frames.RecordCount();
+    framesRecorded_ = frames.RecordCount();
     frames.MoveFirst();
     const Int16 firstLane = toInt16(frames["fldLaneBowled"]);
     frames.MoveNext();
@@ -295,7 +295,7 @@ void frmGame::moveBeyondLastGame(const Handler& step) {
                      "Game Input", Icon::None)) != Answer::Yes)
         return;
     session().gMode = kAdd;
-    GameScore = 0;
+    gameScore_ = 0;
     Add_Game();
 }
 
@@ -329,7 +329,7 @@ void frmGame::cmdReset_Click() {
     if (session().gMode != kAdd)
         return Load_Game();
     adoTBKGame.recordset().CancelUpdate();
-    Add_Game();  // counts the new game once more, as it always has
+    Add_Game();  // counts the new game once more
 }
 
 void frmGame::cmdPrevious_Click() {

@@ -95,15 +95,15 @@ private:
     DataControl adoTBKGame{store()};
     DataControl adoTBKFrame{store()};
 
-    Int16 LeftLane;
-    Int16 RightLane;
-    Int16 StartLane;
-    Int16 GameScore;
-    Int16 FrmsRecorded;
-    std::string LanePair;
-    std::string ScoreType;
-    std::string HHRecordID;
-    std::string BowlHand;
+    Int16 leftLane_;
+    Int16 rightLane_;
+    Int16 startLane_;
+    Int16 gameScore_;
+    Int16 framesRecorded_;
+    std::string lanePair_;
+    std::string scoreType_;
+    std::string handheldRecord_;
+    std::string bowlingHand_;
 };
 
 }  // namespace tallybrook

@@ -32,11 +32,11 @@ private:
     }
 
     void checkEvent() {
-        step_([&] { session_ = toInt32(events_->Fields("fldSessionNum")); });
+        step_([&] { eventKey_ = toInt32(events_->Fields("fldSessionNum")); });
         step_([&] { eventName_ = toText(events_->Fields("fldEventName")); });
         step_([&] { dateBowled_ = toDate(events_->Fields("fldDateBowled"), run_.program.clock.year()); });
         step_([&] {
-            games_->Open("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + text(session_) +
+            games_->Open("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + text(eventKey_) +
                          " ORDER BY fldGameNum");
         });
         step_([&] { gameCount_ = games_->RecordCount(); });
@@ -61,7 +61,7 @@ private:
             frames_->Open(
                 fmt::format("SELECT * FROM tblFrameInfo WHERE fldSessionNum = {} AND fldGameNum = {} ORDER "
                             "BY fldFrameNum",
-                            text(session_), text(gameNumber_)));
+                            text(eventKey_), text(gameNumber_)));
         });
         step_([&] { frameCount_ = frames_->RecordCount(); });
         if (frameCount_ > 0) {
@@ -107,7 +107,7 @@ private:
     const RecordsetVariable& events_ = run_.gDBRsEvent;
     const RecordsetVariable& games_ = run_.gDBRsGame;
     const RecordsetVariable& frames_ = run_.gDBRsFrame;
-    Int32 session_;
+    Int32 eventKey_;
     std::string eventName_;
     DateTime dateBowled_ = kZeroDate;
     Int16 gameNumber_;

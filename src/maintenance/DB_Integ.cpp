@@ -42,7 +42,7 @@ public:
 private:
     /// A row that cannot be deleted counts as deleted: its box has told of it.
     void deleteIfOrphan() {
-        step_([&] { session_ = toInt32(rows_->Fields("fldSessionNum")); });
+        step_([&] { eventKey_ = toInt32(rows_->Fields("fldSessionNum")); });
         if (hasEvent())
             return;
         step_([&] { rows_->Delete(); });
@@ -53,7 +53,7 @@ private:
     bool hasEvent() {
         int events = 1;
         step_([&] {
-            run_.gDBRsEvent->Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(session_));
+            run_.gDBRsEvent->Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(eventKey_));
         });
         step_([&] { events = run_.gDBRsEvent->RecordCount(); });
         step_([&] { run_.gDBRsEvent->Close(); });
@@ -64,7 +64,7 @@ private:
     const Handler& step_;
     const ChildTable& child_;
     const RecordsetVariable& rows_;
-    Int32 session_;
+    Int32 eventKey_;
     int checked_ = 0;
     int deleted_ = 0;
 };

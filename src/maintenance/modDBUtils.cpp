@@ -60,11 +60,11 @@ void Upd_Avg(CheckRun& run) {
     step([&] { run.gDBRsEvent->Open("SELECT fldSessionNum FROM tblEventInfo"); });
     int count = 0;
     step([&] { count = run.gDBRsEvent->RecordCount(); });
-    std::vector<Int32> sessions;
+    std::vector<Int32> eventKeys;
     step([&] {
         if (count < 1)
             throw RunTimeError(error::kSubscriptOutOfRange);
-        sessions.resize(static_cast<std::size_t>(count));
+        eventKeys.resize(static_cast<std::size_t>(count));
     });
     if (count < 1) {
         run.program.display.messageBox({.text = "No events in the database to process.",
@@ -74,7 +74,7 @@ void Upd_Avg(CheckRun& run) {
     step([&] { run.gDBRsEvent->Close(); });
     // Nothing puts the events' keys into the array, so no event is updated. The screens keep the totals.
     SessionState& session = run.program.session;
-    for (const Int32 key : sessions)
+    for (const Int32 key : eventKeys)
         Update_Series(run.program.store(), run.program.reporter, key,
                       {session.gSeriesTot, session.gSeriesAvg, session.gGmsRecorded});
 }

@@ -14,7 +14,7 @@ namespace {
 class EventBody {
 public:
     EventBody(ReportRun& run, const ReportRequest& request)
-        : run_(run), session_(request.session), isFull_(request.kind == "Full") {}
+        : run_(run), eventKey_(request.eventKey), isFull_(request.kind == "Full") {}
 
     void write() {
         forEachRow(run_.gRsEvent, run_.gReportSQL, [this] {
@@ -33,7 +33,7 @@ private:
 
     void writeGames() {
         bool isFirst = true;
-        forEachRow(run_.gRsGame, gamesOf(session_), [&] {
+        forEachRow(run_.gRsGame, gamesOf(eventKey_), [&] {
             if (isFirst)
                 run_.print("\r\nGame Summary:");
             isFirst = false;
@@ -57,7 +57,7 @@ private:
 
     void writeFrames(Int16 game) {
         Recordset& frames = *run_.gRsFrame;
-        frames.Open(framesOf(session_, game));
+        frames.Open(framesOf(eventKey_, game));
         if (frames.RecordCount() > 0) {
             writeLineScore(frames);
             if (isFull_)
@@ -97,7 +97,7 @@ private:
     }
 
     ReportRun& run_;
-    Int32 session_;
+    Int32 eventKey_;
     bool isFull_;
 };
 

@@ -38,14 +38,14 @@ std::string gamesOf(const std::string& key) {
     return "SELECT * FROM tblGameInfo WHERE fldSessionNum = " + key + " ORDER BY fldGameNum";
 }
 
-std::string gamesOf(Int32 session) {
-    return gamesOf(text(session));
+std::string gamesOf(Int32 eventKey) {
+    return gamesOf(text(eventKey));
 }
 
-std::string framesOf(Int32 session, Int16 game) {
+std::string framesOf(Int32 eventKey, Int16 game) {
     return fmt::format(
         "SELECT * FROM tblFrameInfo WHERE fldSessionNum = {} AND fldGameNum = {} ORDER BY fldFrameNum",
-        session.value(), game.value());
+        eventKey.value(), game.value());
 }
 
 TenthFrameValues tenthFrameIn(Recordset& row) {

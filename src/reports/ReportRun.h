@@ -54,10 +54,10 @@ private:
 
 /// Selects the games of the event with this key, in the order of their numbers.
 std::string gamesOf(const std::string& key);
-std::string gamesOf(Int32 session);
+std::string gamesOf(Int32 eventKey);
 
 /// Selects the frames of a game, in the order of their numbers.
-std::string framesOf(Int32 session, Int16 game);
+std::string framesOf(Int32 eventKey, Int16 game);
 
 /// What the current row tells of a tenth frame.
 TenthFrameValues tenthFrameIn(Recordset& row);

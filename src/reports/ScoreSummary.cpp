@@ -84,10 +84,10 @@ void Build_Sum_Matrix(ReportRun& run, ScoreSummary& summary) {
             Recordset& event = *run.gRsEvent;
             const Int16 total = toInt16(event["fldSeriesTot"]);
             const Int16 games = toInt16(event["fldNumGames"]);
-            const Int32 session = toInt32(event["fldSessionNum"]);
+            const Int32 eventKey = toInt32(event["fldSessionNum"]);
             const DateTime date = toDate(event["fldDateBowled"], run.program.clock.year());
             summary.countSeries(games, total, date);
-            forEachRow(run.gRsGame, gamesOf(session),
+            forEachRow(run.gRsGame, gamesOf(eventKey),
                        [&] { summary.countGame(toInt16(run.gRsGame->Fields("fldGameScore")), date); });
         });
     });

@@ -64,11 +64,11 @@ frmEventStats::frmEventStats(Program& owner)
         optEvType(index).onClick = [this, index] { optEvType_Click(index); };
     for (int index = 0; index <= 1; ++index) {
         optFilter(index).onClick = [this, index] { optFilter_Click(index); };
-        optSync(index).onClick = [this, index] { SyncFlag = index == 0; };
+        optSync(index).onClick = [this, index] { copiesToHandheld_ = index == 0; };
     }
     chkDate.onClick = [this] { chkDate_Click(); };
     chkEvent.onClick = [this] { chkEvent_Click(); };
-    lstEvent.onClick = [this] { EventFilter = lstEvent.picked(); };
+    lstEvent.onClick = [this] { eventFilter_ = lstEvent.picked(); };
 
     cmdGenReport.onClick = [this] { cmdGenReport_Click(); };
     cmdReset.onClick = [this] {
@@ -131,13 +131,13 @@ void frmEventStats::Clear_Form() {
     chkDate.setValue(false);
     chkEvent.setValue(false);
 
-    EventFilter.clear();
-    DateFrom = kZeroDate;
-    DateTo = kZeroDate;
+    eventFilter_.clear();
+    dateFrom_ = kZeroDate;
+    dateTo_ = kZeroDate;
 }
 
 void frmEventStats::optEvType_Click(int index) {
-    EventType = kEventTypes.at(static_cast<std::size_t>(index)).type;
+    eventType_ = kEventTypes.at(static_cast<std::size_t>(index)).type;
     if (optFilter(0).value() && chkEvent.value())
         Get_Events();
 }
@@ -163,8 +163,8 @@ void frmEventStats::chkDate_Click() {
     if (limits) {
         txtFrom.focus();
     } else {
-        DateFrom = kZeroDate;
-        DateTo = kZeroDate;
+        dateFrom_ = kZeroDate;
+        dateTo_ = kZeroDate;
     }
 }
 
@@ -173,16 +173,16 @@ void frmEventStats::chkEvent_Click() {
         Get_Events();
     } else {
         lstEvent.clear();
-        EventFilter.clear();
+        eventFilter_.clear();
     }
 }
 
 void frmEventStats::Get_Events() {
     const Handler step = handler("Event Statistics, Get_Events.");
     lstEvent.clear();
-    EventFilter.clear();
+    eventFilter_.clear();
     const std::string condition =
-        EventType == "All Events" ? "" : "WHERE fldEventType = '" + EventType + "' ";
+        eventType_ == "All Events" ? "" : "WHERE fldEventType = '" + eventType_ + "' ";
     adoTBKEvent.setRecordSource("SELECT DISTINCT fldEventName FROM tblEventInfo " + condition +
                                 "ORDER BY fldEventName");
     step([&] { adoTBKEvent.Refresh(); });
@@ -216,12 +216,12 @@ void frmEventStats::writeReport() {
     const std::string& file = cdlEventStats.name;
     program().display.pointer(Pointer::Busy);
     Write_Report(program(), {.kind = "Statistics",
-                             .evType = EventType,
-                             .filter = EventFilter,
-                             .dateFrom = DateFrom,
-                             .dateTo = DateTo,
+                             .evType = eventType_,
+                             .filter = eventFilter_,
+                             .dateFrom = dateFrom_,
+                             .dateTo = dateTo_,
                              .file = file,
-                             .copyToHandheld = SyncFlag});
+                             .copyToHandheld = copiesToHandheld_});
     program().display.pointer(Pointer::Default);
     ask({.text = lines({"The report is complete.", "The report is in the following file: " + file}),
          .title = "Report Complete",
@@ -243,8 +243,8 @@ bool frmEventStats::Validate_Dates() {
         return refuseDate(
             wrongDate("Invalid Start Date", "Starting date must be less than or equal to ending date."),
             txtFrom);
-    DateFrom = *from;
-    DateTo = *to;
+    dateFrom_ = *from;
+    dateTo_ = *to;
     return true;
 }
 

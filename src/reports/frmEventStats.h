@@ -82,11 +82,11 @@ private:
     DataControl adoTBKEvent{store()};
     FileDialog cdlEventStats{.purpose = FileDialog::Purpose::Save, .name = "Tallybrook - Statistics Report"};
 
-    std::string EventType;
-    std::string EventFilter;
-    DateTime DateFrom = kZeroDate;
-    DateTime DateTo = kZeroDate;
-    bool SyncFlag = false;
+    std::string eventType_;
+    std::string eventFilter_;
+    DateTime dateFrom_ = kZeroDate;
+    DateTime dateTo_ = kZeroDate;
+    bool copiesToHandheld_ = false;
 };
 
 }  // namespace tallybrook

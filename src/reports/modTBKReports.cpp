@@ -44,7 +44,7 @@ std::string namePart(const ReportRequest& request) {
 
 std::string selectionOf(const ReportRequest& request) {
     if (isEventReport(request))
-        return "SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(request.session);
+        return "SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(request.eventKey);
     std::string sql = "SELECT * FROM tblEventInfo";
     if (!isAllEvents(request))
         sql += fmt::format(" WHERE fldEventType = '{}'", request.evType);

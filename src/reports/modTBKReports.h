@@ -18,7 +18,7 @@ struct ReportRequest {
     /// Statistical report: the event name that it is limited to, or empty. Event report: the event's name.
     std::string filter = {};
     /// Event report: the key of the event.
-    Int32 session = {};
+    Int32 eventKey = {};
     /// Statistical report: the first and the last date, or the zero date for no limit.
     DateTime dateFrom = kZeroDate;
     DateTime dateTo = kZeroDate;

@@ -15,7 +15,7 @@ inline constexpr Int16 kReport = 3;
 
 /// A calculated score that the user accepted.
 struct ScoreFix {
-    Int32 session;
+    Int32 eventKey;
     Int16 game;
     Int16 score;
 };

@@ -500,7 +500,7 @@ TEST_F(FrameScreen, HandsAnAcceptedScoreToTheGameScreen) {
     EXPECT_EQ(play.screen().name(), "frmGame");
     EXPECT_EQ(play.text("txtGameScore"), "300");
     ASSERT_EQ(play.session().gScoreFixCount, Int16(1));
-    EXPECT_EQ(play.session().gScoreFixes[0].session, Int32(1));
+    EXPECT_EQ(play.session().gScoreFixes[0].eventKey, Int32(1));
     EXPECT_EQ(play.session().gScoreFixes[0].score, Int16(300));
     EXPECT_EQ(play.session().gScoreFixes[0].game, Int16(1));
     EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore"}), std::vector<std::string>{"0"});

@@ -147,7 +147,7 @@ private:
         fs::remove(report_);
         perform([&] {
             Write_Report(program(),
-                         {.kind = kind, .evType = "All Events", .session = 1, .file = report_.string()});
+                         {.kind = kind, .evType = "All Events", .eventKey = 1, .file = report_.string()});
         });
         require(fs::exists(report_), "a report was not written");
     }

@@ -80,12 +80,12 @@ TEST_F(ReportFailure, OfAFileThatCannotBeOpenedEndsTheReport) {
         [&] {
             Write_Report(
                 play.program(),
-                {.kind = "Full", .session = 1, .file = (play.dataFolder() / "no" / "r.txt").string()});
+                {.kind = "Full", .eventKey = 1, .file = (play.dataFolder() / "no" / "r.txt").string()});
         },
         {failure("Write_Report", error::kPathNotFound)});
     play.run(
         [&] {
-            Write_Report(play.program(), {.kind = "Full", .session = 1, .file = play.dataFolder().string()});
+            Write_Report(play.program(), {.kind = "Full", .eventKey = 1, .file = play.dataFolder().string()});
         },
         {failure("Write_Report", error::kPathFileAccess)});
     EXPECT_TRUE(fs::is_directory(play.dataFolder()));
@@ -100,7 +100,7 @@ TEST_F(ReportFailure, OfAReportOverTheLogbookEndsItAndLeavesTheLogbook) {
             [&] {
                 Write_Report(play.program(), {.kind = kind,
                                               .evType = "All Events",
-                                              .session = 1,
+                                              .eventKey = 1,
                                               .file = logbook.string(),
                                               .copyToHandheld = true});
             },
@@ -205,7 +205,7 @@ TEST_F(ReportFailure, OfTheMatrixItselfComesWithTwoBoxes) {
 class CopyToHandheld : public ReportFailure {
 protected:
     void reportWithCopy(const std::vector<Expected>& boxes = {}) {
-        play.report({.kind = "Summary", .filter = "Thursday League", .session = 1, .copyToHandheld = true},
+        play.report({.kind = "Summary", .filter = "Thursday League", .eventKey = 1, .copyToHandheld = true},
                     boxes);
     }
     fs::path syncFolder() {
@@ -295,7 +295,7 @@ TEST_F(CopyToHandheld, NeverTakesThePlaceOfTheLogbook) {
         [&] {
             Write_Report(
                 play.program(),
-                {.kind = "Summary", .session = 1, .file = namesake.string(), .copyToHandheld = true});
+                {.kind = "Summary", .eventKey = 1, .file = namesake.string(), .copyToHandheld = true});
         },
         {failure("Write_Report", error::kPermissionDenied)});
     EXPECT_TRUE(isSameText(bytesOf(logbook), before));

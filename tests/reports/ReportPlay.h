@@ -64,9 +64,9 @@ public:
         run([&] { Write_Report(program(), request); }, boxes);
         return bytesOf(file());
     }
-    std::string eventReport(const std::string& kind, int session = 1,
+    std::string eventReport(const std::string& kind, int eventKey = 1,
                             const std::vector<Expected>& boxes = {}) {
-        return report({.kind = kind, .filter = "Thursday League", .session = session}, boxes);
+        return report({.kind = kind, .filter = "Thursday League", .eventKey = eventKey}, boxes);
     }
     std::string statistics(const std::vector<Expected>& boxes = {}) {
         return report({.kind = "Statistics", .evType = "All Events"}, boxes);

@@ -53,7 +53,7 @@ protected:
 
 TEST_F(Season, HasItsReports) {
     const auto event = [&](const char* kind) {
-        return play.report({.kind = kind, .filter = "Season", .session = 5});
+        return play.report({.kind = kind, .filter = "Season", .eventKey = 5});
     };
     EXPECT_TRUE(isSameText(event("Full"), expected("full")));
     EXPECT_TRUE(isSameText(event("Summary"), expected("summary")));
