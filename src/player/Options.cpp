@@ -2,8 +2,7 @@
 
 #include "player/Moment.h"
 
-#include <algorithm>
-#include <array>
+#include <functional>
 
 namespace tallybrook {
 
@@ -40,31 +39,17 @@ void setScript(Options& options, const std::string& value) {
     options.script = value;
 }
 
-struct Option {
-    std::string_view name;
-    void (*set)(Options& options, const std::string& value);
-};
-
-constexpr std::array<Option, 4> kOptions{
-    {{"--display", setDisplay}, {"--data", setData}, {"--clock", setClock}, {"--shots", setShots}}};
-
 }  // namespace
 
 Options readOptions(std::span<const std::string> arguments) {
     Options options;
-    for (; !arguments.empty(); arguments = arguments.subspan(1)) {
-        const auto* const option = std::ranges::find(kOptions, arguments.front(), &Option::name);
-        if (option == kOptions.end()) {
-            if (arguments.front().starts_with('-'))
-                throw WrongUsage("there is no option " + arguments.front());
-            setScript(options, arguments.front());
-            continue;
-        }
-        arguments = arguments.subspan(1);
-        if (arguments.empty())
-            throw WrongUsage(std::string(option->name) + " needs a value");
-        option->set(options, arguments.front());
-    }
+    const auto to = std::ref(options);
+    CommandLine line({{"--display", std::bind_front(setDisplay, to)},
+                      {"--data", std::bind_front(setData, to)},
+                      {"--clock", std::bind_front(setClock, to)},
+                      {"--shots", std::bind_front(setShots, to)}});
+    line.onWord = std::bind_front(setScript, to);
+    line.read(arguments);
     return options;
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "runtime/CommandLine.h"
 #include "runtime/DateTime.h"
 
 #include <filesystem>
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -26,12 +26,6 @@ struct Options {
 inline constexpr std::string_view kUsage =
     "usage: tallybrook-play [--display model|desktop] [--data DIR] [--clock \"YYYY-MM-DD HH:MM:SS\"] "
     "[--shots DIR] [SCRIPT]";
-
-/// A command line that the player does not take; what() says why.
-class WrongUsage : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// Reads the arguments of the command line, without the program's name. Throws WrongUsage.
 Options readOptions(std::span<const std::string> arguments);

@@ -2,9 +2,8 @@
 
 #include "sample/Career.h"
 
-#include <algorithm>
-#include <array>
 #include <charconv>
+#include <functional>
 
 namespace tallybrook::sample {
 
@@ -97,36 +96,6 @@ void setData(Options& options, const std::string& value) {
     options.data = value;
 }
 
-struct Option {
-    std::string_view name;
-    void (*set)(Options& options, const std::string& value);
-};
-
-constexpr std::array<Option, 3> kOptions{{{"--events", setEvents}, {"--seed", setSeed}, {"--data", setData}}};
-
-struct Flag {
-    std::string_view name;
-    bool Options::*flag;
-};
-
-constexpr std::array<Flag, 2> kFlags{{{"--cdb", &Options::cdb}, {"--help", &Options::help}}};
-
-/// Sets the option of that name; false if it is none that stands alone.
-bool setFlag(Options& options, const std::string& name) {
-    const auto* const flag = std::ranges::find(kFlags, name, &Flag::name);
-    if (flag == kFlags.end())
-        return false;
-    options.*flag->flag = true;
-    return true;
-}
-
-const Option& optionCalled(const std::string& name) {
-    const auto* const option = std::ranges::find(kOptions, name, &Option::name);
-    if (option == kOptions.end())
-        throw WrongUsage("there is no option " + name);
-    return *option;
-}
-
 void requireAll(const Options& options) {
     if (options.events == 0)
         throw WrongUsage("--events is missing");
@@ -138,15 +107,13 @@ void requireAll(const Options& options) {
 
 Options readOptions(std::span<const std::string> arguments) {
     Options options;
-    for (; !arguments.empty(); arguments = arguments.subspan(1)) {
-        if (setFlag(options, arguments.front()))
-            continue;
-        const Option& option = optionCalled(arguments.front());
-        arguments = arguments.subspan(1);
-        if (arguments.empty())
-            throw WrongUsage(std::string(option.name) + " needs a value");
-        option.set(options, arguments.front());
-    }
+    const auto to = std::ref(options);
+    const CommandLine line(
+        {{"--events", std::bind_front(setEvents, to)},
+         {"--seed", std::bind_front(setSeed, to)},
+         {"--data", std::bind_front(setData, to)}},
+        {{"--cdb", [&] { options.cdb = true; }}, {"--help", [&] { options.help = true; }}});
+    line.read(arguments);
     if (!options.help)
         requireAll(options);
     return options;

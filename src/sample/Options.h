@@ -1,9 +1,10 @@
 #pragma once
 
+#include "runtime/CommandLine.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -20,12 +21,6 @@ struct Options {
 
 extern const std::string_view kHelp;
 extern const std::string_view kUsage;
-
-/// A command line that the program does not take; what() says why.
-class WrongUsage : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 /// Reads the arguments of the command line, without the program's name. Throws WrongUsage.
 Options readOptions(std::span<const std::string> arguments);

@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
         else
             makeSample(options);
         return 0;
-    } catch (const WrongUsage& wrong) {
+    } catch (const tallybrook::WrongUsage& wrong) {
         std::cerr << wrong.what() << '\n' << kUsage << '\n';
         return kWrongUsage;
     } catch (const std::exception& failure) {

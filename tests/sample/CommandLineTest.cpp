@@ -23,7 +23,7 @@ Options read(const std::vector<std::string>& arguments) {
 std::string refusal(const std::vector<std::string>& arguments) {
     try {
         read(arguments);
-    } catch (const sample::WrongUsage& wrong) {
+    } catch (const WrongUsage& wrong) {
         return wrong.what();
     }
     return "";
