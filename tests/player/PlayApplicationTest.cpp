@@ -2,7 +2,7 @@
 #include "player/CurrentFolder.h"
 #include "player/PlayApplication.h"
 #include "player/PlayStopped.h"
-#include "player/TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <filesystem>
 #include <sstream>

@@ -2,7 +2,7 @@
 #include "Stages.h"
 #include "player/CurrentFolder.h"
 #include "player/PlayApplication.h"
-#include "player/TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <cstdlib>

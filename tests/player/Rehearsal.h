@@ -3,8 +3,8 @@
 #include "TestScreens.h"
 #include "player/CurrentFolder.h"
 #include "player/Player.h"
-#include "player/TemporaryFolder.h"
 #include "support/StoredEvents.h"
+#include "support/TemporaryFolder.h"
 
 #include <filesystem>
 #include <functional>

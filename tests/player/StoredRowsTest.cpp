@@ -1,6 +1,6 @@
 #include "player/StoredRows.h"
-#include "player/TemporaryFolder.h"
 #include "store/Recordset.h"
+#include "support/TemporaryFolder.h"
 
 #include <sstream>
 
