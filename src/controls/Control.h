@@ -315,7 +315,6 @@ public:
     }
     [[nodiscard]] Element& operator()(Int16 index) const { return (*this)(int{index.value()}); }
 
-    [[nodiscard]] int firstIndex() const { return first_; }
     [[nodiscard]] int lastIndex() const { return first_ + static_cast<int>(elements_.size()) - 1; }
     [[nodiscard]] auto begin() const { return elements_.begin(); }
     [[nodiscard]] auto end() const { return elements_.end(); }

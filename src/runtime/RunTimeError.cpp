@@ -11,16 +11,14 @@ namespace {
 using namespace error;
 
 /// The usual words of each number.
-constexpr std::array<std::pair<int, const char*>, 26> kWords{{
+constexpr std::array<std::pair<int, const char*>, 24> kWords{{
     {kInvalidProcedureCall, "Invalid procedure call or argument"},
     {kOverflow, "Overflow"},
     {kOutOfMemory, "Out of memory"},
     {kSubscriptOutOfRange, "Subscript out of range"},
-    {kDivisionByZero, "Division by zero"},
     {kTypeMismatch, "Type mismatch"},
     {kBadFileNameOrNumber, "Bad file name or number"},
     {kFileNotFound, "File not found"},
-    {kFileAlreadyOpen, "File already open"},
     {kDiskFull, "Disk full"},
     {kInputPastEndOfFile, "Input past end of file"},
     {kPermissionDenied, "Permission denied"},
@@ -31,8 +29,7 @@ constexpr std::array<std::pair<int, const char*>, 26> kWords{{
     {kDialogCancelled, "Cancel was selected."},
     {kNoCurrentRow,
      "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a "
-     "current "
-     "record."},
+     "current record."},
     {kUnknownField, "Item cannot be found in the collection corresponding to the requested name or ordinal."},
     {kObjectClosed, "Operation is not allowed when the object is closed."},
     {kObjectOpen, "Operation is not allowed when the object is open."},
