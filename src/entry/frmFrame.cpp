@@ -33,10 +33,10 @@ void frmFrame::connect() {
 
     txtFrameNum.onChange = [this] { sheet.markFrame(txtFrameNum.text()); };
     txtLaneNum.onLostFocus = [this] { txtLaneNum_LostFocus(); };
-    txtBallUsed.onLostFocus = [this] { mBallUsed = txtBallUsed.text(); };
-    txtFootPos.onLostFocus = [this] { mFootPos = txtFootPos.text(); };
+    txtBallUsed.onLostFocus = [this] { ballUsed_ = txtBallUsed.text(); };
+    txtFootPos.onLostFocus = [this] { footPosition_ = txtFootPos.text(); };
     txtLaneTgt.onLostFocus = [this] {
-        mLaneTgt = txtLaneTgt.text();
+        laneTarget_ = txtLaneTgt.text();
         if (session().gScoreType == "L")
             cell().focus();
     };
@@ -75,14 +75,14 @@ void frmFrame::onUnload() {
 
 void frmFrame::onLoad() {
     const Handler step = loadingHandler(program(), *this);
-    mFootPos.clear();
-    mLaneTgt.clear();
-    mBallUsed.clear();
+    footPosition_.clear();
+    laneTarget_.clear();
+    ballUsed_.clear();
     sheet.clear();
     loadHeader(step);
     loadFrames(step);
     screens().show(*this);
-    txtFrameNum.setText(text(mFrameNum));
+    txtFrameNum.setText(text(frameNumber_));
     txtLaneNum.focus();
 }
 
@@ -102,11 +102,11 @@ void frmFrame::loadHeader(const Handler& step) {
     step([&] { adoTBKGame.Refresh(); });
     txtGameNum.setText(text(session().gGameNum));
     step([&] { txtLanePair.setText(toText(game("fldLanePair"))); });
-    step([&] { mLanes.left = toInt16(game("fldLeftLane")); });
-    step([&] { mLanes.right = toInt16(game("fldRightLane")); });
+    step([&] { lanes_.left = toInt16(game("fldLeftLane")); });
+    step([&] { lanes_.right = toInt16(game("fldRightLane")); });
     step([&] { session().gStartLane = toInt16(game("fldStartLane")); });
     step([&] { session().gScoreType = toText(game("fldScoreType")); });
-    step([&] { mGameScore = toInt16(game("fldGameScore")); });
+    step([&] { gameScore_ = toInt16(game("fldGameScore")); });
 }
 
 void frmFrame::loadFrames(const Handler& step) {
@@ -117,12 +117,12 @@ void frmFrame::loadFrames(const Handler& step) {
     step([&] { session().gFrmsRecorded = adoTBKFrame.recordset().RecordCount(); });
     if (session().gFrmsRecorded < 1) {
         session().gMode = kAdd;
-        mFrameNum = 0;
+        frameNumber_ = 0;
         session().gFrmsRecorded = 0;
         Add_Frame();
     } else {
         step([&] { adoTBKFrame.recordset().MoveFirst(); });
-        step([&] { mFrameNum = toInt16(adoTBKFrame.recordset()["fldFrameNum"]); });
+        step([&] { frameNumber_ = toInt16(adoTBKFrame.recordset()["fldFrameNum"]); });
         session().gMode = kEdit;
         Load_Frame();
     }
@@ -161,10 +161,10 @@ void frmFrame::readFrame(const Handler& step) {
     for (TextBox* box : {&txtFrameNum, &txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &txtComment})
         box->setText("");
 
-    step([&] { mFrameNum = toInt16(field("fldFrameNum")); });
+    step([&] { frameNumber_ = toInt16(field("fldFrameNum")); });
     beginEntry();
     fill(txtFrameNum, "fldFrameNum");
-    step([&] { mCurLane = toInt16(field("fldLaneBowled")); });
+    step([&] { currentLane_ = toInt16(field("fldLaneBowled")); });
     fill(txtLaneNum, "fldLaneBowled");
     fill(txtBallUsed, "fldBallUsed");
     fill(txtFootPos, "fldFootPos");
@@ -186,9 +186,10 @@ void frmFrame::showBalls(const Handler& step) {
     }
 }
 
-/// Goes over to the frame mFrameNum, with what its cell holds.
+/// Goes over to the frame frameNumber_, with what its cell holds.
 void frmFrame::beginEntry() {
-    balls.entry.begin(mFrameNum.value(), ScoreSheet::has(mFrameNum) ? sheet.cell(mFrameNum) : std::string{});
+    balls.entry.begin(frameNumber_.value(),
+                      ScoreSheet::has(frameNumber_) ? sheet.cell(frameNumber_) : std::string{});
 }
 
 /// As if no ball had been entered; the cell stays as it is.
@@ -202,18 +203,18 @@ void frmFrame::Add_Frame() {
     if (session().gFrmsRecorded >= kFrames)
         return leaveFullGame();
     const Handler step = frameHandler(program(), *this, "Add_Frame", "Add_Frame");
-    step([&] { ++mFrameNum; });
+    step([&] { ++frameNumber_; });
     step([&] { cell().setText(""); });
     beginEntry();
     clearEntry();
-    txtBallUsed.setText(mBallUsed);
-    txtFootPos.setText(mFootPos);
-    txtLaneTgt.setText(mLaneTgt);
+    txtBallUsed.setText(ballUsed_);
+    txtFootPos.setText(footPosition_);
+    txtLaneTgt.setText(laneTarget_);
     txtComment.setText("");
-    txtLaneNum.setText(text(mFrameNum == 1 ? session().gStartLane : mNextLane));
-    mCurLane = mNextLane;
+    txtLaneNum.setText(text(frameNumber_ == 1 ? session().gStartLane : nextLane_));
+    currentLane_ = nextLane_;
     step([&] { adoTBKFrame.recordset().AddNew(); });
-    txtFrameNum.setText(text(mFrameNum));
+    txtFrameNum.setText(text(frameNumber_));
     prepareEntry(step);
     setPreviousFrameEnabled(false);
 }
@@ -224,8 +225,8 @@ void frmFrame::prepareEntry(const Handler& step) {
         return;
     }
     step([&] { cell().setEnabled(true); });
-    if (mFrameNum > 1)
-        step([&] { sheet.txtCount(mFrameNum - 1).setEnabled(false); });
+    if (frameNumber_ > 1)
+        step([&] { sheet.txtCount(frameNumber_ - 1).setEnabled(false); });
     balls.entry.close(Ball::First);
     balls.show();
 }
@@ -251,11 +252,11 @@ void frmFrame::Save_Frame() {
 
 void frmFrame::workOutNextLane() {
     if (!session().gAltLanes)
-        mNextLane = session().gStartLane;
+        nextLane_ = session().gStartLane;
     else if (isTenth())
-        mNextLane = mCurLane;
+        nextLane_ = currentLane_;
     else
-        mNextLane = mLanes.beside(mCurLane).value_or(mNextLane);
+        nextLane_ = lanes_.beside(currentLane_).value_or(nextLane_);
 }
 
 // Every field is written, also of a row that was only looked at.
@@ -263,7 +264,7 @@ void frmFrame::writeFrame(const Handler& step) {
     const auto write = [&](const char* field, const Value& value) {
         step([&] { adoTBKFrame.recordset()[field] = value; });
     };
-    write("fldFrameNum", valueOf(mFrameNum));
+    write("fldFrameNum", valueOf(frameNumber_));
     write("fldGameNum", valueOf(session().gGameNum));
     write("fldSessionNum", valueOf(session().gSessionNum));
     step([&] { adoTBKFrame.recordset()["fldLaneBowled"] = leadingNumber(txtLaneNum.text()); });
@@ -274,7 +275,7 @@ void frmFrame::writeFrame(const Handler& step) {
     write("fldSecondBallRes", balls.entry.result(Ball::Second));
     write("fldFillBallRes", balls.entry.result(Ball::Fill));
     write("fldComment", txtComment.text());
-    step([&] { adoTBKFrame.recordset()["fldLineScore"] = sheet.cell(mFrameNum); });
+    step([&] { adoTBKFrame.recordset()["fldLineScore"] = sheet.cell(frameNumber_); });
     write("fldHHRecordID", "NONE");
 }
 
@@ -332,7 +333,7 @@ void frmFrame::cmdPrevFrame_Click() {
         for (int frame = kFrames; frame >= 2; --frame)
             leaveBehind(frame);
     } else {
-        leaveBehind(mFrameNum);
+        leaveBehind(frameNumber_);
     }
     sheet.txtTotScore.setText("");
     Load_Frame();
@@ -390,13 +391,13 @@ void frmFrame::cmdExit_Click() {
 
 void frmFrame::txtLaneNum_LostFocus() {
     const double lane = leadingNumber(txtLaneNum.text());
-    if (lane == mLanes.left.value()) {
-        mCurLane = mLanes.left;
-    } else if (lane == mLanes.right.value()) {
-        mCurLane = mLanes.right;
+    if (lane == lanes_.left.value()) {
+        currentLane_ = lanes_.left;
+    } else if (lane == lanes_.right.value()) {
+        currentLane_ = lanes_.right;
     } else {
-        ask({.text = lines({"Invalid lane number.", "Please enter either " + text(mLanes.left) + " or " +
-                                                        text(mLanes.right) + "."})});
+        ask({.text = lines({"Invalid lane number.", "Please enter either " + text(lanes_.left) + " or " +
+                                                        text(lanes_.right) + "."})});
         txtLaneNum.focus();
     }
 }
@@ -406,13 +407,13 @@ void frmFrame::txtLaneNum_LostFocus() {
 Verdict frmFrame::Check_Frame() {
     FrameEntry& entry = balls.entry;
     if (recordsPinfall()) {
-        const Verdict verdict = checkPinfall(mFrameNum.value(), entry.result(Ball::First),
+        const Verdict verdict = checkPinfall(frameNumber_.value(), entry.result(Ball::First),
                                              entry.result(Ball::Second), entry.result(Ball::Fill));
         if (verdict == Verdict::Good && !isTenth())
             entry.setResult(Ball::Fill, "");
         return verdict;
     }
-    const CellCheck check = checkLineScore(mFrameNum.value(), sheet.cell(mFrameNum));
+    const CellCheck check = checkLineScore(frameNumber_.value(), sheet.cell(frameNumber_));
     cell().setText(check.cell);
     return check.verdict;
 }
@@ -436,7 +437,7 @@ void frmFrame::Calc_Score() {
     const Int16 score = scores.back();
     sheet.showScores(scores);
 
-    if (score != mGameScore)
+    if (score != gameScore_)
         return acceptScore(step, score);
     const Answer answer =
         ask({.text = lines(
@@ -453,10 +454,10 @@ void frmFrame::Calc_Score() {
 void frmFrame::acceptScore(const Handler& step, Int16 score) {
     MessageBox mismatch =
         question(lines({"Based on the pinfall you entered, a score of " + text(score) +
-                            " was calculated. This differs from the score of " + text(mGameScore) +
+                            " was calculated. This differs from the score of " + text(gameScore_) +
                             " that was recorded.",
                         "To accept the score of " + text(score) + " click the \"Yes\" button.",
-                        "To keep the recorded score of " + text(mGameScore) + " click the \"No\"button."}),
+                        "To keep the recorded score of " + text(gameScore_) + " click the \"No\"button."}),
                  "Score Mismatch", Icon::Warning);
     if (ask(mismatch) != Answer::Yes)
         return;
@@ -464,7 +465,7 @@ void frmFrame::acceptScore(const Handler& step, Int16 score) {
     session().gScoreFixes.push_back({session().gSessionNum, session().gGameNum, score});
     if (Screen* const game = screens().find("frmGame"); game != nullptr)
         static_cast<frmGame&>(*game).txtGameScore.setText(text(score));
-    mGameScore = score;
+    gameScore_ = score;
     screens().goBackFrom(*this);
 }
 

@@ -137,9 +137,9 @@ private:
     void beginEntry();
     void clearEntry();
     void showCell() { cell().setText(balls.entry.cell()); }
-    TextBox& cell() { return sheet.txtCount(mFrameNum); }
+    TextBox& cell() { return sheet.txtCount(frameNumber_); }
     [[nodiscard]] bool recordsPinfall() const { return session().gScoreType == "P"; }
-    [[nodiscard]] bool isTenth() const { return mFrameNum == kFrames; }
+    [[nodiscard]] bool isTenth() const { return frameNumber_ == kFrames; }
 
     // The check and the score.
     Verdict Check_Frame();
@@ -160,14 +160,14 @@ private:
     DataControl adoTBKGame{store()};
     DataControl adoTBKFrame{store()};
 
-    Int16 mFrameNum;
-    LanePair mLanes;
-    Int16 mCurLane;   // 0 until a lane has been accepted or loaded
-    Int16 mNextLane;  // 0 until the first save
-    Int16 mGameScore;
-    std::string mBallUsed;
-    std::string mFootPos;
-    std::string mLaneTgt;
+    Int16 frameNumber_;
+    LanePair lanes_;
+    Int16 currentLane_;  // 0 until a lane has been accepted or loaded
+    Int16 nextLane_;     // 0 until the first save
+    Int16 gameScore_;
+    std::string ballUsed_;
+    std::string footPosition_;
+    std::string laneTarget_;
 };
 
 }  // namespace tallybrook

@@ -114,7 +114,8 @@ void frmGame::onLoad() {
         Load_Game();
     } else {
         session().gGameNum = 0;
-        gameScore_ = startLane_ = leftLane_ = rightLane_ = 0;
+        gameScore_ = startLane_ = 0;
+        lanes_ = {};
         session().gMode = kAdd;
         Add_Game();
     }
@@ -193,10 +194,7 @@ bool frmGame::Check_Lane() {
         return false;
     }
     startLane_ = toInt16(lane);
-    const bool isLeft = startLane_.value() % 2 != 0;
-    leftLane_ = isLeft ? startLane_ : startLane_ - 1;
-    rightLane_ = isLeft ? startLane_ + 1 : startLane_;
-    lanePair_ = text(leftLane_) + "-" + text(rightLane_);
+    lanes_ = pairOf(startLane_);
     return true;
 }
 
@@ -218,9 +216,9 @@ void frmGame::writeGame(const Handler& step) {
     write("fldSessionNum", valueOf(session().gSessionNum));
     write("fldGameNum", valueOf(session().gGameNum));
     write("fldStartLane", valueOf(startLane_));
-    write("fldLeftLane", valueOf(leftLane_));
-    write("fldRightLane", valueOf(rightLane_));
-    write("fldLanePair", lanePair_);
+    write("fldLeftLane", valueOf(lanes_.left));
+    write("fldRightLane", valueOf(lanes_.right));
+    write("fldLanePair", text(lanes_));
     write("fldGameScore", valueOf(gameScore_));
     write("fldLaneCond", txtLaneCond.text());
     write("fldComment", txtComment.text());
@@ -245,8 +243,8 @@ void frmGame::readGame(const Handler& step) {
     step([&] { session().gGameNum = toInt16(field("fldGameNum")); });
     showGameNumber();
     step([&] { startLane_ = toInt16(field("fldStartLane")); });
-    step([&] { leftLane_ = toInt16(field("fldLeftLane")); });
-    step([&] { rightLane_ = toInt16(field("fldRightLane")); });
+    step([&] { lanes_.left = toInt16(field("fldLeftLane")); });
+    step([&] { lanes_.right = toInt16(field("fldRightLane")); });
     txtStartLane.setText(text(startLane_));
     step([&] { scoreType_ = toText(field("fldScoreType")); });
     step([&] { bowlingHand_ = toText(field("fldBowlHand")); });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bowling/LanePair.h"
 #include "shell/ProgramScreen.h"
 #include "shell/StandardCommands.h"
 #include "store/DataControl.h"
@@ -95,12 +96,10 @@ private:
     DataControl adoTBKGame{store()};
     DataControl adoTBKFrame{store()};
 
-    Int16 leftLane_;
-    Int16 rightLane_;
     Int16 startLane_;
     Int16 gameScore_;
     Int16 framesRecorded_;
-    std::string lanePair_;
+    LanePair lanes_;
     std::string scoreType_;
     std::string handheldRecord_;
     std::string bowlingHand_;
