@@ -6,11 +6,12 @@ namespace tallybrook {
 
 namespace {
 
-/// The high and the low score among the games of an event; nothing where all are the same.
+/// The high and the low score among the games of an event; nothing where all are the same, or where a score
+/// is not known.
 class Ranks {
 public:
     explicit Ranks(const std::vector<GameFigures>& games) {
-        if (games.empty())
+        if (games.empty() || std::ranges::any_of(games, &QString::isEmpty, &GameFigures::score))
             return;
         const auto [low, high] = std::ranges::minmax(games, {}, scoreOf);
         low_ = scoreOf(low);

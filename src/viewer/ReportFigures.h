@@ -18,39 +18,55 @@ struct ScoreRange {
     int games;
 
     [[nodiscard]] bool holds(int score) const { return lowest <= score && score <= highest; }
+    bool operator==(const ScoreRange&) const = default;
 };
 
 /// A game or series and its day.
 struct DatedScore {
     int score;
-    QString date;
+    QString date;  ///< empty where the report does not tell it
+
+    bool operator==(const DatedScore&) const = default;
 };
 
 /// The scores of a statistical report.
 struct ScoreFigures {
-    std::vector<ScoreRange> ranges;  ///< from the lowest upward
+    std::vector<ScoreRange> ranges;  ///< from the lowest upward, those that the report has
     std::optional<DatedScore> high;
     std::optional<DatedScore> low;
+
+    bool operator==(const ScoreFigures&) const = default;
 };
 
-/// The highest and the lowest series among those of one length.
+/// The highest and the lowest series among those of one length; at least one of them.
 struct SeriesFigures {
     int games;
-    DatedScore high;
-    DatedScore low;
+    std::optional<DatedScore> high;
+    std::optional<DatedScore> low;
+
+    bool operator==(const SeriesFigures&) const = default;
+};
+
+/// How often a single pin was left, and how often it was spared.
+struct SinglePins {
+    int attempts;
+    int made;
+
+    bool operator==(const SinglePins&) const = default;
 };
 
 /// The summary of strikes and spares. Percentages are texts as the report has them, as in "33.3".
 struct StrikeFigures {
-    int strikes;
+    std::optional<int> strikes;
     QString strikePercent;  ///< of the racks on which a strike was possible
-    int spares;
+    std::optional<int> spares;
     QString sparePercent;  ///< of the first balls that left pins
-    int opens;
-    int lineScoreGames;  ///< whose frames all count as open
-    std::optional<int> singlePinAttempts;
-    int singlePinsMade = 0;
+    std::optional<int> opens;
+    std::optional<int> lineScoreGames;  ///< whose frames all count as open
+    std::optional<SinglePins> singlePins;
     std::optional<int> firstBallAverage;
+
+    bool operator==(const StrikeFigures&) const = default;
 };
 
 /// A row of the spare matrix.
@@ -60,13 +76,17 @@ struct LeaveFigures {
     std::optional<std::bitset<10>> standing;
     int attempts;
     int made;
+
+    bool operator==(const LeaveFigures&) const = default;
 };
 
 /// A game of an event or game report.
 struct GameFigures {
     QString number;
-    QString score;                     ///< as recorded
+    QString score;                     ///< as recorded; empty where the report does not tell it
     std::optional<SheetMarks> frames;  ///< nothing for a game without frames
+
+    bool operator==(const GameFigures&) const = default;
 };
 
 /// All figures of a report; what it does not have is empty.
@@ -78,10 +98,11 @@ struct ReportFigures {
     std::vector<LeaveFigures> leaves;  ///< the most attempts first, otherwise in the order of the report
 
     [[nodiscard]] bool isEmpty() const;
+    bool operator==(const ReportFigures&) const = default;
 };
 
-/// Reads the figures of a report with "\n" for its line ends. A text that is no report has none, and a line
-/// that is not as reports have it is passed over: any text will do.
+/// Reads the figures of a report with "\n" for its line ends. A text that is no report has none, a line that
+/// is not known is passed over, and a figure whose line has been left out is absent: any text will do.
 ReportFigures readFigures(const QString& text);
 
 /// The pins of a list such as "7-10", pin 1 first; nothing where it is none.

@@ -9,16 +9,23 @@ namespace tallybrook {
 namespace {
 
 QString told(const char* what, const DatedScore& score) {
-    return QString("%1 %2 on %3").arg(what).arg(score.score).arg(score.date);
+    const QString day = score.date.isEmpty() ? QString() : " on " + score.date;
+    return QString("%1 %2").arg(what).arg(score.score) + day;
+}
+
+/// The high and the low one of games or series, those that there are.
+template <typename Figures>
+QString endsTold(const char* high, const char* low, const Figures& figures) {
+    QStringList ends;
+    if (figures.high)
+        ends += told(high, *figures.high);
+    if (figures.low)
+        ends += told(low, *figures.low);
+    return ends.join(", ");
 }
 
 QString endsTold(const ScoreFigures& scores) {
-    QStringList ends;
-    if (scores.high)
-        ends += told("High game", *scores.high);
-    if (scores.low)
-        ends += told("Low game", *scores.low);
-    return ends.join(", ");
+    return endsTold("High game", "Low game", scores);
 }
 
 /// How much the marks beside the bars tell: the scores stand below the bars as well.
@@ -69,7 +76,9 @@ struct BarRow {
 };
 
 std::vector<BarRow> barRows(const ScoreFigures& scores, Marks how) {
-    const int most = std::max(std::ranges::max(scores.ranges, {}, &ScoreRange::games).games, 1);
+    int most = 1;
+    for (const ScoreRange& range : scores.ranges)
+        most = std::max(most, range.games);
     std::vector<BarRow> rows;
     for (const ScoreRange& range : scores.ranges)
         rows.push_back({range.label, QString::number(range.games), marksOf(range, scores, how),
@@ -114,8 +123,8 @@ Strips barStrips(const ScoreFigures& scores, const PictureLook& look, double wid
         strips.push_back({1.3 * look.lineHeight(), [row, columns, &look](QPainter& painter) {
                               drawBarRow(painter, row, columns, look);
                           }});
-    strips.front() = underHeading("Scores of the games", strips.front(), look, width);
     strips.push_back(gapStrip(look.lineHeight() / 4));
+    strips.front() = underHeading("Scores of the games", strips.front(), look, width);
     if (const QString ends = endsTold(scores); !ends.isEmpty())
         strips.push_back(noteStrip(ends + ".", look, width));
     return strips;
@@ -128,35 +137,53 @@ QString lengthOf(const SeriesFigures& series) {
 }
 
 QString endsOf(const SeriesFigures& series) {
-    return QString("Low %1   High %2").arg(series.low.score).arg(series.high.score);
+    QStringList ends;
+    if (series.low)
+        ends += QString("Low %1").arg(series.low->score);
+    if (series.high)
+        ends += QString("High %1").arg(series.high->score);
+    return ends.join("   ");
 }
 
-/// Where a series lies between 0 and 300 for each of its games.
-double placeOf(int total, int games) {
-    constexpr double kHighestGame = 300;
-    return std::clamp(total / (kHighestGame * games), 0.0, 1.0);
+/// The line on which the series of a length lie.
+struct Track {
+    QPointF left;
+    double length;
+    double radius;  // of a series
+
+    [[nodiscard]] QPointF placeOf(int total, int games) const {
+        constexpr double kHighestGame = 300;
+        return left + QPointF(std::clamp(total / (kHighestGame * games), 0.0, 1.0) * length, 0);
+    }
+};
+
+/// A disc for the high series, a ring for the low one, and a line from one to the other.
+void drawEnds(QPainter& painter, const SeriesFigures& series, const Track& track, const PictureLook& look) {
+    const auto place = [&](const DatedScore& end) { return track.placeOf(end.score, series.games); };
+    painter.setPen(QPen(look.fill(), 3 * look.hair()));
+    if (series.low && series.high)
+        painter.drawLine(place(*series.low), place(*series.high));
+    painter.setPen(QPen(look.fill(), 1.5 * look.hair()));
+    painter.setBrush(look.ground());
+    if (series.low)
+        painter.drawEllipse(place(*series.low), track.radius, track.radius);
+    painter.setBrush(look.fill());
+    if (series.high)
+        painter.drawEllipse(place(*series.high), track.radius, track.radius);
 }
 
 void drawSeries(QPainter& painter, const SeriesFigures& series, const Columns& columns,
                 const PictureLook& look) {
     const double height = look.lineHeight();
     const double radius = 0.28 * height;
-    const double track = columns.label + columns.gap + radius;
-    const double length = columns.drawn - 2 * radius;
-    const QPointF low(track + placeOf(series.low.score, series.games) * length, height / 2);
-    const QPointF high(track + placeOf(series.high.score, series.games) * length, height / 2);
+    const Track track{{columns.label + columns.gap + radius, height / 2}, columns.drawn - 2 * radius, radius};
+    const QPointF right = track.left + QPointF(track.length, 0);
     drawText(painter, {0, 0, columns.label, height}, Qt::AlignRight | Qt::AlignVCenter, lengthOf(series),
              look.font(), look.ink());
     painter.setPen(QPen(look.line(), look.hair()));
-    painter.drawLine(QPointF(track, height / 2), QPointF(track + length, height / 2));
-    painter.setPen(QPen(look.fill(), 3 * look.hair()));
-    painter.drawLine(low, high);
-    painter.setPen(QPen(look.fill(), 1.5 * look.hair()));
-    painter.setBrush(look.ground());
-    painter.drawEllipse(low, radius, radius);
-    painter.setBrush(look.fill());
-    painter.drawEllipse(high, radius, radius);
-    drawText(painter, {track + length + radius + columns.gap, 0, columns.text, height},
+    painter.drawLine(track.left, right);
+    drawEnds(painter, series, track, look);
+    drawText(painter, {right.x() + radius + columns.gap, 0, columns.text, height},
              Qt::AlignLeft | Qt::AlignVCenter, endsOf(series), look.font(), look.ink());
 }
 
@@ -196,8 +223,7 @@ ReportPicture scoresPicture(const ScoreFigures& scores) {
 ReportPicture seriesPicture(const std::vector<SeriesFigures>& series) {
     QStringList parts;
     for (const SeriesFigures& one : series)
-        parts +=
-            QString("Series of %1: %2, %3").arg(lengthOf(one), told("high", one.high), told("low", one.low));
+        parts += QString("Series of %1: %2").arg(lengthOf(one), endsTold("high", "low", one));
     return {"High and low series", parts.join(". "),
             [series](const PictureLook& look, double width) { return seriesStrips(series, look, width); }};
 }

@@ -2,8 +2,8 @@
 
 #include <QPainter>
 #include <QStringList>
-#include <array>
 #include <cmath>
+#include <numeric>
 
 namespace tallybrook {
 
@@ -17,27 +17,41 @@ struct Part {
     QString remark;
 };
 
-using BarParts = std::array<Part, 3>;
+using BarParts = std::vector<Part>;
 
 QString shareOf(const QString& percent, const char* what) {
     return percent.isEmpty() ? QString() : QString("%1% of %2").arg(percent, what);
 }
 
+/// The parts that the report has.
 BarParts partsOf(const StrikeFigures& figures) {
-    return {{{"Strikes", figures.strikes, Qt::SolidPattern, shareOf(figures.strikePercent, "first balls")},
-             {"Spares", figures.spares, Qt::BDiagPattern, shareOf(figures.sparePercent, "spare chances")},
-             {"Open frames", figures.opens, Qt::NoBrush, {}}}};
+    BarParts parts;
+    const auto add = [&](const char* name, std::optional<int> count, Qt::BrushStyle pattern,
+                         const QString& remark) {
+        if (count)
+            parts.push_back({name, *count, pattern, remark});
+    };
+    add("Strikes", figures.strikes, Qt::SolidPattern, shareOf(figures.strikePercent, "first balls"));
+    add("Spares", figures.spares, Qt::BDiagPattern, shareOf(figures.sparePercent, "spare chances"));
+    add("Open frames", figures.opens, Qt::NoBrush, {});
+    return parts;
 }
 
-double totalOf(const BarParts& parts) {
-    double total = 0;
-    for (const Part& part : parts)
-        total += part.count;
-    return total;
+/// What the parts are shares of; nothing where one of them is not known.
+std::optional<double> totalOf(const BarParts& parts) {
+    constexpr std::size_t kAllParts = 3;
+    if (parts.size() < kAllParts)
+        return std::nullopt;
+    return std::accumulate(parts.begin(), parts.end(), 0.0,
+                           [](double sum, const Part& part) { return sum + part.count; });
+}
+
+double shareOf(const Part& part, double total) {
+    return total > 0 ? part.count / total : 0;
 }
 
 QString percentOf(const Part& part, double total) {
-    return total > 0 ? QString("%1%").arg(std::lround(100 * part.count / total)) : QString("0%");
+    return QString("%1%").arg(std::lround(100 * shareOf(part, total)));
 }
 
 /// Fills a place with a pattern whose strokes are as thick as the look's lines.
@@ -58,14 +72,13 @@ void drawPattern(QPainter& painter, const QRectF& place, Qt::BrushStyle pattern,
     painter.restore();
 }
 
-Strip barStrip(const BarParts& parts, const PictureLook& look, double width) {
+Strip barStrip(const BarParts& parts, double total, const PictureLook& look, double width) {
     const double height = 1.6 * look.lineHeight();
-    return {1.4 * height, [parts, &look, width, height](QPainter& painter) {
-                const double total = totalOf(parts);
+    return {1.4 * height, [parts, total, &look, width, height](QPainter& painter) {
                 const double edge = look.hair();
                 double left = edge;
                 for (const Part& part : parts) {
-                    const double length = total > 0 ? part.count / total * (width - 2 * edge) : 0;
+                    const double length = shareOf(part, total) * (width - 2 * edge);
                     if (length > 0)
                         drawPattern(painter, QRectF(left, edge, length, height), part.pattern, look);
                     left += length;
@@ -74,7 +87,8 @@ Strip barStrip(const BarParts& parts, const PictureLook& look, double width) {
 }
 
 /// A row of the legend: pattern, name, count, share, and what the report says of it.
-void drawPart(QPainter& painter, const Part& part, double total, const PictureLook& look, double width) {
+void drawPart(QPainter& painter, const Part& part, std::optional<double> total, const PictureLook& look,
+              double width) {
     const double height = look.lineHeight();
     const double digit = look.digit();
     constexpr auto kLeft = Qt::AlignLeft | Qt::AlignVCenter;
@@ -88,19 +102,19 @@ void drawPart(QPainter& painter, const Part& part, double total, const PictureLo
     };
     write(look.widthOf("Open frames "), kLeft, part.name, look.font());
     write(5 * digit, kRight, QString::number(part.count), look.boldFont());
-    write(5 * digit, kRight, percentOf(part, total), look.font());
+    write(5 * digit, kRight, total ? percentOf(part, *total) : QString(), look.font());
     left += digit;
     drawText(painter, {left, 0, width - left, height}, kLeft, part.remark, look.font(), look.quiet());
 }
 
 QStringList notesOn(const StrikeFigures& figures) {
     QStringList notes;
-    if (figures.lineScoreGames > 0)
+    if (figures.lineScoreGames.value_or(0) > 0)
         notes += "Frames recorded as line scores count as open.";
-    if (figures.singlePinAttempts)
+    if (figures.singlePins)
         notes += QString("Single pin spares: %1 of %2 made.")
-                     .arg(figures.singlePinsMade)
-                     .arg(*figures.singlePinAttempts);
+                     .arg(figures.singlePins->made)
+                     .arg(figures.singlePins->attempts);
     if (figures.firstBallAverage)
         notes += QString("First ball average: %1.").arg(counted(*figures.firstBallAverage, "pin", "pins"));
     return notes;
@@ -110,16 +124,26 @@ constexpr const char* kHeading = "Strikes, spares and open frames";
 
 Strips stripsOf(const StrikeFigures& figures, const PictureLook& look, double width) {
     const BarParts parts = partsOf(figures);
-    Strips strips{underHeading(kHeading, barStrip(parts, look, width), look, width)};
+    const std::optional<double> total = totalOf(parts);
+    Strips strips;
+    if (total)
+        strips.push_back(barStrip(parts, *total, look, width));
     for (const Part& part : parts)
-        strips.push_back(
-            {1.15 * look.lineHeight(), [part, total = totalOf(parts), &look, width](QPainter& painter) {
-                 drawPart(painter, part, total, look, width);
-             }});
+        strips.push_back({1.15 * look.lineHeight(), [part, total, &look, width](QPainter& painter) {
+                              drawPart(painter, part, total, look, width);
+                          }});
     strips.push_back(gapStrip(look.lineHeight() / 3));
     for (const QString& note : notesOn(figures))
         strips.push_back(noteStrip(note, look, width));
+    strips.front() = underHeading(kHeading, strips.front(), look, width);
     return strips;
+}
+
+/// A part in words, as in "Strikes: 25, 9% (9.2% of first balls)".
+QString toldOf(const Part& part, std::optional<double> total) {
+    return QString("%1: %2").arg(part.name).arg(part.count) +
+           (total ? ", " + percentOf(part, *total) : QString()) +
+           (part.remark.isEmpty() ? QString() : " (" + part.remark + ")");
 }
 
 }  // namespace
@@ -128,9 +152,9 @@ ReportPicture strikesPicture(const StrikeFigures& strikes) {
     const BarParts parts = partsOf(strikes);
     QStringList told;
     for (const Part& part : parts)
-        told += QString("%1: %2, %3").arg(part.name).arg(part.count).arg(percentOf(part, totalOf(parts))) +
-                (part.remark.isEmpty() ? QString() : " (" + part.remark + ")");
-    return {kHeading, told.join(". ") + ". " + notesOn(strikes).join(" "),
+        told += toldOf(part, totalOf(parts)) + ".";
+    told += notesOn(strikes);
+    return {kHeading, told.join(" "),
             [strikes](const PictureLook& look, double width) { return stripsOf(strikes, look, width); }};
 }
 

@@ -115,10 +115,9 @@ TEST(Pictures, SheetsTellHighAndLowInWords) {
 }
 
 TEST(Pictures, NothingCountedIsNothing) {
-    const StrikeFigures none{0, "0", 0, "0", 0, 0, {}, 0, {}};
-    EXPECT_EQ(
-        strikesPicture(none).summary,
-        "Strikes: 0, 0% (0% of first balls). Spares: 0, 0% (0% of spare chances). Open frames: 0, 0%. ");
+    const StrikeFigures none{0, "0", 0, "0", 0, 0, {}, {}};
+    EXPECT_EQ(strikesPicture(none).summary,
+              "Strikes: 0, 0% (0% of first balls). Spares: 0, 0% (0% of spare chances). Open frames: 0, 0%.");
     EXPECT_EQ(leavesPicture({{"", std::nullopt, 0, 0}}).summary, "Not recorded: 0 attempts, 0 made, 0%");
 }
 
@@ -189,7 +188,7 @@ TEST(Pictures, PinsTellThemselvesByShapeToo) {
 TEST(Pictures, PartsOfTheBarHavePatterns) {
     const PictureLook look(fontOf(1), palettes().front());
     const auto bar = [&](int strikes, int spares, int opens) {
-        const ReportPicture picture = strikesPicture({strikes, "", spares, "", opens, 0, {}, 0, {}});
+        const ReportPicture picture = strikesPicture({strikes, "", spares, "", opens, 0, {}, {}});
         const Strips strips = picture.strips(look, 400);
         QImage image(400, static_cast<int>(strips.front().height), QImage::Format_Grayscale8);
         image.fill(Qt::white);

@@ -78,8 +78,7 @@ TEST(ReportFigures, StrikesOfTheSeason) {
     EXPECT_EQ(strikes->sparePercent, "19.4");
     EXPECT_EQ(strikes->opens, 195);
     EXPECT_EQ(strikes->lineScoreGames, 11);
-    EXPECT_EQ(strikes->singlePinAttempts, 90);
-    EXPECT_EQ(strikes->singlePinsMade, 30);
+    EXPECT_EQ(strikes->singlePins, (SinglePins{90, 30}));
     EXPECT_EQ(strikes->firstBallAverage, 7);
 }
 
@@ -217,9 +216,9 @@ RC_GTEST_PROP(ReportFigures, AnyTextWillDo, ()) {
     RC_ASSERT(std::ranges::is_sorted(figures.leaves, std::ranges::greater(), &LeaveFigures::attempts));
     for (const LeaveFigures& leave : figures.leaves)
         RC_ASSERT(0 <= leave.made && leave.made <= leave.attempts);
-    RC_ASSERT(!figures.scores || figures.scores->ranges.size() == 14U);
+    RC_ASSERT(!figures.scores || figures.scores->ranges.size() <= 14U);
     for (const SeriesFigures& series : figures.series)
-        RC_ASSERT(series.games > 0);
+        RC_ASSERT(series.games > 0 && (series.high || series.low));
 }
 
 }  // namespace tallybrook::test
