@@ -1,11 +1,14 @@
 #include "viewer/ReportText.h"
 
 #include "runtime/TextEncoding.h"
+#include "viewer/Device.h"
 #include "viewer/FileFailure.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <string>
+
+#include <fcntl.h>
 
 namespace tallybrook {
 
@@ -60,10 +63,20 @@ void requireReadable(const QFileInfo& file) {
         throw FileFailure("There is no such file.");
     if (file.isDir())
         throw FileFailure("It is a folder.");
-    if (!file.isFile())
-        throw FileFailure("It is a device and not a file.");
+    refuseDevice(file);
     if (file.size() > kLargestReport)
         throw FileFailure("The file is too large.");
+}
+
+/// Opens a file without waiting: a pipe may have taken its place since it was looked at.
+void open(QFile& stream) {
+    const QByteArray name = QFile::encodeName(stream.fileName());
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        throw FileFailure(qt_error_string() + ".");
+    stream.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle);
+    if (stream.isSequential())
+        throw FileFailure("It is a device and not a file.");
 }
 
 }  // namespace
@@ -87,8 +100,7 @@ QString textOf(std::string_view bytes) {
 ReportText readReport(const QString& file) {
     requireReadable(QFileInfo(file));
     QFile stream(file);
-    if (!stream.open(QIODevice::ReadOnly))
-        throw FileFailure(stream.errorString() + ".");
+    open(stream);
     const QByteArray bytes = stream.readAll();
     if (stream.error() != QFileDevice::NoError)
         throw FileFailure(stream.errorString() + ".");

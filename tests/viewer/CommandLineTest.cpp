@@ -76,6 +76,10 @@ TEST(CommandLine, FileThatCannotBeShownIsStatus1) {
     const Outcome folder = run({files.folder()}, files);
     EXPECT_EQ(folder.status, 1);
     EXPECT_EQ(folder.output, "box: The report cannot be shown:||" + files.folder() + "||It is a folder.\n");
+    const Outcome pipe = run({files.pipe("pipe")}, files);
+    EXPECT_EQ(pipe.status, 1);
+    EXPECT_EQ(pipe.output, "box: The report cannot be shown:||" + files.path("pipe") +
+                               "||It is a device and not a file.\n");
     EXPECT_EQ(run({""}, files).status, 1);
 }
 

@@ -4,8 +4,10 @@
 #include "support/TemporaryFolder.h"
 
 #include <QFile>
+#include <filesystem>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace tallybrook::test {
 
@@ -21,6 +23,11 @@ public:
         EXPECT_EQ(file.write(bytes), bytes.size());
         return file.fileName();
     }
+    /// Makes a pipe that nobody writes or reads, and returns its path.
+    [[nodiscard]] QString pipe(const QString& name) const {
+        EXPECT_EQ(mkfifo(QFile::encodeName(path(name)).constData(), S_IRUSR | S_IWUSR), 0);
+        return path(name);
+    }
     static QByteArray read(const QString& path) {
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
@@ -30,6 +37,11 @@ public:
 private:
     TemporaryFolder folder_;
 };
+
+/// Whether there is a pipe at a place.
+inline bool isPipe(const QString& path) {
+    return std::filesystem::is_fifo(path.toStdString());
+}
 
 /// A folder that takes no files, whoever asks.
 inline const QString kClosedFolder = "/proc";

@@ -251,6 +251,12 @@ TEST_F(PicturesPane, DroppedFileIsShown) {
     EXPECT_EQ(closeOthers(), QStringList());
 }
 
+TEST_F(PicturesPane, DroppedPipeIsRefused) {
+    const QString pipe = files.pipe("pipe");
+    expectBox("The report cannot be shown:\n\n" + pipe + "\n\nIt is a device and not a file.");
+    drop({pipe});
+}
+
 TEST_F(PicturesPane, MoreDroppedFilesHaveWindowsOfTheirOwn) {
     drop({goldenFile("league.txt"), goldenFile("full.txt"), goldenFile("summary.txt")});
     EXPECT_EQ(window->windowTitle(), "league.txt - Tallybrook Report");

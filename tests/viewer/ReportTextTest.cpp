@@ -79,6 +79,7 @@ TEST(ReportText, TellsWhyAFileCannotBeRead) {
     EXPECT_EQ(refusal(files.path("missing.txt")), "There is no such file.");
     EXPECT_EQ(refusal(""), "There is no such file.");
     EXPECT_EQ(refusal(files.folder()), "It is a folder.");
+    EXPECT_EQ(refusal(files.pipe("pipe")), "It is a device and not a file.");
     EXPECT_EQ(refusal("/dev/zero"), "It is a device and not a file.");
     EXPECT_EQ(refusal("/proc/self/mem"), "Input/output error.");
 }
