@@ -2,20 +2,28 @@
 
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
-#include "viewer/FileFailure.h"
+#include "viewer/Device.h"
+#include "viewer/Paper.h"
 
+#include <QBoxLayout>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <algorithm>
+#include <vector>
 
 namespace tallybrook {
 
 namespace {
 
-/// Gets a printer ready for a report.
+/// Gets a printer ready for a report. Printers know their paper; without one it is the user's.
 void setUp(QPrinter& printer, const ReportText& report) {
+    if (printer.printerName().isEmpty())
+        printer.setPageSize(usersPaper());
     printer.setDocName(report.name());
     printer.setCreator("Tallybrook");
     printer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
@@ -27,8 +35,45 @@ bool drawBusily(const ReportText& report, Parts parts, QPrinter& printer) {
 }
 
 void drawOrTell(const ReportText& report, Parts parts, QPrinter& printer, QWidget& window) {
-    if (!drawBusily(report, parts, printer))
-        tellFailure(&window, "The report cannot be printed:", report.file, "The printer does not take it.");
+    try {
+        refuseDevice(QFileInfo(printer.outputFileName()));
+        if (!drawBusily(report, parts, printer))
+            throw FileFailure("The printer does not take it.");
+    } catch (const FileFailure& failure) {
+        tellFailure(&window, "The report cannot be printed:", report.file, failure.reason());
+    }
+}
+
+/// Tells the paper in a line above the buttons of a print dialog, for the printer that is chosen there.
+void addPaperLine(QPrintDialog& dialog) {
+    auto* const rows = qobject_cast<QBoxLayout*>(dialog.layout());
+    const auto* const printers = dialog.findChild<QComboBox*>("printers");
+    if (rows == nullptr || printers == nullptr)
+        return;  // a dialog of the desktop, which tells the paper itself
+    auto* const line = new QLabel;
+    line->setObjectName("paper");
+    const auto tell = [&dialog, line] {
+        line->setText("Paper: " + nameOf(dialog.printer()->pageLayout().pageSize()) +
+                      ", or what is chosen under Properties.");
+    };
+    tell();
+    QObject::connect(printers, &QComboBox::currentIndexChanged, line, tell);
+    rows->insertWidget(rows->count() - 1, line);
+}
+
+/// A kind of file for each paper, the user's first, so that the dialog tells it and offers the other.
+struct PdfKind {
+    QPageSize paper;
+    QString filter;
+};
+
+std::vector<PdfKind> pdfKinds() {
+    std::vector<PdfKind> kinds;
+    for (const QPageSize& paper : {QPageSize(QPageSize::A4), QPageSize(QPageSize::Letter)}) {
+        const auto place = paper == usersPaper() ? kinds.begin() : kinds.end();
+        kinds.insert(place, {paper, QString("PDF Files, Paper: %1 (*.pdf)").arg(nameOf(paper))});
+    }
+    return kinds;
 }
 
 QString pdfBeside(const QString& file) {
@@ -43,6 +88,7 @@ void printReport(const ReportText& report, Parts parts, QWidget& window) {
     setUp(printer, report);
     QPrintDialog dialog(&printer, &window);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    addPaperLine(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return;
     drawOrTell(report, parts, printer, window);
@@ -60,16 +106,22 @@ void previewReport(const ReportText& report, Parts parts, QWidget& window) {
 }
 
 void exportReport(const ReportText& report, Parts parts, QWidget& window) {
-    QFileDialog dialog(&window, "Export as PDF", {}, "PDF Files (*.pdf)");
+    const std::vector<PdfKind> kinds = pdfKinds();
+    QStringList filters;
+    for (const PdfKind& kind : kinds)
+        filters += kind.filter;
+    QFileDialog dialog(&window, "Export as PDF");
+    dialog.setNameFilters(filters);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("pdf");
     dialog.selectFile(pdfBeside(report.file));
     if (dialog.exec() != QDialog::Accepted)
         return;
+    const auto kind = std::ranges::find(kinds, dialog.selectedNameFilter(), &PdfKind::filter);
     const QString file = dialog.selectedFiles().value(0);
     try {
         const BusyPointer busy;
-        writePdf(report, parts, file);
+        writePdf(report, parts, kind == kinds.end() ? usersPaper() : kind->paper, file);
     } catch (const FileFailure& failure) {
         tellFailure(&window, "The report cannot be exported as a PDF:", file, failure.reason());
     }

@@ -1,5 +1,6 @@
 #include "viewer/ReportPrinter.h"
 
+#include "viewer/Device.h"
 #include "viewer/FileFailure.h"
 #include "viewer/Pages.h"
 #include "viewer/PicturePages.h"
@@ -7,6 +8,7 @@
 
 #include <QGuiApplication>
 #include <QPageRanges>
+#include <QPageSize>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
@@ -116,13 +118,15 @@ bool drawPages(const ReportText& report, Parts parts, QPagedPaintDevice& device)
     return PageDrawer(report, parts, device).draw();
 }
 
-void writePdf(const ReportText& report, Parts parts, const QString& file) {
+void writePdf(const ReportText& report, Parts parts, const QPageSize& paper, const QString& file) {
+    refuseDevice(QFileInfo(file));
     QSaveFile stream(file);
     if (!stream.open(QIODevice::WriteOnly))
         throw FileFailure(stream.errorString() + ".");
     QPdfWriter writer(&stream);
     writer.setTitle(report.name());
     writer.setCreator("Tallybrook");
+    writer.setPageSize(paper);
     writer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
     if (!drawPages(report, parts, writer) || !stream.commit())
         throw FileFailure(stream.errorString() + ".");

@@ -5,6 +5,7 @@
 #include <QMarginsF>
 
 class QPagedPaintDevice;
+class QPageSize;
 
 namespace tallybrook {
 
@@ -20,7 +21,8 @@ enum class Parts { Text, TextAndPictures };
 /// pages. Returns false where the device does not take it.
 bool drawPages(const ReportText& report, Parts parts, QPagedPaintDevice& device);
 
-/// Writes a report as a PDF. What the file held before stays if anything fails; FileFailure then.
-void writePdf(const ReportText& report, Parts parts, const QString& file);
+/// Writes a report as a PDF with pages of a size. What the file held before stays if anything fails;
+/// FileFailure then.
+void writePdf(const ReportText& report, Parts parts, const QPageSize& paper, const QString& file);
 
 }  // namespace tallybrook

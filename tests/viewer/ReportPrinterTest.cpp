@@ -1,5 +1,6 @@
 #include "Files.h"
 #include "Golden.h"
+#include "Media.h"
 #include "viewer/FileFailure.h"
 #include "viewer/ReportPrinter.h"
 
@@ -8,7 +9,9 @@
 #include <QPageRanges>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPicture>
+#include <algorithm>
+#include <array>
+#include <numeric>
 
 namespace tallybrook::test {
 
@@ -21,46 +24,75 @@ QString lines(int count) {
     return text;
 }
 
-/// How many pages a report takes on paper.
-qsizetype pagesOf(const QString& text, const QString& ranges = {}, Parts parts = Parts::TextAndPictures) {
-    QBuffer bytes;
-    EXPECT_TRUE(bytes.open(QIODevice::WriteOnly));
-    {
-        QPdfWriter writer(&bytes);
-        writer.setPageSize(QPageSize(QPageSize::A4));
-        writer.setPageRanges(QPageRanges::fromString(ranges));
-        EXPECT_TRUE(drawPages({"report.txt", text}, parts, writer));
+/// What a report takes on a paper.
+struct Print {
+    QPageSize::PageSizeId paper = QPageSize::A4;
+    QString ranges = {};
+    Parts parts = Parts::TextAndPictures;
+
+    [[nodiscard]] qsizetype pagesOf(const QString& text) const {
+        QBuffer bytes;
+        EXPECT_TRUE(bytes.open(QIODevice::WriteOnly));
+        {
+            QPdfWriter writer(&bytes);
+            writer.setPageSize(QPageSize(paper));
+            writer.setPageRanges(QPageRanges::fromString(ranges));
+            EXPECT_TRUE(drawPages({"report.txt", text}, parts, writer));
+        }
+        return bytes.data().count("/Type /Page\n");
     }
-    return bytes.data().count("/Type /Page\n");
-}
+
+    /// How many lines fit on a page: as many as the font of this machine lets.
+    [[nodiscard]] int linesOfPage() const {
+        std::array<int, 400> counts{};
+        std::iota(counts.begin(), counts.end(), 1);
+        const auto isOnOnePage = [this](int count) { return pagesOf(lines(count)) == 1; };
+        return *std::ranges::partition_point(counts, isOnOnePage) - 1;
+    }
+};
+
+constexpr std::array kPapers{QPageSize::A4, QPageSize::Letter};
 
 }  // namespace
 
 TEST(ReportPrinter, TakesAsManyPagesAsTheTextNeeds) {
-    EXPECT_EQ(pagesOf(""), 1);
-    EXPECT_EQ(pagesOf(lines(20)), 1);
-    EXPECT_EQ(pagesOf(lines(200)), 4);
+    for (const QPageSize::PageSizeId paper : kPapers) {
+        const Print print{paper};
+        const int fitting = print.linesOfPage();
+        EXPECT_GT(fitting, 40) << QPageSize::key(paper).toStdString();
+        EXPECT_LT(fitting, 100) << QPageSize::key(paper).toStdString();
+        EXPECT_EQ(print.pagesOf(""), 1);
+        EXPECT_EQ(print.pagesOf(lines(fitting + 1)), 2);
+        EXPECT_EQ(print.pagesOf(lines(3 * fitting)), 3);
+        EXPECT_EQ(print.pagesOf(lines(3 * fitting + 1)), 4);
+    }
+    EXPECT_LT(Print{QPageSize::Letter}.linesOfPage(), Print{QPageSize::A4}.linesOfPage());
 }
 
 TEST(ReportPrinter, ScalesAndWrapsWideLines) {
-    const qsizetype narrow = pagesOf(lines(400));
-    EXPECT_LT(pagesOf(lines(400) + QString(130, 'x')), narrow);            // smaller rows, so fewer pages
-    EXPECT_GT(pagesOf(QString(1000, 'x').append('\n').repeated(100)), 5);  // eight rows each
+    const Print print;
+    EXPECT_LT(print.pagesOf(lines(400) + QString(300, 'x')), print.pagesOf(lines(400)));  // smaller rows
+    EXPECT_GT(print.pagesOf(QString(1000, 'x').append('\n').repeated(100)),
+              print.pagesOf(lines(100)));  // more rows than one for a line
 }
 
 TEST(ReportPrinter, PicturesFollowTheText) {
     const QString report = goldenReport("statistics.txt");
-    const qsizetype ofText = pagesOf(report, {}, Parts::Text);
-    EXPECT_EQ(ofText, 3);
-    EXPECT_EQ(pagesOf(report), 5);
-    EXPECT_EQ(pagesOf(report, "4-5"), 2);
-    EXPECT_EQ(pagesOf(goldenReport("summary.txt")),
-              pagesOf(goldenReport("summary.txt"), {}, Parts::Text) + 1);
+    for (const QPageSize::PageSizeId paper : kPapers) {
+        const qsizetype ofText = Print{paper, {}, Parts::Text}.pagesOf(report);
+        const qsizetype ofAll = Print{paper}.pagesOf(report);
+        EXPECT_GT(ofText, 1);
+        EXPECT_GT(ofAll, ofText + 1);
+        EXPECT_EQ((Print{paper, QString("%1-%2").arg(ofText + 1).arg(ofAll)}.pagesOf(report)),
+                  ofAll - ofText);
+    }
+    const QString summary = goldenReport("summary.txt");
+    EXPECT_EQ(Print().pagesOf(summary), (Print{QPageSize::A4, {}, Parts::Text}.pagesOf(summary)) + 1);
 }
 
 TEST(ReportPrinter, DrawsOnlyTheWantedPages) {
-    EXPECT_EQ(pagesOf(lines(200), "2-3"), 2);
-    EXPECT_EQ(pagesOf(lines(200), "4"), 1);
+    EXPECT_EQ((Print{QPageSize::A4, "2-3"}.pagesOf(lines(400))), 2);
+    EXPECT_EQ((Print{QPageSize::Letter, "4"}.pagesOf(lines(400))), 1);
 }
 
 TEST(ReportPrinter, DeviceThatRefusesIsTold) {
@@ -71,24 +103,29 @@ TEST(ReportPrinter, DeviceThatRefusesIsTold) {
 TEST(ReportPrinter, WritesAPdf) {
     Files files;
     const QString pdf = files.write("report.pdf", "what was there before");
-    writePdf({"report.txt", lines(3)}, Parts::Text, pdf);
-    const QByteArray bytes = Files::read(pdf);
-    EXPECT_TRUE(bytes.startsWith("%PDF"));
-    EXPECT_TRUE(bytes.trimmed().endsWith("%%EOF"));
+    const auto written = [&](QPageSize::PageSizeId paper) {
+        writePdf({"report.txt", lines(3)}, Parts::Text, QPageSize(paper), pdf);
+        return Files::read(pdf);
+    };
+    EXPECT_TRUE(written(QPageSize::A4).startsWith("%PDF"));
+    EXPECT_TRUE(written(QPageSize::A4).trimmed().endsWith("%%EOF"));
+    EXPECT_TRUE(isOnPaper(written(QPageSize::A4), QPageSize::A4));
+    EXPECT_TRUE(isOnPaper(written(QPageSize::Letter), QPageSize::Letter));
 }
 
 TEST(ReportPrinter, TellsWhyAPdfCannotBeWritten) {
     const Files files;
-    for (const QString& place :
-         {kClosedFolder + "/report.pdf", files.path("missing/report.pdf"), files.folder()}) {
+    for (const QString& place : {kClosedFolder + "/report.pdf", files.path("missing/report.pdf"),
+                                 files.folder(), files.pipe("pipe.pdf")}) {
         try {
-            writePdf({"report.txt", lines(3)}, Parts::TextAndPictures, place);
+            writePdf({"report.txt", lines(3)}, Parts::TextAndPictures, QPageSize(QPageSize::A4), place);
             FAIL() << place.toStdString() << " takes a PDF";
         } catch (const FileFailure& failure) {
             EXPECT_GT(failure.reason().size(), 1) << place.toStdString();
             EXPECT_TRUE(failure.reason().endsWith('.'));
         }
     }
+    EXPECT_TRUE(isPipe(files.path("pipe.pdf")));
 }
 
 }  // namespace tallybrook::test

@@ -1,4 +1,7 @@
+#include "Media.h"
+#include "UsersLocale.h"
 #include "Window.h"
+#include "viewer/Paper.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -56,6 +59,9 @@ TEST_F(ReportWindowTest, TellsWhatCannotBeShownAndKeepsTheReport) {
     EXPECT_FALSE(window->open(missing));
     expectBox("The report cannot be shown:\n\n" + files.folder() + "\n\nIt is a folder.");
     EXPECT_FALSE(window->open(files.folder()));
+    const QString pipe = files.pipe("pipe");
+    expectBox("The report cannot be shown:\n\n" + pipe + "\n\nIt is a device and not a file.");
+    EXPECT_FALSE(window->open(pipe));
     EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
     EXPECT_EQ(view().toPlainText(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
@@ -103,6 +109,38 @@ TEST_F(ReportWindowTest, PrintsToAFile) {
     EXPECT_TRUE(Files::read(paper).startsWith("%PDF"));
 }
 
+TEST_F(ReportWindowTest, PrintsOnTheUsersPaperAndTellsIt) {
+    const QString paper = files.path("paper.pdf");
+    for (const auto& [locale, id] :
+         {std::pair("en_US.UTF-8", QPageSize::Letter), std::pair("de_DE.UTF-8", QPageSize::A4)}) {
+        const UsersLocale user(UsersLocale::Variables{{"LC_ALL", locale}});
+        hands.expect([&paper, id = id](QDialog& dialog) {
+            auto& printers = *dialog.findChild<QComboBox*>("printers");
+            printers.setCurrentIndex(printers.findText("Print to File (PDF)"));
+            dialog.findChild<QLineEdit*>("filename")->setText(paper);
+            EXPECT_EQ(dialog.findChild<QLabel*>("paper")->text(),
+                      "Paper: " + nameOf(QPageSize(id)) + ", or what is chosen under Properties.");
+            dialog.accept();
+        });
+        action("Print...")->trigger();
+        EXPECT_TRUE(isOnPaper(Files::read(paper), id)) << locale;
+        QFile::remove(paper);
+    }
+}
+
+TEST_F(ReportWindowTest, PrintsIntoNoPipe) {
+    hands.expect([this](QDialog& dialog) {
+        auto& printers = *dialog.findChild<QComboBox*>("printers");
+        printers.setCurrentIndex(printers.findText("Print to File (PDF)"));
+        dialog.findChild<QLineEdit*>("filename")->setText(files.pipe("pipe"));
+        expectBox("The report cannot be printed:\n\n" + files.path("League Night.txt") +
+                  "\n\nIt is a device and not a file.");
+        dialog.accept();
+    });
+    action("Print...")->trigger();
+    EXPECT_TRUE(isPipe(files.path("pipe")));
+}
+
 TEST_F(ReportWindowTest, PrintingMayBeCancelled) {
     hands.expect([](QDialog& dialog) { dynamic_cast<QPrintDialog&>(dialog).reject(); });
     press(Qt::Key_P, Qt::ControlModifier);
@@ -129,6 +167,29 @@ TEST_F(ReportWindowTest, ExportsAPdfBesideTheReport) {
     });
     action("Export as PDF...")->trigger();
     EXPECT_TRUE(Files::read(files.path("League Night.pdf")).startsWith("%PDF"));
+}
+
+TEST_F(ReportWindowTest, ExportsTheUsersPaperAndOffersTheOther) {
+    const QStringList a4AndLetter{"PDF Files, Paper: A4 (*.pdf)", "PDF Files, Paper: Letter (*.pdf)"};
+    const auto exported = [this](const QStringList& filters, const QString& chosen) {
+        hands.expect([=](QDialog& opened) {
+            auto& dialog = dynamic_cast<QFileDialog&>(opened);
+            EXPECT_EQ(dialog.nameFilters(), filters);
+            EXPECT_EQ(dialog.selectedNameFilter(), filters.front());
+            dialog.selectNameFilter(chosen);
+            opened.accept();
+        });
+        action("Export as PDF...")->trigger();
+        const QByteArray bytes = Files::read(files.path("League Night.pdf"));
+        QFile::remove(files.path("League Night.pdf"));
+        return bytes;
+    };
+    const UsersLocale german(UsersLocale::Variables{{"LC_ALL", "de_DE.UTF-8"}});
+    EXPECT_TRUE(isOnPaper(exported(a4AndLetter, a4AndLetter[0]), QPageSize::A4));
+    EXPECT_TRUE(isOnPaper(exported(a4AndLetter, a4AndLetter[1]), QPageSize::Letter));
+    const UsersLocale american(UsersLocale::Variables{{"LC_ALL", "en_US.UTF-8"}});
+    const QStringList letterAndA4{a4AndLetter[1], a4AndLetter[0]};
+    EXPECT_TRUE(isOnPaper(exported(letterAndA4, letterAndA4[0]), QPageSize::Letter));
 }
 
 TEST_F(ReportWindowTest, ExportAddsTheEndingToAName) {

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QPageSize>
+#include <QSize>
+
+namespace tallybrook::test {
+
+/// Whether the pages of a PDF have the size of a paper.
+inline bool isOnPaper(const QByteArray& pdf, QPageSize::PageSizeId paper) {
+    const QByteArray begin = "/MediaBox [0 0 ";
+    const qsizetype at = pdf.indexOf(begin) + begin.size();
+    const QList<QByteArray> sides = pdf.mid(at, pdf.indexOf(']', at) - at).split(' ');
+    return QSizeF(sides.value(0).toDouble(), sides.value(1).toDouble()) ==
+           QSizeF(QPageSize::sizePoints(paper));
+}
+
+}  // namespace tallybrook::test
