@@ -3,7 +3,6 @@
 #include <QPainter>
 #include <QStringList>
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace tallybrook {
@@ -11,16 +10,6 @@ namespace tallybrook {
 namespace {
 
 constexpr const char* kHeading = "Spares, by attempts";
-constexpr std::size_t kPins = 10;
-
-/// Where a pin stands in its rack: from the left in half pins, from the back in rows.
-struct Spot {
-    int left;
-    int row;
-};
-
-constexpr std::array<Spot, kPins> kSpots{
-    {{3, 3}, {2, 2}, {4, 2}, {1, 1}, {3, 1}, {5, 1}, {0, 0}, {2, 0}, {4, 0}, {6, 0}}};
 
 /// The measures of a leave's card.
 struct Card {
@@ -43,7 +32,7 @@ struct Card {
 QString nameOf(const LeaveFigures& leave) {
     if (leave.pins.isEmpty())
         return "Not recorded";
-    return leave.standing && leave.standing->all() ? "All ten pins" : leave.pins;
+    return leave.standing == Pins::all() ? "All ten pins" : leave.pins;
 }
 
 QString percentOf(const LeaveFigures& leave) {
@@ -52,8 +41,7 @@ QString percentOf(const LeaveFigures& leave) {
 }
 
 /// A standing pin is a full disc with its number, one that is down a small ring.
-void drawPin(QPainter& painter, const QRectF& place, std::size_t pin, bool isStanding,
-             const PictureLook& look) {
+void drawPin(QPainter& painter, const QRectF& place, int pin, bool isStanding, const PictureLook& look) {
     painter.setPen(QPen(isStanding ? look.ink() : look.line(), look.hair()));
     painter.setBrush(isStanding ? QBrush(look.ink()) : QBrush(Qt::NoBrush));
     if (!isStanding) {
@@ -63,15 +51,18 @@ void drawPin(QPainter& painter, const QRectF& place, std::size_t pin, bool isSta
     painter.drawEllipse(place.center(), 0.46 * place.width(), 0.46 * place.width());
     QFont number = look.smallFont();
     number.setBold(true);
-    drawText(painter, place, Qt::AlignCenter, QString::number(pin + 1), number, look.ground());
+    drawText(painter, place, Qt::AlignCenter, QString::number(pin), number, look.ground());
 }
 
-void drawRack(QPainter& painter, const std::bitset<kPins>& standing, const Card& card,
-              const PictureLook& look) {
-    const double left = (card.width - 4 * card.pin) / 2;
-    for (std::size_t pin = 0; pin < kPins; ++pin) {
-        const QPointF corner(left + kSpots[pin].left * card.pin / 2, kSpots[pin].row * 0.88 * card.pin);
-        drawPin(painter, {corner, QSizeF(card.pin, card.pin)}, pin, standing.test(pin), look);
+void drawRack(QPainter& painter, Pins standing, const Card& card, const PictureLook& look) {
+    double top = 0;
+    for (const std::vector<int>& row : rackRows()) {
+        double left = (card.width - static_cast<double>(row.size()) * card.pin) / 2;
+        for (const int pin : row) {
+            drawPin(painter, {left, top, card.pin, card.pin}, pin, standing.has(pin), look);
+            left += card.pin;
+        }
+        top += 0.88 * card.pin;
     }
 }
 

@@ -67,17 +67,6 @@ bool ReportFigures::isEmpty() const {
     return games.empty() && !scores && series.empty() && !strikes && leaves.empty();
 }
 
-std::optional<std::bitset<10>> standingPins(const QString& list) {
-    std::bitset<10> standing;
-    for (const QStringView pin : QStringView(list).split('-')) {
-        const std::optional<int> number = countIn(pin);
-        if (!number || *number < 1 || *number > 10)
-            return std::nullopt;
-        standing.set(static_cast<std::size_t>(*number - 1));
-    }
-    return standing;
-}
-
 ReportFigures readFigures(const QString& text) {
     if (text.size() > kLongestPictured)
         return {};

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "bowling/Pins.h"
 #include "viewer/ScoreSheet.h"
 
 #include <QString>
-#include <bitset>
 #include <optional>
 #include <vector>
 
@@ -72,8 +72,8 @@ struct StrikeFigures {
 /// A row of the spare matrix.
 struct LeaveFigures {
     QString pins;  ///< as in "7-10"
-    /// The pins left standing, pin 1 first; nothing where the text is no list of pins.
-    std::optional<std::bitset<10>> standing;
+    /// The pins left standing; nothing where the text is no list of pins.
+    std::optional<Pins> standing;
     int attempts;
     int made;
 
@@ -104,8 +104,5 @@ struct ReportFigures {
 /// Reads the figures of a report with "\n" for its line ends. A text that is no report has none, a line that
 /// is not known is passed over, and a figure whose line has been left out is absent: any text will do.
 ReportFigures readFigures(const QString& text);
-
-/// The pins of a list such as "7-10", pin 1 first; nothing where it is none.
-std::optional<std::bitset<10>> standingPins(const QString& list);
 
 }  // namespace tallybrook

@@ -72,7 +72,7 @@ std::optional<LeaveFigures> leaveIn(QStringView line) {
     if (!made || !attempts || *made > *attempts || isWord(rest))
         return std::nullopt;
     const QString pins = rest.trimmed().toString();
-    return LeaveFigures{pins, standingPins(pins), *attempts, *made};
+    return LeaveFigures{pins, readPins(pins.toStdString()), *attempts, *made};
 }
 
 }  // namespace

@@ -88,7 +88,7 @@ TEST(PinString, IsTakenByItsLeadingNumbersWhereItIsStored) {
     EXPECT_EQ(pins, (Pins{3, 6, 10}));
     addNamedPins("", pins);
     EXPECT_EQ(pins.count(), 3);
-    for (const char* text : {"", "3x", "3- 6", "7-", "+7", "X", "/"})
+    for (const char* text : {"", "3x", "3- 6", "7-", "+7", "7,10", "99999999999999", "X", "/"})
         EXPECT_EQ(readPins(text), std::nullopt) << text;
 }
 

@@ -178,7 +178,7 @@ TEST(Pictures, MarksOfScoresAreCutShortRatherThanOff) {
 TEST(Pictures, PinsTellThemselvesByShapeToo) {
     const PictureLook look(fontOf(1), palettes().front());
     const auto rack = [&](const char* pins) {
-        return drawn(leavesPicture({{"1", standingPins(pins), 4, 2}}), look, 400, 0);
+        return drawn(leavesPicture({{"1", readPins(QString(pins).toStdString()), 4, 2}}), look, 400, 0);
     };
     EXPECT_NE(rack("1"), rack("10"));
     EXPECT_NE(rack("1").convertToFormat(QImage::Format_Mono),

@@ -88,7 +88,7 @@ TEST(ReportFigures, LeavesOfTheSeasonByAttempts) {
     EXPECT_EQ(firstOf(leaves, 8), (QStringList{"1-2-3-4-5-6-7-8-9-10 6/12", "2 2/8", "8 2/8", "6 5/8",
                                                "9 2/7", "1 4/7", "4 3/6", "10 1/6"}));
     EXPECT_EQ(inShort(leaves.back()), "3-4-6-9 0/1");
-    EXPECT_EQ(leaves[1].standing, std::bitset<10>("0000000010"));
+    EXPECT_EQ(leaves[1].standing, Pins{2});
 }
 
 TEST(ReportFigures, LeagueHasItsOwn) {
@@ -136,13 +136,6 @@ TEST(ReportFigures, LeavesMayBeAnyText) {
     EXPECT_EQ(firstOf({leaves.end() - 3, leaves.end()}, 3),
               (QStringList{"12 0/1", "7 8 X 1/1", "1-2-3-4-5-6-7-8-9-10-1-2-3 0/1"}));
     EXPECT_FALSE(leaves[leaves.size() - 2].standing);
-}
-
-TEST(ReportFigures, ListsOfPins) {
-    EXPECT_EQ(standingPins("10"), std::bitset<10>("1000000000"));
-    EXPECT_EQ(standingPins("1-7-10"), std::bitset<10>("1001000001"));
-    for (const char* const list : {"", "0", "11", "7-", "-7", "7--10", "X", "/", "7,10", "99999999999999"})
-        EXPECT_FALSE(standingPins(list)) << list;
 }
 
 // --- Games -------------------------------------------------------------------------------------------------
