@@ -3,7 +3,7 @@
 #include "controls/Lists.h"
 #include "controls/Person.h"
 #include "controls/Screen.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 
 #include <algorithm>
 #include <chrono>

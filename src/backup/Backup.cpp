@@ -1,7 +1,7 @@
 #include "backup/Backup.h"
 
 #include "runtime/TextFile.h"
-#include "store/UnlockedFile.h"
+#include "store/file/UnlockedFile.h"
 
 #include <cerrno>
 #include <chrono>

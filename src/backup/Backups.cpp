@@ -1,7 +1,7 @@
 #include "backup/Backups.h"
 
-#include "store/Connection.h"
-#include "store/Schema.h"
+#include "store/file/Connection.h"
+#include "store/sql/Schema.h"
 
 #include <algorithm>
 #include <chrono>
@@ -57,7 +57,7 @@ void Backups::beginChecked() {
 bool Backups::isEmpty() {
     try {
         return std::ranges::all_of(tables(), [this](const Table& table) {
-            StatementUse row(store_.connection().prepared("SELECT 1 FROM " + table.name + " LIMIT 1"));
+            Statement::Use row(store_.connection().prepared("SELECT 1 FROM " + table.name + " LIMIT 1"));
             return !row->executeStep();
         });
     } catch (const SQLite::Exception&) {

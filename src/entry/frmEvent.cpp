@@ -2,11 +2,10 @@
 
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
-#include "shell/UpdateSeries.h"
-#include "store/Transaction.h"
+#include "shell/UpdateCurrentEvent.h"
+#include "store/CommitAtEnd.h"
 
 #include <initializer_list>
-#include <optional>
 #include <utility>
 
 namespace tallybrook {
@@ -132,13 +131,11 @@ void frmEvent::Update_Event() {
     if (!dateIsGood(step))
         return;
     writeEvent(step);
-    std::optional<Transaction> figures;  // go to the disk at once
-    step([&] { figures.emplace(store()); });
-    countGames(step);
-    if (session().gGmsRecorded > 0)
-        updateSeries(program());
-    if (figures)
-        step([&] { figures->commit(); });
+    storeAtOnce(store(), step, [&] {
+        countGames(step);
+        if (session().gGmsRecorded > 0)
+            updateCurrentEvent(program());
+    });
 }
 
 bool frmEvent::nameIsGiven() {

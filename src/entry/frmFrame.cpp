@@ -5,7 +5,7 @@
 #include "entry/frmGame.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
-#include "shell/UpdateSeries.h"
+#include "shell/UpdateCurrentEvent.h"
 
 #include <initializer_list>
 
@@ -373,19 +373,19 @@ void frmFrame::cmdPrevious_Click() {
     if (!isGood(Check_Frame()))
         return;
     Save_Frame();
-    updateSeries(program());
+    updateCurrentEvent(program());
     screens().goBackFrom(*this);
 }
 
 void frmFrame::cmdRetMain_Click() {
     Save_Frame();
-    updateSeries(program());
+    updateCurrentEvent(program());
     returnToMain(program());
 }
 
 void frmFrame::cmdExit_Click() {
     Save_Frame();
-    updateSeries(program());
+    updateCurrentEvent(program());
     Exit_Confirm(program());
 }
 

@@ -9,7 +9,7 @@ namespace {
 /// One file on its way through.
 class CdbReader {
 public:
-    CdbReader(SyncRun& run, SyncFile& file, RowBatch& rows, const std::function<Outcome(CdbRecord&)>& add)
+    CdbReader(SyncRun& run, SyncFile& file, CommitAtEnd& rows, const std::function<Outcome(CdbRecord&)>& add)
         : run_(run),
           file_(file),
           format_(file.format),
@@ -34,7 +34,7 @@ public:
 
 private:
     void tellFailedCut(const RunTimeError& why) {
-        rows_.bringToDisk();
+        rows_.commitSoFar();
         run_.giveUp(why, "ParseDBLine");
     }
 
@@ -54,7 +54,7 @@ private:
 
     /// The file counts as empty even where the log cannot tell so.
     void endAtNone() {
-        rows_.bringToDisk();
+        rows_.commitSoFar();
         file_.isEmpty = true;
         write(format_.nothing);
     }
@@ -80,7 +80,7 @@ private:
     }
 
     void finish() {
-        rows_.bringToDisk();
+        rows_.commitSoFar();
         write(fmt::format("{0} processed: {1}, {0} added: {2}, {0} in error: {3}", format_.title,
                           processed_.value(), added_.value(), inError_.value()));
         file_.tmp.close();
@@ -91,7 +91,7 @@ private:
     SyncRun& run_;
     SyncFile& file_;
     const CdbFormat& format_;
-    RowBatch& rows_;
+    CommitAtEnd& rows_;
     const std::function<Outcome(CdbRecord&)>& add_;
     CdbRecord record_;
     Int32 processed_;
@@ -101,7 +101,7 @@ private:
 
 }  // namespace
 
-void readExportFile(SyncRun& run, SyncFile& file, RowBatch& rows,
+void readExportFile(SyncRun& run, SyncFile& file, CommitAtEnd& rows,
                     const std::function<Outcome(CdbRecord&)>& add) {
     CdbReader(run, file, rows, add).read();
 }

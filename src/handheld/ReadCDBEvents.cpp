@@ -23,14 +23,14 @@ constexpr int kSeriesAvg = 11;
 constexpr int kSeriesTot = 12;
 
 /// Whether the user wants the record beside the stored events with its record ID.
-bool isWantedTwice(const SyncRun& run, RowBatch& rows, Recordset& duplicates, const CdbRecord& record) {
+bool isWantedTwice(const SyncRun& run, CommitAtEnd& rows, Recordset& duplicates, const CdbRecord& record) {
     std::string text = "Duplicate Event(s) Found:\r\n";
     for (duplicates.MoveFirst(); !duplicates.Eof(); duplicates.MoveNext())
         text += fmt::format("Event: {}\r\nDate Bowled: {}\r\n", toText(duplicates["fldEventName"]),
                             toText(duplicates["fldDateBowled"]));
     text += fmt::format("PDA Record\r\nEvent: {}\r\nDate: {}\r\nAdd record from PDA?",
                         record.text(kEventName), record.text(kDateBowled));
-    rows.bringToDisk();
+    rows.commitSoFar();
     return run.program.display.messageBox(question(text, "Duplicate Record ID", Icon::Warning)) ==
            Answer::Yes;
 }
@@ -52,7 +52,7 @@ Int32 storeEvent(Recordset& events, const CdbRecord& record, DateTime dateBowled
     return toInt32(events["fldSessionNum"]);
 }
 
-Outcome addEvent(SyncRun& run, RowBatch& rows, CdbRecord& record) {
+Outcome addEvent(SyncRun& run, CommitAtEnd& rows, CdbRecord& record) {
     record.cut(kEventId, kDateBowled);
     DataControl& adoTBKEvent = run.controls().adoTBKEvent;
     adoTBKEvent.setRecordSource(
@@ -76,7 +76,7 @@ Outcome addEvent(SyncRun& run, RowBatch& rows, CdbRecord& record) {
 
 bool ReadCDBEvents(SyncRun& run) {
     run.procedure("ReadCDBEvents", [&] {
-        RowBatch rows(run.program.store());
+        CommitAtEnd rows(run.program.store());
         readExportFile(run, run.event, rows, [&](CdbRecord& record) { return addEvent(run, rows, record); });
     });
     return run.event.isEmpty;

@@ -63,7 +63,7 @@ Outcome addFrame(SyncRun& run, CdbRecord& record) {
 
 void ReadCDBFrames(SyncRun& run) {
     run.procedure("ReadCDBFrames", [&] {
-        RowBatch rows(run.program.store());
+        CommitAtEnd rows(run.program.store());
         readExportFile(run, run.frame, rows, [&run](CdbRecord& record) { return addFrame(run, record); });
     });
 }

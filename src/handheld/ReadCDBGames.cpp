@@ -58,7 +58,7 @@ Outcome addGame(SyncRun& run, CdbRecord& record) {
 
 bool ReadCDBGames(SyncRun& run) {
     run.procedure("ReadCDBGames", [&] {
-        RowBatch rows(run.program.store());
+        CommitAtEnd rows(run.program.store());
         readExportFile(run, run.game, rows, [&run](CdbRecord& record) { return addGame(run, record); });
     });
     return run.game.isEmpty;

@@ -1,9 +1,8 @@
 #include "maintenance/CheckRun.h"
 #include "runtime/TextForms.h"
-#include "store/Transaction.h"
+#include "store/CommitAtEnd.h"
 #include "store/WalkRows.h"
 
-#include <optional>
 #include <string>
 
 #include <fmt/format.h>
@@ -119,13 +118,11 @@ private:
 
 void Check_ScType(CheckRun& run) {
     const Handler step = run.handler("Check_ScType");
-    std::optional<Transaction> corrections;
-    step([&] { corrections.emplace(run.program.store()); });
-    step([&] { run.print("Checking game score types."); });
-    ScoreTypeCheck(run, step).checkEvents();
-    step([&] { run.print("Game score type check complete."); });
-    if (corrections)
-        step([&] { corrections->commit(); });
+    storeAtOnce(run.program.store(), step, [&] {
+        step([&] { run.print("Checking game score types."); });
+        ScoreTypeCheck(run, step).checkEvents();
+        step([&] { run.print("Game score type check complete."); });
+    });
 }
 
 }  // namespace tallybrook

@@ -1,8 +1,6 @@
 #include "maintenance/CheckRun.h"
-#include "store/Transaction.h"
+#include "store/CommitAtEnd.h"
 #include "store/WalkRows.h"
-
-#include <optional>
 
 #include <fmt/format.h>
 
@@ -73,13 +71,11 @@ private:
 
 void DB_Integ(CheckRun& run) {
     const Handler step = run.handler("DB_Integ");
-    std::optional<Transaction> corrections;
-    step([&] { corrections.emplace(run.program.store()); });
-    step([&] { run.print("Checking database integrity."); });
-    for (const ChildTable& child : {kFrames, kGames})
-        OrphanHunt(run, step, child).deleteOrphans();
-    if (corrections)
-        step([&] { corrections->commit(); });
+    storeAtOnce(run.program.store(), step, [&] {
+        step([&] { run.print("Checking database integrity."); });
+        for (const ChildTable& child : {kFrames, kGames})
+            OrphanHunt(run, step, child).deleteOrphans();
+    });
 }
 
 }  // namespace tallybrook

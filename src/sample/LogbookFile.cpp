@@ -1,9 +1,9 @@
 #include "sample/LogbookFile.h"
 
 #include "runtime/Clock.h"
-#include "store/FieldValue.h"
-#include "store/Schema.h"
 #include "store/Store.h"
+#include "store/sql/FieldValue.h"
+#include "store/sql/Schema.h"
 
 #include <string>
 

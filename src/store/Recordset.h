@@ -2,14 +2,17 @@
 
 #include "runtime/Value.h"
 #include "store/Store.h"
+#include "store/recordset/FieldFinder.h"
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tallybrook {
 
+class OpenRecordset;
 class Recordset;
 
 /// One field of a recordset's current row, by name. Short-lived: use it in the statement that asks for it.
@@ -47,7 +50,7 @@ public:
     /// Ends the recordset, dropping what is pending; 3704 if it is closed.
     void Close();
     /// 1 when open, 0 when closed.
-    [[nodiscard]] int State() const;
+    [[nodiscard]] int State() const { return open_ ? 1 : 0; }
 
     /// The number of rows, the ones added through this recordset included.
     [[nodiscard]] int RecordCount() const;
@@ -72,12 +75,18 @@ public:
 
     /// Called after an opening, a move, AddNew and CancelUpdate: when what is bound to the current row is to
     /// show it anew.
-    void onRowShown(std::function<void()> callback);
+    void onRowShown(std::function<void()> callback) { rowShown_ = std::move(callback); }
 
 private:
     friend class Field;
-    class Implementation;
-    std::unique_ptr<Implementation> implementation_;
+    [[nodiscard]] OpenRecordset& opened() const;
+    [[nodiscard]] Value read(std::string_view field);
+    void write(std::string_view field, const Value& value);
+
+    Store& store_;
+    mutable FieldFinder finder_;
+    std::function<void()> rowShown_;
+    std::unique_ptr<OpenRecordset> open_;  // nothing while it is closed
 };
 
 }  // namespace tallybrook

@@ -2,22 +2,18 @@
 
 #include "runtime/Clock.h"
 #include "runtime/Value.h"
+#include "store/file/LogbookFile.h"
 
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace tallybrook {
 
-/// The logbook's file cannot be used: it is no logbook, is too new, or cannot be opened. what() is a text
-/// for people that names the file and says what to do. The file is left as it was.
-class LogbookRefused : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
+class Connection;
+class Reading;
 
 /// The logbook: one SQLite file with the three tables, held open by one connection for the whole run.
 class Store {
@@ -44,13 +40,21 @@ public:
 
     /// Calls `look` again and again while work goes on: before each opening of a recordset and each storing
     /// of a row. It may read the logbook, and must raise no error.
-    void whileAtWork(std::function<void()> look);
+    void whileAtWork(std::function<void()> look) { whileAtWork_ = std::move(look); }
+    /// Work goes on, and nothing of the store is in the middle of something.
+    void noteWork() const {
+        if (whileAtWork_)
+            whileAtWork_();
+    }
 
-    class Connection;
+    // What the store's own files work with.
     [[nodiscard]] Connection& connection() { return *connection_; }
+    [[nodiscard]] Reading& reading() { return *reading_; }
 
 private:
     std::unique_ptr<Connection> connection_;
+    std::unique_ptr<Reading> reading_;
+    std::function<void()> whileAtWork_;
 };
 
 }  // namespace tallybrook

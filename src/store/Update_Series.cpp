@@ -23,12 +23,12 @@ struct Series {
 };
 
 /// Every game counts, one with a score of 0 too.
-Series addUp(Store& store, const Handler& step, Int32 session) {
+Series addUp(Store& store, const Handler& step, Int32 eventKey) {
     Series series;
     Recordset games(store);
     step([&] {
-        games.Open("SELECT fldGameNum, fldGameScore FROM tblGameInfo WHERE fldSessionNum = " + text(session) +
-                   " ORDER BY fldGameNum");
+        games.Open("SELECT fldGameNum, fldGameScore FROM tblGameInfo WHERE fldSessionNum = " +
+                   text(eventKey) + " ORDER BY fldGameNum");
     });
     step([&] { series.games = games.RecordCount(); });
     if (series.games > 0) {
@@ -46,9 +46,9 @@ Series addUp(Store& store, const Handler& step, Int32 session) {
 
 }  // namespace
 
-void Update_Series(Store& store, FailureReporter& reporter, Int32 session, SeriesVariables variables) {
+void Update_Series(Store& store, FailureReporter& reporter, Int32 eventKey, SeriesVariables variables) {
     const Handler step = seriesHandler(reporter);
-    const Series series = addUp(store, step, session);
+    const Series series = addUp(store, step, eventKey);
     variables.gSeriesTot = series.total;
     variables.gSeriesAvg = series.average;
 
@@ -56,7 +56,7 @@ void Update_Series(Store& store, FailureReporter& reporter, Int32 session, Serie
     step([&] {
         event.Open(
             "SELECT fldSeriesTot, fldSeriesAvg, fldGmsRecorded FROM tblEventInfo WHERE fldSessionNum = " +
-            text(session));
+            text(eventKey));
     });
     step([&] { event["fldSeriesTot"] = valueOf(variables.gSeriesTot); });
     step([&] { event["fldSeriesAvg"] = variables.gSeriesAvg; });

@@ -14,8 +14,8 @@ struct SeriesVariables {
     Int16& gGmsRecorded;
 };
 
-/// Recomputes the series total, average and count of games of the event with key `session`, sets the shared
+/// Recomputes the series total, average and count of games of the event with that key, sets the shared
 /// variables and stores them in the event's row. Shows its own failures.
-void Update_Series(Store& store, FailureReporter& reporter, Int32 session, SeriesVariables variables);
+void Update_Series(Store& store, FailureReporter& reporter, Int32 eventKey, SeriesVariables variables);
 
 }  // namespace tallybrook

@@ -1,6 +1,6 @@
 #include "BrowsePlay.h"
 #include "browse/frmEventList.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 #include "support/SameText.h"
 
 #include <array>

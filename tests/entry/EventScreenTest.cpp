@@ -1,4 +1,4 @@
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 #include "support/Play.h"
 
 #include <sqlite3.h>

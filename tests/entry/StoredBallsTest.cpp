@@ -1,6 +1,6 @@
 // What each way of bowling a frame leaves in the logbook, entered click by click.
 
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 #include "support/Play.h"
 
 namespace tallybrook::test {

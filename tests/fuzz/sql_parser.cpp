@@ -5,7 +5,7 @@
 #include "runtime/Ascii.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/TextForms.h"
-#include "store/Sql.h"
+#include "store/sql/Sql.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -13,7 +13,7 @@
 #include "maintenance/modDBUtils.h"
 #include "reports/modTBKReports.h"
 #include "shell/TBK_Globals.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
 #include <array>

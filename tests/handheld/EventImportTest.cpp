@@ -1,5 +1,5 @@
 #include "handheld/SyncPlay.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 
 namespace tallybrook::test {
 

@@ -2,7 +2,7 @@
 // left on the disk.
 
 #include "handheld/SyncPlay.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 #include "support/FileCalls.h"
 
 #include <cerrno>

@@ -2,7 +2,7 @@
 #include "runtime/TextFile.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 #include "support/Play.h"
 #include "support/SameText.h"
 

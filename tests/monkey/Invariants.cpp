@@ -4,8 +4,8 @@
 #include "controls/Lists.h"
 #include "controls/Screen.h"
 #include "runtime/RunTimeError.h"
-#include "store/Connection.h"
-#include "store/Schema.h"
+#include "store/file/Connection.h"
+#include "store/sql/Schema.h"
 
 #include <algorithm>
 #include <array>

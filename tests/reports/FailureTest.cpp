@@ -1,7 +1,7 @@
 #include "ReportPlay.h"
 #include "reports/ReportRun.h"
 #include "reports/SpareMatrix.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 
 #include <filesystem>
 #include <fstream>

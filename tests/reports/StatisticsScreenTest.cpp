@@ -1,6 +1,6 @@
 #include "ReportPlay.h"
 #include "controls/Lists.h"
-#include "store/Connection.h"
+#include "store/file/Connection.h"
 
 #include <filesystem>
 

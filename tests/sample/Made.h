@@ -1,7 +1,7 @@
 #pragma once
 
 #include "sample/Sample.h"
-#include "store/Schema.h"
+#include "store/sql/Schema.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 

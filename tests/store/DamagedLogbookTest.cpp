@@ -2,9 +2,9 @@
 // byte, or it is opened, and its damage shows as failures of statements.
 
 #include "runtime/RunTimeError.h"
+#include "store/CommitAtEnd.h"
 #include "store/Recordset.h"
-#include "store/Schema.h"
-#include "store/Transaction.h"
+#include "store/sql/Schema.h"
 #include "support/Anybody.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
@@ -77,7 +77,7 @@ protected:
         try {
             Store store(file, clock);
             mayFail([&] {
-                Transaction saves(store);
+                CommitAtEnd saves(store);
                 for (const Table& table : tables())
                     useTable(store, table);
                 saves.commit();

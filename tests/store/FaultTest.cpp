@@ -1,7 +1,7 @@
 // What the file's failures leave behind, and what is in the file when a statement has returned.
 
-#include "store/Connection.h"
 #include "store/Recordset.h"
+#include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
 #include <functional>

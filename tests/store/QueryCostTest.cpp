@@ -1,9 +1,9 @@
 // What statements cost: rows walked and commits made are counted, not timed.
 
-#include "store/Connection.h"
 #include "store/DataControl.h"
 #include "store/Recordset.h"
 #include "store/Update_Series.h"
+#include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
-#include "store/Connection.h"
 #include "store/Recordset.h"
+#include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // Walks over the logbook, in which rows are read ahead, against SQLite asked event by event.
 
-#include "store/Connection.h"
-#include "store/PackedRows.h"
 #include "store/Recordset.h"
+#include "store/file/Connection.h"
+#include "store/reading/PackedRows.h"
 #include "support/TemporaryFolder.h"
 
 #include <limits>
@@ -41,7 +41,7 @@ TEST(Packed, RowsGiveBackWhatWasPutIn) {
     for (const std::int64_t key : {std::int64_t{7}, std::int64_t{-7}}) {
         rows.addRow(key);
         for (const Value& value : values)
-            rows.add(value);
+            std::visit([&rows](const auto& one) { rows.add(one); }, value);
     }
     ASSERT_EQ(rows.size(), 2U);
     EXPECT_EQ(rows.key(1), -7);

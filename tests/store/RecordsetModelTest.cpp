@@ -1,7 +1,7 @@
 // Random operations on several recordsets at once over the same table, against a plain model in memory.
 
-#include "store/Connection.h"
 #include "store/Recordset.h"
+#include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "store/Sql.h"
+#include "store/sql/Sql.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck.h>

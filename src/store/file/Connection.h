@@ -1,0 +1,65 @@
+#pragma once
+
+#include "runtime/RunTimeError.h"
+#include "store/file/Statement.h"
+#include "store/sql/Schema.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace tallybrook {
+
+/// The one connection to the logbook's file, which holds its lock: statements kept ready, and the highest key
+/// of each table.
+class Connection {
+public:
+    /// Opens a logbook, which must be one, and rolls a save back that was cut off. Errors: SQLite::Exception.
+    explicit Connection(const std::filesystem::path& file);
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    [[nodiscard]] SQLite::Database& database() { return database_; }
+
+    /// A statement, prepared once and reused, to be run at once with all its parameters bound anew.
+    Statement& prepared(const std::string& sql);
+    /// Lets `wait` run once, before the next prepared statement that writes; nothing if it is empty.
+    void beforeFirstWrite(std::function<void()> wait) { beforeFirstWrite_ = std::move(wait); }
+
+    /// The highest key that a table has had; 0 if it never had rows.
+    [[nodiscard]] std::int64_t highestKey(const Table& table);
+    /// To be called after a row was added.
+    void noteKey(const Table& table, std::int64_t key) { highestKeys_[&table] = key; }
+    /// Another number after each change of the tables.
+    [[nodiscard]] std::uint64_t version() const;
+
+private:
+    Statement& ready(const std::string& sql);
+    static void noteRollback(void* connection);
+
+    SQLite::Database database_;
+    std::map<std::string, std::unique_ptr<Statement>> prepared_;
+    std::unordered_map<const Table*, std::int64_t> highestKeys_;
+    std::uint64_t rollbacks_ = 0;
+    std::function<void()> beforeFirstWrite_;
+};
+
+/// Runs what works on the file; a failure that SQLite reports becomes error -2147467259 with its text.
+template <typename Work>
+auto onFile(Work&& work) {
+    try {
+        return work();
+    } catch (const SQLite::Exception& failure) {
+        throw RunTimeError(error::kEngineFailure, failure.what());
+    }
+}
+
+}  // namespace tallybrook

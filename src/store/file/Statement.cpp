@@ -1,0 +1,92 @@
+#include "store/file/Statement.h"
+
+#include "store/sql/FieldValue.h"
+
+#include <type_traits>
+#include <variant>
+
+#include <sqlite3.h>
+
+namespace tallybrook {
+
+// The connection is used by one thread at a time, so a column's value may be looked at as it stands.
+
+namespace {
+
+int bindText(sqlite3_stmt* statement, int index, const std::string& text) {
+    return sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+/// Binds each kind of value; gives SQLite's answer.
+struct Binding {
+    sqlite3_stmt* statement;
+    int index;
+
+    int operator()(Null) const { return sqlite3_bind_null(statement, index); }
+    int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
+    int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
+    int operator()(const std::string& text) const { return bindText(statement, index, text); }
+    int operator()(DateTime date) const { return bindText(statement, index, storedDate(date)); }
+};
+
+}  // namespace
+
+void Statement::Finalize::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
+Statement::Statement(const SQLite::Database& database, const std::string& sql)
+    : database_(database.getHandle()) {
+    sqlite3_stmt* statement = nullptr;
+    const int result =
+        sqlite3_prepare_v3(database_, sql.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    statement_.reset(statement);
+    require(result);
+}
+
+void Statement::require(int result) const {
+    if (result != SQLITE_OK)
+        throw SQLite::Exception(database_, result);
+}
+
+void Statement::bind(int index, const Value& value) {
+    require(std::visit(Binding{.statement = statement_.get(), .index = index}, value));
+}
+
+bool Statement::executeStep() {
+    const int result = sqlite3_step(statement_.get());
+    if (result != SQLITE_DONE && result != SQLITE_ROW)
+        throw SQLite::Exception(database_, result);
+    return result == SQLITE_ROW;
+}
+
+int Statement::exec() {
+    executeStep();
+    return sqlite3_changes(database_);
+}
+
+void Statement::reset() {
+    sqlite3_reset(statement_.get());
+}
+
+sqlite3_value* Statement::column(int index) const {
+    return sqlite3_column_value(statement_.get(), index);
+}
+
+std::int64_t Statement::number(int index) const {
+    return sqlite3_column_int64(statement_.get(), index);
+}
+
+std::optional<std::int64_t> Statement::wholeNumber(int index) const {
+    sqlite3_value* const stored = column(index);
+    switch (sqlite3_value_type(stored)) {
+        case SQLITE_INTEGER:
+            return sqlite3_value_int64(stored);
+        case SQLITE_FLOAT:
+            return wholeNumberIn(sqlite3_value_double(stored));
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "runtime/Value.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+struct sqlite3;
+struct sqlite3_stmt;
+struct sqlite3_value;
+
+namespace tallybrook {
+
+/// A statement, prepared once and run again and again. It takes columns straight from SQLite, without an
+/// object for each, since rows are read by the thousand. Errors: SQLite::Exception.
+class Statement {
+public:
+    Statement(const SQLite::Database& database, const std::string& sql);
+
+    /// Binds a value to a parameter, counted from 1, in the form in which it is stored. What is bound stays
+    /// until it is bound anew.
+    void bind(int index, const Value& value);
+
+    /// Goes to the next row; false behind the last one.
+    bool executeStep();
+    /// Runs what gives no rows; returns how many rows it has changed.
+    int exec();
+
+    /// What stands in a column of the row, counted from 0, until the next step.
+    [[nodiscard]] sqlite3_value* column(int index) const;
+    /// The whole number in a column.
+    [[nodiscard]] std::int64_t number(int index) const;
+    /// The number in a column where it holds a whole one, be it stored as a real.
+    [[nodiscard]] std::optional<std::int64_t> wholeNumber(int index) const;
+
+    /// A run of the statement: resets it in the end, however that comes.
+    class Use {
+    public:
+        explicit Use(Statement& statement) : statement_(statement) {}
+        ~Use() { statement_.reset(); }
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+        Statement* operator->() { return &statement_; }
+        Statement& operator*() { return statement_; }
+
+    private:
+        Statement& statement_;
+    };
+
+private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    void require(int result) const;
+    void reset();
+
+    sqlite3* database_;
+    std::unique_ptr<sqlite3_stmt, Finalize> statement_;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,32 @@
+#include "store/file/UnlockedFile.h"
+
+#include <string>
+#include <string_view>
+
+#include <fmt/format.h>
+
+namespace tallybrook {
+
+namespace {
+
+/// A path as it is written in a URI: all but plain letters and digits by their codes.
+std::string encodedPath(const std::filesystem::path& path) {
+    constexpr std::string_view kPlain = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789/._-";
+    std::string encoded;
+    for (const char byte : path.string()) {
+        if (kPlain.find(byte) != std::string_view::npos)
+            encoded += byte;
+        else
+            encoded += fmt::format("%{:02X}", static_cast<unsigned char>(byte));
+    }
+    return encoded;
+}
+
+}  // namespace
+
+SQLite::Database openAsItStands(const std::filesystem::path& file) {
+    return {"file://" + encodedPath(std::filesystem::absolute(file)) + "?immutable=1",
+            SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX};
+}
+
+}  // namespace tallybrook

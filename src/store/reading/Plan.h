@@ -1,0 +1,71 @@
+#pragma once
+
+#include "store/file/Statement.h"
+#include "store/reading/PackedRows.h"
+#include "store/reading/ReadAhead.h"
+#include "store/sql/SelectText.h"
+#include "store/sql/Sql.h"
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace tallybrook {
+
+/// How all statements of one shape are run: the statement for SQLite, prepared once, and the fields that are
+/// worth reading, which are those that somebody has asked for.
+class Plan {
+public:
+    /// For any statement of the shape.
+    Plan(SQLite::Database& database, Select select);
+    Plan(const Plan&) = delete;
+    Plan& operator=(const Plan&) = delete;
+
+    [[nodiscard]] const Select& select() const { return select_; }
+    [[nodiscard]] std::size_t fieldCount() const { return select_.fields.size(); }
+
+    /// Tells that a field was asked for.
+    void want(std::size_t field);
+
+    /// Runs the statement and reads all fields of the rows that it finds, or those that are worth it.
+    RowRange read(const Question& question, bool all);
+    /// Reads all fields of the rows of these keys, in their order; nothing if one of them is not there.
+    std::shared_ptr<const PackedRows> readRows(const std::vector<std::int64_t>& keys);
+
+private:
+    /// A statement that reads certain fields.
+    struct Reader {
+        std::shared_ptr<const Projection> projection;
+        std::optional<Statement> statement;
+    };
+    Reader& readerOf(bool all);
+    /// A statement that reads a key and these fields of the rows that `rest` tells.
+    [[nodiscard]] Reader prepare(const std::string& key, const std::vector<bool>& fields,
+                                 const std::string& rest) const;
+    void bind(Statement& statement, const Question& question) const;
+    RowRange run(Reader& reader, const Question& question) const;
+
+    SQLite::Database& database_;
+    Select select_;
+    SelectText text_;
+    std::vector<bool> wanted_;  // by field
+    Reader whole_;
+    Reader narrow_;  // of the fields wanted
+    Reader single_;  // of the row of one key
+    std::optional<ReadAhead> ahead_;
+    // The last answer, if it is small: procedures often ask the same one after another.
+    struct Answer {
+        std::vector<Value> values;
+        std::int64_t lastKey;
+        std::uint64_t version;
+        RowRange rows;
+
+        [[nodiscard]] bool answers(const Question& question, const Projection& projection) const;
+    };
+    std::optional<Answer> lastAnswer_;
+};
+
+}  // namespace tallybrook
