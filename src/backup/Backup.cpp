@@ -59,6 +59,7 @@ private:
 void copyPages(SQLite::Database& source, const fs::path& copy, const std::stop_token& stop) {
     constexpr int kPagesAtOnce = 1000;
     SQLite::Database target(copy.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+    target.exec("PRAGMA trusted_schema = OFF");
     target.exec("PRAGMA journal_mode = OFF");  // a copy that is cut off is worth nothing anyway
     target.exec("PRAGMA synchronous = OFF");   // it is brought to the disk as a whole
     SQLite::Backup pages(target, source);
@@ -86,12 +87,6 @@ auto fromLogbook(Read read) {
 }
 
 }  // namespace
-
-std::string backupFailureText(const fs::path& folder, const std::string& why) {
-    return "The logbook could not be backed up. The program goes on all the same.\r\nFolder of the "
-           "backups: " +
-           folder.string() + "\r\n" + why;
-}
 
 std::string reasonFor(const std::exception& failure) {
     const auto* const refusal = dynamic_cast<const std::system_error*>(&failure);
@@ -155,7 +150,7 @@ void Backup::work(const std::stop_token& stop) {
     }
     if (!why.empty() && !stop.stop_requested()) {
         const std::scoped_lock lock(mutex_);
-        failure_ = backupFailureText(job_.folder.path(), why);
+        failure_ = why;
     }
     reach(Stage::Done);
 }

@@ -39,7 +39,7 @@ public:
     void waitForLogbook();
     /// Waits to the end.
     void finish();
-    /// Why it failed, as a text for people; nothing as long as it did not.
+    /// Why it failed, and what can be done about it; nothing as long as it did not.
     [[nodiscard]] std::optional<std::string> failure();
 
 private:
@@ -64,8 +64,6 @@ private:
     std::jthread thread_;  // the last one: it uses the others
 };
 
-/// The text for people that tells that a backup could not be made, and why.
-std::string backupFailureText(const std::filesystem::path& folder, const std::string& why);
 /// What was refused, and what can be done about it.
 std::string reasonFor(const std::exception& failure);
 

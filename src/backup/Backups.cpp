@@ -35,7 +35,7 @@ void Backups::begin() {
         finish();
         beginChecked();
     } catch (const std::exception& failure) {
-        failure_ = backupFailureText(folder_.path(), reasonFor(failure));
+        failure_ = failureText(reasonFor(failure));
     }
 }
 
@@ -74,8 +74,14 @@ void Backups::finish() {
 }
 
 void Backups::noteFailure() {
-    if (backup_ && !failure_)
-        failure_ = backup_->failure();
+    if (const auto why = backup_ && !failure_ ? backup_->failure() : std::nullopt)
+        failure_ = failureText(*why);
+}
+
+std::string Backups::failureText(const std::string& why) const {
+    return "The logbook could not be backed up. The program goes on all the same.\r\nFolder of the "
+           "backups: " +
+           folder_.path().string() + "\r\n" + why;
 }
 
 std::optional<std::string> Backups::takeFailure() {
@@ -84,6 +90,26 @@ std::optional<std::string> Backups::takeFailure() {
         return std::nullopt;
     isTold_ = true;
     return failure_;
+}
+
+void backUpNow(const fs::path& logbook, const Clock& clock) {
+    std::optional<std::string> why;
+    const BackupFolder folder(logbook);
+    try {
+        folder.removeUnfinished();
+        folder.make();
+        Backup backup({.logbook = logbook,
+                       .folder = folder,
+                       .now = clock.now(),
+                       .stamp = stampFor(fs::last_write_time(logbook))});
+        backup.finish();
+        why = backup.failure();
+    } catch (const std::exception& failure) {
+        why = reasonFor(failure);
+    }
+    if (why)
+        throw std::runtime_error(
+            "It could not be backed up.\r\nFolder of the backups: " + folder.path().string() + "\r\n" + *why);
 }
 
 }  // namespace tallybrook

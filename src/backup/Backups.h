@@ -34,6 +34,7 @@ private:
     void beginChecked();
     [[nodiscard]] bool isEmpty();
     void noteFailure();
+    [[nodiscard]] std::string failureText(const std::string& why) const;
 
     Store& store_;
     const std::filesystem::path logbook_;
@@ -43,5 +44,9 @@ private:
     std::optional<std::string> failure_;
     bool isTold_ = false;
 };
+
+/// Makes a backup of a logbook that stands still, with its lock held, and returns once it is proved. Throws
+/// std::runtime_error, with what() for people, where that cannot be done.
+void backUpNow(const std::filesystem::path& logbook, const Clock& clock);
 
 }  // namespace tallybrook

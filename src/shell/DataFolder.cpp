@@ -13,14 +13,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-fs::path journalOf(const fs::path& logbook) {
-    std::error_code ignored;
-    return fs::weakly_canonical(logbook, ignored).string() + "-journal";
-}
-
 std::vector<fs::path> ownFiles(const Program& program) {
     const fs::path logbook = program.logbookFile();
-    std::vector<fs::path> files{logbook, journalOf(logbook), configurationFile(program), lockFile(program)};
+    std::vector<fs::path> files = Store::filesOf(logbook);
+    files.push_back(configurationFile(program));
+    files.push_back(lockFile(program));
     std::error_code ended;
     for (fs::directory_iterator backup(BackupFolder(logbook).path(), ended);
          backup != fs::directory_iterator{}; backup.increment(ended))

@@ -29,7 +29,8 @@ Backups& Program::backups() {
 }
 
 void Program::openLogbook() {
-    store_ = std::make_unique<Store>(logbookFile(), clock);
+    const Upgrade upgrade{.backUp = [this](const std::filesystem::path& file) { backUpNow(file, clock); }};
+    store_ = std::make_unique<Store>(logbookFile(), clock, upgrade);
     store_->whileAtWork([this] { display.atWork(); });
     backups_ = std::make_unique<Backups>(*store_, logbookFile(), clock);
     backups_->begin();

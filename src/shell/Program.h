@@ -47,7 +47,8 @@ public:
     [[nodiscard]] std::filesystem::path logbookFile() const { return dataFolder / "Tallybrook_DB.mdb"; }
     /// The logbook; error 91 before the start procedure has opened it.
     [[nodiscard]] Store& store();
-    /// Opens the logbook in the data folder, or makes it, and begins a backup of it; throws LogbookRefused.
+    /// Opens the logbook in the data folder, or makes it, and begins a backup of it; an older one is backed
+    /// up before it is brought up to date. Throws LogbookRefused.
     void openLogbook();
     /// The backups of the logbook; error 91 before the start procedure has opened it.
     [[nodiscard]] Backups& backups();

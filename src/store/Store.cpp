@@ -1,18 +1,23 @@
 #include "store/Store.h"
 
+#include "store/file/LogbookFile.h"
 #include "store/reading/Reading.h"
 
 #include <utility>
 
 namespace tallybrook {
 
-Store::Store(const std::filesystem::path& file, const Clock& clock)
-    : connection_(openLogbook(file)), reading_(std::make_unique<Reading>(*connection_, clock)) {}
+Store::Store(const std::filesystem::path& file, const Clock& clock, const Upgrade& upgrade)
+    : connection_(openLogbook(file, upgrade)), reading_(std::make_unique<Reading>(*connection_, clock)) {}
 
 Store::~Store() = default;
 
 void Store::beforeFirstWrite(std::function<void()> wait) {
     connection_->beforeFirstWrite(std::move(wait));
+}
+
+std::vector<std::filesystem::path> Store::filesOf(const std::filesystem::path& logbook) {
+    return filesOfLogbook(logbook);
 }
 
 std::vector<std::string> Store::fieldNames(const std::string& table) {

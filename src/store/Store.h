@@ -2,7 +2,8 @@
 
 #include "runtime/Clock.h"
 #include "runtime/Value.h"
-#include "store/file/LogbookFile.h"
+#include "store/file/LogbookRefused.h"
+#include "store/file/Upgrade.h"
 
 #include <filesystem>
 #include <functional>
@@ -18,9 +19,10 @@ class Reading;
 /// The logbook: one SQLite file with the three tables, held open by one connection for the whole run.
 class Store {
 public:
-    /// Opens the logbook, or makes an empty one where there is no file. `clock` tells the current year to
-    /// date texts without one. Throws LogbookRefused.
-    Store(const std::filesystem::path& file, const Clock& clock);
+    /// Opens the logbook, or makes an empty one where there is no file; one of an older schema is brought up
+    /// to date as `upgrade` says. `clock` tells the current year to date texts without one. Throws
+    /// LogbookRefused.
+    Store(const std::filesystem::path& file, const Clock& clock, const Upgrade& upgrade = {});
     ~Store();
     Store(const Store&) = delete;
     Store& operator=(const Store&) = delete;
@@ -28,6 +30,9 @@ public:
     struct Row {
         std::vector<Value> values;
     };
+
+    /// All files that are kept for a logbook, be they there or not: itself, and what may lie beside it.
+    [[nodiscard]] static std::vector<std::filesystem::path> filesOf(const std::filesystem::path& logbook);
 
     /// The names of a table's fields in their order; none for a name that is no table.
     [[nodiscard]] static std::vector<std::string> fieldNames(const std::string& table);

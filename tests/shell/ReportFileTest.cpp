@@ -56,6 +56,8 @@ TEST_F(ReportFile, IsNoneOfTheProgramsOwn) {
     fs::remove(journal);
     EXPECT_EQ(refusals(journal), kRefused);  // the next save makes it anew
     EXPECT_FALSE(fs::exists(journal));
+    for (const char* const beside : {".trial", ".trial-journal", ".new"})
+        EXPECT_EQ(refusals(logbook.string() + beside), kRefused) << beside;
 }
 
 TEST_F(ReportFile, IsNotTheLogbookByAnotherSpelling) {

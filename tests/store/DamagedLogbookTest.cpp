@@ -3,6 +3,7 @@
 
 #include "runtime/RunTimeError.h"
 #include "store/CommitAtEnd.h"
+#include "store/CutOffASave.h"
 #include "store/Recordset.h"
 #include "store/sql/Schema.h"
 #include "support/Anybody.h"
@@ -230,28 +231,13 @@ TEST_F(DamagedLogbook, MayLieInAFolderOfAnyName) {
     }
 }
 
-/// Begins a save that brings pages to the file and is cut off; leaves the file and its journal.
-void cutOffASave(const fs::path& file, const std::string& statement) {
-    const fs::path copy = file.string() + ".cut";
-    {
-        SQLite::Database database(file.string(), SQLite::OPEN_READWRITE);
-        database.exec("PRAGMA cache_size = 0");
-        database.exec("BEGIN");
-        database.exec(statement);
-        fs::copy_file(file, copy);
-        fs::copy_file(file.string() + "-journal", copy.string() + "-journal");
-    }
-    fs::rename(copy, file);
-    fs::rename(copy.string() + "-journal", file.string() + "-journal");
-}
-
 TEST_F(DamagedLogbook, OfAnotherProgramStaysAsItIsWithASaveThatWasCutOff) {
     {
         SQLite::Database other(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         other.exec(
             "PRAGMA user_version = 1; CREATE TABLE recipes (name TEXT); INSERT INTO recipes VALUES ('soup')");
     }
-    cutOffASave(file, "INSERT INTO recipes SELECT printf('%.9000c', 'x')");
+    test::cutOffASave(file, "INSERT INTO recipes SELECT printf('%.9000c', 'x')");
     ASSERT_EQ(files().size(), 2U);
     expectRefused("another program");
 }
@@ -259,7 +245,7 @@ TEST_F(DamagedLogbook, OfAnotherProgramStaysAsItIsWithASaveThatWasCutOff) {
 TEST_F(DamagedLogbook, IsMendedAfterASaveThatWasCutOff) {
     makeLogbook();
     const std::string whole = contents();
-    cutOffASave(file, "UPDATE tblEventInfo SET fldComment = printf('%.9000c', 'x')");
+    test::cutOffASave(file, "UPDATE tblEventInfo SET fldComment = printf('%.9000c', 'x')");
     ASSERT_NE(contents(), whole);
     ASSERT_TRUE(fs::exists(file.string() + "-journal"));
     EXPECT_EQ(refusal(), "");
@@ -270,7 +256,7 @@ TEST_F(DamagedLogbook, IsMendedAfterASaveThatWasCutOff) {
 TEST_F(DamagedLogbook, ShorterThanItsHeadSaysIsMendedFromItsJournal) {
     makeLogbook();
     const std::string whole = contents();
-    cutOffASave(file, "UPDATE tblEventInfo SET fldComment = printf('%.9000c', 'x')");
+    test::cutOffASave(file, "UPDATE tblEventInfo SET fldComment = printf('%.9000c', 'x')");
     std::string bytes = contents();
     bytes[28] = bytes[29] = '\0';  // the number of pages, high byte first
     bytes[30] = '\x7f';

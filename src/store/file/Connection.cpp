@@ -1,5 +1,6 @@
 #include "store/file/Connection.h"
 
+#include "store/file/Distrust.h"
 #include "store/file/TextFunctions.h"
 
 #include <fmt/format.h>
@@ -17,6 +18,7 @@ Connection::Connection(const fs::path& file)
     database_.exec("PRAGMA locking_mode = EXCLUSIVE");
     database_.exec("PRAGMA synchronous = FULL");
     database_.exec("PRAGMA cache_size = -8192");  // KiB: a life of bowling mostly fits
+    distrust(database_);
     addTextFunctions(database_);
     sqlite3_rollback_hook(database_.getHandle(), noteRollback, this);
     database_.exec("BEGIN EXCLUSIVE");  // takes the lock for as long as the connection lives

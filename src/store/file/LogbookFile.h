@@ -1,21 +1,20 @@
 #pragma once
 
 #include "store/file/Connection.h"
+#include "store/file/LogbookRefused.h"
+#include "store/file/Upgrade.h"
 
 #include <filesystem>
 #include <memory>
-#include <stdexcept>
+#include <vector>
 
 namespace tallybrook {
 
-/// The logbook's file cannot be used: it is no logbook, is too new, or cannot be opened. what() is a text
-/// for people that names the file and says what to do. The file is left as it was.
-class LogbookRefused : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
+/// Opens the logbook, or makes an empty one where there is no file; undoes a save that was cut off, and
+/// brings an older logbook up to date. Throws LogbookRefused.
+std::unique_ptr<Connection> openLogbook(const std::filesystem::path& file, const Upgrade& upgrade);
 
-/// Opens the logbook, or makes an empty one where there is no file. Throws LogbookRefused.
-std::unique_ptr<Connection> openLogbook(const std::filesystem::path& file);
+/// All files that are kept for a logbook, be they there or not: itself, and what may lie beside it.
+std::vector<std::filesystem::path> filesOfLogbook(const std::filesystem::path& logbook);
 
 }  // namespace tallybrook

@@ -1,5 +1,7 @@
 #include "store/file/UnlockedFile.h"
 
+#include "store/file/Distrust.h"
+
 #include <string>
 #include <string_view>
 
@@ -25,8 +27,10 @@ std::string encodedPath(const std::filesystem::path& path) {
 }  // namespace
 
 SQLite::Database openAsItStands(const std::filesystem::path& file) {
-    return {"file://" + encodedPath(std::filesystem::absolute(file)) + "?immutable=1",
-            SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX};
+    SQLite::Database database("file://" + encodedPath(std::filesystem::absolute(file)) + "?immutable=1",
+                              SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX);
+    distrust(database);
+    return database;
 }
 
 }  // namespace tallybrook

@@ -7,8 +7,6 @@
 
 namespace tallybrook {
 
-using Kind = PendingRow::Kind;
-
 OpenRecordset::OpenRecordset(Reading& reading, const std::function<void()>& rowShown, const std::string& sql)
     : reading_(reading), rowShown_(rowShown), rows_(reading, sql), cursor_(rows_), pending_(rows_) {}
 
@@ -34,7 +32,7 @@ void OpenRecordset::movePrevious() {
 
 /// What comes before a move: an edit is stored, a new row discarded.
 void OpenRecordset::endPending() {
-    if (pending_.kind() == Kind::Edit)
+    if (pending_.kind() == PendingRow::Kind::Edit)
         changeRow();
     pending_.drop();
 }
@@ -69,7 +67,7 @@ void OpenRecordset::requireUpdatable() const {
 }
 
 void OpenRecordset::write(std::size_t field, const Value& value) {
-    const bool isFirst = pending_.kind() == Kind::None;
+    const bool isFirst = pending_.kind() == PendingRow::Kind::None;
     if (isFirst)
         requireRow();
     const Column& column = *fields()[field];
@@ -78,29 +76,29 @@ void OpenRecordset::write(std::size_t field, const Value& value) {
         throw RunTimeError(error::kValueNotTaken);
     Value taken = toFieldValue(value, column.type, reading_.currentYear());
     if (isFirst)
-        pending_.begin(Kind::Edit);
+        pending_.begin(PendingRow::Kind::Edit);
     pending_.write(field, std::move(taken));
 }
 
 void OpenRecordset::addNew() {
     requireUpdatable();
-    pending_.begin(Kind::New);
+    pending_.begin(PendingRow::Kind::New);
     showRow();
 }
 
 void OpenRecordset::update() {
     switch (pending_.kind()) {
-        case Kind::New:
+        case PendingRow::Kind::New:
             return insertRow();
-        case Kind::Edit:
+        case PendingRow::Kind::Edit:
             return changeRow();
-        case Kind::None:
+        case PendingRow::Kind::None:
             return requireRow();  // nothing to store
     }
 }
 
 void OpenRecordset::cancelUpdate() {
-    if (pending_.drop() != Kind::None)
+    if (pending_.drop() != PendingRow::Kind::None)
         showRow();
 }
 

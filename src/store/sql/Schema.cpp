@@ -1,6 +1,7 @@
 #include "store/sql/Schema.h"
 
 #include "runtime/TextCompare.h"
+#include "store/sql/SchemaSteps.h"
 
 #include <algorithm>
 
@@ -130,7 +131,7 @@ std::vector<std::string> schemaStatements() {
         }
     }
     statements.insert(statements.end(), std::begin(kIndexes), std::end(kIndexes));
-    statements.push_back(fmt::format("PRAGMA user_version = {}", kSchemaVersion));
+    statements.push_back(fmt::format("PRAGMA user_version = {}", newestSchema(schemaSteps())));
     return statements;
 }
 

@@ -35,10 +35,8 @@ const Table* findTable(std::string_view name);
 /// them must word it the same.
 std::string isBeyondNocase(const Column& column);
 
-/// The schema's number, kept in the file's user_version.
-inline constexpr int kSchemaVersion = 1;
-
-/// The statements that make the tables and indexes of an empty logbook.
+/// The statements that make the tables and indexes of an empty logbook, of the newest schema, whose number is
+/// kept in the file's user_version.
 std::vector<std::string> schemaStatements();
 
 }  // namespace tallybrook

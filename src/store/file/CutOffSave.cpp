@@ -1,0 +1,101 @@
+#include "store/file/CutOffSave.h"
+
+#include "store/file/Distrust.h"
+#include "store/file/Inspection.h"
+#include "store/file/Journal.h"
+#include "store/file/LogbookRefused.h"
+
+#include <string>
+#include <system_error>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <fmt/format.h>
+#include <sqlite3.h>
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path copyForTrial(const fs::path& logbook) {
+    std::error_code ignored;
+    return fs::weakly_canonical(logbook, ignored).string() + ".trial";
+}
+
+/// A copy of a logbook with its journal, which goes away again.
+class TrialCopy {
+public:
+    explicit TrialCopy(const fs::path& logbook) : logbook_(logbook) {
+        fs::copy_file(journalOf(logbook), journalOf(path()));
+        fs::copy_file(logbook, path());
+    }
+    ~TrialCopy() { removeCopiesForTrial(logbook_); }
+    TrialCopy(const TrialCopy&) = delete;
+    TrialCopy& operator=(const TrialCopy&) = delete;
+
+    [[nodiscard]] fs::path path() const { return copyForTrial(logbook_); }
+
+private:
+    const fs::path& logbook_;
+};
+
+bool isWhole(const SQLite::Database& database) {
+    SQLite::Statement check(database, "PRAGMA integrity_check(1)");
+    return check.executeStep() && check.getColumn(0).getString() == "ok";
+}
+
+bool isDamage(const SQLite::Exception& failure) {
+    return failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB;
+}
+
+/// Whether what the engine makes of the copies is sound; throws LogbookRefused for a database of another
+/// kind.
+bool isUndoneByEngine(const fs::path& logbook, int newestSchema) {
+    const TrialCopy copy(logbook);
+    try {
+        SQLite::Database database(copy.path().string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+        database.exec("PRAGMA synchronous = OFF");  // nobody needs the copy for longer than this
+        distrust(database);
+        inspectTables(logbook, database, newestSchema);
+        return isWhole(database);
+    } catch (const SQLite::Exception& failure) {
+        if (isDamage(failure))
+            return false;
+        throw;
+    }
+}
+
+}  // namespace
+
+std::vector<fs::path> copiesForTrial(const fs::path& logbook) {
+    const fs::path copy = copyForTrial(logbook);
+    return {copy, journalOf(copy)};
+}
+
+void removeCopiesForTrial(const fs::path& logbook) {
+    for (const fs::path& copy : copiesForTrial(logbook)) {
+        std::error_code ignored;
+        fs::remove(copy, ignored);
+    }
+}
+
+void tryToUndoCutOffSave(const fs::path& logbook, int newestSchema) {
+    try {
+        if (!isJournalSound(logbook) || !isUndoneByEngine(logbook, newestSchema))
+            refuseLogbook(
+                logbook,
+                fmt::format("A save was cut off, and cannot be undone, since the logbook or its "
+                            "journal is damaged. Both are left as they are. Please put them away "
+                            "together, and a copy of your logbook in their place; the folder Backups "
+                            "beside it may hold some.\r\nJournal: {}",
+                            journalOf(logbook).string()));
+    } catch (const std::system_error& failure) {
+        refuseLogbook(logbook,
+                      fmt::format("A save was cut off, and cannot be undone yet: {}. Please see that "
+                                  "there is room on the disk for a copy of the logbook.",
+                                  failure.code().message()));
+    }
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,131 @@
+#include "store/file/Inspection.h"
+
+#include "store/file/LogbookRefused.h"
+#include "store/sql/Schema.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <string_view>
+
+#include <fmt/format.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+namespace tallybrook {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The head of an SQLite file: its mark, and at byte 60 the schema's number.
+constexpr std::size_t kHeadSize = 100;
+constexpr std::string_view kMark{"SQLite format 3\0", 16};
+
+int schemaIn(const std::array<char, kHeadSize>& head) {
+    unsigned number = 0;
+    for (std::size_t at = 60; at < 64; ++at)
+        number = number << 8U | static_cast<unsigned char>(head[at]);
+    return static_cast<int>(number);
+}
+
+/// Refuses whatever is not a file, or a link to one.
+void inspectName(const fs::path& file) {
+    if (fs::is_symlink(file) && !fs::exists(file))
+        refuseLogbook(
+            file,
+            "It is a link to a file that is not there. Please bring that file back, or remove the link.");
+    if (!fs::is_regular_file(file))
+        refuseLogbook(file,
+                      "There is something else of that name where the file should be. Please move it away.");
+}
+
+void inspectHead(const fs::path& file, int newestSchema) {
+    std::array<char, kHeadSize> head{};
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        refuseLogbook(file, "The file cannot be read. Please check its permissions.");
+    stream.read(head.data(), kHeadSize);
+    if (stream.bad())
+        refuseLogbook(file, "The file cannot be read. Please check the disk.");
+    if (stream.gcount() < static_cast<std::streamsize>(kHeadSize) ||
+        std::string_view(head.data(), kMark.size()) != kMark)
+        refuseLogbook(file, fmt::format("The file is no logbook of this program. {}", kPutCopy));
+    const int schema = schemaIn(head);
+    if (schema > newestSchema)
+        refuseLogbook(file,
+                      "The logbook was written by a newer version of Tallybrook. Please update the program.");
+    if (schema < 1)
+        refuseLogbook(file, "The file belongs to another program. Please move it away.");
+}
+
+/// Refuses what cannot be changed: the file, or the folder where SQLite keeps its journal.
+void inspectPermissions(const fs::path& file) {
+    const fs::path folder = fs::canonical(file).parent_path();
+    if (access(file.c_str(), W_OK) != 0 || access(folder.c_str(), W_OK) != 0)
+        refuseLogbook(file, "The file or its folder cannot be written. Please check their permissions.");
+}
+
+/// Whether there is a table of that name which holds rows of its own under keys: no view, which may compute
+/// for ever, and no virtual table, which is what some function makes of it.
+bool isTable(const SQLite::Database& database, const Table& table) {
+    SQLite::Statement found(database,
+                            "SELECT 1 FROM pragma_table_list WHERE schema = 'main' AND type = 'table' AND "
+                            "wr = 0 AND name = ? COLLATE NOCASE");
+    found.bind(1, table.name);
+    return found.executeStep();
+}
+
+bool hasColumn(const SQLite::Database& database, const Table& table, const Column& column) {
+    SQLite::Statement found(database, "SELECT 1 FROM pragma_table_info(?) WHERE name = ?");
+    found.bind(1, table.name);
+    found.bind(2, column.name);
+    return found.executeStep();
+}
+
+bool hasAllTables(const SQLite::Database& database) {
+    return std::ranges::all_of(tables(), [&](const Table& table) { return isTable(database, table); });
+}
+
+std::int64_t numberFrom(const SQLite::Database& database, const char* sql) {
+    SQLite::Statement number(database, sql);
+    number.executeStep();
+    return number.getColumn(0).getInt64();
+}
+
+/// Whether the file has fewer bytes than its pages need.
+bool isCutShort(const SQLite::Database& database) {
+    const std::int64_t size =
+        numberFrom(database, "SELECT page_count * page_size FROM pragma_page_count, pragma_page_size");
+    return fs::file_size(sqlite3_db_filename(database.getHandle(), "main")) <
+           static_cast<std::uintmax_t>(size);
+}
+
+}  // namespace
+
+void inspectFile(const fs::path& file, int newestSchema) {
+    inspectName(file);
+    inspectHead(file, newestSchema);
+    inspectPermissions(file);
+}
+
+int schemaOf(const SQLite::Database& database) {
+    return static_cast<int>(numberFrom(database, "PRAGMA user_version"));
+}
+
+bool hasAllColumns(const SQLite::Database& database) {
+    return hasAllTables(database) && std::ranges::all_of(tables(), [&](const Table& table) {
+               return std::ranges::all_of(
+                   table.columns, [&](const Column& column) { return hasColumn(database, table, column); });
+           });
+}
+
+void inspectTables(const fs::path& file, const SQLite::Database& database, int newestSchema) {
+    if (isCutShort(database))
+        refuseLogbook(file, fmt::format("The logbook is damaged: its end is missing. {}", kPutCopy));
+    const bool isOlder = schemaOf(database) < newestSchema;
+    if (!(isOlder ? hasAllTables(database) : hasAllColumns(database)))
+        refuseLogbook(file, fmt::format("The file belongs to another program, or is damaged. {}", kPutCopy));
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+
+namespace tallybrook {
+
+/// The journal of a logbook: the old contents of pages that a save was about to change.
+std::filesystem::path journalOf(const std::filesystem::path& logbook);
+
+/// Whether a save was cut off and left its journal. An empty journal is just left over.
+bool wasSaveCutOff(const std::filesystem::path& logbook);
+
+/// Whether the journal of a logbook is as a save has left it, as far as its heads, counts and checksums tell.
+/// The engine takes what does not fit for the journal's end, and what stands behind for never written. Throws
+/// std::system_error where it cannot be read.
+bool isJournalSound(const std::filesystem::path& logbook);
+
+}  // namespace tallybrook

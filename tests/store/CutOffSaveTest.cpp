@@ -1,0 +1,194 @@
+// A save was cut off, and its journal, by which it is undone, or the logbook itself is damaged: both stay as
+// they are, to the byte, unless what comes of them is sound.
+
+#include "store/CutOffASave.h"
+#include "store/Store.h"
+#include "store/file/CutOffSave.h"
+#include "store/file/Journal.h"
+#include "support/SameText.h"
+#include "support/TemporaryFolder.h"
+
+#include <cstdint>
+#include <map>
+#include <random>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+namespace tallybrook {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Files = std::map<std::string, std::string>;
+
+class CutOffSave : public testing::Test {
+protected:
+    CutOffSave() {
+        { const Store made(file, clock); }
+        SQLite::Database(file.string(), SQLite::OPEN_READWRITE)
+            .exec(
+                "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200) "
+                "INSERT INTO tblEventInfo (fldEventName, fldDateBowled, fldCenterName, fldComment) "
+                "SELECT 'Event ' || i, '2026-11-04', 'Lanes ' || i, printf('%.200c', 'a') FROM n");
+        whole = test::bytesOf(file);
+        test::cutOffASave(file,
+                          "UPDATE tblEventInfo SET fldComment = 'changed', fldCenterName = 'Elsewhere'");
+        changed = test::bytesOf(file);
+        journal = test::bytesOf(journalOf(file));
+        EXPECT_NE(changed, whole);
+        EXPECT_GT(journal.size(), 10000U);
+    }
+
+    void put(const std::string& logbook, const std::string& journalBytes) const {
+        std::ofstream(file, std::ios::binary) << logbook;
+        std::ofstream(journalOf(file), std::ios::binary) << journalBytes;
+    }
+    [[nodiscard]] Files files() const {
+        Files found;
+        for (const auto& entry : fs::directory_iterator(folder.path()))
+            found[entry.path().filename().string()] = test::bytesOf(entry.path());
+        return found;
+    }
+    [[nodiscard]] std::string refusal() const {
+        try {
+            const Store store(file, clock);
+        } catch (const LogbookRefused& refused) {
+            return refused.what();
+        }
+        return "";
+    }
+    /// Where the last records begin that the engine had counted; those behind may not be needed.
+    [[nodiscard]] std::size_t lastHead() const { return journal.rfind("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7"); }
+    /// Opens what lies there: it is undone to the last byte, or refused and left alone. True if it was
+    /// refused.
+    [[nodiscard]] bool isLeftAlone() const {
+        const Files before = files();
+        const std::string text = refusal();
+        if (text.empty()) {
+            EXPECT_EQ(files(), (Files{{file.filename().string(), whole}}));
+            return false;
+        }
+        EXPECT_NE(text.find(file.string()), std::string::npos) << text;
+        EXPECT_NE(text.find("Please "), std::string::npos) << text;
+        EXPECT_TRUE(files() == before) << text;
+        return true;
+    }
+
+    test::TemporaryFolder folder;
+    fs::path file = folder.path() / "Tallybrook_DB.mdb";
+    SettableClock clock{makeDate(2026, 11, 14)};
+    std::string whole;    // as the last save left it
+    std::string changed;  // as the next one was cut off
+    std::string journal;
+};
+
+/// Where a record's page is looked at for its checksum: every 200 bytes from its end on.
+bool isSummed(std::size_t atInPage, std::size_t pageSize) {
+    return atInPage > 0 && (pageSize - atInPage) % 200 == 0;
+}
+
+TEST_F(CutOffSave, IsUndoneWithoutLitter) {
+    EXPECT_FALSE(isLeftAlone());
+}
+
+TEST_F(CutOffSave, IsLeftAloneWhereItsJournalIsDamagedSoThatItShows) {
+    constexpr std::size_t kSector = 512;
+    constexpr std::size_t kPage = 4096;
+    int refused = 0;
+    // The first head: its mark, the records it counts, their nonce, the pages, the sizes.
+    for (const std::size_t at :
+         {0U, 1U, 7U, 8U, 9U, 10U, 11U, 12U, 15U, 16U, 17U, 18U, 19U, 20U, 21U, 22U, 23U, 24U, 26U}) {
+        std::string bytes = journal;
+        bytes[at] = static_cast<char>(bytes[at] ^ 0x21);
+        put(changed, bytes);
+        EXPECT_TRUE(isLeftAlone()) << at;
+        ++refused;
+    }
+    // The first record: its page's number, what counts of its contents, its checksum.
+    for (std::size_t at = 0; at < kPage + 8; ++at) {
+        if (at >= 4 && at < kPage + 4 && !isSummed(at - 4, kPage))
+            continue;
+        std::string bytes = journal;
+        bytes[kSector + at] = static_cast<char>(bytes[kSector + at] ^ 0x10);
+        put(changed, bytes);
+        EXPECT_TRUE(isLeftAlone()) << at;
+        ++refused;
+    }
+    EXPECT_EQ(refused, 19 + 8 + 20);
+}
+
+TEST_F(CutOffSave, IsLeftAloneWhereItsJournalIsCutShort) {
+    for (std::size_t size = 600; size < journal.size(); size += 2931) {
+        put(changed, journal.substr(0, size));
+        EXPECT_TRUE(isLeftAlone() || size > lastHead()) << size;
+    }
+}
+
+TEST_F(CutOffSave, IsLeftAloneWhereAPageOfItsJournalIsNonsense) {
+    constexpr std::size_t kPage = 4096;
+    for (std::size_t at = 0; at < journal.size(); at += kPage) {
+        const std::size_t count = std::min(kPage, journal.size() - at);
+        put(changed, std::string(journal).replace(at, count, count, '\x7f'));
+        EXPECT_TRUE(isLeftAlone() || at > lastHead()) << at;
+    }
+}
+
+TEST_F(CutOffSave, IsUndoneOrLeftAloneWhereverAByteOfTheJournalsHeadsIsWrong) {
+    std::mt19937 random(20261114);
+    for (int round = 0; round < 60; ++round) {
+        std::string bytes = journal;
+        const std::size_t at = random() % 28;
+        bytes[at] = static_cast<char>(bytes[at] ^ (1 << random() % 8));
+        put(changed, bytes);
+        static_cast<void>(isLeftAlone());
+    }
+}
+
+TEST_F(CutOffSave, IsLeftAloneWhereTheLogbookIsDamagedToo) {
+    // A page that the save had not changed, so that the journal does not bring it back.
+    constexpr std::size_t kPage = 4096;
+    const std::size_t last = changed.size() / kPage - 1;
+    int refused = 0;
+    for (std::size_t page = 1; page <= last; ++page) {
+        put(std::string(changed).replace(page * kPage, kPage, kPage, '\x7f'), journal);
+        refused += isLeftAlone() ? 1 : 0;
+    }
+    EXPECT_GT(refused, 0);
+}
+
+TEST_F(CutOffSave, IsUndoneThoughAnEarlierTrialWasCutOff) {
+    for (const fs::path& copy : copiesForTrial(file))
+        std::ofstream(copy, std::ios::binary) << "half a copy";
+    EXPECT_FALSE(isLeftAlone());
+}
+
+TEST_F(CutOffSave, LeavesNoTrialBehindWhereTheJournalIsGone) {
+    fs::remove(journalOf(file));
+    std::ofstream(file, std::ios::binary) << whole;
+    for (const fs::path& copy : copiesForTrial(file))
+        std::ofstream(copy, std::ios::binary) << "half a copy";
+    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(files(), (Files{{file.filename().string(), whole}}));
+}
+
+TEST_F(CutOffSave, ThatHadNotReachedTheDiskIsNone) {
+    // As the engine leaves it before the logbook itself is touched: mark and count are not written yet.
+    put(whole, std::string(12, '\0') + journal.substr(12));
+    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(test::bytesOf(file), whole);
+}
+
+TEST_F(CutOffSave, IsNotUndoneWithoutRoomForTheTrial) {
+    fs::create_directory(copiesForTrial(file).front());
+    std::ofstream(copiesForTrial(file).front() / "in the way").flush();
+    const std::string text = refusal();
+    EXPECT_NE(text.find("room on the disk"), std::string::npos) << text;
+    EXPECT_EQ(test::bytesOf(file), changed);
+    EXPECT_EQ(test::bytesOf(journalOf(file)), journal);
+}
+
+}  // namespace
+
+}  // namespace tallybrook

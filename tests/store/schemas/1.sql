@@ -1,0 +1,15 @@
+CREATE TABLE tblEventInfo (fldSessionNum INTEGER PRIMARY KEY AUTOINCREMENT, fldEventName TEXT DEFAULT '', fldDateBowled TEXT, fldCenterName TEXT DEFAULT '', fldCenterLoc TEXT DEFAULT '', fldEventType TEXT DEFAULT '', fldNumGames INTEGER DEFAULT 0, fldGmsRecorded INTEGER DEFAULT 0, fldSeriesTot INTEGER DEFAULT 0, fldSeriesAvg REAL DEFAULT 0, fldComment TEXT DEFAULT '', fldHHRecordID TEXT DEFAULT '');
+CREATE INDEX idx_fldCenterName ON tblEventInfo (fldCenterName COLLATE NOCASE);
+CREATE INDEX idx_fldCenterName_other ON tblEventInfo (fldCenterName) WHERE (fldCenterName GLOB '*[^ -~]*' OR typeof(fldCenterName) = 'blob');
+CREATE INDEX idx_fldHHRecordID ON tblEventInfo (fldHHRecordID COLLATE NOCASE);
+CREATE INDEX idx_fldHHRecordID_other ON tblEventInfo (fldHHRecordID) WHERE (fldHHRecordID GLOB '*[^ -~]*' OR typeof(fldHHRecordID) = 'blob');
+CREATE TABLE tblGameInfo (fldGameKey INTEGER PRIMARY KEY AUTOINCREMENT, fldSessionNum INTEGER DEFAULT 0, fldGameNum INTEGER DEFAULT 0, fldStartLane INTEGER DEFAULT 0, fldLeftLane INTEGER DEFAULT 0, fldRightLane INTEGER DEFAULT 0, fldLanePair TEXT DEFAULT '', fldGameScore INTEGER DEFAULT 0, fldLaneCond TEXT DEFAULT '', fldComment TEXT DEFAULT '', fldScoreType TEXT DEFAULT 'P', fldFrmsRecorded INTEGER DEFAULT 0, fldHHRecordID TEXT DEFAULT '', fldBowlHand TEXT DEFAULT '');
+CREATE TABLE tblFrameInfo (fldFrameKey INTEGER PRIMARY KEY AUTOINCREMENT, fldSessionNum INTEGER DEFAULT 0, fldGameNum INTEGER DEFAULT 0, fldFrameNum INTEGER DEFAULT 0, fldLaneBowled INTEGER DEFAULT 0, fldBallUsed TEXT DEFAULT '', fldFootPos TEXT DEFAULT '', fldLaneTgt TEXT DEFAULT '', fldFirstBallRes TEXT DEFAULT '', fldSecondBallRes TEXT DEFAULT '', fldFillBallRes TEXT DEFAULT '', fldComment TEXT DEFAULT '', fldLineScore TEXT DEFAULT '', fldHHRecordID TEXT DEFAULT '');
+CREATE INDEX idxEventDate ON tblEventInfo (fldDateBowled);
+CREATE INDEX idxGame ON tblGameInfo (fldSessionNum, fldGameNum);
+CREATE INDEX idxFrame ON tblFrameInfo (fldSessionNum, fldGameNum, fldFrameNum);
+PRAGMA user_version = 1;
+INSERT INTO tblEventInfo (fldEventName, fldDateBowled, fldCenterName, fldCenterLoc, fldEventType, fldNumGames, fldGmsRecorded, fldSeriesTot, fldSeriesAvg, fldComment, fldHHRecordID) VALUES ('Thursday League', '2026-11-04', 'Sunset Lanes', 'Springfield', 'LEAGUE', 3, 1, 178, 178.0, 'new ball', 'NONE');
+INSERT INTO tblEventInfo (fldEventName, fldDateBowled, fldCenterName, fldEventType, fldHHRecordID) VALUES ('Café Open', '2026-11-11', 'Größe Bahn', 'TOURNAMENT', 'E17');
+INSERT INTO tblGameInfo (fldSessionNum, fldGameNum, fldStartLane, fldLeftLane, fldRightLane, fldLanePair, fldGameScore, fldLaneCond, fldFrmsRecorded, fldHHRecordID, fldBowlHand) VALUES (1, 1, 13, 13, 14, '13-14', 178, 'dry', 1, 'NONE', 'N');
+INSERT INTO tblFrameInfo (fldSessionNum, fldGameNum, fldFrameNum, fldLaneBowled, fldBallUsed, fldFirstBallRes, fldSecondBallRes, fldLineScore, fldHHRecordID) VALUES (1, 1, 1, 13, 'blue', '3-6-10', '/', '7/', 'NONE');
