@@ -1,27 +1,14 @@
 #!/usr/bin/env python3
-"""Checks the structure of the house: includes run one way between the rooms, there is no circle between files
-or folders, nothing below the desktop knows Qt, no file holds a path of one machine, and the README opens with the
-two commands. Call it with the root of the source tree."""
+"""Checks the structure of the house: src/rooms.txt says what the rooms use and no more, every include is one that it
+allows, there is no circle between files or folders, only rooms that may use a library of Qt know it, no file holds a
+path of one machine, and the README opens with the two commands. Call it with the root of the source tree."""
 
 import re
 import sys
 from pathlib import Path
 
-# A room may include the rooms of its own line's level only if it is the same room, and all of the lines above.
-LEVELS = [
-    ["runtime"],
-    ["store"],
-    ["backup"],
-    ["shell"],
-    ["reports", "maintenance"],
-    ["entry", "browse", "handheld"],
-    ["app", "sample"],
-    ["style"],
-    ["desktop", "viewer"],
-    ["player"],
-]
-LEVEL_OF = {room: level for level, rooms in enumerate(LEVELS) for room in rooms}
-ROOMS_WITH_QT = {"style", "desktop", "viewer", "player"}
+from rooms import knows_qt, read_rooms, within_reach
+
 MACHINE_PATH = re.compile(r"(?<![\w.$}/])/(?:home|root|work|Users|media|mnt)/[\w.]|\b[A-Z]:\\{1,2}Users\b")
 CHECKED_FOLDERS = ["src", "tests", "cmake", "scripts", ".ci", "docs", "help", "packaging", "bench"]
 CHECKED_FILES = ["CMakeLists.txt", "CMakePresets.json", "README.md", "CHANGELOG.md"]
@@ -36,21 +23,56 @@ def includes(text):
     return [quoted for quoted, _ in found if quoted], [bracketed for _, bracketed in found if bracketed]
 
 
-def faults_of_file(name, text):
-    """What is wrong with one file's includes; `name` is its path below src."""
-    room = name.split("/")[0]
-    if room not in LEVEL_OF:
-        return [f"{name}: the room {room} is not known"]
+def room_of(name):
+    """The room of a file or of an include: the first folder of its path."""
+    return name.partition("/")[0]
+
+
+def faults_of_line(rooms, name):
+    """What is wrong with what the list says of one room, whatever its files hold."""
+    faults = []
+    for other in rooms[name].uses:
+        through = [third for third in rooms[name].uses if third != other and other in within_reach(rooms, third)]
+        if other not in rooms:
+            faults.append(f"rooms.txt: {name} may use {other}, which is no room")
+        elif through:
+            faults.append(f"rooms.txt: {name} need not name {other}, which it may use through {through[0]}")
+    return faults
+
+
+def faults_of_list(rooms, files):
+    """What is wrong with the list of rooms: its lines are the folders, and what they allow is what the files use."""
+    found = circle({name: room.uses for name, room in rooms.items()})
+    if found:
+        return ["rooms.txt: a circle of rooms: " + " -> ".join(found)]
+    folders = {room_of(name) for name in files}
+    used = {(room_of(name), room_of(target)) for name, text in files.items() for target in includes(text)[0]}
+    faults = [f"rooms.txt: has no line for the folder {folder}" for folder in sorted(folders - set(rooms))]
+    faults += [f"rooms.txt: there is no folder {name}" for name in rooms if name not in folders]
+    for name in rooms:
+        faults += faults_of_line(rooms, name)
+    faults += [
+        f"rooms.txt: {name} may use {other}, and does not"
+        for name in rooms
+        for other in rooms[name].uses
+        if name in folders and other in rooms and (name, other) not in used
+    ]
+    return faults
+
+
+def faults_of_file(rooms, name, text):
+    """What is wrong with one file's includes; `name` is its path below src, in one of the rooms."""
+    room = room_of(name)
     faults = []
     quoted, bracketed = includes(text)
     for target in quoted:
-        other = target.split("/")[0]
-        if other not in LEVEL_OF:
-            if room not in ROOMS_WITH_QT:
+        other = room_of(target)
+        if other not in rooms:
+            if not knows_qt(rooms, room):
                 faults.append(f"{name}: includes {target}, which is in no room")
-        elif other != room and LEVEL_OF[other] >= LEVEL_OF[room]:
-            faults.append(f"{name}: includes {target}, an arrow the wrong way")
-    if room not in ROOMS_WITH_QT:
+        elif other != room and other not in within_reach(rooms, room):
+            faults.append(f"{name}: includes {target}, but {room} may not use {other}")
+    if not knows_qt(rooms, room):
         faults += [f"{name}: includes Qt's {target}" for target in bracketed if re.match(r"Q[A-Z]|Qt", target)]
     return faults
 
@@ -94,9 +116,12 @@ def folders_of(graph):
     return {name: sorted(targets) for name, targets in folders.items()}
 
 
-def faults_of_tree(files):
-    """What is wrong with a tree, given as a dictionary of paths below src and their texts."""
-    faults = [fault for name, text in sorted(files.items()) for fault in faults_of_file(name, text)]
+def faults_of_tree(rooms, files):
+    """What is wrong with a tree, given as its list of rooms and a dictionary of paths below src and their texts."""
+    faults = faults_of_list(rooms, files)
+    for name, text in sorted(files.items()):
+        if room_of(name) in rooms:
+            faults += faults_of_file(rooms, name, text)
     graph = {name: [target for target in includes(text)[0] if target in files] for name, text in files.items()}
     for kind, arrows in (("files", graph), ("folders", folders_of(graph))):
         found = circle(arrows)
@@ -154,10 +179,11 @@ def texts(root):
 
 def main(root):
     files = sources(root)
+    rooms = read_rooms((root / "src" / "rooms.txt").read_text(encoding="utf-8"))
     readme = root / "README.md"
-    faults = faults_of_tree(files) + faults_of_paths(texts(root))
+    faults = faults_of_tree(rooms, files) + faults_of_paths(texts(root))
     faults += faults_of_readme(readme.read_text(encoding="utf-8") if readme.is_file() else "")
-    print("\n".join(faults) or f"{len(files)} files, every include the right way")
+    print("\n".join(faults) or f"{len(files)} files, every include as src/rooms.txt allows")
     return 1 if faults or not files else 0
 
 

@@ -8,56 +8,108 @@ import unittest
 from pathlib import Path
 
 from check_includes import faults_of_paths, faults_of_readme, faults_of_tree, main
+from rooms import read_rooms
 
 SOUND_README = "# Tallybrook\n\n    scripts/run\n    scripts/test\n"
+SOUND_HOUSE = {"README.md": SOUND_README, "src/rooms.txt": "cellar\n", "src/cellar/A.cpp": "", "tests/a.txt": "x"}
+ROOMS = """# A small house.
+
+cellar  fmt::fmt            # all that is old
+kitchen cellar SQLiteCpp
+hall    cellar
+stairs  kitchen             # up
+window  stairs Qt6::Widgets
+roof    window
+"""
+SOUND_TREE = {
+    "cellar/Wine.h": "#include <string>\n",
+    "kitchen/Stove.h": '#include "cellar/Wine.h"\n',
+    "kitchen/shelf/Cup.h": '#include "kitchen/Stove.h"\n',
+    "hall/Coat.h": '#include "cellar/Wine.h"\n',
+    "stairs/Step.h": '#include "cellar/Wine.h"\n#include "kitchen/Stove.h"\n',
+    "window/Pane.h": '#include <QWidget>\n#include "stairs/Step.h"\n',
+    "roof/Tile.h": '#include <QString>\n#include "kitchen/shelf/Cup.h"\n#include "window/Pane.h"\n',
+}
+
+
+def faults_with(files, rooms=ROOMS):
+    """The faults of the sound tree with these files besides, or instead of its own."""
+    return faults_of_tree(read_rooms(rooms), SOUND_TREE | files)
 
 
 class Tree(unittest.TestCase):
     def test_passes_a_sound_tree(self):
-        self.assertEqual(
-            faults_of_tree(
-                {
-                    "runtime/Value.h": "#include <string>\n",
-                    "store/Store.h": '#include "runtime/Value.h"\n',
-                    "desktop/Window.h": '#include <QWidget>\n#include "store/Store.h"\n',
-                    "viewer/View.h": '#include <QWidget>\n#include "runtime/Value.h"\n',
-                }
-            ),
-            [],
-        )
+        self.assertEqual(faults_with({}), [])
 
-    def test_finds_an_arrow_the_wrong_way(self):
-        faults = faults_of_tree({"runtime/Value.h": '#include "store/Store.h"\n', "store/Store.h": ""})
-        self.assertEqual(faults, ["runtime/Value.h: includes store/Store.h, an arrow the wrong way"])
+    def test_finds_an_include_from_above(self):
+        faults = faults_with({"cellar/Old.h": '#include "hall/Coat.h"\n'})
+        self.assertIn("cellar/Old.h: includes hall/Coat.h, but cellar may not use hall", faults)
 
-    def test_finds_an_arrow_between_neighbours(self):
-        faults = faults_of_tree({"entry/frmGame.h": '#include "browse/frmEventList.h"\n', "browse/frmEventList.h": ""})
-        self.assertEqual(len(faults), 1)
+    def test_finds_an_include_from_beside(self):
+        faults = faults_with({"kitchen/Old.h": '#include "hall/Coat.h"\n'})
+        self.assertEqual(faults, ["kitchen/Old.h: includes hall/Coat.h, but kitchen may not use hall"])
+
+    def test_finds_an_include_from_below_that_the_list_does_not_allow(self):
+        faults = faults_with({"roof/Old.h": '#include "hall/Coat.h"\n'})
+        self.assertEqual(faults, ["roof/Old.h: includes hall/Coat.h, but roof may not use hall"])
+
+    def test_finds_an_include_of_no_room(self):
+        faults = faults_with({"hall/Old.h": '#include "attic/Box.h"\n'})
+        self.assertEqual(faults, ["hall/Old.h: includes attic/Box.h, which is in no room"])
 
     def test_finds_a_circle_of_files(self):
-        faults = faults_of_tree({"store/A.h": '#include "store/B.h"\n', "store/B.h": '#include "store/A.h"\n'})
-        self.assertEqual(faults, ["a circle of files: store/A.h -> store/B.h -> store/A.h"])
+        faults = faults_with({"hall/A.h": '#include "hall/B.h"\n', "hall/B.h": '#include "hall/A.h"\n'})
+        self.assertEqual(faults, ["a circle of files: hall/A.h -> hall/B.h -> hall/A.h"])
 
     def test_finds_a_file_that_includes_itself(self):
-        self.assertEqual(faults_of_tree({"store/A.h": '#include "store/A.h"\n'}), ["a circle of files: store/A.h -> store/A.h"])
+        faults = faults_with({"hall/A.h": '#include "hall/A.h"\n'})
+        self.assertEqual(faults, ["a circle of files: hall/A.h -> hall/A.h"])
 
     def test_finds_a_circle_of_folders_without_one_of_files(self):
-        faults = faults_of_tree(
-            {
-                "runtime/A.h": '#include "store/B.h"\n',
-                "store/B.h": "",
-                "store/C.h": '#include "runtime/D.h"\n',
-                "runtime/D.h": "",
-            }
+        faults = faults_with({"kitchen/Table.h": '#include "kitchen/shelf/Cup.h"\n'})
+        self.assertEqual(faults, ["a circle of folders: kitchen -> kitchen/shelf -> kitchen"])
+
+    def test_finds_qt_where_no_library_of_qt_may_be_used(self):
+        faults = faults_with({"hall/A.h": "#include <QtGlobal>\n", "stairs/B.h": "#include <QString>\n"})
+        self.assertIn("hall/A.h: includes Qt's QtGlobal", faults)
+        self.assertIn("stairs/B.h: includes Qt's QString", faults)
+
+
+class List(unittest.TestCase):
+    def faults(self, old, new):
+        """The faults of the sound tree with a list in which one text stands for another."""
+        self.assertIn(old, ROOMS)
+        return faults_with({}, ROOMS.replace(old, new))
+
+    def test_finds_a_circle_of_rooms(self):
+        faults = self.faults("cellar  fmt::fmt", "cellar  fmt::fmt stairs")
+        self.assertIn("rooms.txt: a circle of rooms: cellar -> stairs -> kitchen -> cellar", faults)
+
+    def test_finds_a_room_that_is_used_and_not_known(self):
+        self.assertEqual(
+            self.faults("roof    window", "roof    window attic"), ["rooms.txt: roof may use attic, which is no room"]
         )
-        self.assertIn("a circle of folders: runtime -> store -> runtime", faults)
 
-    def test_finds_qt_below_the_desktop(self):
-        faults = faults_of_tree({"shell/Screen.h": "#include <QtGlobal>\n", "entry/frmGame.h": "#include <QString>\n"})
-        self.assertEqual(len(faults), 2)
+    def test_finds_a_folder_without_a_line(self):
+        self.assertEqual(faults_with({"attic/Box.h": ""}), ["rooms.txt: has no line for the folder attic"])
 
-    def test_finds_an_unknown_room(self):
-        self.assertEqual(len(faults_of_tree({"attic/Old.h": ""})), 1)
+    def test_finds_a_line_without_a_folder(self):
+        self.assertEqual(faults_with({}, ROOMS + "attic\n"), ["rooms.txt: there is no folder attic"])
+
+    def test_finds_a_room_that_need_not_be_named(self):
+        self.assertEqual(
+            self.faults("stairs  kitchen", "stairs  kitchen cellar"),
+            ["rooms.txt: stairs need not name cellar, which it may use through kitchen"],
+        )
+
+    def test_finds_what_is_allowed_and_not_used(self):
+        self.assertEqual(
+            self.faults("stairs  kitchen", "stairs  kitchen hall"), ["rooms.txt: stairs may use hall, and does not"]
+        )
+
+    def test_finds_a_room_that_is_used_only_through_another(self):
+        faults = faults_with({"stairs/Step.h": '#include "cellar/Wine.h"\n'})
+        self.assertEqual(faults, ["rooms.txt: stairs may use kitchen, and does not"])
 
 
 class Paths(unittest.TestCase):
@@ -100,22 +152,22 @@ class WholeCheck(unittest.TestCase):
                 return main(Path(folder))
 
     def test_passes_a_sound_house(self):
-        self.assertEqual(self.check({"README.md": SOUND_README, "src/store/A.cpp": "", "tests/a.txt": "x"}), 0)
+        self.assertEqual(self.check(SOUND_HOUSE), 0)
 
     def test_fails_on_each_kind_of_fault(self):
-        sound = {"README.md": SOUND_README, "src/store/A.cpp": ""}
         for fault in (
             {"README.md": "# T\n"},
-            {"src/runtime/B.h": '#include "store/A.h"\n'},
-            {"src/store/B.h": "#include <QString>\n"},
+            {"src/rooms.txt": "cellar\nhall cellar\n"},
+            {"src/cellar/B.h": '#include "hall/A.h"\n'},
+            {"src/cellar/B.h": "#include <QString>\n"},
             {"docs/notes.md": "see /home/me/notes\n"},
             {"scripts/go": "cd /root/x\n"},
         ):
             with self.subTest(fault=fault):
-                self.assertEqual(self.check(sound | fault), 1)
+                self.assertEqual(self.check(SOUND_HOUSE | fault), 1)
 
     def test_fails_on_an_empty_house(self):
-        self.assertEqual(self.check({"README.md": SOUND_README}), 1)
+        self.assertEqual(self.check({"README.md": SOUND_README, "src/rooms.txt": ""}), 1)
 
 
 if __name__ == "__main__":
