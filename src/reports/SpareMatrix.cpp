@@ -22,13 +22,13 @@ public:
     FrameWalk(ReportRun& run, SpareMatrix& matrix, FirstBallFigures& figures)
         : run_(run), matrix_(matrix), figures_(figures) {}
 
-    void countGames(Int32 session) {
-        forEachRow(run_.gRsGame, gamesOf(session), [&] {
+    void countGames(Int32 eventKey) {
+        forEachRow(run_.gRsGame, gamesOf(eventKey), [&] {
             const std::string scoreType = toText(run_.gRsGame->Fields("fldScoreType"));
             const Int16 game = toInt16(run_.gRsGame->Fields("fldGameNum"));
             isPinfall_ = scoreType == "P";
             if (isPinfall_ || scoreType == "L")
-                forEachRow(run_.gRsFrame, framesOf(session, game), [this] { countFrame(); });
+                forEachRow(run_.gRsFrame, framesOf(eventKey, game), [this] { countFrame(); });
         });
     }
 

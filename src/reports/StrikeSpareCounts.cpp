@@ -85,10 +85,10 @@ void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringMode
     };
     run.procedure("Get_StSp_Stats", [&] {
         forEachRow(run.gRsEvent, run.gReportSQL, [&] {
-            const Int32 session = toInt32(run.gRsEvent->Fields("fldSessionNum"));
-            forEachRow(run.gRsGame, gamesOf(session), [&] {
+            const Int32 eventKey = toInt32(run.gRsEvent->Fields("fldSessionNum"));
+            forEachRow(run.gRsGame, gamesOf(eventKey), [&] {
                 const Int16 game = toInt16(leadingNumberOf(run.gRsGame->Fields("fldGameNum")));
-                forEachRow(run.gRsFrame, framesOf(session, game), countFrame);
+                forEachRow(run.gRsFrame, framesOf(eventKey, game), countFrame);
             });
         });
         counts.derive(modes);
