@@ -1,9 +1,9 @@
 #include "backup/Backup.h"
 
-#include "runtime/TextFile.h"
+#include "runtime/RegularFile.h"
+#include "runtime/UnfinishedFile.h"
 #include "store/file/UnlockedFile.h"
 
-#include <cerrno>
 #include <chrono>
 #include <system_error>
 #include <utility>
@@ -11,8 +11,6 @@
 #include <SQLiteCpp/Backup.h>
 #include <fcntl.h>
 #include <sqlite3.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace tallybrook {
 
@@ -31,30 +29,6 @@ void obey(const std::stop_token& stop, const SQLite::Database& database) {
         [](void* token) { return static_cast<const std::stop_token*>(token)->stop_requested() ? 1 : 0; },
         const_cast<std::stop_token*>(&stop));  // NOLINT(cppcoreguidelines-pro-type-const-cast): read only
 }
-
-/// A file that goes away again unless it is kept.
-class UnfinishedFile {
-public:
-    /// Makes it, empty and for its owner alone; throws system_error.
-    explicit UnfinishedFile(fs::path file) : file_(std::move(file)) {
-        const int descriptor =
-            open(file_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-        if (descriptor < 0)
-            throw std::system_error(errno, std::generic_category());
-        close(descriptor);
-    }
-    ~UnfinishedFile() {
-        std::error_code ignored;
-        fs::remove(file_, ignored);
-    }
-    UnfinishedFile(const UnfinishedFile&) = delete;
-    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-
-    [[nodiscard]] const fs::path& path() const { return file_; }
-
-private:
-    fs::path file_;
-};
 
 void copyPages(SQLite::Database& source, const fs::path& copy, const std::stop_token& stop) {
     constexpr int kPagesAtOnce = 1000;
@@ -156,14 +130,14 @@ void Backup::work(const std::stop_token& stop) {
 }
 
 void Backup::make(const std::stop_token& stop) {
-    const fs::path backup = job_.folder.fileFor(job_.now);
-    const UnfinishedFile unfinished(BackupFolder::unfinished(backup));
+    const UnfinishedFile unfinished(job_.folder.fileFor(job_.now));
     const Contents contents = copyTo(unfinished.path(), stop);
     reach(Stage::Checking);
     if (stop.stop_requested())
         return;
     check(unfinished.path(), contents, stop);
-    giveName(unfinished.path(), backup);
+    fs::last_write_time(unfinished.path(), job_.stamp);
+    unfinished.putInPlace();
     job_.folder.thinOut(job_.now);
 }
 
@@ -179,8 +153,7 @@ Contents Backup::copyTo(const fs::path& copy, const std::stop_token& stop) const
 
 /// Reads the copy from the disk, and throws what is wrong with it.
 void Backup::check(const fs::path& copy, const Contents& contents, const std::stop_token& stop) const {
-    if (const std::error_code failure = bringToDisk(copy))
-        throw std::system_error(failure);
+    RegularFile(copy, O_RDONLY).bringToDisk();
     const SQLite::Database database = openAsItStands(copy);
     obey(stop, database);
     SQLite::Statement check(database, "PRAGMA integrity_check(1)");
@@ -190,12 +163,6 @@ void Backup::check(const fs::path& copy, const Contents& contents, const std::st
         throw std::runtime_error("The copy was not like the logbook.");
     if (!isSound)
         throw DamagedLogbook{};
-}
-
-void Backup::giveName(const fs::path& unfinished, const fs::path& backup) const {
-    fs::last_write_time(unfinished, job_.stamp);
-    fs::rename(unfinished, backup);
-    bringToDisk(backup.parent_path());  // not every file system can; the file is whole either way
 }
 
 }  // namespace tallybrook

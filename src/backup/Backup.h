@@ -51,7 +51,6 @@ private:
     Contents copyTo(const std::filesystem::path& copy, const std::stop_token& stop) const;
     void check(const std::filesystem::path& copy, const Contents& contents,
                const std::stop_token& stop) const;
-    void giveName(const std::filesystem::path& unfinished, const std::filesystem::path& backup) const;
     void reach(Stage stage);
     void waitFor(Stage stage);
 

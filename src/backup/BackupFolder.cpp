@@ -1,6 +1,8 @@
 #include "backup/BackupFolder.h"
 
 #include "backup/Retention.h"
+#include "runtime/Folder.h"
+#include "runtime/UnfinishedFile.h"
 
 #include <algorithm>
 #include <array>
@@ -16,7 +18,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view kUnfinished = ".new";
 constexpr std::string_view kForm = "yyyy-mm-dd hh.mm.ss";
 
 /// The number written at some place of a text; -1 where there is none.
@@ -74,18 +75,9 @@ fs::path BackupFolder::fileFor(DateTime time) const {
     return path_ / nameFor(time);
 }
 
-std::vector<std::string> BackupFolder::names() const {
-    std::vector<std::string> names;
-    std::error_code failure;
-    for (fs::directory_iterator entry(path_, failure), end; !failure && entry != end;
-         entry.increment(failure))
-        names.push_back(entry->path().filename().string());
-    return names;
-}
-
 std::vector<DateTime> BackupFolder::times() const {
     std::vector<DateTime> times;
-    for (const std::string& name : names()) {
+    for (const std::string& name : namesIn(path_)) {
         if (const auto time = timeIn(name))
             times.push_back(*time);
     }
@@ -102,9 +94,10 @@ bool BackupFolder::holdsCopyOf(fs::file_time_type written, std::uintmax_t size) 
 }
 
 void BackupFolder::removeUnfinished() const {
-    for (const std::string& name : names()) {
+    for (const std::string& name : namesIn(path_)) {
         std::error_code ignored;
-        if (name.ends_with(kUnfinished) && timeIn(name.substr(0, name.size() - kUnfinished.size())))
+        if (const fs::path backup = fs::path(name).stem();
+            UnfinishedFile::nameFor(backup) == name && timeIn(backup))
             fs::remove(path_ / name, ignored);
     }
 }

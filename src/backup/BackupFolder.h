@@ -23,10 +23,6 @@ public:
     void make() const;
     /// Where a backup made at that time lies; a second one of the same second takes the next that is free.
     [[nodiscard]] std::filesystem::path fileFor(DateTime time) const;
-    /// Where it lies as long as it is not known to be good.
-    [[nodiscard]] static std::filesystem::path unfinished(const std::filesystem::path& backup) {
-        return backup.string() + ".new";
-    }
 
     /// The times of the backups there, in ascending order; none where the folder cannot be read.
     [[nodiscard]] std::vector<DateTime> times() const;
@@ -41,7 +37,6 @@ public:
 private:
     [[nodiscard]] std::string nameFor(DateTime time) const;
     [[nodiscard]] std::optional<DateTime> timeIn(const std::string& name) const;
-    [[nodiscard]] std::vector<std::string> names() const;
 
     std::filesystem::path logbook_;
     std::filesystem::path path_;

@@ -1,7 +1,7 @@
 #include "browse/GameReport.h"
 
 #include "runtime/TextForms.h"
-#include "shell/ReportFile.h"
+#include "shell/SharedFile.h"
 #include "shell/TBK_Globals.h"
 #include "store/WalkRows.h"
 
@@ -59,7 +59,7 @@ GameReport::GameReport(Program& program, const Handler& step, const GameReportSo
     : program_(program), step_(step), sources_(sources) {}
 
 void GameReport::open(const std::filesystem::path& file) {
-    step_([&] { file_ = openReportFile(program_, file); });
+    step_([&] { file_ = openSharedFile(program_, file); });
 }
 
 void GameReport::write() {

@@ -33,7 +33,7 @@ class GameReport {
 public:
     GameReport(Program& program, const Handler& step, const GameReportSources& sources);
 
-    /// Opens the file, as openReportFile() does.
+    /// Opens the file, as openSharedFile() does.
     void open(const std::filesystem::path& file);
     /// Writes the report on game gGameNum of event gSessionNum.
     void write();

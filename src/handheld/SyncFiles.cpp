@@ -2,6 +2,7 @@
 
 #include "handheld/SyncRun.h"
 #include "shell/Configuration.h"
+#include "shell/SharedFile.h"
 #include "shell/TBK_Globals.h"
 
 #include <fmt/format.h>
@@ -36,10 +37,10 @@ bool hasConfiguration(SyncRun& run) {
 void archiveFiles(SyncRun& run) {
     if (isPalm(run)) {
         for (const SyncFile* const file : run.files())
-            copyFile(run.handheldFile(*file), run.workingFile(*file, kCdb));
+            copySharedFile(run.program, run.handheldFile(*file), run.workingFile(*file, kCdb));
     }
     for (const SyncFile* const file : run.files())
-        copyFile(run.workingFile(*file, kCdb), run.archiveFile(*file));
+        copySharedFile(run.program, run.workingFile(*file, kCdb), run.archiveFile(*file));
     Write_Log(fmt::format("Event CDB File archived to: {}\r\nGame CDB File archived to: {}\r\n"
                           "Frame CDB File archived to: {}\r\n",
                           run.archiveFile(run.event).string(), run.archiveFile(run.game).string(),
@@ -49,13 +50,14 @@ void archiveFiles(SyncRun& run) {
 
 void openFiles(SyncRun& run) {
     for (const SyncFile* const file : run.files())
-        copyFile(run.workingFile(*file, kCdb), run.workingFile(*file, kTmp));
+        copySharedFile(run.program, run.workingFile(*file, kCdb), run.workingFile(*file, kTmp));
     for (SyncFile* const file : run.files())
         file->tmp.open(run.workingFile(*file, kTmp));
     if (!run.DeleteFromPDA)
         return;
     for (SyncFile* const file : run.files())
-        file->out.open(run.workingFile(*file, kOut), TextWriter::Mode::Overwrite, file->tmp->encoding());
+        file->out.open(openSharedFile(run.program, run.workingFile(*file, kOut), TextWriter::Mode::Overwrite,
+                                      file->tmp->encoding()));
 }
 
 void deleteFiles(SyncRun& run, std::string_view extension) {
@@ -67,12 +69,12 @@ void deleteFiles(SyncRun& run, std::string_view extension) {
 void replaceFiles(SyncRun& run) {
     deleteFiles(run, kCdb);
     for (const SyncFile* const file : run.files())
-        copyFile(run.workingFile(*file, kOut), run.workingFile(*file, kCdb));
+        copySharedFile(run.program, run.workingFile(*file, kOut), run.workingFile(*file, kCdb));
     if (isPalm(run)) {
         if (run.program.session.gHHSyncDir.empty())
             throw RunTimeError(error::kPathNotFound);
         for (const SyncFile* const file : run.files())
-            copyFile(run.workingFile(*file, kCdb), run.handheldFile(*file));
+            copySharedFile(run.program, run.workingFile(*file, kCdb), run.handheldFile(*file));
     }
     deleteFiles(run, kOut);
 }

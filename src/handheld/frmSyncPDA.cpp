@@ -3,6 +3,7 @@
 #include "handheld/ReadCDB.h"
 #include "handheld/SyncFiles.h"
 #include "maintenance/modDBUtils.h"
+#include "shell/SharedFile.h"
 #include "shell/TBK_Globals.h"
 
 namespace tallybrook {
@@ -64,8 +65,8 @@ void frmSyncPDA::cmdAddPDA_Click() {
 
 void frmSyncPDA::begin(SyncRun& run) {
     const std::string logFile = run.runLogFile().string();
-    run.log.master.open(run.masterLogFile(), TextWriter::Mode::Append);
-    run.log.run.open(logFile);
+    run.log.master.open(openSharedFile(program(), run.masterLogFile(), TextWriter::Mode::Append));
+    run.log.run.open(openSharedFile(program(), logFile));
     run.log.Get_Stamp(program().clock);
     Write_Log(lines({kSeparator, "Tallybrook PDA Sync started at " + run.log.stamp(),
                      "Timestamp: " + run.SyncStamp, "Log file: " + logFile}),

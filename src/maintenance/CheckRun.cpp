@@ -1,6 +1,12 @@
 #include "maintenance/CheckRun.h"
 
+#include "shell/SharedFile.h"
+
 namespace tallybrook {
+
+void CheckRun::openReport() {
+    gDBLogFile_.emplace(openSharedFile(program, reportFile(), TextWriter::Mode::Append));
+}
 
 void CheckRun::print(std::string_view line) {
     if (!gDBLogFile_)

@@ -22,8 +22,8 @@ public:
 
     /// Where the report is kept.
     [[nodiscard]] std::filesystem::path reportFile() const { return program.dataFolder / "DB_Report.txt"; }
-    /// Opens the report to append to it; errors as TextWriter raises them.
-    void openReport() { gDBLogFile_.emplace(reportFile(), TextWriter::Mode::Append); }
+    /// Opens the report to append to it; errors as openSharedFile() raises them.
+    void openReport();
     void closeReport();
     /// Writes one line; error 52 when the file is closed.
     void print(std::string_view line);

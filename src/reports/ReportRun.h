@@ -4,7 +4,7 @@
 #include "reports/modTBKReports.h"
 #include "runtime/TextFile.h"
 #include "shell/Program.h"
-#include "shell/ReportFile.h"
+#include "shell/SharedFile.h"
 #include "store/RecordsetVariable.h"
 
 #include <optional>
@@ -25,8 +25,8 @@ public:
     std::string gReportSQL;      // selects the events
     Int32 gReportCount;          // how many events it finds
 
-    /// Creates or replaces the report's file; errors as openReportFile() raises them.
-    void openFile(const std::string& file) { gReportFile_ = openReportFile(program, file); }
+    /// Creates or replaces the report's file; errors as openSharedFile() raises them.
+    void openFile(const std::string& file) { gReportFile_ = openSharedFile(program, file); }
     void closeFile();
     /// Writes one line; error 52 when the file is closed.
     void print(std::string_view line);

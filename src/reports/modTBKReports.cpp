@@ -8,7 +8,7 @@
 #include "reports/StrikeSpareCounts.h"
 #include "runtime/TextForms.h"
 #include "shell/Configuration.h"
-#include "shell/ReportFile.h"
+#include "shell/SharedFile.h"
 #include "shell/TBK_Globals.h"
 
 #include <filesystem>
@@ -181,7 +181,7 @@ private:
         if (session.gHHSyncDir.empty())
             throw RunTimeError(error::kPathNotFound);
         const std::filesystem::path file = request_.file;
-        copyReportFile(run_.program, file, std::filesystem::path(session.gHHSyncDir) / file.filename());
+        copySharedFile(run_.program, file, std::filesystem::path(session.gHHSyncDir) / file.filename());
     }
 
     ReportRun run_;

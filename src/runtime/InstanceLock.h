@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/RegularFile.h"
+
 #include <filesystem>
 
 namespace tallybrook {
@@ -9,15 +11,12 @@ class InstanceLock {
 public:
     /// Tries for the lock. Error 76 where the folder is missing, 75 where the file cannot be made.
     explicit InstanceLock(const std::filesystem::path& file);
-    ~InstanceLock();
-    InstanceLock(const InstanceLock&) = delete;
-    InstanceLock& operator=(const InstanceLock&) = delete;
 
     /// Whether the lock is ours.
     [[nodiscard]] bool held() const { return held_; }
 
 private:
-    int descriptor_ = -1;
+    RegularFile file_;
     bool held_ = false;
 };
 

@@ -1,12 +1,13 @@
 #include "runtime/TextFile.h"
 
 #include "runtime/Clock.h"
+#include "runtime/RegularFile.h"
 #include "runtime/RunTimeError.h"
+#include "runtime/UnfinishedFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include <fcntl.h>
@@ -36,14 +37,22 @@ int refusalToRead(const fs::path& file) {
     return fs::exists(file, ignored) ? error::kPathFileAccess : error::kFileNotFound;
 }
 
+/// Gives the bytes of a file to `take`, a part at a time; throws system_error.
+template <typename Take>
+void readParts(const RegularFile& file, Take take) {
+    constexpr std::size_t kPart = std::size_t{1} << 16U;
+    std::array<char, kPart> bytes;  // NOLINT(cppcoreguidelines-pro-type-member-init): read into
+    while (const std::size_t size = file.read(bytes.data(), bytes.size()))
+        take(std::string_view(bytes.data(), size));
+}
+
 std::string bytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream || !fileExists(file))
-        throw RunTimeError(refusalToRead(file));
     try {
-        return {std::istreambuf_iterator<char>(stream), {}};
-    } catch (const std::ios_base::failure&) {
-        throw RunTimeError(error::kPathFileAccess);
+        std::string bytes;
+        readParts(RegularFile(file, O_RDONLY), [&](std::string_view part) { bytes += part; });
+        return bytes;
+    } catch (const std::system_error&) {
+        throw RunTimeError(refusalToRead(file));
     }
 }
 
@@ -52,63 +61,77 @@ void requireFile(const fs::path& file) {
         throw RunTimeError(error::kFileNotFound);
 }
 
-/// Whether a copy of a file may take the place of what is at the target, if anything is.
-bool canBeReplacedBy(const fs::path& from, const fs::path& target) {
+/// Whether a file of ours may take the place of what is there, if anything is.
+bool canBeReplaced(const fs::path& file) {
     std::error_code ignored;
-    return !fs::exists(target, ignored) || (fileExists(target) && !fs::equivalent(from, target, ignored) &&
-                                            access(target.c_str(), W_OK) == 0);
+    return !fs::exists(file, ignored) || (fileExists(file) && access(file.c_str(), W_OK) == 0);
 }
 
-fs::path unfinishedName(const fs::path& file) {
-    return file.string() + ".new";
+/// The number of a failure on the way: a full disk, or else the one given.
+int numberOf(int why, int otherwise) {
+    const bool isFull = why == ENOSPC || why == EFBIG || why == EDQUOT;
+    return isFull ? error::kDiskFull : otherwise;
 }
 
-/// Gives a finished file its name: what stands there is the old file or the whole new one.
-void putInPlace(const fs::path& unfinished, const fs::path& target, std::error_code& failure) {
-    failure = bringToDisk(unfinished);
-    if (!failure)
-        fs::rename(unfinished, target, failure);
-    std::error_code ignored;
-    if (failure)
-        fs::remove(unfinished, ignored);
-    else
-        bringToDisk(
-            fs::absolute(target).parent_path());  // not every file system can; the file is whole either way
+[[noreturn]] void writingFailed() {
+    throw RunTimeError(numberOf(errno, error::kPathFileAccess));
+}
+
+/// Whether a name leads to a file that has another name too.
+bool isLink(const fs::path& file) {
+    std::error_code none;
+    return fs::is_symlink(file, none) || (fileExists(file) && fs::hard_link_count(file, none) > 1);
+}
+
+/// Opens a file to be written from its beginning, or to be added to. A link gives way to a file of its own,
+/// so that what it leads to stays as it is; there is no adding to one, since that is what it leads to.
+RegularFile openedForWriting(const fs::path& file, TextWriter::Mode mode) {
+    if (mode == TextWriter::Mode::Append)
+        return {file, O_WRONLY | O_CREAT | O_APPEND};
+    if (isLink(file) && canBeReplaced(file))
+        fs::remove(file);
+    return {file, O_WRONLY | O_CREAT | O_TRUNC};
+}
+
+std::FILE* streamFor(const fs::path& file, TextWriter::Mode mode) {
+    try {
+        RegularFile opened = openedForWriting(file, mode);
+        std::FILE* const stream = fdopen(opened.descriptor(), mode == TextWriter::Mode::Append ? "ab" : "wb");
+        if (stream == nullptr)
+            throw RunTimeError(error::kOutOfMemory);
+        static_cast<void>(opened.release());
+        return stream;
+    } catch (const std::system_error&) {
+        throw RunTimeError(folderExists(file) ? error::kPathFileAccess : error::kPathNotFound);
+    }
+}
+
+/// The text with CR LF for whatever ends its lines.
+std::string withLineEnds(std::string_view text) {
+    std::string lines;
+    for (std::size_t end = text.find_first_of(kLineEnd); end != std::string_view::npos;
+         end = text.find_first_of(kLineEnd)) {
+        lines.append(text.substr(0, end)).append(kLineEnd);
+        text.remove_prefix(end + (text.substr(end).starts_with(kLineEnd) ? kLineEnd.size() : 1));
+    }
+    return lines.append(text);
 }
 
 constexpr fs::perms kOwnersAlone = fs::perms::owner_read | fs::perms::owner_write;
 
-/// Makes the copy under another name, and puts it in its place when all of it is on the disk.
-void replaceByCopy(const fs::path& from, const fs::path& target, std::error_code& failure) {
-    const fs::path unfinished = unfinishedName(target);
-    std::error_code ignored;
-    fs::remove(unfinished, ignored);
-    fs::copy_file(from, unfinished, failure);
-    if (!failure)
-        fs::permissions(unfinished, fileExists(target) ? fs::status(target).permissions() : kOwnersAlone,
-                        failure);
-    if (failure)
-        fs::remove(unfinished, ignored);
-    else
-        putInPlace(unfinished, target, failure);
+/// What a file in the place of another is allowed; a link there tells nothing.
+fs::perms permissionsAt(const fs::path& place) {
+    const fs::file_status there = fs::symlink_status(place);
+    return there.type() == fs::file_type::regular ? there.permissions() : kOwnersAlone;
 }
 
-[[noreturn]] void writingFailed() {
-    throw RunTimeError(errno == ENOSPC ? error::kDiskFull : error::kPathFileAccess);
-}
-
-std::FILE* openForWriting(const fs::path& file, TextWriter::Mode mode) {
-    const bool appends = mode == TextWriter::Mode::Append;
-    const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | (appends ? O_APPEND : O_TRUNC),
-                                S_IRUSR | S_IWUSR);
-    if (descriptor < 0)
-        throw RunTimeError(folderExists(file) ? error::kPathFileAccess : error::kPathNotFound);
-    std::FILE* const stream = fdopen(descriptor, appends ? "ab" : "wb");
-    if (stream == nullptr) {
-        ::close(descriptor);
-        throw RunTimeError(error::kOutOfMemory);
-    }
-    return stream;
+void replaceByCopy(const fs::path& from, const fs::path& to) {
+    const RegularFile source(from, O_RDONLY);
+    const UnfinishedFile unfinished(to);
+    const RegularFile copy(unfinished.path(), O_WRONLY);
+    readParts(source, [&](std::string_view part) { copy.write(part); });
+    fs::permissions(unfinished.path(), permissionsAt(to));
+    unfinished.putInPlace();
 }
 
 }  // namespace
@@ -139,7 +162,7 @@ std::string TextReader::readLine() {
 }
 
 TextWriter::TextWriter(const fs::path& file, Mode mode, Encoding encoding)
-    : stream_(openForWriting(file, mode)), encoding_(encoding) {}
+    : stream_(streamFor(file, mode)), encoding_(encoding) {}
 
 void TextWriter::requireOpen() const {
     if (!stream_)
@@ -148,7 +171,7 @@ void TextWriter::requireOpen() const {
 
 void TextWriter::write(std::string_view text) {
     requireOpen();
-    const std::string bytes = encoded(text, encoding_);
+    const std::string bytes = encoded(withLineEnds(text), encoding_);
     if (std::fwrite(bytes.data(), 1, bytes.size(), stream_.get()) != bytes.size())
         writingFailed();
 }
@@ -169,49 +192,40 @@ void TextWriter::close() {
         writingFailed();
 }
 
-std::error_code bringToDisk(const fs::path& path) {
-    const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    const bool done = descriptor >= 0 && fsync(descriptor) == 0;
-    const std::error_code failure =
-        done ? std::error_code{} : std::error_code(errno, std::generic_category());
-    if (descriptor >= 0)
-        ::close(descriptor);
-    return failure;
-}
-
 bool fileExists(const fs::path& file) {
     std::error_code ignored;
     return fs::is_regular_file(file, ignored);
 }
 
 void replaceFile(const fs::path& file, const std::function<void(TextWriter&)>& write) {
-    const fs::path unfinished = unfinishedName(file);
-    TextWriter writer(unfinished);
-    std::error_code failure;
+    if (!folderExists(file))
+        throw RunTimeError(error::kPathNotFound);
+    if (!canBeReplaced(file))
+        throw RunTimeError(error::kPathFileAccess);
     try {
+        const UnfinishedFile unfinished(file);
+        TextWriter writer(unfinished.path());
         write(writer);
         writer.close();
-    } catch (const RunTimeError&) {
-        fs::remove(unfinished, failure);
-        throw;
+        unfinished.putInPlace();
+    } catch (const std::system_error& failure) {
+        throw RunTimeError(numberOf(failure.code().value(), error::kPathFileAccess));
     }
-    putInPlace(unfinished, file, failure);
-    if (failure)
-        throw RunTimeError(error::kPathFileAccess);
 }
 
 void copyFile(const fs::path& from, const fs::path& to) {
-    requireFile(from);
+    std::error_code ignored;
+    if (!fs::exists(from, ignored))
+        throw RunTimeError(error::kFileNotFound);
     if (!folderExists(to))
         throw RunTimeError(error::kPathNotFound);
-    std::error_code failure;
-    const fs::path target = fs::weakly_canonical(to, failure);
-    if (failure || !canBeReplacedBy(from, target))
+    if (!canBeReplaced(to) || fs::equivalent(from, to, ignored))
         throw RunTimeError(error::kPermissionDenied);
-    replaceByCopy(from, target, failure);
-    if (failure)
-        throw RunTimeError(failure == std::errc::no_space_on_device ? error::kDiskFull
-                                                                    : error::kPermissionDenied);
+    try {
+        replaceByCopy(from, to);
+    } catch (const std::system_error& failure) {
+        throw RunTimeError(numberOf(failure.code().value(), error::kPermissionDenied));
+    }
 }
 
 void deleteFile(const fs::path& file) {

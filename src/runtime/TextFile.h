@@ -10,7 +10,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 // Text files read and written in sequence, with the run time's error numbers.
 namespace tallybrook {
@@ -38,13 +37,14 @@ private:
     bool isOpen_ = true;
 };
 
-/// A text file written line by line. Every line ends in CR LF.
+/// A text file written line by line. Every line ends in CR LF, whatever ends the lines of a text within.
 class TextWriter {
 public:
     enum class Mode { Overwrite, Append };
 
-    /// Opens the file, for its owner alone where it is new. Error 76 where its folder is missing, 75 for any
-    /// other refusal.
+    /// Opens the file, for its owner alone where it is new. A link that is written over gives way to a file
+    /// of its own; one that is added to is refused. Error 76 where the folder is missing, 75 for any other
+    /// refusal.
     explicit TextWriter(const std::filesystem::path& file, Mode mode = Mode::Overwrite,
                         Encoding encoding = Encoding::Utf8);
 
@@ -70,16 +70,14 @@ private:
 /// Whether there is a file, not a folder, of that name.
 bool fileExists(const std::filesystem::path& file);
 
-/// Brings a file, or the names in a folder, to the disk; tells what went wrong.
-std::error_code bringToDisk(const std::filesystem::path& path);
-
-/// Writes a text file anew. It takes the place of the old one when it is whole and on the disk. Errors as
-/// TextWriter raises them.
+/// Writes a text file anew. It takes the place of the old one, or of a link, when it is whole and on the
+/// disk. Errors as TextWriter raises them.
 void replaceFile(const std::filesystem::path& file, const std::function<void(TextWriter&)>& write);
 
-/// Copies a file over what is there, whole or not at all, and so that it is on the disk afterwards. What is
-/// there keeps its permissions; a new file is its user's alone. Error 53 where there is no source, 76 where
-/// the target's folder is missing, 61 where the disk is full, 70 for any other refusal.
+/// Copies a file over what is there, whole or not at all, and so that it is on the disk afterwards. A file
+/// keeps its permissions; a new one, and one in the place of a link, is its user's alone. Error 53 where
+/// there is no source, 76 where the target's folder is missing, 61 where the disk is full, 70 for any other
+/// refusal.
 void copyFile(const std::filesystem::path& from, const std::filesystem::path& to);
 
 /// Deletes a file. Error 53 where there is none, 70 for any other refusal.

@@ -1,9 +1,11 @@
 #include "shell/DataFolder.h"
 
 #include "backup/BackupFolder.h"
+#include "runtime/Folder.h"
 #include "shell/Program.h"
 
 #include <algorithm>
+#include <string>
 #include <system_error>
 #include <vector>
 
@@ -18,10 +20,9 @@ std::vector<fs::path> ownFiles(const Program& program) {
     std::vector<fs::path> files = Store::filesOf(logbook);
     files.push_back(configurationFile(program));
     files.push_back(lockFile(program));
-    std::error_code ended;
-    for (fs::directory_iterator backup(BackupFolder(logbook).path(), ended);
-         backup != fs::directory_iterator{}; backup.increment(ended))
-        files.push_back(backup->path());
+    const fs::path backups = BackupFolder(logbook).path();
+    for (const std::string& name : namesIn(backups))
+        files.push_back(backups / name);
     return files;
 }
 

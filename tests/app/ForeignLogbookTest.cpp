@@ -2,10 +2,10 @@
 // that names it and says what to do, and what is there stays as it is, to the byte.
 
 #include "app/Application.h"
+#include "shell/Configuration.h"
 #include "support/Anybody.h"
+#include "support/Play.h"
 #include "support/SameText.h"
-#include "support/TemporaryFolder.h"
-#include "support/TestDisplay.h"
 
 #include <fstream>
 #include <functional>
@@ -13,6 +13,7 @@
 #include <ostream>
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sys/stat.h>
 
 namespace tallybrook::test {
 
@@ -106,6 +107,62 @@ TEST_P(ForeignLogbook, IsRefusedByNameAndStaysAsItIs) {
 
 INSTANTIATE_TEST_SUITE_P(As, ForeignLogbook, testing::ValuesIn(foreigners()),
                          [](const auto& tested) { return tested.param.name; });
+
+/// What would keep a program waiting that opens it as a file.
+class NoFile : public testing::TestWithParam<const char*> {
+protected:
+    NoFile() {
+        { const Store made(folder.path() / kLogbook, SettableClock(makeDate(2026, 11, 14))); }
+        fs::remove(place);
+        EXPECT_EQ(mkfifo(place.c_str(), S_IRUSR | S_IWUSR), 0);
+    }
+
+    TemporaryFolder folder;
+    fs::path place = folder.path() / GetParam();
+};
+
+TEST_P(NoFile, BesideTheLogbookIsRefusedByName) {
+    const std::string text = refusal(folder.path());
+    EXPECT_NE(text.find(place.string() + "\r\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("Please "), std::string::npos) << text;
+    EXPECT_TRUE(fs::is_fifo(place));
+}
+
+INSTANTIATE_TEST_SUITE_P(As, NoFile,
+                         testing::Values(kLogbook, "Tallybrook_DB.mdb-journal", "Tallybrook_DB.mdb-wal",
+                                         "Tallybrook_DB.mdb-shm", kLock));
+
+TEST(NoConfiguration, IsReadFromAFifoNorWrittenIntoOne) {
+    const TemporaryFolder folder;
+    const fs::path file = folder.path() / "tbrkcfg.conf";
+    ASSERT_EQ(mkfifo(file.c_str(), S_IRUSR | S_IWUSR), 0);
+    TestDisplay display;
+    const SettableClock clock(makeDate(2026, 11, 14));
+    display.expect({"Tallybrook", Answer::OK});
+    Application program(display, clock, folder.path());
+    program.start();
+    EXPECT_EQ(display.events(), (std::vector<std::string>{"run-time error 75", "end program"}));
+    EXPECT_TRUE(fs::is_fifo(file));
+}
+
+TEST(WriteProtectedConfiguration, IsNotReplaced) {
+    const TemporaryFolder folder;
+    fs::permissions(folder.path(), fs::perms::all);
+    const fs::path data = folder.path() / "data";
+    EXPECT_EQ(asAnybody([&] {
+                  TestDisplay display;
+                  const SettableClock clock(makeDate(2026, 11, 14));
+                  expectFirstStart(display);
+                  Application program(display, clock, data);
+                  program.start();
+                  fs::permissions(data / "tbrkcfg.conf", fs::perms::owner_read);
+                  program.program().session.gHHSyncDir = "/elsewhere";
+                  program.program().perform([&] { Write_Config(program.program()); });
+                  return display.events().at(display.events().size() - 2);
+              }),
+              "run-time error 75");
+    EXPECT_EQ(bytesOf(data / "tbrkcfg.conf").find("/elsewhere"), std::string::npos);
+}
 
 class KeptAway : public testing::Test {
 protected:

@@ -94,6 +94,28 @@ TEST_F(DatabaseCheck, OfAConsistentLogbookChangesNothing) {
     EXPECT_EQ(play.display.boxes().back().icon, Icon::Information);
 }
 
+// It cannot take the name, since it is added to.
+TEST_F(DatabaseCheck, WritesThroughNoLink) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "P", std::int64_t{1});
+    addFrame(1, 1, 1, "X");
+    const fs::path notes = play.dataFolder() / "notes.txt";
+    const fs::path logbook = play.dataFolder() / "Tallybrook_DB.mdb";
+    std::ofstream(notes) << "notes";
+    for (const fs::path& target : {notes, logbook}) {
+        fs::remove(report());
+        fs::create_symlink(target, report());
+        const std::string before = bytesOf(target);
+        std::vector<Expected> boxes{failure("DB_Check", error::kPathFileAccess)};
+        for (const char* const procedure : {"DB_Check", "DB_Integ", "DB_Integ", "DB_Integ", "Check_ScType",
+                                            "Check_ScType", "Upd_Avg", "DB_Check"})
+            boxes.push_back(failure(procedure, error::kBadFileNameOrNumber));
+        boxes.push_back(complete());
+        play.run([&] { DB_Check(play.program()); }, boxes);
+        EXPECT_EQ(bytesOf(target), before) << target;
+    }
+}
+
 TEST_F(DatabaseCheck, DeletesWhatBelongsToNoEvent) {
     addEvent(std::int64_t{1});
     addGame(1, std::int64_t{1}, "P", std::int64_t{1});

@@ -1,13 +1,16 @@
 #include "store/file/Inspection.h"
 
+#include "runtime/RegularFile.h"
+#include "store/file/Journal.h"
 #include "store/file/LogbookRefused.h"
 #include "store/sql/Schema.h"
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <string_view>
+#include <system_error>
 
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -40,16 +43,32 @@ void inspectName(const fs::path& file) {
                       "There is something else of that name where the file should be. Please move it away.");
 }
 
+/// Refuses what the engine would wait for without end, or could not use, in the place of a file that it keeps
+/// beside a logbook while it is written.
+void inspectCompanions(const fs::path& file) {
+    for (const fs::path& companion : companionsOf(file)) {
+        const fs::file_type type = fs::symlink_status(companion).type();
+        if (type != fs::file_type::not_found && type != fs::file_type::regular)
+            refuseLogbook(
+                companion,
+                "There is something else where a file of the logbook belongs. Please move it away.");
+    }
+}
+
+std::size_t readHead(const fs::path& file, std::array<char, kHeadSize>& head) {
+    try {
+        return RegularFile(file, O_RDONLY).read(head.data(), head.size());
+    } catch (const std::system_error& failure) {
+        const bool isForbidden = failure.code() == std::errc::permission_denied;
+        refuseLogbook(file, fmt::format("The file cannot be read. Please check {}.",
+                                        isForbidden ? "its permissions" : "the disk"));
+    }
+}
+
+/// Refuses what is no logbook by its first bytes alone, so that nothing else of it is touched.
 void inspectHead(const fs::path& file, int newestSchema) {
     std::array<char, kHeadSize> head{};
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
-        refuseLogbook(file, "The file cannot be read. Please check its permissions.");
-    stream.read(head.data(), kHeadSize);
-    if (stream.bad())
-        refuseLogbook(file, "The file cannot be read. Please check the disk.");
-    if (stream.gcount() < static_cast<std::streamsize>(kHeadSize) ||
-        std::string_view(head.data(), kMark.size()) != kMark)
+    if (readHead(file, head) < kHeadSize || std::string_view(head.data(), kMark.size()) != kMark)
         refuseLogbook(file, fmt::format("The file is no logbook of this program. {}", kPutCopy));
     const int schema = schemaIn(head);
     if (schema > newestSchema)
@@ -105,6 +124,7 @@ bool isCutShort(const SQLite::Database& database) {
 
 void inspectFile(const fs::path& file, int newestSchema) {
     inspectName(file);
+    inspectCompanions(file);
     inspectHead(file, newestSchema);
     inspectPermissions(file);
 }

@@ -136,8 +136,13 @@ private:
 }  // namespace
 
 fs::path journalOf(const fs::path& logbook) {
+    return companionsOf(logbook).front();
+}
+
+std::vector<fs::path> companionsOf(const fs::path& logbook) {
     std::error_code ignored;
-    return fs::weakly_canonical(logbook, ignored).string() + "-journal";
+    const std::string file = fs::weakly_canonical(logbook, ignored).string();
+    return {file + "-journal", file + "-wal", file + "-shm"};
 }
 
 bool wasSaveCutOff(const fs::path& logbook) {

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <filesystem>
+#include <vector>
 
 namespace tallybrook {
 
 /// The journal of a logbook: the old contents of pages that a save was about to change.
 std::filesystem::path journalOf(const std::filesystem::path& logbook);
+
+/// All that the engine keeps beside a logbook while it is written, the journal first.
+std::vector<std::filesystem::path> companionsOf(const std::filesystem::path& logbook);
 
 /// Whether a save was cut off and left its journal. An empty journal is just left over.
 bool wasSaveCutOff(const std::filesystem::path& logbook);

@@ -33,8 +33,8 @@ void makeLogbook(const fs::path& file) {
         transaction.commit();
     }
     // What an older logbook of that name has left of a save that was cut off is not this one's.
-    for (const char* companion : {"-journal", "-wal", "-shm"})
-        fs::remove(file.string() + companion);
+    for (const fs::path& companion : companionsOf(file))
+        fs::remove(companion);
     fs::rename(unfinished(file), file);
 }
 

@@ -1,11 +1,13 @@
 #include "store/file/UnlockedFile.h"
 
+#include "runtime/TextFile.h"
 #include "store/file/Distrust.h"
 
 #include <string>
 #include <string_view>
 
 #include <fmt/format.h>
+#include <sqlite3.h>
 
 namespace tallybrook {
 
@@ -27,6 +29,8 @@ std::string encodedPath(const std::filesystem::path& path) {
 }  // namespace
 
 SQLite::Database openAsItStands(const std::filesystem::path& file) {
+    if (!fileExists(file))  // the engine would wait for whatever else is there
+        throw SQLite::Exception("There is no such file: " + file.string(), SQLITE_CANTOPEN);
     SQLite::Database database("file://" + encodedPath(std::filesystem::absolute(file)) + "?immutable=1",
                               SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX);
     distrust(database);

@@ -1,4 +1,4 @@
-#include "shell/ReportFile.h"
+#include "shell/SharedFile.h"
 #include "support/Play.h"
 #include "support/SameText.h"
 
@@ -11,9 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class ReportFile : public testing::Test {
+class SharedFile : public testing::Test {
 protected:
-    ReportFile() {
+    SharedFile() {
         fs::create_directory(elsewhere);
         fs::create_directories(backup.parent_path());
         std::ofstream(backup) << "a copy of the logbook";
@@ -31,8 +31,8 @@ protected:
     [[nodiscard]] std::pair<int, int> refusals(const fs::path& file) {
         const fs::path report = elsewhere / "finished.txt";
         std::ofstream(report) << "a report";
-        return {numberOf([&] { openReportFile(play.program(), file).writeLine("a report"); }),
-                numberOf([&] { copyReportFile(play.program(), report, file); })};
+        return {numberOf([&] { openSharedFile(play.program(), file).writeLine("a report"); }),
+                numberOf([&] { copySharedFile(play.program(), report, file); })};
     }
 
     static constexpr std::pair kRefused{error::kPathFileAccess, error::kPermissionDenied};
@@ -45,7 +45,7 @@ protected:
     fs::path elsewhere = folder / "elsewhere";
 };
 
-TEST_F(ReportFile, IsNoneOfTheProgramsOwn) {
+TEST_F(SharedFile, IsNoneOfTheProgramsOwn) {
     for (const fs::path& own : {logbook, backup, folder / "tbrkcfg.conf", folder / "Tallybrook.lock"}) {
         const std::string before = bytesOf(own);
         EXPECT_EQ(refusals(own), kRefused) << own;
@@ -60,7 +60,7 @@ TEST_F(ReportFile, IsNoneOfTheProgramsOwn) {
         EXPECT_EQ(refusals(logbook.string() + beside), kRefused) << beside;
 }
 
-TEST_F(ReportFile, IsNotTheLogbookByAnotherSpelling) {
+TEST_F(SharedFile, IsNotTheLogbookByAnotherSpelling) {
     const std::string before = bytesOf(logbook);
     for (const fs::path& spelling : {fs::relative(logbook), folder / "." / logbook.filename(),
                                      folder / "Backups" / ".." / logbook.filename(),
@@ -69,7 +69,7 @@ TEST_F(ReportFile, IsNotTheLogbookByAnotherSpelling) {
     EXPECT_TRUE(isSameText(bytesOf(logbook), before));
 }
 
-TEST_F(ReportFile, IsNotTheLogbookByALink) {
+TEST_F(SharedFile, IsNotTheLogbookByALink) {
     const std::string before = bytesOf(logbook);
     fs::create_symlink(logbook, elsewhere / "link.txt");
     fs::create_symlink(elsewhere / "link.txt", elsewhere / "link to the link.txt");
@@ -84,7 +84,7 @@ TEST_F(ReportFile, IsNotTheLogbookByALink) {
     EXPECT_EQ(bytesOf(backup), "a copy of the logbook");
 }
 
-TEST_F(ReportFile, IsAnyOther) {
+TEST_F(SharedFile, IsAnyOther) {
     std::ofstream(folder / "DB_Report.txt") << "an older report";
     for (const fs::path& file : {folder / "DB_Report.txt", folder / "Game Report.txt",
                                  elsewhere / logbook.filename(), elsewhere / "tbrkcfg.conf"}) {
@@ -94,14 +94,20 @@ TEST_F(ReportFile, IsAnyOther) {
 }
 
 // A logbook that lies elsewhere, with only a link to it in the data folder.
-TEST_F(ReportFile, IsNotTheLogbookThatTheDataFolderLinksTo) {
+TEST_F(SharedFile, IsNotTheLogbookThatTheDataFolderLinksTo) {
     fs::rename(logbook, elsewhere / "night.mdb");
     fs::create_symlink(elsewhere / "night.mdb", logbook);
     for (const char* const name : {"night.mdb", "night.mdb-journal"})
         EXPECT_EQ(refusals(elsewhere / name), kRefused) << name;
 }
 
-TEST_F(ReportFile, NeedsAFolder) {
+TEST_F(SharedFile, IsNoCopyOfTheProgramsOwn) {
+    EXPECT_EQ(numberOf([&] { copySharedFile(play.program(), logbook, elsewhere / "copy.mdb"); }),
+              error::kPermissionDenied);
+    EXPECT_FALSE(fs::exists(elsewhere / "copy.mdb"));
+}
+
+TEST_F(SharedFile, NeedsAFolder) {
     EXPECT_EQ(refusals(elsewhere / "none" / "report.txt"),
               (std::pair{error::kPathNotFound, error::kPathNotFound}));
 }
