@@ -30,7 +30,7 @@ CommitAtEnd::~CommitAtEnd() {
     try {
         commit();
     } catch (
-        const RunTimeError&) {  // NOLINT(bugprone-empty-catch): the failure on its way out tells the cause
+        const std::exception&) {  // NOLINT(bugprone-empty-catch): the failure on its way out tells the cause
     }
 }
 
@@ -42,7 +42,7 @@ void CommitAtEnd::commit() {
         return;
     try {
         onFile([this] { connection_.database().exec("COMMIT"); });
-    } catch (const RunTimeError&) {
+    } catch (const std::exception&) {
         giveUp();
         throw;
     }

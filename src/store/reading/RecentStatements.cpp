@@ -30,14 +30,14 @@ void RecentStatements::keep(const std::string& sql, const std::vector<Literal>& 
                             const UnderstoodStatement& statement) {
     if (!std::ranges::all_of(literals, isPlainNumber))
         return;
-    Recent& recent = statements_[std::exchange(next_, (next_ + 1) % statements_.size())];
-    recent = {.parts = {}, .plan = statement.plan};
+    Recent recent{.parts = {}, .plan = statement.plan};
     std::size_t end = 0;
     for (const Literal& literal : literals) {
         recent.parts.push_back(sql.substr(end, literal.position - end));
         end = literal.position + literal.text.size();
     }
     recent.parts.push_back(sql.substr(end));
+    statements_[std::exchange(next_, (next_ + 1) % statements_.size())] = std::move(recent);
 }
 
 /// Between the same parts, digits are a number as they were before: what follows a number is never a digit, a

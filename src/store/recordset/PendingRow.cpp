@@ -3,8 +3,8 @@
 namespace tallybrook {
 
 void PendingRow::begin(Kind kind) {
-    kind_ = kind;
     written_.assign(fields_.size(), std::nullopt);
+    kind_ = kind;
 }
 
 /// For a statement's list and for its parameters.
