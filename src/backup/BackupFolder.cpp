@@ -103,12 +103,9 @@ void BackupFolder::removeUnfinished() const {
 }
 
 void BackupFolder::thinOut(DateTime now) const {
-    const std::vector<DateTime> made = times();
-    const std::vector<DateTime> kept = keptBackups(made, now);
-    for (const DateTime time : made) {
+    for (const DateTime time : backupsToRemove(times(), now)) {
         std::error_code ignored;
-        if (!std::ranges::binary_search(kept, time))
-            fs::remove(path_ / nameFor(time), ignored);
+        fs::remove(path_ / nameFor(time), ignored);
     }
 }
 

@@ -31,7 +31,7 @@ public:
 
     /// Removes what runs that were cut off have left.
     void removeUnfinished() const;
-    /// Removes the backups that are no longer to be kept.
+    /// Removes some of the backups that are no longer to be kept, if there are any.
     void thinOut(DateTime now) const;
 
 private:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <set>
 
@@ -41,6 +42,13 @@ constexpr std::array<Rule, 4> kRules{{{.age = days{2}, .spanOf = secondOf},
                                       {.age = days{182}, .spanOf = weekOf},
                                       {.age = std::nullopt, .spanOf = monthOf}}};
 
+/// The moment up to which the backups, in ascending order, bear the clock out.
+DateTime believed(const std::vector<DateTime>& times, DateTime now) {
+    const auto isOfAnotherDay = [&](DateTime time) { return times.back() - time >= days{1}; };
+    const auto newest = std::ranges::find_if(times.rbegin(), times.rend(), isOfAnotherDay);
+    return std::min(now, newest == times.rend() ? times.front() : *newest);
+}
+
 }  // namespace
 
 std::vector<DateTime> keptBackups(std::vector<DateTime> times, DateTime now) {
@@ -56,6 +64,17 @@ std::vector<DateTime> keptBackups(std::vector<DateTime> times, DateTime now) {
         }
     }
     return {kept.begin(), kept.end()};
+}
+
+std::vector<DateTime> backupsToRemove(std::vector<DateTime> times, DateTime now) {
+    constexpr std::size_t kMost = 3;
+    std::vector<DateTime> removed;
+    if (times.empty())
+        return removed;
+    std::ranges::sort(times);
+    std::ranges::set_difference(times, keptBackups(times, believed(times, now)), std::back_inserter(removed));
+    removed.resize(std::min(removed.size(), kMost));
+    return removed;
 }
 
 }  // namespace tallybrook

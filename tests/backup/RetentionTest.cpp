@@ -1,6 +1,7 @@
 #include "backup/Retention.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -98,6 +99,56 @@ RC_GTEST_PROP(Retention, ForgetsAsItGoesOnWhatItWouldForgetAtTheEnd, ()) {
         left = keptBackups(left, time);
     }
     RC_ASSERT(kept(left) == kept(times));
+}
+
+/// What is left when all was removed that is to be removed, bit by bit.
+Times thinnedOut(Times times, DateTime now) {
+    std::ranges::sort(times);
+    for (Times removed = backupsToRemove(times, now); !removed.empty();
+         removed = backupsToRemove(times, now)) {
+        Times left;
+        std::ranges::set_difference(times, removed, std::back_inserter(left));
+        times = left;
+    }
+    return times;
+}
+
+TEST(Thinning, ForgetsNothingOnAnEveningWithTheClockFarAhead) {
+    constexpr days kAhead{10 * 365};
+    Times times;
+    for (int day = 0; day < 60; ++day)
+        times.push_back(kNow - days{day});
+    const Times before = thinnedOut(times, kNow);
+    Times left = before;
+    for (int hour = 0; hour < 6; ++hour) {  // past midnight
+        left.push_back(kNow + kAhead + hours{hour});
+        EXPECT_EQ(thinnedOut(left, left.back()), left) << hour;
+    }
+    left.push_back(kNow + hours{1});  // the clock was put right
+    EXPECT_TRUE(std::ranges::includes(thinnedOut(left, kNow + hours{1}), before));
+}
+
+TEST(Thinning, RemovesTheThreeOldestAtOnce) {
+    const DateTime day = makeDate(2025, 3, 4);
+    Times times{kNow, kNow - days{1}};
+    for (int hour = 0; hour < 9; ++hour)
+        times.push_back(day + hours{hour});
+    EXPECT_EQ(backupsToRemove(times, kNow), (Times{day, day + hours{1}, day + hours{2}}));
+    EXPECT_EQ(thinnedOut(times, kNow), (Times{day + hours{8}, kNow - days{1}, kNow}));
+}
+
+TEST(Thinning, OfNothingRemovesNothing) {
+    EXPECT_TRUE(backupsToRemove({}, kNow).empty());
+    EXPECT_TRUE(backupsToRemove({kNow}, kNow + days{1000}).empty());
+}
+
+RC_GTEST_PROP(Thinning, ComesToWhatIsKeptAtTheEnd, ()) {
+    Times times = someTimes();
+    times.insert(times.end(), {kNow, kNow - days{1}});
+    std::ranges::sort(times);
+    times.erase(std::unique(times.begin(), times.end()), times.end());
+    RC_ASSERT(thinnedOut(times, kNow) == keptBackups(times, kNow - days{1}));
+    RC_ASSERT(backupsToRemove(times, kNow).size() <= 3U);
 }
 
 }  // namespace
