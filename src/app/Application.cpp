@@ -39,9 +39,15 @@ void addScreen(Program& program, const std::string& name) {
     throw EndProgram{};
 }
 
-bool isFirstStart(const fs::path& folder) {
-    std::error_code ignored;
-    return !fs::exists(folder, ignored) || fs::is_empty(folder, ignored);
+bool isThere(const fs::path& file) {
+    std::error_code ignored;  // what cannot be looked for may be there
+    return fs::symlink_status(file, ignored).type() != fs::file_type::not_found;
+}
+
+/// Whether nobody has ever used the data folder. A first start that was cut off has left no more than folders
+/// and the lock.
+bool isFirstStart(const Program& program) {
+    return !isThere(program.logbookFile()) && !isThere(configurationFile(program));
 }
 
 /// Makes the data folder with the folders of the handheld's files, for the user alone.
@@ -100,7 +106,7 @@ void Application::readConfiguration() {
 void Application::openDataFolder() {
     const fs::path& folder = program_.dataFolder;
     try {
-        if (isFirstStart(folder))
+        if (isFirstStart(program_))
             makeFolders(folder);
     } catch (const fs::filesystem_error& failure) {
         refuseToStart(program_.display, {.text = "The folder of the logbook cannot be made:\r\n" +

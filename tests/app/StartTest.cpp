@@ -42,6 +42,42 @@ TEST_F(Start, MakesTheDataFolderOnce) {
     EXPECT_TRUE(fs::exists(data() / "Tallybrook_DB.mdb"));
 }
 
+TEST_F(Start, FinishesAFirstStartThatWasCutOff) {
+    for (const std::vector<const char*>& folders :
+         {std::vector<const char*>{}, {"TBRK"}, {"TBRK", "TBRK/PDA DB Archive"}, {"Backups"}}) {
+        fs::remove_all(data());
+        fs::create_directories(data());
+        for (const char* const made : folders)
+            fs::create_directory(data() / made);
+        std::ofstream(data() / "Tallybrook.lock");
+        Application program(display, clock, data());
+        expectFirstStart(display);
+        program.start();
+        EXPECT_TRUE(fs::is_directory(data() / "TBRK" / "PDA DB Archive"));
+    }
+}
+
+TEST_F(Start, MakesNoFolderThatWasTakenAwayWhereAnythingOfTheLogbookIsLeft) {
+    for (const char* const left : {"Tallybrook_DB.mdb", "tbrkcfg.conf"}) {
+        fs::remove_all(data());
+        {
+            Application program(display, clock, data());
+            expectFirstStart(display);
+            program.start();
+        }
+        for (const char* const gone : {"Tallybrook_DB.mdb", "tbrkcfg.conf", "TBRK"}) {
+            if (gone != std::string(left))
+                fs::remove_all(data() / gone);
+        }
+        Application again(display, clock, data());
+        if (left == std::string("Tallybrook_DB.mdb"))
+            display.expect({"Tallybrook", Answer::OK});
+        display.expect({"Database Check", Answer::No});
+        again.start();
+        EXPECT_FALSE(fs::exists(data() / "TBRK")) << left;
+    }
+}
+
 TEST_F(Start, WritesAConfigurationWhereThereIsNone) {
     const fs::path file = data() / "tbrkcfg.conf";
     {
