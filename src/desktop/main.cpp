@@ -24,7 +24,7 @@ void run(tallybrook::Application& program, tallybrook::DesktopDisplay& display) 
 }  // namespace
 
 int main(int argc, char** argv) {
-    tallybrook::keepFilesToOneself();
+    tallybrook::setUpFiles();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("Tallybrook");
     try {

@@ -34,7 +34,7 @@ int playScript(const Options& options, char* program) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    keepFilesToOneself();
+    setUpFiles();
     try {
         const std::vector<std::string> arguments(argv + 1, argv + argc);
         return playScript(readOptions(arguments), argv[0]);

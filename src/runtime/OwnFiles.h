@@ -6,4 +6,10 @@ namespace tallybrook {
 /// is there already keeps its permissions.
 void keepFilesToOneself();
 
+/// Lets a file that may grow no further fail like a full disk, where it would end the process.
+void outliveLargeFiles();
+
+/// What each program does before anything else: both of these.
+void setUpFiles();
+
 }  // namespace tallybrook

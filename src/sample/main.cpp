@@ -17,7 +17,7 @@ constexpr int kWrongUsage = 2;
 }  // namespace
 
 int main(int argc, char** argv) {
-    tallybrook::keepFilesToOneself();
+    tallybrook::setUpFiles();
     try {
         const std::vector<std::string> arguments(argv + 1, argv + argc);
         const Options options = readOptions(arguments);

@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
         std::fputs("Usage: tallybrook-viewer FILE...\n", stderr);
         return kWrongUsage;
     }
-    tallybrook::keepFilesToOneself();
+    tallybrook::setUpFiles();
     int ownArguments = 1;  // a file's name is no option of the toolkit, whatever it begins with
     const QApplication application(ownArguments, argv);
     QApplication::setStyle(new tallybrook::OutlinedStyle);

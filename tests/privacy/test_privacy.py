@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""Nobody is let in: the programs know no network, and what they write is for its user alone."""
+"""Nobody is let in: the programs know no network, what they write is for its user alone, and a
+limit on it ends none of them."""
 
 import os
 import re
+import resource
 import stat
 import subprocess
 import sys
@@ -91,6 +93,18 @@ class Files(unittest.TestCase):
             )
             open_to_others = [file for file in made if stat.S_IMODE(file.stat().st_mode) & 0o077]
             self.assertEqual(open_to_others, [])
+
+    def test_that_may_grow_no_further_end_no_program(self):
+        commands = [["tallybrook-sample", "--events", "500", "--data", "sample"], ["tallybrook"],
+                    ["tallybrook-play", "--data", "data", SCRIPTS / "tour.txt"], ["tallybrook-viewer", "report.txt"]]
+        for name, *arguments in commands:
+            with self.subTest(name), tempfile.TemporaryDirectory() as folder:
+                (Path(folder) / "report.txt").write_text("A report.\n")
+                ended = subprocess.run(
+                    [PROGRAMS[name], *arguments], cwd=folder, env=environment(folder, **HANDS), capture_output=True,
+                    preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (4096, 4096)),
+                )
+                self.assertGreaterEqual(ended.returncode, 0, ended.stderr)
 
 
 if __name__ == "__main__":
