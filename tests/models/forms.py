@@ -27,6 +27,12 @@ WORDS = {
 NUMBER = re.compile(r"[+-]?(?:[0-9]+\.?[0-9]*|\.[0-9]+)(?:[eE][+-]?[0-9]+)?")
 DATE = re.compile(r"([0-9]{1,2})/([0-9]{1,2})/([0-9]{4})")
 EXACT = Context(prec=400)
+LINE_END = re.compile(r"\r\n|\r|\n")
+
+
+def written_line(text):
+    """The bytes of a line that is written; whatever ends a line within it is written as CR LF too."""
+    return (LINE_END.sub("\r\n", text) + "\r\n").encode("utf-8", "surrogateescape")
 
 
 class RunTimeError(Exception):

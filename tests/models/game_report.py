@@ -6,10 +6,9 @@ import os
 from dataclasses import dataclass, field
 
 from boxes import ANYTHING, Box, database_error, lines
-from forms import RunTimeError, date_text, leading_number, to_int16, to_int32, to_text
+from forms import RunTimeError, date_text, leading_number, to_int16, to_int32, to_text, written_line
 from store import NO_CURRENT_ROW, Recordset
 
-CRLF = "\r\n"
 TAB = "\t"
 CELLS = 10
 MODULE = "frmGameList, Write_Report."
@@ -150,7 +149,7 @@ class GameReport:
         text = "".join(to_text(part) for part in parts)
         if self.result.written is None:
             raise RunTimeError(BAD_FILE)
-        self.result.written += (text + CRLF).encode("utf-8", "surrogateescape")
+        self.result.written += written_line(text)
 
     def _line(self, *parts):
         """Writes a line; a part may be a function that reads a field."""

@@ -32,7 +32,7 @@ QUOTED_NAMES = ("O'Neil's", "Rock 'n' Roll", "a''b", "a'b", "x' OR fldEventType 
                 "x' AND fldEventName LIKE '%e", "'", "Ladies' Night")
 TYPES = ("LEAGUE", "TOURNAMENT", "PRACTICE")
 ODD_TYPES = ("league", "Practice", "tOURNAMENT", "OPEN", "", " LEAGUE", None)
-COMMENTS = ("", "", "", "dry lanes", "Spät, müde", "two lines\r\nof comment", "tab\there", "say \"9 / 10\"", "ends in \\",
+COMMENTS = ("", "", "", "dry lanes", "Spät, müde", "three\nlines\r\nof\rcomment", "tab\there", "say \"9 / 10\"", "ends in \\",
             "x" * 300)
 CENTERS = ("", "Bowl-O-Rama", "Kegelhof Süd", "Lanes & Co.")
 BALLS = ("", "Ghost 15", "spare ball", "Rhino's")

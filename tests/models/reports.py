@@ -11,7 +11,7 @@ from datetime import timedelta
 
 from boxes import Box, database_error, lines
 from forms import (RunTimeError, ZERO_DATE, date_text, double_text, format_number, number_of_text, rounded, time_text,
-                   to_date, to_double, to_int16, to_int32, to_text)
+                   to_date, to_double, to_int16, to_int32, to_text, written_line)
 from store import Recordset
 
 CRLF = "\r\n"
@@ -172,7 +172,7 @@ class ReportRun:
         text = "".join(to_text(part) for part in parts)
         if not self.file_is_open:
             raise RunTimeError(BAD_FILE)
-        self.result.written += (text + CRLF).encode("utf-8", "surrogateescape")
+        self.result.written += written_line(text)
 
     # The driver.
 
