@@ -169,7 +169,8 @@ void frmEventList::cmdDelRecord_Click() {
     const Handler step = handler("frmEventList, cmdDelRecord.");
     std::string name;
     DateTime date = kZeroDate;
-    step([&] { session().gSessionNum = toInt32(leadingNumber(dgdEventList.text(kKeyColumn))); });
+    if (!step([&] { session().gSessionNum = toInt32(leadingNumber(dgdEventList.text(kKeyColumn))); }))
+        return;  // nothing may go on the key of another event
     step([&] { name = dgdEventList.text(kNameColumn); });
     step([&] { date = readDate(dgdEventList.text(kDateColumn), program().clock.year()); });
     if (ask(question(

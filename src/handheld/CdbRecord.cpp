@@ -57,7 +57,8 @@ void CdbRecord::cutField(int number) {
     else if (field.start == CdbStart::StepBack)
         position_.start = position_.end - 1;
     try {
-        target.text = ParseDBLine(position_, field.form == CdbForm::Bare ? U',' : U'"', line_);
+        target.text = withMemoryErrors(
+            [&] { return ParseDBLine(position_, field.form == CdbForm::Bare ? U',' : U'"', line_); });
     } catch (const RunTimeError& failure) {
         onFailure_(failure);
     }

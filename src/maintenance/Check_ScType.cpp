@@ -65,18 +65,14 @@ private:
         step_([&] { frameCount_ = frames_->RecordCount(); });
         if (frameCount_ > 0) {
             step_([&] { frames_->MoveFirst(); });
-            scoreType = "P";
-            step_([&] {
-                const Value firstBall = frames_->Fields("fldFirstBallRes");
-                if (!isNull(firstBall) && toText(firstBall).empty())
-                    scoreType = "L";
-            });
+            scoreType = step_.test([&] { return isEmpty(frames_->Fields("fldFirstBallRes")); }) ? "L" : "P";
         }
         step_([&] { frames_->Close(); });
         return scoreType;
     }
 
-    /// A Null is neither equal nor different.
+    /// A Null is neither equal nor different, here and below.
+    static bool isEmpty(const Value& stored) { return !isNull(stored) && toText(stored).empty(); }
     static bool differs(const Value& stored, const std::string& wanted) {
         return !isNull(stored) && toText(stored) != wanted;
     }

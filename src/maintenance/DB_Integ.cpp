@@ -40,22 +40,23 @@ public:
 private:
     /// A row that cannot be deleted counts as deleted: its box has told of it.
     void deleteIfOrphan() {
-        step_([&] { eventKey_ = toInt32(rows_->Fields("fldSessionNum")); });
-        if (hasEvent())
+        if (!isOrphan())
             return;
         step_([&] { rows_->Delete(); });
         ++deleted_;
     }
 
-    /// An event that cannot be looked for counts as there: nothing is deleted on the word of a failure.
-    bool hasEvent() {
-        int events = 1;
-        step_([&] {
+    /// Nothing is deleted on the word of a failure: a row whose event cannot be read, or cannot be looked
+    /// for, is none.
+    bool isOrphan() {
+        const bool isRead = step_([&] { eventKey_ = toInt32(rows_->Fields("fldSessionNum")); });
+        const bool isFound = step_([&] {
             run_.gDBRsEvent->Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + text(eventKey_));
         });
+        int events = 1;
         step_([&] { events = run_.gDBRsEvent->RecordCount(); });
         step_([&] { run_.gDBRsEvent->Close(); });
-        return events != 0;
+        return isRead && isFound && events == 0;
     }
 
     CheckRun& run_;

@@ -37,7 +37,7 @@ public:
     template <typename Body>
     void procedure(std::string_view name, Body body) {
         try {
-            body();
+            withMemoryErrors(body);
         } catch (const RunTimeError& failure) {
             giveUp(failure, name);
         }

@@ -29,8 +29,8 @@ enum class Recovery { GoOn, TryAgain };
 /// What a handler does about error 3021 (no current row).
 enum class Retry { Never, OnNoCurrentRow };
 
-/// A procedure's handler. Each statement of the procedure is run through it: one that fails is reported or
-/// tried again, and the procedure goes on with its next statement either way.
+/// A procedure's handler. Each statement of the procedure is run through it: one that fails, be it for want
+/// of memory, is reported or tried again, and the procedure goes on with its next statement either way.
 ///
 ///     Handler step = handler("Game Information, Update_Game.", Retry::OnNoCurrentRow);
 ///     step([&] { rs["fldSessionNum"] = session.gSessionNum; });
@@ -57,7 +57,7 @@ public:
     bool operator()(Statement&& statement) const {
         for (int tries = 1;; ++tries) {
             try {
-                statement();
+                withMemoryErrors(statement);
                 return true;
             } catch (const RunTimeError& failure) {
                 if (decide_(failure, tries) == Recovery::GoOn)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <new>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace tallybrook {
 
@@ -50,5 +52,15 @@ public:
 private:
     int number_;
 };
+
+/// Carries something out; memory that it does not get is error 7.
+template <typename Action>
+decltype(auto) withMemoryErrors(Action&& action) {
+    try {
+        return std::forward<Action>(action)();
+    } catch (const std::bad_alloc&) {
+        throw RunTimeError(error::kOutOfMemory);
+    }
+}
 
 }  // namespace tallybrook

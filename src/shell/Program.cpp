@@ -4,7 +4,6 @@
 #include "runtime/EndProgram.h"
 #include "shell/TBK_Globals.h"
 
-#include <new>
 #include <utility>
 
 namespace tallybrook {
@@ -59,17 +58,16 @@ bool Program::runs(const std::function<void()>& action) {
     } performing{performing_};
     performing_ = true;
     try {
-        action();
-        tellFailedBackup();
+        withMemoryErrors([&] {
+            action();
+            tellFailedBackup();
+        });
     } catch (const EndHandler&) {
         return true;
     } catch (const EndProgram&) {
         return false;
     } catch (const RunTimeError& failure) {
         display.runTimeError(failure);
-        return false;
-    } catch (const std::bad_alloc&) {
-        display.runTimeError(RunTimeError(error::kOutOfMemory));
         return false;
     }
     return true;

@@ -131,14 +131,15 @@ TEST_F(DatabaseCheck, DeletesWhatBelongsToNoEvent) {
     EXPECT_EQ(games(), Rows{"1|1|P|1"});
 }
 
-TEST_F(DatabaseCheck, TakesARowWithoutAnEventsKeyForOneOfTheEventBefore) {
+TEST_F(DatabaseCheck, KeepsARowWhoseKeyCannotBeRead) {
     addEvent();
     play.insert("tblFrameInfo", {{"fldSessionNum", Null{}}});
-    addFrame(1, 1, 1, "X");
-    play.insert("tblFrameInfo", {{"fldSessionNum", Null{}}});
+    addFrame(2, 1, 1, "X");
+    play.insert("tblFrameInfo", {{"fldSessionNum", Null{}}});  // behind a row that was deleted
     const Expected null = failure("DB_Integ", error::kInvalidUseOfNull);
     const Rows lines = check({null, null, failure("DB_Integ", kNoRow), failure("Check_ScType", kNoRow)});
     EXPECT_EQ(lines.front(), "3 frames checked, 1 frames deleted.");
+    EXPECT_EQ(play.rows("tblFrameInfo", {"fldSessionNum"}), (Rows{"null", "null"}));
 }
 
 TEST_F(DatabaseCheck, GoesOnBehindADeletionThatIsRefused) {

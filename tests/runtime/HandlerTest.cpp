@@ -27,6 +27,14 @@ void fail(int number) {
     throw RunTimeError(number);
 }
 
+TEST(Handler, TellsThatMemoryIsShort) {
+    Reports reports;
+    const Handler step(reports, "Here, Proc.");
+    EXPECT_FALSE(step([] { throw std::bad_alloc{}; }));
+    EXPECT_TRUE(step.test([]() -> bool { throw std::bad_alloc{}; }));
+    EXPECT_EQ(reports.shown, (std::vector<std::string>{"7 Here, Proc.", "7 Here, Proc."}));
+}
+
 TEST(Handler, GoesOnAfterAFailedStatement) {
     Reports reports;
     const Handler step(reports, "Here, Proc.");
