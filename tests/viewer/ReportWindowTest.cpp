@@ -180,7 +180,7 @@ TEST_F(ReportWindowTest, ExportsTheUsersPaperAndOffersTheOther) {
             opened.accept();
         });
         action("Export as PDF...")->trigger();
-        const QByteArray bytes = Files::read(files.path("League Night.pdf"));
+        QByteArray bytes = Files::read(files.path("League Night.pdf"));
         QFile::remove(files.path("League Night.pdf"));
         return bytes;
     };
