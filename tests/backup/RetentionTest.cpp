@@ -118,14 +118,15 @@ TEST(Thinning, ForgetsNothingOnAnEveningWithTheClockFarAhead) {
     Times times;
     for (int day = 0; day < 60; ++day)
         times.push_back(kNow - days{day});
-    const Times before = thinnedOut(times, kNow);
+    const Times before = keptBackups(times, kNow);
     Times left = before;
     for (int hour = 0; hour < 6; ++hour) {  // past midnight
         left.push_back(kNow + kAhead + hours{hour});
         EXPECT_EQ(thinnedOut(left, left.back()), left) << hour;
     }
-    left.push_back(kNow + hours{1});  // the clock was put right
-    EXPECT_TRUE(std::ranges::includes(thinnedOut(left, kNow + hours{1}), before));
+    const DateTime later = kNow + hours{1};  // the clock was put right
+    left.push_back(later);
+    EXPECT_TRUE(std::ranges::includes(thinnedOut(left, later), keptBackups(before, later)));
 }
 
 TEST(Thinning, RemovesTheThreeOldestAtOnce) {
