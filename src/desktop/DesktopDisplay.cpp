@@ -29,7 +29,8 @@ DesktopDisplay::DesktopDisplay(std::chrono::milliseconds patience) : patience_(p
 
 DesktopDisplay::~DesktopDisplay() {
     for (const auto& [screen, window] : windows_)
-        window->letGo();
+        letGo(*window);
+    deleteGone();
     DesktopDisplay::pointer(Pointer::Default);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -45,8 +46,10 @@ void DesktopDisplay::perform(const std::function<void()>& action) {
         failure_ = std::current_exception();
         QCoreApplication::quit();
     }
-    if (--performing_ == 0)
+    if (--performing_ == 0) {
         pointer(Pointer::Default);  // a procedure that was given up may have left it busy
+        deleteGone();
+    }
     notice_.reset();
     refreshAll();
 }
@@ -97,13 +100,25 @@ void DesktopDisplay::hidden(Screen& screen) {
 }
 
 void DesktopDisplay::unloaded(Screen& screen) {
-    windowOf(screen)->letGo();
+    letGo(*windowOf(screen));
     windows_.erase(&screen);
+}
+
+void DesktopDisplay::letGo(ScreenWindow& window) {
+    window.letGo();
+    gone_.push_back(&window);
+}
+
+/// To be called when no action runs any more: a box in it would wait in a loop of events, which deletes too
+/// early what the action, and the toolkit around it, go on with.
+void DesktopDisplay::deleteGone() {
+    for (ScreenWindow* const window : std::exchange(gone_, {}))
+        window->deleteLater();
 }
 
 void DesktopDisplay::ended() {
     for (const auto& [screen, window] : windows_)
-        window->letGo();
+        letGo(*window);
     windows_.clear();
     help_.reset();
     notice_.reset();

@@ -14,6 +14,7 @@
 #include <map>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace tallybrook {
 
@@ -65,6 +66,8 @@ public:
 
 private:
     void refreshAll();
+    void letGo(ScreenWindow& window);
+    void deleteGone();
     void endWork();
     /// Gets everything ready for a box: what it may be about is seen. Returns the window that it belongs to.
     QWidget* prepareForBox();
@@ -74,6 +77,7 @@ private:
 
     Program* program_ = nullptr;
     std::map<const Screen*, ScreenWindow*> windows_;
+    std::vector<ScreenWindow*> gone_;  // those of unloaded screens, which an action may still come from
     std::unique_ptr<HelpWindow> help_;
     std::chrono::milliseconds patience_;
     std::unique_ptr<RetryNotice> notice_;

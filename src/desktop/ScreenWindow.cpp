@@ -176,7 +176,6 @@ void ScreenWindow::letGo() {
     screen_ = nullptr;
     views_.clear();
     hide();
-    deleteLater();
 }
 
 void ScreenWindow::showEvent(QShowEvent* event) {
@@ -216,7 +215,7 @@ void ScreenWindow::changeEvent(QEvent* event) {
 
 bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
     if (screen_ == nullptr)
-        return false;
+        return event->isInputEvent();
     const Control* const control = controls_.value(watched);
     switch (event->type()) {
         case QEvent::MouseButtonPress:
@@ -289,8 +288,10 @@ bool ScreenWindow::mayPress(Control& control) {
 Arrival ScreenWindow::arriveAt(Control& control) {
     Arrival arrival = Arrival::Refused;  // should the leaving of another control be given up
     taker_.perform([&] { arrival = person::arrive(control); });
+    if (screen_ == nullptr)
+        arrival = Arrival::Refused;
     taker_.noteArrival(arrival);
-    return screen_ == nullptr ? Arrival::Refused : arrival;
+    return arrival;
 }
 
 /// True if the click may follow.

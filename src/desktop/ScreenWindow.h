@@ -23,7 +23,7 @@ public:
     /// Shows all that the screen holds by now.
     void refresh();
     void bringToFront();
-    /// The screen is going away: the window must not touch it again, and goes too.
+    /// The screen is going away: the window must not touch it again, is seen no more and takes nothing more.
     void letGo();
 
     /// The widget of a control; nullptr for menus and for what the layout leaves out.

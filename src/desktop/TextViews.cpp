@@ -21,6 +21,11 @@ public:
         edit_->whenEdited([this](const QString& text) { listener_.edited(box_, text); });
         QObject::connect(edit_, &Edit::selectionChanged, edit_, [this] { noteSelection(); });
     }
+    /// The widget outlives its view, and must tell it nothing more.
+    ~TextBoxView() override { edit_->blockSignals(true); }
+    TextBoxView(const TextBoxView&) = delete;
+    TextBoxView& operator=(const TextBoxView&) = delete;
+
     [[nodiscard]] QWidget& widget() const override { return *edit_; }
     /// All but Alt with a character, which writes nothing.
     [[nodiscard]] bool takesKey(const person::Key& key) const override {
