@@ -5,12 +5,15 @@
 #include "monkey/Invariants.h"
 #include "monkey/Monkey.h"
 #include "monkey/ScriptLines.h"
+#include "player/DesktopStage.h"
 #include "player/ModelStage.h"
-#include "player/Options.h"
 #include "player/PlayStopped.h"
 #include "player/Player.h"
 #include "support/TemporaryFolder.h"
 
+#include <QApplication>
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -108,13 +111,12 @@ std::string bytesIn(const fs::path& file) {
 }
 
 /// Plays to the end, and gives what was wrong.
-std::string play(const fs::path& home, const NextLine& next) {
+std::string play(const fs::path& home, const NextLine& next, Stage& stage) {
     Watch watch(home, next);
     ScriptLines lines([&] { return watch.next(); });
     std::istream script(&lines);
     script.exceptions(std::ios::badbit);  // what goes wrong in the thinking is no end of the script
     std::ostringstream errors;
-    ModelStage stage;
     const fs::path data = plainPath(home / "data");
     Player player(script, watch.transcript(), stage, Places(data, fs::current_path()), Options().clock);
     Application application(player.display(), player.clock(), data);
@@ -130,6 +132,21 @@ std::string play(const fs::path& home, const NextLine& next) {
     return ended == status::kPlayed ? "" : errors.str();
 }
 
+std::string playOnModel(const fs::path& home, const NextLine& next) {
+    ModelStage stage;
+    return play(home, next, stage);
+}
+
+std::string playAtWindows(const fs::path& home, const NextLine& next) {
+    int count = 1;
+    std::string name = "monkey";
+    std::array<char*, 2> arguments{name.data(), nullptr};
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(count, arguments.data());
+    DesktopStage stage;
+    return play(home, next, stage);
+}
+
 /// What is wrong with a logbook that nobody has open.
 std::string brokenLogbook(const fs::path& file) {
     for (const char* const beside : {"-journal", "-wal", "-shm"})
@@ -140,7 +157,7 @@ std::string brokenLogbook(const fs::path& file) {
     return check == "ok" ? "" : "the logbook is damaged: " + check;
 }
 
-[[noreturn]] void liveHere(const fs::path& home, const Begin& begin) {
+[[noreturn]] void liveHere(const fs::path& home, Options::Where where, const Begin& begin) {
     const rlimit limit{kLongestLife, kLongestLife};
     setrlimit(RLIMIT_CPU, &limit);
     setenv("HOME", home.c_str(), 1);
@@ -148,7 +165,7 @@ std::string brokenLogbook(const fs::path& file) {
         std::abort();
     std::string wrong;
     try {
-        wrong = play(home, begin(home));
+        wrong = (where == Options::Where::Desktop ? playAtWindows : playOnModel)(home, begin(home));
         if (wrong.empty())
             wrong = brokenLogbook(home / "data" / "Tallybrook_DB.mdb");
     } catch (const std::exception& failure) {
@@ -175,18 +192,16 @@ std::string wrongWith(const fs::path& home, int waited) {
     return how + "\n" + bytesIn(home / kErrors);
 }
 
-}  // namespace
-
-Ending live(std::uint64_t seed, const Begin& begin) {
+Ending liveOnce(const Life& life, const Begin& begin) {
     const TemporaryFolder folder;
     const fs::path& home = folder.path();
-    makeHome(seed, home / "data");
+    makeHome(life.seed, home / "data");
     fs::create_directories(home / "started" / "here");
     fs::current_path(home / "started" / "here");
     std::cout.flush();  // or the child writes it too
     const pid_t child = fork();
     if (child == 0)
-        liveHere(home, begin);
+        liveHere(home, life.where, begin);
     int waited = 0;
     if (child < 0 || waitpid(child, &waited, 0) != child)
         throw std::runtime_error("no process");
@@ -196,9 +211,47 @@ Ending live(std::uint64_t seed, const Begin& begin) {
             .transcript = bytesIn(home / kTranscript)};
 }
 
-Ending liveAsMonkey(std::uint64_t seed, int actions) {
-    return live(seed, [=](const fs::path& home) -> NextLine {
-        const auto monkey = std::make_shared<Monkey>(seed, home);
+Begin scripted(const std::vector<std::string>& script) {
+    return [&](const fs::path&) -> NextLine {
+        return [&, at = std::size_t{0}](std::string_view, Program&) mutable {
+            return at < script.size() ? std::optional(script[at++]) : std::nullopt;
+        };
+    };
+}
+
+/// The next line of a transcript, but for the time of the logbook's file, which no script decides.
+bool nextLine(std::istream& transcript, std::string& line) {
+    const bool isMore = static_cast<bool>(std::getline(transcript, line));
+    line.erase(std::min(line.find("Last modified: "), line.size()));
+    return isMore;
+}
+
+/// The first lines in which the transcripts differ; empty where they are the same.
+std::string difference(const std::string& model, const std::string& windows) {
+    std::istringstream modelLines(model);
+    std::istringstream windowLines(windows);
+    for (std::string one, other;;) {
+        const bool isMore = nextLine(modelLines, one);
+        if (nextLine(windowLines, other) != isMore || one != other)
+            return fmt::format("the displays differ\nmodel:   {}\nwindows: {}", one, other);
+        if (!isMore)
+            return "";
+    }
+}
+
+}  // namespace
+
+Ending live(const Life& life, const Begin& begin) {
+    Ending ending = liveOnce(life, begin);
+    if (life.where == Options::Where::Desktop && ending.wrong.empty())
+        ending.wrong =
+            difference(liveOnce({.seed = life.seed}, scripted(ending.script)).transcript, ending.transcript);
+    return ending;
+}
+
+Ending liveAsMonkey(const Life& life, int actions) {
+    return live(life, [=](const fs::path& home) -> NextLine {
+        const auto monkey = std::make_shared<Monkey>(life.seed, home);
         return
             [=, done = -1](std::string_view asked, Program& program) mutable -> std::optional<std::string> {
                 if (!asked.empty())
@@ -211,12 +264,8 @@ Ending liveAsMonkey(std::uint64_t seed, int actions) {
     });
 }
 
-Ending liveAgain(std::uint64_t seed, const std::vector<std::string>& script) {
-    return live(seed, [&](const fs::path&) -> NextLine {
-        return [&, at = std::size_t{0}](std::string_view, Program&) mutable {
-            return at < script.size() ? std::optional(script[at++]) : std::nullopt;
-        };
-    });
+Ending liveAgain(const Life& life, const std::vector<std::string>& script) {
+    return live(life, scripted(script));
 }
 
 }  // namespace tallybrook::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "player/Options.h"
 #include "shell/Program.h"
 
 #include <cstdint>
@@ -12,7 +13,13 @@
 
 namespace tallybrook::test {
 
-/// What has become of a life in front of the program.
+/// A life in front of the program.
+struct Life {
+    std::uint64_t seed = 1;  // of the data folder that it begins with
+    Options::Where where = Options::Where::Model;
+};
+
+/// What has become of a life.
 struct Ending {
     std::string wrong;                // empty where all went well
     std::vector<std::string> script;  // what was done, as lines for the player
@@ -26,14 +33,14 @@ using NextLine = std::function<std::optional<std::string>(std::string_view asked
 /// Begins a life; `home` is the folder that holds the data folder.
 using Begin = std::function<NextLine(const std::filesystem::path& home)>;
 
-/// Lives in a process of its own over the data folder of a seed, in a temporary folder, so that the worst end
-/// is one that can be told of.
-Ending live(std::uint64_t seed, const Begin& begin);
+/// Lives in a process of its own, in a temporary folder, so that the worst end is one that can be told of. A
+/// life at the windows is led once more on the model: what is seen there must be the same.
+Ending live(const Life& life, const Begin& begin);
 
 /// The life that a monkey leads: so many actions, or until the program has ended.
-Ending liveAsMonkey(std::uint64_t seed, int actions);
+Ending liveAsMonkey(const Life& life, int actions);
 
-/// The same script again over the data folder of a seed.
-Ending liveAgain(std::uint64_t seed, const std::vector<std::string>& script);
+/// A life whose script is known.
+Ending liveAgain(const Life& life, const std::vector<std::string>& script);
 
 }  // namespace tallybrook::test
