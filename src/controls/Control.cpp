@@ -38,6 +38,10 @@ bool Control::isVisible() const {
     return visible_ && (above_ == nullptr || above_->isVisible());
 }
 
+bool Control::standsIn(const Control& outer) const {
+    return above_ != nullptr && (above_ == &outer || above_->standsIn(outer));
+}
+
 bool Control::isFocusable() const {
     return kind_ == Kind::TextBox || kind_ == Kind::Button || kind_ == Kind::OptionButton ||
            kind_ == Kind::CheckBox || kind_ == Kind::Grid || isList();
@@ -63,6 +67,7 @@ void TextBox::setText(std::string text) {
     if (text == text_)
         return;
     text_ = std::move(text);
+    ++changes_;
     caret_ = text_.size();
     if (onChange)
         onChange();
@@ -78,23 +83,62 @@ std::string onOneLine(std::string_view text) {
     return line;
 }
 
-/// Whether a text is what is left of the whole once one part of it, or nothing, is taken out.
-bool isLeftOf(std::string_view left, std::string_view whole) {
-    const auto begun = static_cast<std::size_t>(std::ranges::mismatch(left, whole).in1 - left.begin());
-    return left.size() <= whole.size() && whole.ends_with(left.substr(begun));
+/// The text with its lines ended by line feeds.
+std::string withLineFeeds(std::string_view text) {
+    std::string lines;
+    lines.reserve(text.size());
+    for (const char character : text) {
+        if (character != '\n' || !lines.ends_with('\r'))
+            lines += character;
+        else
+            lines.back() = '\n';
+    }
+    std::ranges::replace(lines, '\r', '\n');
+    return lines;
+}
+
+bool isContinuation(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// What stands in the new text between the beginning and the end that it has in common with the old one.
+std::string_view newPartOf(std::string_view text, std::string_view old) {
+    auto begin = static_cast<std::size_t>(std::ranges::mismatch(text, old).in1 - text.begin());
+    while (begin > 0 && begin < text.size() && isContinuation(text[begin]))
+        --begin;
+    const std::string_view rest = text.substr(begin);
+    const std::string_view oldRest = old.substr(std::min(begin, old.size()));
+    const auto [end, oldEnd] = std::mismatch(rest.rbegin(), rest.rend(), oldRest.rbegin(), oldRest.rend());
+    auto size = static_cast<std::size_t>(rest.rend() - end);
+    while (size < rest.size() && isContinuation(rest[size]))
+        ++size;
+    return rest.substr(0, size);
 }
 
 }  // namespace
 
-// What code has put there may be longer than the limit. To take some of it out is no typing, and cuts no
-// more.
+std::string TextBox::linesOf(std::string_view text) const {
+    return options_.multiline ? withLineFeeds(text) : onOneLine(text);
+}
+
+std::string TextBox::typable(std::string_view text) const {
+    return asWritten(linesOf(text), options_.multiline ? "\n\t" : "");
+}
+
+// What code has put there may be longer than the limit, and hold what cannot be typed. To take some of it out
+// is no typing, and cuts no more.
 void TextBox::enter(std::string_view text) {
     if (options_.readOnly)
         return;
-    const bool isTypedOver = std::exchange(allSelected_, false);
-    std::string taken = options_.multiline ? std::string(text) : onOneLine(text);
+    std::string taken = linesOf(text);
+    const std::string_view part = newPartOf(taken, allSelected_ ? std::string() : linesOf(text_));
+    const std::string typed = typable(part);
+    if (typed.empty() && !part.empty())
+        return;
+    allSelected_ = false;
+    taken.replace(static_cast<std::size_t>(part.data() - taken.data()), part.size(), typed);
     const auto limit = static_cast<std::size_t>(options_.maxLength);
-    if (limit != 0 && (isTypedOver || !isLeftOf(taken, text_)))
+    if (limit != 0 && !typed.empty())
         taken.resize(firstCharacters(taken, limit).size());
     setText(std::move(taken));
 }

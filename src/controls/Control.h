@@ -3,6 +3,7 @@
 #include "runtime/Integer.h"
 #include "runtime/RunTimeError.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -61,6 +62,9 @@ public:
     [[nodiscard]] Screen& screen() const { return screen_; }
     /// The group box or menu that it stands in, if any.
     [[nodiscard]] Control* above() const { return above_; }
+
+    /// Whether it stands in another control, be it through others in between.
+    [[nodiscard]] bool standsIn(const Control& outer) const;
 
     /// The caption; "&" stands before the letter that reaches the control with Alt.
     [[nodiscard]] const std::string& caption() const { return caption_; }
@@ -148,10 +152,16 @@ public:
     TextBox(Place place, std::string name, const Options& options = {});
 
     [[nodiscard]] const std::string& text() const { return text_; }
+    /// How often the text has changed.
+    [[nodiscard]] std::uint64_t changes() const { return changes_; }
     /// Sets the text from code, however long; runs onChange if it differs.
     void setText(std::string text);
-    /// Takes what a person has made of the text, on one line where the box has one: what was typed or pasted
-    /// is cut at the box's limit. Runs onChange if it differs. Nothing is taken by a read-only box.
+    /// What of a text can be typed or pasted: of one line where the box has one, and nothing that no key
+    /// writes.
+    [[nodiscard]] std::string typable(std::string_view text) const;
+    /// Takes what a person has made of the text: of what was typed or pasted, what is typable, cut at the
+    /// box's limit. Runs onChange if it differs. Nothing is taken by a read-only box, or where nothing is
+    /// typable.
     void enter(std::string_view text);
 
     [[nodiscard]] const Options& options() const { return options_; }
@@ -170,8 +180,11 @@ public:
     std::function<void()> onChange;
 
 private:
+    [[nodiscard]] std::string linesOf(std::string_view text) const;
+
     Options options_;
     std::string text_;
+    std::uint64_t changes_ = 0;
     bool allSelected_ = false;
     std::size_t caret_ = 0;
 };

@@ -52,6 +52,7 @@ void Screen::place(Control& target) {
     if (focused_ != nullptr && focused_->kind() == Control::Kind::TextBox)
         static_cast<TextBox*>(focused_)->dropSelection();
     focused_ = &target;
+    ledTo_ = nullptr;
     if (target.kind() == Control::Kind::TextBox)
         static_cast<TextBox&>(target).selectAll();
     if (target.onGotFocus)

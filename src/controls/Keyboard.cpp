@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -27,20 +28,67 @@ bool isButton(const Control& control) {
     return control.kind() == Control::Kind::Button;
 }
 
+bool isMenu(const Control& control) {
+    return control.kind() == Control::Kind::Menu;
+}
+
 TextBox* asTextBox(Control* control) {
     return control != nullptr && control->kind() == Control::Kind::TextBox ? static_cast<TextBox*>(control)
                                                                            : nullptr;
 }
 
-/// Whether Alt with this letter reaches the control: by its own caption, or by a label that names it.
-bool isReachedBy(const Control& control, char letter) {
-    if (isPressable(control) && accessLetter(control) == letter)
-        return true;
-    return std::ranges::any_of(control.screen().controls(), [&](const Control* other) {
-        return other->kind() == Control::Kind::Label &&
-               static_cast<const Label*>(other)->names() == &control && other->isVisible() &&
-               accessLetter(*other) == letter;
-    });
+/// The first control in a group that can take the focus; nullptr if there is none.
+const Control* firstIn(const Control& group) {
+    const std::vector<Control*> order = group.screen().tabOrder();
+    const auto first = std::ranges::find_if(
+        order, [&](const Control* control) { return control->canTakeFocus() && control->standsIn(group); });
+    return first == order.end() ? nullptr : *first;
+}
+
+/// What the Alt letter of a caption leads to: of a label the control that it names, of a group the first
+/// control in it. nullptr if it leads nowhere.
+const Control* ledToBy(const Control& caption) {
+    if (isPressable(caption) || isMenu(caption))
+        return &caption;
+    if (!caption.isVisible())
+        return nullptr;
+    if (caption.kind() == Control::Kind::Label)
+        return static_cast<const Label&>(caption).names();
+    return caption.kind() == Control::Kind::GroupBox ? firstIn(caption) : nullptr;
+}
+
+/// All that Alt letters may lead to, whatever its state: the tab order, and then the menus of the bar. It
+/// begins behind the focus, or behind the menu that such a letter has opened since.
+std::vector<Control*> ringOf(const Screen& screen) {
+    std::vector<Control*> ring = screen.tabOrder();
+    std::ranges::copy_if(screen.menuBar(), std::back_inserter(ring),
+                         [](const Menu* menu) { return !menu->isEntry(); });
+    const Control* const from = screen.ledTo() == nullptr ? screen.focused() : screen.ledTo();
+    const auto current = std::ranges::find(ring, from);
+    if (current != ring.end())
+        std::rotate(ring.begin(), current + 1, ring.end());
+    return ring;
+}
+
+/// What of it a letter leads to, the next one first.
+std::vector<Control*> ledToBy(const Screen& screen, char letter) {
+    std::vector<const Control*> ledTo;
+    for (const Control* const caption : screen.controls()) {
+        if (accessLetter(*caption) == letter)
+            ledTo.push_back(ledToBy(*caption));
+    }
+    std::vector<Control*> ring = ringOf(screen);
+    std::erase_if(ring,
+                  [&](const Control* control) { return std::ranges::find(ledTo, control) == ledTo.end(); });
+    return ring;
+}
+
+/// The same without what cannot be used now.
+std::vector<Control*> usableBy(const Screen& screen, char letter) {
+    std::vector<Control*> ledTo = ledToBy(screen, letter);
+    std::erase_if(ledTo,
+                  [](const Control* control) { return !control->isEnabled() || !control->isVisible(); });
+    return ledTo;
 }
 
 Menu* entryWithShortcut(const Screen& screen, const std::string& shortcut) {
@@ -91,12 +139,16 @@ Press pressTab(Screen& screen, bool backwards) {
     return used(next == nullptr ? Arrival::Refused : arrive(*next), next);
 }
 
-Press pressAlt(const Screen& screen, const Key& key) {
+/// A letter of one control alone presses it, one of several moves on to the next of them.
+Press pressAlt(Screen& screen, const Key& key) {
     Control* const target = reachedBy(screen, key);
     if (target == nullptr)
         return {};
-    return isPressable(*target) && accessLetter(*target) == key.name[0] ? pressClick(target)
-                                                                        : used(arrive(*target), target);
+    const bool isAlone = usableBy(screen, key.name[0]).size() == 1;
+    if (isAlone && isPressable(*target) && accessLetter(*target) == key.name[0])
+        return pressClick(target);
+    screen.noteLedTo(*target);
+    return used(isMenu(*target) ? Arrival::Arrived : arrive(*target), target);
 }
 
 Press pressReturn(const Screen& screen) {
@@ -127,9 +179,11 @@ Press pressArrow(const Screen& screen, const std::string& key) {
     return target == nullptr ? Press{} : used(arrive(*target), target);
 }
 
-Press pressShortcut(const Screen& screen, const Key& key) {
-    std::string text = key.control ? "Ctrl+" + key.name : key.name;
+Press pressShortcut(Screen& screen, const Key& key) {
+    const std::string text = key.control ? "Ctrl+" + key.name : key.name;
     Menu* const entry = entryWithShortcut(screen, text);
+    if (entry == nullptr && text == "F1")
+        screen.onHelp();
     if (entry == nullptr || !entry->isEnabled())
         return {};
     activate(*entry);
@@ -165,23 +219,15 @@ std::string keysOf(const Menu& entry) {
     const std::optional<char> letter = entry.runs() == nullptr ? std::nullopt : accessLetter(*entry.runs());
     if (!entry.shortcut().empty() || !letter)
         return entry.shortcut();
-    const auto reached = std::ranges::count_if(entry.screen().controls(), [&](const Control* control) {
-        return control->isFocusable() && isReachedBy(*control, *letter);
-    });
-    return reached == 1 ? std::string("Alt+") + *letter : std::string();
+    return ledToBy(entry.screen(), *letter).size() == 1 ? std::string("Alt+") + *letter : std::string();
 }
 
 Control* reachedBy(const Screen& screen, const Key& key) {
     if (!key.alt || key.name.size() != 1)
         return nullptr;
-    std::vector<Control*> order = screen.tabOrder();
-    const auto current = std::ranges::find(order, screen.focused());
-    if (current != order.end())
-        std::rotate(order.begin(), current + 1, order.end());
-    const auto found = std::ranges::find_if(order, [&](const Control* control) {
-        return control->canTakeFocus() && isReachedBy(*control, key.name[0]);
-    });
-    return found == order.end() ? nullptr : *found;
+    const std::vector<Control*> usable = usableBy(screen, key.name[0]);
+    const bool isMenuAlone = usable.size() == 1 && isMenu(*usable.front());
+    return usable.empty() || isMenuAlone ? nullptr : usable.front();
 }
 
 Arrival tab(Screen& screen, bool backwards) {

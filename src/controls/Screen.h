@@ -46,6 +46,8 @@ public:
     virtual void onLoad() = 0;
     /// The title bar's close: the screen's way back.
     virtual void onClose() = 0;
+    /// F1, where no entry of a menu has it.
+    virtual void onHelp() {}
     /// Lets go of what is held outside the screen: its recordsets and data controls.
     virtual void onUnload() {}
     /// What it does once it is gone from the loaded screens.
@@ -62,6 +64,11 @@ public:
     [[nodiscard]] Control* nextInTabOrder(const Control* after, bool backwards = false) const;
     /// The focusable controls in tab order, whatever their state.
     [[nodiscard]] std::vector<Control*> tabOrder() const;
+
+    /// What an Alt letter has led to since the focus came where it is: a menu that it has opened, or the
+    /// control that has the focus; nullptr for none. Where several have the letter, the others come next.
+    [[nodiscard]] const Control* ledTo() const { return ledTo_; }
+    void noteLedTo(const Control& target) { ledTo_ = &target; }
 
     /// To be called when a control may have lost its right to the focus.
     void reviewFocus();
@@ -90,6 +97,7 @@ private:
     bool visible_ = false;
     bool loaded_ = false;
     Control* focused_ = nullptr;
+    const Control* ledTo_ = nullptr;
     Control* redirected_ = nullptr;  // where a running leaving has put the focus
     bool leaving_ = false;
 };

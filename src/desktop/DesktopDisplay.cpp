@@ -55,8 +55,10 @@ void DesktopDisplay::perform(const std::function<void()>& action) {
 }
 
 void DesktopDisplay::refreshAll() {
-    for (const auto& [screen, window] : windows_)
-        window->refresh();
+    for (const auto& [screen, window] : windows_) {
+        if (window->isVisible())  // any other one is refreshed when it is shown
+            window->refresh();
+    }
 }
 
 // --- Windows -----------------------------------------------------------------------------------------------

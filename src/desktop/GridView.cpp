@@ -3,6 +3,7 @@
 #include "desktop/Ground.h"
 #include "desktop/QtText.h"
 #include "desktop/StillView.h"
+#include "runtime/TextCompare.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
@@ -45,7 +46,7 @@ public:
         if (grid_ == nullptr)
             return {};
         if (role == Qt::DisplayRole)
-            return linesToQt(grid_->cell(index.row() + 1, index.column())).replace('\n', ' ');
+            return cell(index.row() + 1, index.column());
         return role == Qt::TextAlignmentRole ? alignment(index.row() + 1, index.column()) : QVariant();
     }
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -57,6 +58,12 @@ public:
     }
 
 private:
+    /// As much of a cell as any display has room for.
+    [[nodiscard]] QString cell(int row, int column) const {
+        constexpr std::size_t kMost = 2000;  // characters
+        const std::string text = grid_->cell(row, column);
+        return linesToQt(std::string(firstCharacters(text, kMost))).replace('\n', ' ');
+    }
     [[nodiscard]] QVariant alignment(int row, int column) const {
         return static_cast<int>(Qt::AlignVCenter |
                                 (grid_->isNumber(row, column) ? Qt::AlignRight : Qt::AlignLeft));

@@ -1,11 +1,14 @@
 #include "desktop/QtText.h"
 
+#include <QStringDecoder>
 #include <QTextDocument>
 
 namespace tallybrook {
 
 QString toQt(const std::string& text) {
-    return QString::fromStdString(text);
+    // A mark of the byte order at the beginning is a character like any other.
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decode(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 QString linesToQt(const std::string& text) {

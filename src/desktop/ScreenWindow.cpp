@@ -372,7 +372,11 @@ bool ScreenWindow::keyPressed(const QKeyEvent& event) {
     person::Press press{.used = true};  // should the screen have given up on it
     taker_.perform([&] { press = person::press(*screen_, key); });
     taker_.noteArrival(press.arrival);
-    if (press.used || screen_ == nullptr)
+    if (screen_ == nullptr)
+        return true;
+    if (key.alt && press.target != nullptr && press.target->kind() == Control::Kind::Menu)
+        menuBar()->setActiveAction(actionOf(*press.target));
+    if (press.used)
         return true;
     const auto view = views_.find(screen_->focused());
     return view == views_.end() || !view->second->takesKey(key);

@@ -77,24 +77,17 @@ public:
 
 protected:
     void refreshContent() override {
-        box_->setTitle(spoken(control().caption()));
+        box_->setTitle(toQt(control().caption()).trimmed());
         box_->setStanding(standing());
     }
 
 private:
-    [[nodiscard]] bool holds(const Control& other) const {
-        const Control* above = other.above();
-        while (above != nullptr && above != &control())
-            above = above->above();
-        return above != nullptr;
-    }
-
     [[nodiscard]] TitledBox::Standing standing() const {
         const Screen& screen = control().screen();
-        if (screen.focused() != nullptr && holds(*screen.focused()))
+        if (screen.focused() != nullptr && screen.focused()->standsIn(control()))
             return TitledBox::Standing::Current;
         const bool isReady = std::ranges::any_of(screen.controls(), [this](const Control* other) {
-            return other->canTakeFocus() && holds(*other);
+            return other->canTakeFocus() && other->standsIn(control());
         });
         return isReady ? TitledBox::Standing::Ready : TitledBox::Standing::Off;
     }

@@ -5,6 +5,9 @@
 #include "desktop/QtText.h"
 
 #include <QSignalBlocker>
+#include <cstdint>
+#include <optional>
+#include <utility>
 
 namespace tallybrook {
 
@@ -18,7 +21,10 @@ public:
         : ControlView(box), box_(box), edit_(edit), listener_(listener) {
         edit_->setReadOnly(box.options().readOnly);
         edit_->setAcceptDrops(false);
-        edit_->whenEdited([this](const QString& text) { listener_.edited(box_, text); });
+        edit_->whenEdited([this](const QString& text) {
+            shown_.reset();
+            listener_.edited(box_, text);
+        });
         QObject::connect(edit_, &Edit::selectionChanged, edit_, [this] { noteSelection(); });
     }
     /// The widget outlives its view, and must tell it nothing more.
@@ -35,7 +41,10 @@ public:
 protected:
     void refreshContent() override {
         const QSignalBlocker quiet(edit_);
-        edit_->showText(box_);
+        // A long text takes its time, and most actions leave it alone.
+        if (const std::optional<std::uint64_t> changes = box_.changes();
+            std::exchange(shown_, changes) != changes)
+            edit_->showText(box_);
         if (!box_.hasFocus())
             edit_->selectNothing();
         else if (box_.isAllSelected())
@@ -53,6 +62,8 @@ private:
     TextBox& box_;
     Edit* edit_;
     ViewListener& listener_;
+    std::optional<std::uint64_t>
+        shown_;  // which of its texts the widget shows, unless it has been edited since
 };
 
 }  // namespace

@@ -39,7 +39,8 @@ void TitledBox::paintEvent(QPaintEvent* /*event*/) {
     strong.setWeight(QFont::DemiBold);
     painter.setFont(strong);
     painter.setPen(text);
-    painter.drawText(QRectF(0, 0, rect().width(), frame.top()), Qt::AlignLeft | Qt::AlignVCenter, title());
+    painter.drawText(QRectF(0, 0, rect().width(), frame.top()),
+                     Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, title());
 }
 
 }  // namespace tallybrook

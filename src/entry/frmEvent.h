@@ -68,6 +68,8 @@ public:
     Layout layout() override;
     void onLoad() override;
     void onClose() override;
+    /// What its entry does not do.
+    void onHelp() override { program().display.help(HelpTopic::Contents); }
     void onUnload() override;
 
 private:

@@ -24,7 +24,7 @@ public:
     Menu mnuCommands{*this, "mnuCommands", "&Commands"};
     Menu mnuSyncPDA{mnuCommands, "mnuSyncPDA", cmdAddPDA};
     Menu mnuRetMain{mnuCommands, "mnuRetMain", cmdRetMain};
-    HelpMenu mnuHelp{program(), *this, {.helpShortcut = "", .aboutCaption = "&About Tallybrook"}};
+    HelpMenu mnuHelp{program(), *this, {.aboutCaption = "&About Tallybrook"}};
 
     Layout layout() override;
     void onLoad() override;

@@ -26,7 +26,7 @@ public:
     Menu mnuDBCheck{mnuDBTools, "mnuDBCheck", cmdDBCheck};
     Menu mnuDBStats{mnuDBTools, "mnuDBStats", "Database &Statistics", cmdDBStats};
     Menu mnuRetMain{mnuDBTools, "mnuRetMain", "&Main Menu", cmdRetMain};
-    HelpMenu mnuHelp{program(), *this, {.helpShortcut = ""}};
+    HelpMenu mnuHelp{program(), *this};
 
     Layout layout() override;
     void onLoad() override;

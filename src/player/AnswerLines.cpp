@@ -2,6 +2,7 @@
 
 #include "player/CommandTable.h"
 #include "player/PlayStopped.h"
+#include "runtime/TextCompare.h"
 
 #include <algorithm>
 
@@ -48,6 +49,8 @@ std::optional<std::string> AnswerLines::replyTo(const InputBox& box) {
     if (reply && reply->find_first_of("\r\n") != std::string::npos)
         line.fail("an input box takes one line only");
     transcript_.command(line.text);
+    if (reply)
+        reply = asWritten(*reply);
     return reply;
 }
 
@@ -56,7 +59,7 @@ std::optional<std::filesystem::path> AnswerLines::choiceFor(const FileDialog& di
     transcript_.command(line.text);
     if (!line.words.at(1).quoted)
         return std::nullopt;
-    return (startFolder_ / transcript_.meant(line.argument(1))).lexically_normal();
+    return plainPath(startFolder_ / transcript_.meant(line.argument(1)));
 }
 
 }  // namespace tallybrook

@@ -12,6 +12,9 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <climits>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace tallybrook {
@@ -60,6 +63,13 @@ void typePath(QFileDialog& dialog, QLineEdit& line, const std::string& path) {
     hands::typeOver(line, path);
 }
 
+/// Whether the dialog itself would not give the file back: it goes into a folder, and waits for a shorter
+/// name.
+bool isHeldBack(const std::filesystem::path& file) {
+    std::error_code ignored;
+    return std::filesystem::is_directory(file, ignored) || file.filename().native().size() > NAME_MAX;
+}
+
 bool chooseIn(QFileDialog& dialog, const Choice& choice) {
     if (!choice.file)
         return clickButton(dialog, QDialogButtonBox::Cancel);
@@ -69,11 +79,14 @@ bool chooseIn(QFileDialog& dialog, const Choice& choice) {
     QPushButton* const button = buttonOf(dialog, accepts);
     if (line == nullptr || button == nullptr)
         return false;
-    // The choice is taken as it stands, be the file there or not.
+    // The choice is taken as it stands, be it a file or not.
     dialog.setFileMode(QFileDialog::AnyFile);
     typePath(dialog, *line, choice.file->string());
     button->setEnabled(true);
-    hands::click(*button);
+    if (isHeldBack(*choice.file))
+        static_cast<QDialog&>(dialog).done(QDialog::Accepted);
+    else
+        hands::click(*button);
     return true;
 }
 

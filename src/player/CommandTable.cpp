@@ -113,4 +113,11 @@ const Command& commandOf(const ScriptLine& line) {
     return *found;
 }
 
+std::string commandForms() {
+    std::string forms;
+    for (const Command& command : commands())
+        forms += form(command) + "\n";
+    return forms;
+}
+
 }  // namespace tallybrook

@@ -2,6 +2,7 @@
 
 #include "player/Script.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -38,5 +39,8 @@ struct Command {
 /// The command that a line gives. Stops the play at a line whose first word names none, or whose arguments
 /// are not those of its command.
 const Command& commandOf(const ScriptLine& line);
+
+/// All commands with their arguments, each on a line of its own.
+std::string commandForms();
 
 }  // namespace tallybrook

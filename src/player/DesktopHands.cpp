@@ -1,6 +1,7 @@
 #include "player/DesktopHands.h"
 
 #include "controls/Keyboard.h"
+#include "desktop/QtText.h"
 #include "player/KeyNames.h"
 
 #include <QAbstractScrollArea>
@@ -106,7 +107,7 @@ void pressKey(QWidget& window, const std::string& key) {
         QTest::sendKeyEvent(QTest::Click, &target, *named, text, modifiersOf(read));
         return;
     }
-    const char32_t character = QString::fromStdString(read.name).toUcs4().front();
+    const char32_t character = toQt(read.name).toUcs4().front();
     const bool writes = !read.alt && !read.control;
     QTest::sendKeyEvent(QTest::Click, &target, keyOf(character),
                         writes ? QString::fromUcs4(&character, 1) : QString(), modifiersOf(read));
@@ -117,7 +118,7 @@ void typeOver(QWidget& widget, const std::string& text) {
     QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
     if (text.empty())
         QTest::keyClick(&widget, Qt::Key_Delete);
-    for (const char32_t character : QString::fromStdString(text).toUcs4()) {
+    for (const char32_t character : toQt(text).toUcs4()) {
         if (lasting)
             strike(widget, character);
     }

@@ -47,7 +47,8 @@ Options readOptions(std::span<const std::string> arguments) {
     CommandLine line({{"--display", std::bind_front(setDisplay, to)},
                       {"--data", std::bind_front(setData, to)},
                       {"--clock", std::bind_front(setClock, to)},
-                      {"--shots", std::bind_front(setShots, to)}});
+                      {"--shots", std::bind_front(setShots, to)}},
+                     {{"--help", [&options] { options.help = true; }}});
     line.onWord = std::bind_front(setScript, to);
     line.read(arguments);
     return options;

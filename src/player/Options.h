@@ -15,6 +15,7 @@ namespace tallybrook {
 struct Options {
     enum class Where { Model, Desktop };
 
+    bool help = false;  // whether to tell how to play instead of playing
     Where where = Where::Model;
     std::optional<std::filesystem::path> data;  // a temporary folder where none is told
     DateTime clock =
@@ -25,7 +26,7 @@ struct Options {
 
 inline constexpr std::string_view kUsage =
     "usage: tallybrook-play [--display model|desktop] [--data DIR] [--clock \"YYYY-MM-DD HH:MM:SS\"] "
-    "[--shots DIR] [SCRIPT]";
+    "[--shots DIR] [SCRIPT]\n       tallybrook-play --help     tells the commands of a script";
 
 /// Reads the arguments of the command line, without the program's name. Throws WrongUsage.
 Options readOptions(std::span<const std::string> arguments);

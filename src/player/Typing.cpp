@@ -86,17 +86,17 @@ bool deleteCharacter(TextBox& box, const Key& key) {
 }
 
 /// What a key writes into a box; nothing if it writes nothing.
-std::string_view writtenBy(const TextBox& box, const Key& key) {
+std::string writtenBy(const TextBox& box, const Key& key) {
     if (key.name == "Return" || key.name == "Enter")
         return box.options().multiline ? "\n" : "";
     if (key.name == "Space")
         return " ";
     const bool isCharacter = key.name.size() == 1 || (static_cast<unsigned char>(key.name[0]) & 0x80U) != 0;
-    return isCharacter ? std::string_view(key.name) : std::string_view();
+    return isCharacter ? box.typable(key.name) : std::string();
 }
 
 bool insertCharacter(TextBox& box, const Key& key) {
-    const std::string_view written = writtenBy(box, key);
+    const std::string written = writtenBy(box, key);
     if (written.empty())
         return false;
     const bool isSelected = box.isAllSelected();

@@ -1,3 +1,4 @@
+#include "player/CommandTable.h"
 #include "player/DesktopPlay.h"
 #include "player/ModelStage.h"
 #include "player/Options.h"
@@ -22,6 +23,11 @@ int play(const Options& options, std::istream& script, char* program) {
     return playApplication(options, stage, script, std::cout, std::cerr);
 }
 
+int tellHowToPlay() {
+    std::cout << kUsage << "\n\nOne command stands on a line of a script:\n" << commandForms();
+    return status::kPlayed;
+}
+
 int playScript(const Options& options, char* program) {
     if (!options.script)
         return play(options, std::cin, program);
@@ -37,7 +43,8 @@ int main(int argc, char** argv) {
     setUpFiles();
     try {
         const std::vector<std::string> arguments(argv + 1, argv + argc);
-        return playScript(readOptions(arguments), argv[0]);
+        const Options options = readOptions(arguments);
+        return options.help ? tellHowToPlay() : playScript(options, argv[0]);
     } catch (const WrongUsage& wrong) {
         std::cerr << wrong.what() << '\n' << kUsage << '\n';
         return status::kWrongUsage;

@@ -23,8 +23,7 @@ public:
     Menu mnuRptGame{mnuSearchMain, "mnuRptGame", "&Game Reports"};
     Menu mnuStats{mnuSearchMain, "mnuStats", "&Statistical Reports"};
     Menu mnuRetMain{mnuSearchMain, "mnuRetMain", "Return to &Main Menu"};
-    HelpMenu mnuSearchHelp{
-        program(), *this, {.name = "mnuSearchHelp", .helpShortcut = "", .aboutName = "mnuSearchHelpAbout"}};
+    HelpMenu mnuSearchHelp{program(), *this, {.name = "mnuSearchHelp", .aboutName = "mnuSearchHelpAbout"}};
 
     Layout layout() override;
     void onLoad() override;

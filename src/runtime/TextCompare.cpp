@@ -52,6 +52,20 @@ void appendCharacter(std::string& text, utf8proc_int32_t codePoint) {
     text.append(reinterpret_cast<const char*>(encoded), length);
 }
 
+/// Whether keys write such a character.
+bool isWritten(utf8proc_int32_t codePoint) {
+    switch (utf8proc_category(codePoint)) {  // of what is beyond all real ones: no character
+        case UTF8PROC_CATEGORY_CC:
+        case UTF8PROC_CATEGORY_CN:
+        case UTF8PROC_CATEGORY_CS:
+        case UTF8PROC_CATEGORY_ZL:
+        case UTF8PROC_CATEGORY_ZP:
+            return false;
+        default:
+            return true;
+    }
+}
+
 /// The folded code points of a text.
 std::vector<utf8proc_int32_t> folded(std::string_view text) {
     std::vector<utf8proc_int32_t> codePoints;
@@ -140,6 +154,18 @@ std::size_t characterCount(std::string_view text) {
     for (; !text.empty(); ++count)
         takeCharacter(text);
     return count;
+}
+
+std::string asWritten(std::string_view text, std::string_view kept) {
+    std::string written;
+    while (!text.empty()) {
+        const std::string_view rest = text;
+        const utf8proc_int32_t codePoint = takeCharacter(text);
+        const std::string_view character = rest.substr(0, rest.size() - text.size());
+        if (isWritten(codePoint) || kept.find(character) != std::string_view::npos)
+            written += character;
+    }
+    return written;
 }
 
 std::string_view firstCharacters(std::string_view text, std::size_t count) {

@@ -23,6 +23,10 @@ bool likeText(std::string_view text, std::string_view pattern);
 /// The number of characters.
 std::size_t characterCount(std::string_view text);
 
+/// The text without what no key writes: control characters but those of `kept`, ends of lines and paragraphs,
+/// code points that are no characters, and bytes that are no UTF-8.
+std::string asWritten(std::string_view text, std::string_view kept = {});
+
 /// The text cut to its first `count` characters.
 std::string_view firstCharacters(std::string_view text, std::size_t count);
 

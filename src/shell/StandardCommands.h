@@ -55,7 +55,6 @@ public:
 struct HelpMenuOptions {
     std::string name = "mnuHelp";
     std::string helpName = "mnuTBKHelp";
-    std::string helpShortcut = "F1";
     std::string aboutName = "mnuAbout";
     std::string aboutCaption = "&About";
 };

@@ -42,6 +42,8 @@ public:
     Layout layout() override;
     void onLoad() override;
     void onClose() override;
+    /// What its entry does not do.
+    void onHelp() override { program().display.help(HelpTopic::Contents); }
 
 private:
     void showConfiguration(int type);

@@ -228,6 +228,14 @@ TEST_F(Focus, KeepsABoxOfOneLineOnOneLine) {
     EXPECT_EQ(screen->txtLines.text(), "a\nb\n");
 }
 
+TEST_F(Focus, KeepsWhatCannotBeTypedWhereCodeHasPutIt) {
+    screen->txtTwo.setText("a\tb\u00e9");
+    screen->txtTwo.enter("a\tb\u00e8\t");
+    EXPECT_EQ(screen->txtTwo.text(), "a\tb\u00e8");
+    screen->txtTwo.enter("a\t");
+    EXPECT_EQ(screen->txtTwo.text(), "a\t");
+}
+
 TEST_F(Focus, RunsAMenuEntryWithoutMovingIt) {
     person::click(screen->mnuGo);
     EXPECT_EQ(screen->happened, (Log{"click cmdGo"}));

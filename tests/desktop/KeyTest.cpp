@@ -50,6 +50,31 @@ TEST_F(KeyTest, AltLetterOfAMenuOpensIt) {
     EXPECT_EQ(window().focusWidget(), &widget(screen().txtName));
 }
 
+TEST_F(KeyTest, AltLetterOfSeveralOpensTheMenuInItsTurn) {
+    screen().cmdGo.setCaption("&Full");
+    for (int round = 0; round < 2; ++round) {
+        press(Qt::Key_F, Qt::AltModifier);
+        EXPECT_EQ(window().focusWidget(), &widget(screen().cmdGo));
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        press(Qt::Key_F, Qt::AltModifier);
+        QWidget* const menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        EXPECT_EQ(dynamic_cast<QMenu&>(*menu).menuAction(), display.actionOf(screen().mnuFile));
+        menu->close();
+        QTest::qWait(1);
+    }
+    EXPECT_EQ(log(), (Lines{"lost txtName", "got cmdGo"}));
+}
+
+TEST_F(KeyTest, AltLetterOfAGroupIsUnderlined) {
+    screen().fraAnswers.setCaption("Ans&wers");
+    display.perform([] {});
+    const QImage with = widget(screen().fraAnswers).grab().toImage();
+    screen().fraAnswers.setCaption("Answers");
+    display.perform([] {});
+    EXPECT_NE(widget(screen().fraAnswers).grab().toImage(), with);
+}
+
 TEST_F(KeyTest, AltLetterOfNothingWritesNothing) {
     QKeyEvent event(QEvent::KeyPress, Qt::Key_Q, Qt::AltModifier, "q");
     QApplication::sendEvent(keyTarget(), &event);

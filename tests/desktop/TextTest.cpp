@@ -164,6 +164,37 @@ TEST_F(TextTest, LinesAreEndedAsTheToolkitDoes) {
     EXPECT_EQ(screen().txtLines.text(), "one\ntwo\nthree!");
 }
 
+TEST_F(TextTest, TextThatHasNotChangedIsLeftAlone) {
+    setText(screen().txtLines, "one");
+    {
+        const QSignalBlocker quiet(&nameEdit());
+        nameEdit().setText("nobody compares this");
+    }
+    linesEdit().blockSignals(true);
+    linesEdit().setPlainText("nor this");
+    linesEdit().blockSignals(false);
+    display.perform([this] { screen().cmdGo.setEnabled(false); });
+    EXPECT_EQ(nameEdit().text(), "nobody compares this");
+    EXPECT_EQ(linesEdit().toPlainText(), "nor this");
+}
+
+TEST_F(TextTest, TextOfAScreenThatIsNotSeenIsShownWithTheScreen) {
+    load("frmOther");
+    display.perform([this] { program.screens.hide(screen()); });
+    setText(screen().txtName, "later");
+    EXPECT_EQ(nameEdit().text(), "");
+    display.perform([this] { program.screens.show(screen()); });
+    EXPECT_EQ(nameEdit().text(), "later");
+}
+
+TEST_F(TextTest, WhatTheScreenDoesNotTakeIsShownNoMore) {
+    setText(screen().txtName, "a");
+    screen().txtName.onChange = [this] { screen().txtName.setText("a"); };
+    type("b");
+    EXPECT_EQ(screen().txtName.text(), "a");
+    EXPECT_EQ(nameEdit().text(), "a");
+}
+
 TEST_F(TextTest, BlanksThatDoNotBreakStay) {
     setText(screen().txtLines, "a\u00a0b");
     click(screen().txtLines);

@@ -24,7 +24,7 @@ TEST_F(ViewTest, CaptionsAreShownAsTyped) {
     });
     EXPECT_EQ(title.text(), "Fish & Chips");
     EXPECT_EQ(widget<QAbstractButton>(screen().cmdGo).text(), "Go &On");
-    EXPECT_EQ(widget<QGroupBox>(screen().fraAnswers).title(), "Answers");
+    EXPECT_EQ(widget<QGroupBox>(screen().fraAnswers).title(), "A&nswers");
     EXPECT_EQ(display.actionOf(screen().mnuHelp)->text(), "&Aid\tF1");
 }
 

@@ -34,6 +34,8 @@ const std::vector<std::string>& oddTexts() {
         "backwards \xD8\xB3\xD9\x84\xD8\xA7\xD9\x85",
         "\xEF\xBB\xBF"
         "mark",
+        "a\tb\x01\x7F\xC2\x80",
+        "\xEF\xBF\xBF\xCD\xB8\xF3\xA0\x80\x82",
         "NULL",
         "NaN",
         "1e400",
@@ -75,8 +77,9 @@ const std::vector<std::string>& keys() {
         "Tab",   "Shift+Tab", "Return", "Escape", "Space",    "Up",     "Down",      "Left",
         "Right", "Home",      "End",    "PageUp", "PageDown", "Delete", "Backspace", "F1",
         "F2",    "Ctrl+S",    "Ctrl+P", "Ctrl+N", "a",        "7",      "'",         "%",
-        "Alt+A", "Alt+C",     "Alt+D",  "Alt+E",  "Alt+F",    "Alt+G",  "Alt+L",     "Alt+M",
-        "Alt+N", "Alt+O",     "Alt+P",  "Alt+R",  "Alt+S",    "Alt+T",  "Alt+U",     "Alt+Y",
+        "Alt+A", "Alt+B",     "Alt+C",  "Alt+D",  "Alt+E",    "Alt+F",  "Alt+G",     "Alt+H",
+        "Alt+I", "Alt+L",     "Alt+M",  "Alt+N",  "Alt+O",    "Alt+P",  "Alt+R",     "Alt+S",
+        "Alt+T", "Alt+U",     "Alt+V",  "Alt+W",  "Alt+X",    "Alt+Y",
     };
     return kKeys;
 }

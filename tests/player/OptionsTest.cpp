@@ -1,3 +1,4 @@
+#include "player/CommandTable.h"
 #include "player/Options.h"
 
 #include <vector>
@@ -10,6 +11,19 @@ namespace {
 
 Options read(const std::vector<std::string>& arguments) {
     return readOptions(arguments);
+}
+
+TEST(Options, AskForHelp) {
+    EXPECT_TRUE(read({"--help"}).help);
+    EXPECT_FALSE(read({}).help);
+}
+
+TEST(Options, HelpTellsEveryCommand) {
+    const std::string forms = commandForms();
+    for (const char* const form :
+         {"click NAME\n", "type NAME \"TEXT\"\n", "write \"TEXT\" \"TEXT\"\n", "put NAME", "change NAME N",
+          "shot-report NAME\n", "choose \"TEXT\"|cancel\n"})
+        EXPECT_NE(forms.find(form), std::string::npos) << forms;
 }
 
 TEST(Options, HaveDefaults) {
@@ -34,15 +48,9 @@ TEST(Options, AreReadInAnyOrder) {
 }
 
 TEST(Options, OfAnotherKindAreRefused) {
-    const std::vector<std::vector<std::string>> wrong{{"--display", "paper"},
-                                                      {"--display"},
-                                                      {"--clock", "noon"},
-                                                      {"--data", ""},
-                                                      {"--shots", ""},
-                                                      {"--help"},
-                                                      {"-x"},
-                                                      {"one", "two"},
-                                                      {"--data"}};
+    const std::vector<std::vector<std::string>> wrong{
+        {"--display", "paper"}, {"--display"}, {"--clock", "noon"}, {"--data", ""},
+        {"--shots", ""},        {"-x"},        {"one", "two"},      {"--data"}};
     for (const auto& arguments : wrong)
         EXPECT_THROW(read(arguments), WrongUsage) << arguments.front();
 }

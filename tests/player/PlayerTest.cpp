@@ -149,6 +149,48 @@ TEST_P(PlayerTest, TypingIntoALockedBoxChangesNothing) {
                  "txtLocked text=\"\" enabled=yes visible=yes focus=yes\n");
 }
 
+TEST_P(PlayerTest, WhatNoKeyWritesCannotBeTyped) {
+    const std::string nothing = "\x01\x7f\xC2\x80\xCD\xB8\xEF\xBF\xBF\xE2\x80\xA8\xF0\x9F\xBF\xBE";
+    expectPlayed("type txtFirst \"a\\tb" + nothing + "c\"\nshow txtFirst\npress \"\x01\"\nshow txtFirst\n",
+                 "> type txtFirst \"a\\tb" + nothing +
+                     "c\"\n"
+                     "> show txtFirst\n"
+                     "txtFirst text=\"abc\" enabled=yes visible=yes focus=yes\n"
+                     "> press \"\x01\"\n"
+                     "> show txtFirst\n"
+                     "txtFirst text=\"abc\" enabled=yes visible=yes focus=yes\n");
+}
+
+TEST_P(PlayerTest, NothingThatCanBeTypedChangesNothing) {
+    expectPlayed("type txtFirst \"abc\"\ntype txtFirst \"\x01\"\nshow txtFirst\npress \"d\"\nshow txtFirst\n",
+                 "> type txtFirst \"abc\"\n"
+                 "> type txtFirst \"\x01\"\n"
+                 "> show txtFirst\n"
+                 "txtFirst text=\"abc\" enabled=yes visible=yes focus=yes\n"
+                 "> press \"d\"\n"
+                 "> show txtFirst\n"
+                 "txtFirst text=\"d\" enabled=yes visible=yes focus=yes\n");
+}
+
+TEST_P(PlayerTest, AMarkOfTheByteOrderIsACharacter) {
+    const std::string mark = "\xEF\xBB\xBF";
+    expectPlayed("type txtFirst \"" + mark + "a\"\npress \"b\"\nshow txtFirst\n",
+                 "> type txtFirst \"" + mark +
+                     "a\"\n"
+                     "> press \"b\"\n"
+                     "> show txtFirst\n"
+                     "txtFirst text=\"" +
+                     mark + "ab\" enabled=yes visible=yes focus=yes\n");
+}
+
+TEST_P(PlayerTest, TabsAndLineEndsAreTypedIntoBoxesOfSeveralLines) {
+    expectPlayed("type txtNotes \"a\\tb\x01\\r\\nc\\rd\"\nshow txtNotes\n",
+                 "> type txtNotes \"a\\tb\x01\\r\\nc\\rd\"\n"
+                 "focus txtNotes\n"
+                 "> show txtNotes\n"
+                 "txtNotes text=\"a\\tb\\nc\\nd\" enabled=yes visible=yes focus=yes\n");
+}
+
 TEST_P(PlayerTest, TypesLinesWhereTheBoxHasLines) {
     expectPlayed("type txtNotes \"one\\n two\\n\"\nshow txtNotes\n",
                  "> type txtNotes \"one\\n two\\n\"\n"
@@ -495,6 +537,20 @@ TEST_P(PlayerTest, AFileThatIsThereIsChosenLikeAnyOther) {
         EXPECT_NE(outcome.transcript.find("txtFirst text=\"" + file + "\""), std::string::npos)
             << outcome.transcript;
         EXPECT_EQ(outcome.errors, "");
+    }
+}
+
+TEST_P(PlayerTest, WhatIsNoFileCanBeChosenToo) {
+    const TemporaryFolder folder;
+    const std::string longName = (folder.path() / std::string(300, 'n')).string();
+    for (const std::string command : {"click cmdSave", "click cmdOpen"}) {
+        for (const std::string& choice : {folder.path().string(), longName}) {
+            const Outcome outcome =
+                play("start\n" + command + "\nchoose \"" + choice + "\"\nshow txtFirst\n");
+            EXPECT_NE(outcome.transcript.find("txtFirst text=\"" + choice + "\""), std::string::npos)
+                << outcome.transcript;
+            EXPECT_EQ(outcome.errors, "");
+        }
     }
 }
 

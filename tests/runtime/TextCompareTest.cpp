@@ -56,6 +56,13 @@ TEST(UpperCase, WritesEveryLetterInCapitals) {
     EXPECT_EQ(upperCase(""), "");
 }
 
+TEST(Characters, AreWrittenByKeysOrNot) {
+    EXPECT_EQ(asWritten("a\tb\n\x01\x7f\u0085"), "ab");
+    EXPECT_EQ(asWritten("a\tb\n\x01", "\t\n"), "a\tb\n");
+    EXPECT_EQ(asWritten("\u0378\uffff\u2028\u2029\xff\xed\xa0\x80"), "");
+    EXPECT_EQ(asWritten("\u00e4\u200d\U0001F3B3\ue000 \ufeff"), "\u00e4\u200d\U0001F3B3\ue000 \ufeff");
+}
+
 TEST(Characters, AreCountedAndCut) {
     EXPECT_EQ(characterCount("\u00e4\u00f6x"), 3U);
     EXPECT_EQ(firstCharacters("\u00e4\u00f6x", 2), "\u00e4\u00f6");
