@@ -49,7 +49,7 @@ Qt::Key keyOf(char32_t character) {
 }
 
 void strike(QWidget& widget, char32_t character) {
-    const QString text = character == U'\n' ? "\r" : QString::fromUcs4(&character, 1);
+    const QString text = character == U'\n' ? "\r" : QStringView(QChar::fromUcs4(character)).toString();
     QTest::sendKeyEvent(QTest::Click, &widget, keyOf(character), text, Qt::NoModifier);
 }
 
@@ -110,7 +110,8 @@ void pressKey(QWidget& window, const std::string& key) {
     const char32_t character = toQt(read.name).toUcs4().front();
     const bool writes = !read.alt && !read.control;
     QTest::sendKeyEvent(QTest::Click, &target, keyOf(character),
-                        writes ? QString::fromUcs4(&character, 1) : QString(), modifiersOf(read));
+                        writes ? QStringView(QChar::fromUcs4(character)).toString() : QString(),
+                        modifiersOf(read));
 }
 
 void typeOver(QWidget& widget, const std::string& text) {
