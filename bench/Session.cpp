@@ -3,6 +3,7 @@
 #include "controls/Lists.h"
 #include "controls/Person.h"
 #include "controls/Screen.h"
+#include "shell/TBK_Globals.h"
 #include "store/file/Connection.h"
 
 #include <algorithm>
@@ -114,7 +115,7 @@ void Session::prepareSearch(const SearchScreen& search, const Criterion& criteri
 }
 
 void Session::returnToMain() {
-    perform([this] { returnToMain(program()); });
+    perform([this] { tallybrook::returnToMain(program()); });
 }
 
 }  // namespace tallybrook::bench

@@ -5,6 +5,7 @@
 // and a panel as "answers, pins, Done": the answers off, or on with the one that is given; the pins offered
 // (a "+" behind a ticked one); whether Done is offered.
 
+#include "PinsOfBits.h"
 #include "bowling/FrameCheck.h"
 #include "bowling/FrameEntry.h"
 #include "bowling/Marks.h"
@@ -233,15 +234,6 @@ TEST(FrameEntry, TicksTheStoredPinsBeforeABadOne) {
     EXPECT_EQ(entry.panel(Ball::First).standing, Pins{3});
 }
 
-Pins pinsOf(unsigned mask) {
-    Pins pins;
-    for (int pin = 1; pin <= kPins; ++pin) {
-        if ((mask >> static_cast<unsigned>(pin - 1) & 1U) != 0)
-            pins.add(pin);
-    }
-    return pins;
-}
-
 /// Enters a ball as it was bowled: nothing of the pins left stands for Yes.
 void enter(FrameEntry& entry, Ball ball, Pins left) {
     if (left.isEmpty()) {
@@ -263,9 +255,9 @@ std::string digit(int pins) {
 TEST(FrameEntry, EveryLeaveOfEveryFrameIsWrittenAsOnASheet) {
     for (const int frame : {1, 9, 10}) {
         for (unsigned left = 0; left < 1024; ++left) {
-            const Pins first = pinsOf(left);
+            const Pins first = pinsOfBits(left);
             for (unsigned mask = left;; mask = (mask - 1) & left) {  // all that can be left of it
-                const Pins second = pinsOf(mask);
+                const Pins second = pinsOfBits(mask);
                 FrameEntry entry;
                 entry.begin(frame, "");
                 entry.reset();
@@ -292,7 +284,7 @@ TEST(FrameEntry, EveryLeaveOfEveryFrameIsWrittenAsOnASheet) {
 
 TEST(FrameEntry, EveryTenthFrameAfterAMarkIsWrittenAsOnASheet) {
     for (unsigned left = 0; left < 1024; ++left) {
-        const Pins rest = pinsOf(left);
+        const Pins rest = pinsOfBits(left);
         const std::string fill = rest.isEmpty() ? "X" : digit(10 - rest.count());
         for (const bool afterSpare : {false, true}) {
             FrameEntry entry;

@@ -1,3 +1,4 @@
+#include "PinsOfBits.h"
 #include "bowling/Pins.h"
 #include "runtime/RunTimeError.h"
 
@@ -10,15 +11,6 @@
 namespace tallybrook::test {
 
 namespace {
-
-Pins pinsOf(unsigned mask) {
-    Pins pins;
-    for (int pin = 1; pin <= kPins; ++pin) {
-        if ((mask >> static_cast<unsigned>(pin - 1) & 1U) != 0)
-            pins.add(pin);
-    }
-    return pins;
-}
 
 TEST(Pins, AreASet) {
     Pins pins{3, 6, 10};
@@ -57,7 +49,7 @@ TEST(PinString, NamesThePinsLeftInOrder) {
 
 TEST(PinString, IsReadBack) {
     for (unsigned mask = 1; mask < 1024; ++mask) {
-        const Pins pins = pinsOf(mask);
+        const Pins pins = pinsOfBits(mask);
         EXPECT_EQ(pins.count(), std::ranges::count(pinString(pins), '-') + 1);
         Pins named;
         addNamedPins(pinString(pins), named);
