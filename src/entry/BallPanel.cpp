@@ -56,6 +56,7 @@ Layout BallPanel::layout() {
     std::vector<Layout> panel{layout::row({question, optYes, optNo, layout::space()}), lblPins};
     for (const std::vector<int>& row : rackRows()) {
         std::vector<Layout> standing;
+        standing.reserve(row.size());
         for (const int pin : row)
             standing.emplace_back(pins(pin));
         panel.push_back(layout::row(std::move(standing)).centred());

@@ -32,7 +32,7 @@ FileMenu::FileMenu(Screen& screen, const Button& exit)
 
 HelpMenu::HelpMenu(Program& program, Screen& screen, const HelpMenuOptions& options)
     : Menu(screen, options.name, "&Help"),
-      mnuTBKHelp(*this, options.helpName, "Tallybrook Help", "F1"),
+      mnuTBKHelp(*this, "mnuTBKHelp", "Tallybrook Help", "F1"),
       mnuAbout(*this, options.aboutName, options.aboutCaption) {
     mnuTBKHelp.onClick = [&program] { program.display.help(HelpTopic::Contents); };
     mnuAbout.onClick = [&program] { showAbout(program); };

@@ -54,7 +54,6 @@ public:
 
 struct HelpMenuOptions {
     std::string name = "mnuHelp";
-    std::string helpName = "mnuTBKHelp";
     std::string aboutName = "mnuAbout";
     std::string aboutCaption = "&About";
 };
