@@ -8,7 +8,7 @@ ProgramScreen::ProgramScreen(Program& program, std::string name, std::string cap
     : Screen(program.screens, std::move(name), std::move(caption)), program_(program) {}
 
 Handler ProgramScreen::handler(std::string module, Retry retry) {
-    return Handler(reporter_, std::move(module), retry);
+    return {reporter_, std::move(module), retry};
 }
 
 void ProgramScreen::Reporter::databaseError(const RunTimeError& failure, std::string_view module) {
