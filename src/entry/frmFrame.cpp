@@ -1,8 +1,6 @@
 #include "entry/frmFrame.h"
 
-#include "bowling/RunningScores.h"
 #include "entry/FrameFailures.h"
-#include "entry/frmGame.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
 #include "shell/UpdateCurrentEvent.h"
@@ -102,8 +100,8 @@ void frmFrame::loadHeader(const Handler& step) {
     step([&] { adoTBKGame.Refresh(); });
     txtGameNum.setText(text(session().gGameNum));
     step([&] { txtLanePair.setText(toText(game("fldLanePair"))); });
-    step([&] { lanes_.left = toInt16(game("fldLeftLane")); });
-    step([&] { lanes_.right = toInt16(game("fldRightLane")); });
+    step([&] { lanes_.pair.left = toInt16(game("fldLeftLane")); });
+    step([&] { lanes_.pair.right = toInt16(game("fldRightLane")); });
     step([&] { session().gStartLane = toInt16(game("fldStartLane")); });
     step([&] { session().gScoreType = toText(game("fldScoreType")); });
     step([&] { gameScore_ = toInt16(game("fldGameScore")); });
@@ -164,7 +162,7 @@ void frmFrame::readFrame(const Handler& step) {
     step([&] { frameNumber_ = toInt16(field("fldFrameNum")); });
     beginEntry();
     fill(txtFrameNum, "fldFrameNum");
-    step([&] { currentLane_ = toInt16(field("fldLaneBowled")); });
+    step([&] { lanes_.current = toInt16(field("fldLaneBowled")); });
     fill(txtLaneNum, "fldLaneBowled");
     fill(txtBallUsed, "fldBallUsed");
     fill(txtFootPos, "fldFootPos");
@@ -211,8 +209,8 @@ void frmFrame::Add_Frame() {
     txtFootPos.setText(footPosition_);
     txtLaneTgt.setText(laneTarget_);
     txtComment.setText("");
-    txtLaneNum.setText(text(frameNumber_ == 1 ? session().gStartLane : nextLane_));
-    currentLane_ = nextLane_;
+    txtLaneNum.setText(text(frameNumber_ == 1 ? session().gStartLane : lanes_.next));
+    lanes_.current = lanes_.next;
     step([&] { adoTBKFrame.recordset().AddNew(); });
     txtFrameNum.setText(text(frameNumber_));
     prepareEntry(step);
@@ -241,22 +239,13 @@ void frmFrame::leaveFullGame() {
 
 void frmFrame::Save_Frame() {
     const Handler step = frameHandler(program(), *this, "Save_Frame", "Save_Frame");
-    workOutNextLane();
+    lanes_.workOutNext(session().gStartLane, session().gAltLanes, isTenth());
     writeFrame(step);
     step([&] { adoTBKFrame.recordset().Update(); });
     step([&] { adoTBKFrame.recordset().Resync(); });
     step([&] { session().gFrameKey = toInt32(adoTBKFrame.recordset()["fldFrameKey"]); });
     if (session().gMode == kAdd)
         step([&] { ++session().gFrmsRecorded; });
-}
-
-void frmFrame::workOutNextLane() {
-    if (!session().gAltLanes)
-        nextLane_ = session().gStartLane;
-    else if (isTenth())
-        nextLane_ = currentLane_;
-    else
-        nextLane_ = lanes_.beside(currentLane_).value_or(nextLane_);
 }
 
 // Every field is written, also of a row that was only looked at.
@@ -390,83 +379,11 @@ void frmFrame::cmdExit_Click() {
 }
 
 void frmFrame::txtLaneNum_LostFocus() {
-    const double lane = leadingNumber(txtLaneNum.text());
-    if (lane == lanes_.left.value()) {
-        currentLane_ = lanes_.left;
-    } else if (lane == lanes_.right.value()) {
-        currentLane_ = lanes_.right;
-    } else {
-        ask({.text = lines({"Invalid lane number.", "Please enter either " + text(lanes_.left) + " or " +
-                                                        text(lanes_.right) + "."})});
-        txtLaneNum.focus();
-    }
-}
-
-// The check and the score.
-
-Verdict frmFrame::Check_Frame() {
-    FrameEntry& entry = balls.entry;
-    if (recordsPinfall()) {
-        const Verdict verdict = checkPinfall(frameNumber_.value(), entry.result(Ball::First),
-                                             entry.result(Ball::Second), entry.result(Ball::Fill));
-        if (verdict == Verdict::Good && !isTenth())
-            entry.setResult(Ball::Fill, "");
-        return verdict;
-    }
-    const CellCheck check = checkLineScore(frameNumber_.value(), sheet.cell(frameNumber_));
-    cell().setText(check.cell);
-    return check.verdict;
-}
-
-/// What is done about the verdict of the check: one box serves every fault.
-bool frmFrame::isGood(Verdict verdict) {
-    if (verdict == Verdict::Good)
-        return true;
-    ask({.text =
-             lines({"Line score values were incomplete.", "Acceptable values are 0 - 9, X and /. Examples: ",
-                    "9/, X, 80, 8/ are acceptable. Values such as /9, 9X are not."}),
-         .title = "Invalid Line Score",
-         .icon = Icon::Critical});
-    cmdResetPinfall.focus();
-    return false;
-}
-
-void frmFrame::Calc_Score() {
-    const Handler step = frameHandler(program(), *this, "Calc_Score", "Calc_Score");
-    const std::array<Int16, kFrames> scores = runningScores(sheet.cells());
-    const Int16 score = scores.back();
-    sheet.showScores(scores);
-
-    if (score != gameScore_)
-        return acceptScore(step, score);
-    const Answer answer =
-        ask({.text = lines(
-                 {"Calculated score for this game is " + text(score) + ".",
-                  "Click \"OK\" to return to the previous screen, click \"Cancel\" to stay at the frame "
-                  "screen."}),
-             .title = "Game Score",
-             .buttons = Buttons::OKCancel,
-             .icon = Icon::Information});
-    if (answer == Answer::OK)
-        screens().goBackFrom(*this);
-}
-
-void frmFrame::acceptScore(const Handler& step, Int16 score) {
-    MessageBox mismatch =
-        question(lines({"Based on the pinfall you entered, a score of " + text(score) +
-                            " was calculated. This differs from the score of " + text(gameScore_) +
-                            " that was recorded.",
-                        "To accept the score of " + text(score) + " click the \"Yes\" button.",
-                        "To keep the recorded score of " + text(gameScore_) + " click the \"No\"button."}),
-                 "Score Mismatch", Icon::Warning);
-    if (ask(mismatch) != Answer::Yes)
+    if (lanes_.enter(leadingNumber(txtLaneNum.text())))
         return;
-    step([&] { ++session().gScoreFixCount; });
-    session().gScoreFixes.push_back({session().gSessionNum, session().gGameNum, score});
-    if (Screen* const game = screens().find("frmGame"); game != nullptr)
-        static_cast<frmGame&>(*game).txtGameScore.setText(text(score));
-    gameScore_ = score;
-    screens().goBackFrom(*this);
+    ask({.text = lines({"Invalid lane number.", "Please enter either " + text(lanes_.pair.left) + " or " +
+                                                    text(lanes_.pair.right) + "."})});
+    txtLaneNum.focus();
 }
 
 }  // namespace tallybrook

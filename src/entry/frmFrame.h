@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bowling/FrameCheck.h"
-#include "bowling/LanePair.h"
+#include "bowling/FrameLanes.h"
 #include "entry/BallPanels.h"
 #include "entry/ScoreSheet.h"
 #include "shell/ProgramScreen.h"
@@ -129,7 +129,6 @@ private:
     void prepareEntry(const Handler& step);
     void leaveFullGame();
     void writeFrame(const Handler& step);
-    void workOutNextLane();
     void moveBeyondLastFrame(const Handler& step);
     void setPreviousFrameEnabled(bool enabled);
 
@@ -161,9 +160,7 @@ private:
     DataControl adoTBKFrame{store()};
 
     Int16 frameNumber_;
-    LanePair lanes_;
-    Int16 currentLane_;  // 0 until a lane has been accepted or loaded
-    Int16 nextLane_;     // 0 until the first save
+    FrameLanes lanes_;
     Int16 gameScore_;
     std::string ballUsed_;
     std::string footPosition_;

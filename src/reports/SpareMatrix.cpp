@@ -43,7 +43,7 @@ public:
 private:
     void countFrame() {
         Recordset& row = *run_.gRsFrame;
-        if (toDouble(row["fldFrameNum"]) < 10)
+        if (toDouble(row["fldFrameNum"]) < kFrames)
             countUpToNinth(row["fldFirstBallRes"], row);
         else
             countTenth(tenthFrameIn(row));

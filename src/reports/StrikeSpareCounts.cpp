@@ -1,5 +1,6 @@
 #include "reports/StrikeSpareCounts.h"
 
+#include "bowling/Marks.h"
 #include "reports/ReportRun.h"
 #include "runtime/TextForms.h"
 
@@ -78,7 +79,7 @@ double percentage(Int32 part, Int32 whole) {
 void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringModes& modes) {
     const auto countFrame = [&] {
         Recordset& row = *run.gRsFrame;
-        if (leadingNumberOf(row["fldFrameNum"]) < 10)
+        if (leadingNumberOf(row["fldFrameNum"]) < kFrames)
             counts.countFrame(row["fldFirstBallRes"], row["fldSecondBallRes"]);
         else
             counts.countTenthFrame(tenthFrameIn(row));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bowling/LanePair.h"
 #include "runtime/DateTime.h"
 
 #include <string>
@@ -33,11 +34,9 @@ struct Game {
     std::string recordId = {};
 
     /// The odd lane of the pair.
-    [[nodiscard]] int leftLane() const { return startLane - (startLane % 2 == 0 ? 1 : 0); }
-    [[nodiscard]] int rightLane() const { return leftLane() + 1; }
-    [[nodiscard]] std::string lanePair() const {
-        return std::to_string(leftLane()) + "-" + std::to_string(rightLane());
-    }
+    [[nodiscard]] int leftLane() const { return pairOf(startLane).left.value(); }
+    [[nodiscard]] int rightLane() const { return pairOf(startLane).right.value(); }
+    [[nodiscard]] std::string lanePair() const { return text(pairOf(startLane)); }
 };
 
 struct Event {
