@@ -9,18 +9,6 @@ std::string_view markOf(std::string_view cell, std::size_t number) {
     return firstCharacters(cell, number).substr(before.size());
 }
 
-bool isStrike(std::string_view ball) {
-    return ball == "X";
-}
-
-bool isSpare(std::string_view ball) {
-    return ball == "/";
-}
-
-bool isMark(std::string_view ball) {
-    return isStrike(ball) || isSpare(ball);
-}
-
 bool isCount(std::string_view mark) {
     return mark.size() == 1 && mark[0] >= '0' && mark[0] <= '9';
 }

@@ -16,10 +16,16 @@ using Cells = std::array<std::string, kFrames>;
 /// The mark with this number, from 1, of a cell; empty where the cell is shorter.
 std::string_view markOf(std::string_view cell, std::size_t number);
 
-bool isStrike(std::string_view ball);
-bool isSpare(std::string_view ball);
+constexpr bool isStrike(std::string_view ball) {
+    return ball == "X";
+}
+constexpr bool isSpare(std::string_view ball) {
+    return ball == "/";
+}
 /// Whether it is a strike or a spare, after which the next ball meets a full rack.
-bool isMark(std::string_view ball);
+constexpr bool isMark(std::string_view ball) {
+    return isStrike(ball) || isSpare(ball);
+}
 /// Whether it is one digit.
 bool isCount(std::string_view mark);
 

@@ -13,11 +13,12 @@ bool isNot(BallResult ball, BallResult unwanted) {
 }  // namespace
 
 BallResult resultOf(const Value& pins) {
-    if (isNull(pins))
-        return BallResult::Unknown;
-    if (isText(pins, "X"))
+    const auto* const text = std::get_if<std::string>(&pins);
+    if (text == nullptr)
+        return isNull(pins) ? BallResult::Unknown : BallResult::PinsLeft;
+    if (isStrike(*text))
         return BallResult::Strike;
-    return isText(pins, "/") ? BallResult::Spare : BallResult::PinsLeft;
+    return isSpare(*text) ? BallResult::Spare : BallResult::PinsLeft;
 }
 
 TenthFrame tenthFrameOf(const TenthFrameValues& frame) {

@@ -54,12 +54,6 @@ void Snapshot::readAdded() {
     }
 }
 
-/// Reads what is worth reading, where nothing has been read.
-void Snapshot::look() {
-    if (found_ == Found::Unread)
-        readFields(Found::Partly);
-}
-
 void Snapshot::readFields(Found wanted) {
     read_ = statement_.plan->read(
         {.values = statement_.values, .lastKey = lastKey_, .version = reading_.connection().version()},
@@ -118,16 +112,6 @@ void Snapshot::takeOver() {
     own_ = std::move(rows);
     read_.count = 0;
     found_ = Found::TakenOver;
-}
-
-std::size_t Snapshot::size() {
-    look();
-    return read_.count + own_.size();
-}
-
-bool Snapshot::isOwn(std::size_t row) {
-    look();
-    return row >= read_.count;
 }
 
 std::int64_t Snapshot::key(std::size_t row) {

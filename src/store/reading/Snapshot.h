@@ -38,7 +38,10 @@ public:
     /// Reads all fields of the rows found now instead of one after another.
     void readAll();
 
-    [[nodiscard]] std::size_t size();
+    [[nodiscard]] std::size_t size() {
+        look();
+        return read_.count + own_.size();
+    }
     [[nodiscard]] std::int64_t key(std::size_t row);
     [[nodiscard]] Value value(std::size_t row, std::size_t field);
     void setValue(std::size_t row, std::size_t field, Value value);
@@ -70,13 +73,20 @@ private:
     };
 
     [[nodiscard]] const Select& select() const { return statement_.plan->select(); }
-    void look();
+    /// Reads what is worth reading, where nothing has been read.
+    void look() {
+        if (found_ == Found::Unread)
+            readFields(Found::Partly);
+    }
     void readFields(Found wanted);
     void readMissing();
     void readAdded();
     [[nodiscard]] const PackedRows* glimpseOf(std::size_t row);
     void takeOver();
-    [[nodiscard]] bool isOwn(std::size_t row);
+    [[nodiscard]] bool isOwn(std::size_t row) {
+        look();
+        return row >= read_.count;
+    }
     std::vector<Value>& valuesOf(OwnRow& own);
 
     Reading& reading_;

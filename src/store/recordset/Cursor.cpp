@@ -5,18 +5,16 @@
 namespace tallybrook {
 
 /// The place with its index counted.
-Cursor::Place& Cursor::settled() {
+void Cursor::settle() {
     if (place_.where == Where::AtStart)
         place_ = isEmpty() ? Place{.where = Where::PastEnd} : Place{.where = Where::OnRow};
     else if (isOnAdded())
         place_ = {.where = Where::OnRow, .index = rows_.size() - 1};
-    return place_;
 }
 
-std::size_t Cursor::index() {
+void Cursor::requireRow() {
     if (settled().where != Where::OnRow || place_.deleted)
         throw RunTimeError(error::kNoCurrentRow);
-    return place_.index;
 }
 
 void Cursor::setValue(std::size_t field, Value value) {

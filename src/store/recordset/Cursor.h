@@ -37,7 +37,7 @@ public:
     void toAdded(std::int64_t key);
 
     /// Counts where the row stands among the others.
-    void settle() { settled(); }
+    void settle();
     /// The row was deleted. It stays current until the next move, and cannot be read.
     void noteDeleted() { place_.deleted = true; }
 
@@ -57,8 +57,18 @@ private:
 
     [[nodiscard]] bool isEmpty() { return rows_.size() == 0; }
     [[nodiscard]] bool isOnAdded() const { return place_.where == Where::LastAdded; }
-    Place& settled();
-    [[nodiscard]] std::size_t index();
+    Place& settled() {
+        if (place_.where == Where::AtStart || isOnAdded())
+            settle();
+        return place_;
+    }
+    /// Of the current row; error 3021 where there is none. Asked for with every field that is read.
+    [[nodiscard]] std::size_t index() {
+        if (place_.where != Where::OnRow || place_.deleted)
+            requireRow();
+        return place_.index;
+    }
+    void requireRow();
     bool dropDeleted();
     bool leave();
 
