@@ -3,13 +3,13 @@
 namespace tallybrook {
 
 bool FrameLanes::enter(double lane) {
-    for (const Int16 one : {pair.left, pair.right}) {
-        if (lane == one.value()) {
-            current = one;
-            return true;
-        }
-    }
-    return false;
+    if (lane == pair.left.value())
+        current = pair.left;
+    else if (lane == pair.right.value())
+        current = pair.right;
+    else
+        return false;
+    return true;
 }
 
 void FrameLanes::workOutNext(Int16 startLane, bool alternates, bool isTenth) {
