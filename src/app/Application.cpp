@@ -19,7 +19,6 @@
 #include "shell/frmHHSetup.h"
 #include "shell/frmMain.h"
 
-#include <cstdlib>
 #include <system_error>
 #include <utility>
 
@@ -140,14 +139,6 @@ void Application::openLogbook() {
     } catch (const LogbookRefused& refused) {
         refuseToStart(program_.display, {.text = refused.what(), .icon = Icon::Critical});
     }
-}
-
-fs::path defaultDataFolder() {
-    if (const char* const home = std::getenv("XDG_DATA_HOME");
-        home != nullptr && fs::path(home).is_absolute())
-        return fs::path(home) / "Tallybrook";
-    const char* const home = std::getenv("HOME");
-    return fs::path(home != nullptr ? home : ".") / ".local" / "share" / "Tallybrook";
 }
 
 }  // namespace tallybrook

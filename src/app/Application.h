@@ -32,7 +32,4 @@ private:
     Program program_;
 };
 
-/// Where the data folder lies when nobody says otherwise: `Tallybrook/` below the user's data home.
-std::filesystem::path defaultDataFolder();
-
 }  // namespace tallybrook

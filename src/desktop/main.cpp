@@ -1,6 +1,7 @@
 #include "app/Application.h"
 #include "desktop/BoxWindow.h"
 #include "desktop/DesktopDisplay.h"
+#include "runtime/DataHome.h"
 #include "runtime/OwnFiles.h"
 
 #include <QApplication>

@@ -13,9 +13,7 @@ std::filesystem::path lockFile(const Program& program);
 /// The file that keeps what must be remembered between two runs.
 std::filesystem::path configurationFile(const Program& program);
 
-/// Whether a path leads to the logbook, its journal, one of its backups, the configuration or the lock,
-/// however it is spelt and whatever links it goes over. Opens none of them, since to close the logbook again
-/// would give up its lock.
+/// Whether a path leads to one of the files that the program keeps for itself; see isKeptFile().
 bool isOwnFile(const Program& program, const std::filesystem::path& path);
 
 }  // namespace tallybrook

@@ -4,6 +4,7 @@
 #include "controls/Display.h"
 #include "controls/Screens.h"
 #include "runtime/Clock.h"
+#include "runtime/DataHome.h"
 #include "runtime/Handler.h"
 #include "shell/SessionState.h"
 #include "store/Store.h"
@@ -44,7 +45,7 @@ public:
     Screen* waiting = nullptr;  // the screen whose procedure tried a statement again last
 
     /// The file of the logbook.
-    [[nodiscard]] std::filesystem::path logbookFile() const { return dataFolder / "Tallybrook_DB.mdb"; }
+    [[nodiscard]] std::filesystem::path logbookFile() const { return logbookIn(dataFolder); }
     /// The logbook; error 91 before the start procedure has opened it.
     [[nodiscard]] Store& store();
     /// Opens the logbook in the data folder, or makes it, and begins a backup of it; an older one is backed

@@ -1,0 +1,51 @@
+#include "keeper/Help.h"
+
+#include "keeper/Command.h"
+
+#include <fmt/format.h>
+
+namespace tallybrook::keeper {
+
+namespace {
+
+constexpr std::string_view kBeginning = R"(NAME
+    tallybrook-keeper - keeps a logbook of Tallybrook safe, and carries it in and out
+
+SYNOPSIS
+    tallybrook-keeper COMMAND [WORDS] [--data DIR] [--json]
+    tallybrook-keeper --help | --version
+
+COMMANDS
+)";
+
+constexpr std::string_view kEnding = R"(
+    While Tallybrook runs, the keeper shows and exports, and changes nothing.
+
+OPTIONS
+    --data DIR
+        The folder of the logbook, if it is not the usual one.
+    --json
+        Writes the answer for a program, as one line of JSON.
+    --help, --version
+        Writes this text, or the number of the version.
+
+EXIT STATUS
+    0   Done.
+    1   It could not be done; a message says why. The logbook is as it was.
+    2   Wrong usage.
+    3   Tallybrook or another keeper is using the logbook.
+    4   A file that was to be read is damaged, or is of another kind.
+    5   Cancelled, as by Ctrl+C. The logbook is as it was.
+)";
+
+}  // namespace
+
+std::string helpText() {
+    std::string text(kBeginning);
+    for (const Command& command : commands())
+        text += fmt::format("    {}{}{}\n        {}\n", command.name, command.words.empty() ? "" : " ",
+                            command.words, command.summary);
+    return text.append(kEnding);
+}
+
+}  // namespace tallybrook::keeper

@@ -1,0 +1,25 @@
+#include "keeper/Options.h"
+
+#include "runtime/DataHome.h"
+
+namespace tallybrook::keeper {
+
+Options readOptions(std::span<const std::string> arguments) {
+    Options options{.data = defaultDataFolder()};
+    CommandLine line({{"--data", [&](const std::string& folder) { options.data = folder; }}},
+                     {{"--json", [&] { options.json = true; }},
+                      {"--help", [&] { options.help = true; }},
+                      {"--version", [&] { options.version = true; }}});
+    line.onWord = [&](const std::string& word) {
+        if (options.command.empty())
+            options.command = word;
+        else
+            options.words.push_back(word);
+    };
+    line.read(arguments);
+    if (options.data.empty())
+        throw WrongUsage("the data folder has no name");
+    return options;
+}
+
+}  // namespace tallybrook::keeper

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "runtime/CommandLine.h"
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace tallybrook::keeper {
+
+/// What the program is called with.
+struct Options {
+    std::string command = {};
+    std::vector<std::string> words = {};  // what the command is to work on
+    std::filesystem::path data = {};      // the data folder
+    bool json = false;                    // whether the answer is for a program
+    bool help = false;
+    bool version = false;
+};
+
+/// Reads the arguments of the command line, without the program's name. Throws WrongUsage.
+Options readOptions(std::span<const std::string> arguments);
+
+}  // namespace tallybrook::keeper

@@ -1,0 +1,55 @@
+#include "keeper/Command.h"
+#include "keeper/Keeper.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace tallybrook::keeper {
+
+namespace {
+
+class KeeperCommandLine : public testing::Test {
+protected:
+    ExitStatus run(const std::vector<std::string>& arguments) {
+        return runKeeper(arguments, SystemClock{}, progress, out, notes);
+    }
+
+    NoProgress progress;
+    std::ostringstream out;
+    std::ostringstream notes;
+};
+
+TEST_F(KeeperCommandLine, TellsOfEveryCommandAndStatus) {
+    EXPECT_EQ(run({"--help"}), ExitStatus::Done);
+    for (const Command& command : commands())
+        EXPECT_NE(out.str().find("    " + std::string(command.name)), std::string::npos) << command.name;
+    EXPECT_NE(out.str().find("\n    5   Cancelled"), std::string::npos);
+    EXPECT_EQ(notes.str(), "");
+}
+
+TEST_F(KeeperCommandLine, TellsItsVersion) {
+    EXPECT_EQ(run({"--version"}), ExitStatus::Done);
+    EXPECT_TRUE(out.str().starts_with("tallybrook-keeper 2.")) << out.str();
+}
+
+TEST_F(KeeperCommandLine, RefusesWhatItDoesNotUnderstand) {
+    const std::vector<std::pair<std::vector<std::string>, std::string>> cases{
+        {{}, "no command is given"},
+        {{"bowl"}, "there is no command bowl"},
+        {{"backups", "one"}, "too many words after backups"},
+        {{"backups", "--data"}, "--data needs a value"},
+        {{"backups", "--data", ""}, "the data folder has no name"},
+        {{"--fast"}, "there is no option --fast"},
+    };
+    for (const auto& [arguments, why] : cases) {
+        notes.str("");
+        EXPECT_EQ(run(arguments), ExitStatus::WrongUsage);
+        EXPECT_EQ(notes.str(), "tallybrook-keeper: " + why + "\nTry tallybrook-keeper --help.\n");
+    }
+    EXPECT_EQ(out.str(), "");
+}
+
+}  // namespace
+
+}  // namespace tallybrook::keeper
