@@ -48,7 +48,7 @@ private:
 };
 
 /// Presses the default button of every box.
-class PatientDisplay : public TestDisplay {
+class TurnedAwayDisplay : public TestDisplay {
 public:
     bool isTurnedAway = false;
 
@@ -95,7 +95,7 @@ public:
 private:
     [[noreturn]] void run() {
         const SettableClock clock{makeDate(2026, 11, 14)};
-        PatientDisplay display;
+        TurnedAwayDisplay display;
         Application program(display, clock, data_);
         static_cast<void>(go_.take());
         program.start();

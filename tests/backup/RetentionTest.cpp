@@ -15,14 +15,15 @@ using std::chrono::hours;
 using std::chrono::minutes;
 using Times = std::vector<DateTime>;
 
-constexpr DateTime kNow = makeDate(2026, 11, 14) + hours{21};  // a Saturday
+constexpr DateTime kSaturday = makeDate(2026, 11, 14) + hours{21};
 
 Times kept(const Times& times) {
-    return keptBackups(times, kNow);
+    return keptBackups(times, kSaturday);
 }
 
 TEST(Retention, KeepsAllOfTwoDays) {
-    const Times times{kNow - days{2}, kNow - hours{30}, kNow - hours{29}, kNow - minutes{1}, kNow};
+    const Times times{kSaturday - days{2}, kSaturday - hours{30}, kSaturday - hours{29},
+                      kSaturday - minutes{1}, kSaturday};
     EXPECT_EQ(kept(times), times);
 }
 
@@ -53,9 +54,9 @@ TEST(Retention, KeepsWhatAWrongClockDatedAhead) {
 Times someTimes() {
     Times times;
     for (const int minute : *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 2 * 365 * 24 * 60)))
-        times.push_back(kNow - minutes{minute});
+        times.push_back(kSaturday - minutes{minute});
     for (const int minute : *rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 20 * 24 * 60)))
-        times.push_back(kNow - minutes{minute});
+        times.push_back(kSaturday - minutes{minute});
     return times;
 }
 
@@ -67,11 +68,11 @@ RC_GTEST_PROP(Retention, LeavesNoSpanOfTimeWithoutItsNewest, ()) {
             return [time, span](DateTime other) { return other >= time && other - time < span; };
         };
         const bool isKept = std::ranges::binary_search(left, time);
-        if (kNow - time <= days{2})
+        if (kSaturday - time <= days{2})
             RC_ASSERT(isKept);
-        if (kNow - time <= days{14})
+        if (kSaturday - time <= days{14})
             RC_ASSERT(std::ranges::any_of(left, isNear(days{1})));
-        if (kNow - time <= days{182})
+        if (kSaturday - time <= days{182})
             RC_ASSERT(std::ranges::any_of(left, isNear(days{7})));
         RC_ASSERT(std::ranges::any_of(left, isNear(days{31})));
     }
@@ -117,39 +118,39 @@ TEST(Thinning, ForgetsNothingOnAnEveningWithTheClockFarAhead) {
     constexpr days kAhead{10 * 365};
     Times times;
     for (int day = 0; day < 60; ++day)
-        times.push_back(kNow - days{day});
-    const Times before = keptBackups(times, kNow);
+        times.push_back(kSaturday - days{day});
+    const Times before = keptBackups(times, kSaturday);
     Times left = before;
     for (int hour = 0; hour < 6; ++hour) {  // past midnight
-        left.push_back(kNow + kAhead + hours{hour});
+        left.push_back(kSaturday + kAhead + hours{hour});
         EXPECT_EQ(thinnedOut(left, left.back()), left) << hour;
     }
-    const DateTime later = kNow + hours{1};  // the clock was put right
+    const DateTime later = kSaturday + hours{1};  // the clock was put right
     left.push_back(later);
     EXPECT_TRUE(std::ranges::includes(thinnedOut(left, later), keptBackups(before, later)));
 }
 
 TEST(Thinning, RemovesTheThreeOldestAtOnce) {
     const DateTime day = makeDate(2025, 3, 4);
-    Times times{kNow, kNow - days{1}};
+    Times times{kSaturday, kSaturday - days{1}};
     for (int hour = 0; hour < 9; ++hour)
         times.push_back(day + hours{hour});
-    EXPECT_EQ(backupsToRemove(times, kNow), (Times{day, day + hours{1}, day + hours{2}}));
-    EXPECT_EQ(thinnedOut(times, kNow), (Times{day + hours{8}, kNow - days{1}, kNow}));
+    EXPECT_EQ(backupsToRemove(times, kSaturday), (Times{day, day + hours{1}, day + hours{2}}));
+    EXPECT_EQ(thinnedOut(times, kSaturday), (Times{day + hours{8}, kSaturday - days{1}, kSaturday}));
 }
 
 TEST(Thinning, OfNothingRemovesNothing) {
-    EXPECT_TRUE(backupsToRemove({}, kNow).empty());
-    EXPECT_TRUE(backupsToRemove({kNow}, kNow + days{1000}).empty());
+    EXPECT_TRUE(backupsToRemove({}, kSaturday).empty());
+    EXPECT_TRUE(backupsToRemove({kSaturday}, kSaturday + days{1000}).empty());
 }
 
 RC_GTEST_PROP(Thinning, ComesToWhatIsKeptAtTheEnd, ()) {
     Times times = someTimes();
-    times.insert(times.end(), {kNow, kNow - days{1}});
+    times.insert(times.end(), {kSaturday, kSaturday - days{1}});
     std::ranges::sort(times);
     times.erase(std::unique(times.begin(), times.end()), times.end());
-    RC_ASSERT(thinnedOut(times, kNow) == keptBackups(times, kNow - days{1}));
-    RC_ASSERT(backupsToRemove(times, kNow).size() <= 3U);
+    RC_ASSERT(thinnedOut(times, kSaturday) == keptBackups(times, kSaturday - days{1}));
+    RC_ASSERT(backupsToRemove(times, kSaturday).size() <= 3U);
 }
 
 }  // namespace

@@ -9,6 +9,11 @@
 
 namespace tallybrook::test {
 
+// What both searches say of what they found.
+inline const Expected kNoHits{"Tallybrook - Event Search", Answer::OK,
+                              "No rows returned.\r\nReturning to search screen."};
+inline const Expected kFound{"Tallybrook - Search Results"};
+
 /// The program with a hand for lists, grids and what stands in the logbook.
 class BrowsePlay : public Play {
 public:

@@ -7,14 +7,11 @@ namespace tallybrook::test {
 
 namespace {
 
-const Expected kNoHits{"Tallybrook - Event Search", Answer::OK,
-                       "No rows returned.\r\nReturning to search screen."};
-const Expected kFound{"Tallybrook - Search Results"};
 const Expected kInUse{"Select Search Criteria", Answer::OK,
                       "This search criteria is already in use. Please choose another"};
 const Expected kBadType{"Search Parameter Error", Answer::OK, "Invalid search parameter for Event Type."};
-const std::string kModule = "Search Events, cmdSearch.";
-constexpr const char* kStart = "SELECT tblEventInfo.* FROM tblEventInfo WHERE ";
+const std::string kSearchEvents = "Search Events, cmdSearch.";
+constexpr const char* kSelectEvents = "SELECT tblEventInfo.* FROM tblEventInfo WHERE ";
 
 class EventSearch : public testing::Test {
 protected:
@@ -63,12 +60,12 @@ protected:
     std::string condition(const std::vector<Expected>& boxes) {
         play.click("cmdSearch", boxes);
         const std::string& statement = search().adoTBKEvent.RecordSource();
-        EXPECT_TRUE(statement.starts_with(kStart)) << statement;
-        return statement.substr(std::string(kStart).size());
+        EXPECT_TRUE(statement.starts_with(kSelectEvents)) << statement;
+        return statement.substr(std::string(kSelectEvents).size());
     }
     /// The boxes of a statement that is not understood: the refresh fails, then the look at its rows.
     static std::vector<Expected> refusal() {
-        return {{"Database Error"}, BrowsePlay::failure(kModule, error::kObjectNotSet), kNoHits};
+        return {{"Database Error"}, BrowsePlay::failure(kSearchEvents, error::kObjectNotSet), kNoHits};
     }
     /// The number in the box of the refused statement, the third from the end.
     [[nodiscard]] std::string refusedNumber() {
@@ -103,13 +100,13 @@ protected:
     BrowsePlay play;
 };
 
-constexpr const char* kFresh = "f----- ------ ------ ------ ---";
+constexpr const char* kFreshEvents = "f----- ------ ------ ------ ---";
 
 TEST_F(EventSearch, ComesUpWithOneFieldOpen) {
     EXPECT_EQ(play.session().gMode, kReport);
     EXPECT_EQ(play.screen().caption(), "Search Events");
     EXPECT_EQ(play.focus(), "cboListField(0)");
-    EXPECT_EQ(allStates(), kFresh);
+    EXPECT_EQ(allStates(), kFreshEvents);
     EXPECT_EQ(play.list("cboListField(0)").items(),
               (std::vector<std::string>{"Center Name", "Comment", "Date Bowled", "Event Name", "Event Type",
                                         "Number of Games", "Series Average", "Series Total"}));
@@ -305,7 +302,7 @@ TEST_F(EventSearch, TellsOfNoHitsAndStartsAfresh) {
     EXPECT_EQ(condition({kNoHits}), "fldSeriesTot > 9999 ORDER BY fldSeriesTot");
     EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
     EXPECT_TRUE(play.display.events().empty());
-    EXPECT_EQ(allStates(), kFresh);
+    EXPECT_EQ(allStates(), kFreshEvents);
     EXPECT_EQ(play.text("txtSearchVal(0)"), "");
     EXPECT_EQ(play.list("cboListField(0)").items().size(), 16U);
 }
@@ -343,7 +340,7 @@ TEST_F(EventSearch, KeepsTheValueOfTheOperatorThatStoodWhenItWasLeft) {
     play.pick("cboSearchOp(0)", "is");
     play.run([&] { play.control("mnuStartSearch").click(); }, {kNoHits});  // a menu takes no focus
     EXPECT_EQ(search().adoTBKEvent.RecordSource(),
-              std::string(kStart) + "fldEventName = '%open%' ORDER BY fldEventName");
+              std::string(kSelectEvents) + "fldEventName = '%open%' ORDER BY fldEventName");
 }
 
 TEST_F(EventSearch, RefusesAnUnknownEventType) {
@@ -431,7 +428,7 @@ TEST_F(EventSearch, BreaksOnTheJoinOfTheLastRow) {
     EXPECT_EQ(condition(refusal()), "fldSeriesTot > 500 AND  ORDER BY fldSeriesTot");
     EXPECT_EQ(refusedNumber(), "Error Number: -2147217900");
     EXPECT_EQ(play.display.boxes()[play.display.boxes().size() - 3].icon, Icon::Critical);
-    EXPECT_EQ(allStates(), kFresh);
+    EXPECT_EQ(allStates(), kFreshEvents);
 }
 
 TEST_F(EventSearch, BreaksOnAMissingJoin) {
@@ -472,12 +469,12 @@ TEST_F(EventSearch, ShowsOneBoxForEachRowBeyondTheLists) {
         play.focusOn("txtSearchVal(0)");
         play.tab();
     }
-    EXPECT_EQ(condition({BrowsePlay::failure(kModule, error::kSubscriptOutOfRange), kFound}),
+    EXPECT_EQ(condition({BrowsePlay::failure(kSearchEvents, error::kSubscriptOutOfRange), kFound}),
               "fldSeriesTot > 500 ORDER BY fldSeriesTot");
     EXPECT_EQ(hits(), (std::vector<std::string>{"Thursday League", "City Open"}));
     play.click("cmdPrevious", {{"Return - Previous Screen", Answer::Yes}});
     play.focusOn("txtSearchVal(0)");
-    const Expected beyond = BrowsePlay::failure(kModule, error::kSubscriptOutOfRange);
+    const Expected beyond = BrowsePlay::failure(kSearchEvents, error::kSubscriptOutOfRange);
     condition({beyond, beyond, kFound});
 }
 
@@ -487,7 +484,7 @@ TEST_F(EventSearch, CountsALeavingAfterAnError) {
     for (int again = 0; again < 5; ++again)
         play.tab({kBadType});
     play.type("txtSearchVal(0)", "league");
-    condition({BrowsePlay::failure(kModule, error::kSubscriptOutOfRange), kFound});
+    condition({BrowsePlay::failure(kSearchEvents, error::kSubscriptOutOfRange), kFound});
 }
 
 TEST_F(EventSearch, RemovesTheRowBehind) {
@@ -527,9 +524,9 @@ TEST_F(EventSearch, KeepsTheValueAndTheUseOfARemovedRow) {
     play.pick("cboListField(1)", "Center Name");
     play.pick("cboSearchOp(1)", "contains");
     play.run([&] { play.control("mnuStartSearch").click(); }, {kNoHits});
-    EXPECT_EQ(
-        search().adoTBKEvent.RecordSource(),
-        std::string(kStart) + "fldSeriesTot > 500 AND fldCenterName LIKE '%city%' ORDER BY fldSeriesTot");
+    EXPECT_EQ(search().adoTBKEvent.RecordSource(),
+              std::string(kSelectEvents) +
+                  "fldSeriesTot > 500 AND fldCenterName LIKE '%city%' ORDER BY fldSeriesTot");
 }
 
 TEST_F(EventSearch, ForgetsTheOperatorOfARemovedRow) {
@@ -562,7 +559,7 @@ TEST_F(EventSearch, ResetsTheFormOnYes) {
     EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
     EXPECT_EQ(states(1), "fovc--");
     play.click("mnuSearchReset", {{"Reset Form", Answer::Yes, words}});
-    EXPECT_EQ(allStates(), kFresh);
+    EXPECT_EQ(allStates(), kFreshEvents);
     for (int row = 0; row < 5; ++row) {
         EXPECT_EQ(play.text(at("txtSearchVal", row)), "");
         EXPECT_TRUE(play.list(at("cboSearchOp", row)).items().empty());
@@ -581,7 +578,7 @@ TEST_F(EventSearch, ClearsAllButTheMarksOfTheJoins) {
     fill(3, "Comment", "contains", "x");
     addRow(3, "Or");
     play.click("cmdReset", {{"Reset Form", Answer::Yes}});
-    EXPECT_EQ(allStates(), kFresh);
+    EXPECT_EQ(allStates(), kFreshEvents);
     for (int row = 0; row < 4; ++row) {
         EXPECT_FALSE(play.value(at("chkCriteria", row))) << row;
         EXPECT_TRUE(play.list(at("cboListField", row + 1)).items().empty()) << row;

@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::string kModule = "frmGameList, Write_Report.";
+const std::string kWriteReport = "frmGameList, Write_Report.";
 
 class GameList : public testing::Test {
 protected:
@@ -58,8 +58,8 @@ protected:
     /// Reports on the current row, a game without frames, into a file that cannot be opened: that and every
     /// line fail.
     void reportIntoNothing(const fs::path& path, int refusal) {
-        std::vector<Expected> boxes{BrowsePlay::failure(kModule, refusal)};
-        const Expected noLine = BrowsePlay::failure(kModule, error::kBadFileNameOrNumber);
+        std::vector<Expected> boxes{BrowsePlay::failure(kWriteReport, refusal)};
+        const Expected noLine = BrowsePlay::failure(kWriteReport, error::kBadFileNameOrNumber);
         boxes.insert(boxes.end(), head().size(), noLine);
         boxes.push_back({"No Frames"});
         boxes.insert(boxes.end(), 1 + end().size(), noLine);
@@ -268,7 +268,7 @@ TEST_F(GameList, GoesOnAfterAnEleventhFrame) {
     blocks.insert(blocks.end(), {frame(11, "7-10\t\t10\t\tX"), frame(12, "X\t\t\t\t"),
                                  lineScore("X\tX\tX\tX\tX\tX\tX\tX\tX\tX\t"), end()});
     // A box for each ball that finds no cell: two of the eleventh frame and one of the twelfth.
-    const Expected noCell = BrowsePlay::failure(kModule, error::kSubscriptOutOfRange);
+    const Expected noCell = BrowsePlay::failure(kWriteReport, error::kSubscriptOutOfRange);
     EXPECT_TRUE(isSameText(report({noCell, noCell, noCell, ready(file()), found(1)}), joined(blocks)));
 }
 
@@ -282,10 +282,10 @@ TEST_F(GameList, EndsTheFramesAtOneThatCannotBeLeft) {
     addFrame(12, "X");
     openList();
     // The frames go while the box of the eleventh is up, which finds no cell.
-    Expected noCell = BrowsePlay::failure(kModule, error::kSubscriptOutOfRange);
+    Expected noCell = BrowsePlay::failure(kWriteReport, error::kSubscriptOutOfRange);
     DataControl& frames = dynamic_cast<frmGameList&>(play.screen()).adoTBKFrame;
     noCell.meanwhile = [&] { frames.recordset().Close(); };
-    const Expected gone = BrowsePlay::failure(kModule, error::kObjectClosed);
+    const Expected gone = BrowsePlay::failure(kWriteReport, error::kObjectClosed);
     std::vector<std::string> eleventh = frame(11, "X\t\tX\t\tX");
     std::erase(eleventh, "Comment: ");
     blocks.insert(blocks.end(), {eleventh, lineScore("X\tX\tX\tX\tX\tX\tX\tX\tX\tX\t"), end()});

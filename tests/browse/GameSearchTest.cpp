@@ -5,13 +5,10 @@ namespace tallybrook::test {
 
 namespace {
 
-const Expected kNoHits{"Tallybrook - Event Search", Answer::OK,
-                       "No rows returned.\r\nReturning to search screen."};
-const Expected kFound{"Tallybrook - Search Results"};
 const Expected kBadPair{"Tallybrook - Invalid Data", Answer::OK,
                         "Invalid lane pair. Enter a valid lane pair as L-R (e.g. 5-6).\r\nPlease re-enter."};
-const std::string kModule = "frmSearch Games, cmdSearch.";
-constexpr const char* kStart = "SELECT tblGameInfo.* FROM tblGameInfo WHERE ";
+const std::string kSearchGames = "frmSearch Games, cmdSearch.";
+constexpr const char* kSelectGames = "SELECT tblGameInfo.* FROM tblGameInfo WHERE ";
 
 class GameSearch : public testing::Test {
 protected:
@@ -39,12 +36,12 @@ protected:
     std::string condition(const std::vector<Expected>& boxes) {
         play.click("cmdSearch", boxes);
         const std::string& statement = search().adoTBKGame.RecordSource();
-        EXPECT_TRUE(statement.starts_with(kStart)) << statement;
-        return statement.substr(std::string(kStart).size());
+        EXPECT_TRUE(statement.starts_with(kSelectGames)) << statement;
+        return statement.substr(std::string(kSelectGames).size());
     }
     /// The boxes of a statement that is refused: the refresh fails, then the look at its rows.
     static std::vector<Expected> refusal() {
-        return {{"Database Error"}, BrowsePlay::failure(kModule, error::kObjectNotSet), kNoHits};
+        return {{"Database Error"}, BrowsePlay::failure(kSearchGames, error::kObjectNotSet), kNoHits};
     }
     [[nodiscard]] std::vector<std::string> scores() {
         std::vector<std::string> scores;
@@ -64,13 +61,13 @@ protected:
     BrowsePlay play;
 };
 
-constexpr const char* kFresh = "+--------";
+constexpr const char* kFreshGames = "+--------";
 
 TEST_F(GameSearch, ComesUpWithOneFieldOpen) {
     EXPECT_EQ(play.session().gMode, kReport);
     EXPECT_EQ(play.screen().caption(), "Game Search");
     EXPECT_EQ(play.focus(), "cboSearchFld(0)");
-    EXPECT_EQ(states(), kFresh);
+    EXPECT_EQ(states(), kFreshGames);
     EXPECT_EQ(play.list("cboSearchFld(0)").items(), (std::vector<std::string>{"Game Score", "Lane Pair"}));
     EXPECT_TRUE(play.list("cboSearchFld(1)").items().empty());
 }
@@ -220,7 +217,7 @@ TEST_F(GameSearch, NamesTheEventSearchWhenNothingIsFound) {
     EXPECT_EQ(condition({kNoHits}), "fldGameScore = 300 ORDER BY fldGameScore");
     EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
     EXPECT_EQ(play.screen().name(), "frmSearchGames");
-    EXPECT_EQ(states(), kFresh);
+    EXPECT_EQ(states(), kFreshGames);
     EXPECT_EQ(play.list("cboSearchFld(0)").items().size(), 4U);
     play.pick("cboSearchFld(0)", 2);
     EXPECT_TRUE(play.hasEndedWith(error::kSubscriptOutOfRange));
@@ -241,7 +238,7 @@ TEST_F(GameSearch, ShowsOneBoxForEachRowBeyondTheLists) {
         play.focusOn("txtSearchVal(0)");
         play.tab();
     }
-    const Expected beyond = BrowsePlay::failure(kModule, error::kSubscriptOutOfRange);
+    const Expected beyond = BrowsePlay::failure(kSearchGames, error::kSubscriptOutOfRange);
     EXPECT_EQ(condition({beyond, beyond, kFound}), "fldGameScore > 200 ORDER BY fldGameScore");
 }
 
@@ -297,7 +294,7 @@ TEST_F(GameSearch, ResetsTheFormOnYes) {
     play.click("cmdReset", {{"Reset Form", Answer::No, "Are you sure you want to reset the form?"}});
     EXPECT_EQ(states(), "+++++++++");
     play.click("mnuSearchReset", {{"Reset Form", Answer::Yes}});
-    EXPECT_EQ(states(), kFresh);
+    EXPECT_EQ(states(), kFreshGames);
     EXPECT_FALSE(play.value("chkCriteria"));
     fill(0, "Game Score", "is greater than", "200");
     EXPECT_EQ(condition(refusal()), "fldGameScore > 200 AND  ORDER BY fldGameScore");

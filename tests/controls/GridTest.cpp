@@ -15,9 +15,9 @@ namespace {
 using Log = std::vector<std::string>;
 
 /// A grid over the events.
-class Sample : public ProgramScreen {
+class GridScreen : public ProgramScreen {
 public:
-    explicit Sample(Program& owner) : ProgramScreen(owner, "frmSample", "Sample") {
+    explicit GridScreen(Program& owner) : ProgramScreen(owner, "frmSample", "GridScreen") {
         txtOne.onLostFocus = [this] {
             if (leaving)
                 leaving();
@@ -51,9 +51,9 @@ class Grids : public testing::Test {
 protected:
     Grids() {
         program.openLogbook();
-        program.screens.add("frmSample", [this] { return std::make_unique<Sample>(program); });
+        program.screens.add("frmSample", [this] { return std::make_unique<GridScreen>(program); });
         program.screens.load("frmSample");
-        screen = static_cast<Sample*>(program.screens.find("frmSample"));
+        screen = static_cast<GridScreen*>(program.screens.find("frmSample"));
         screen->txtOne.focus();
     }
 
@@ -95,7 +95,7 @@ protected:
     TestDisplay display;
     SettableClock clock{makeDate(2026, 11, 14)};
     Program program{display, clock, folder.path()};
-    Sample* screen = nullptr;
+    GridScreen* screen = nullptr;
 };
 
 TEST_F(Grids, AreEmptyWithoutARecordset) {

@@ -19,9 +19,9 @@ namespace fs = std::filesystem;
 using Log = std::vector<std::string>;
 
 /// Lists of every kind beside a box, which write down what happens to them.
-class Sample : public ProgramScreen {
+class ListScreen : public ProgramScreen {
 public:
-    explicit Sample(Program& owner) : ProgramScreen(owner, "frmSample", "Sample") {
+    explicit ListScreen(Program& owner) : ProgramScreen(owner, "frmSample", "ListScreen") {
         cboKind.fill({"Center Name", "Comment", "Date Bowled"});
         lstNames.fill({"Ann", "Bob", "\u00c9mile", "\u00e9lan", "ann"});
         for (Control* control : controls()) {
@@ -58,9 +58,9 @@ protected:
     Lists() {
         for (const char* inside : {"b/inner/core", "a", "c", ".hidden/deep"})
             fs::create_directories(folder.path() / inside);
-        program.screens.add("frmSample", [this] { return std::make_unique<Sample>(program); });
+        program.screens.add("frmSample", [this] { return std::make_unique<ListScreen>(program); });
         program.screens.load("frmSample");
-        screen = static_cast<Sample*>(program.screens.find("frmSample"));
+        screen = static_cast<ListScreen*>(program.screens.find("frmSample"));
         screen->txtOne.focus();
         happened();
     }
@@ -90,7 +90,7 @@ protected:
     TestDisplay display;
     SettableClock clock{makeDate(2026, 11, 14)};
     Program program{display, clock, "nowhere"};
-    Sample* screen = nullptr;
+    ListScreen* screen = nullptr;
 };
 
 // --- Items -------------------------------------------------------------------------------------------------

@@ -101,7 +101,7 @@ std::string upper(std::string text) {
     return text;
 }
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
     return "\"" + text + "\"";
 }
 
@@ -285,9 +285,9 @@ bool SyncModel::ReadCDBEvents() {
                                       r.number(10), r.number(12), average, r.texts[9], r.id()}));
             stored_.push_back({r.id(), r.texts[4], date});
             const int key = static_cast<int>(events.size());
-            writeOut("tblEvent", r.id() + ",0x0002," + r.texts[3] + "," + quoted(r.texts[4]) + "," +
-                                     quoted(r.texts[5]) + "," + quoted(r.texts[7]) + "," +
-                                     quoted(r.texts[8]) + "," + quoted(r.texts[9]) + "," + r.number(10) +
+            writeOut("tblEvent", r.id() + ",0x0002," + r.texts[3] + "," + inQuotes(r.texts[4]) + "," +
+                                     inQuotes(r.texts[5]) + "," + inQuotes(r.texts[7]) + "," +
+                                     inQuotes(r.texts[8]) + "," + inQuotes(r.texts[9]) + "," + r.number(10) +
                                      "," + average + "," + r.number(12));
             ++r.added;
             addedEvents_.push_back({key, r.texts[3]});
@@ -340,8 +340,8 @@ bool SyncModel::ReadCDBGames() {
                                      r.texts[11], r.number(6), r.texts[13], r.texts[14], r.id(), "N"}));
             writeOut("tblGame", r.id() + ",0x0002," + r.texts[3] + "," + r.texts[4] + "," + r.number(5) +
                                     "," + r.number(6) + "," + r.number(8) + "," + r.number(9) + "," +
-                                    r.number(10) + "," + quoted(r.texts[11]) + "," + quoted(r.texts[12]) +
-                                    "," + quoted(r.texts[13]) + "," + quoted(r.texts[14]));
+                                    r.number(10) + "," + inQuotes(r.texts[11]) + "," + inQuotes(r.texts[12]) +
+                                    "," + inQuotes(r.texts[13]) + "," + inQuotes(r.texts[14]));
             ++r.added;
             addedGames_.push_back(r.texts[3]);
             write("Record ID: " + r.id() + " added to database, Event key: " + std::to_string(key) +
@@ -401,7 +401,7 @@ void SyncModel::ReadCDBFrames() {
             for (int field = 6; field <= 8; ++field)
                 marked += "," + r.number(field);
             for (int field = 9; field <= 16; ++field)
-                marked += "," + quoted(r.texts[field]);
+                marked += "," + inQuotes(r.texts[field]);
             writeOut("tblFrame", marked);
             write("Record ID: " + r.id() + " added to database, Event key: " + std::to_string(key) +
                   ", Game number: " + r.number(7) + ", Frame number: " + r.number(6));

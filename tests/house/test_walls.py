@@ -19,8 +19,8 @@ COMMANDS = json.loads(Path(os.environ["TALLYBROOK_BUILD"], "compile_commands.jso
 
 
 def smallest_source(room):
-    """The command of the build that compiles the smallest source of a room."""
-    own = [entry for entry in COMMANDS if (SOURCES / room) in Path(entry["file"]).parents]
+    """The command of the build that compiles the smallest source of a room, or all of them as one."""
+    own = [entry for entry in COMMANDS if f" -o src/CMakeFiles/{room}.dir/" in entry["command"]]
     return min(own, key=lambda entry: Path(entry["file"]).stat().st_size)
 
 

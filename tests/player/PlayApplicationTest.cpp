@@ -1,3 +1,4 @@
+#include "Outcome.h"
 #include "Stages.h"
 #include "player/CurrentFolder.h"
 #include "player/PlayApplication.h"
@@ -16,13 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Played {
-    int status;
-    std::string transcript;
-    std::string errors;
-};
-
-Played play(const std::string& script, const Options& options = {}) {
+Outcome play(const std::string& script, const Options& options = {}) {
     std::istringstream in(script);
     std::ostringstream out;
     std::ostringstream errors;
@@ -36,7 +31,7 @@ const std::string kAddAnEvent =
     "Yes\nanswer Yes\n";
 
 TEST(PlayApplication, PlaysTheProgramsOwnScreens) {
-    const Played played = play(kAddAnEvent + "rows tblEventInfo\n");
+    const Outcome played = play(kAddAnEvent + "rows tblEventInfo\n");
     EXPECT_EQ(played.status, status::kPlayed) << played.errors;
     const std::string end =
         "> rows tblEventInfo\n"
@@ -52,7 +47,7 @@ TEST(PlayApplication, PlaysTheProgramsOwnScreens) {
 TEST(PlayApplication, TheTimeIsTheOneToldAtTheStart) {
     Options options;
     options.clock = makeDate(2027, 2, 3);
-    const Played played = play(kAddAnEvent + "rows tblEventInfo\n", options);
+    const Outcome played = play(kAddAnEvent + "rows tblEventInfo\n", options);
     EXPECT_NE(played.transcript.find("fldDateBowled=2027-02-03"), std::string::npos) << played.transcript;
 }
 
@@ -62,7 +57,7 @@ TEST(PlayApplication, KeepsTheDataFolderThatItIsGiven) {
     options.data = folder.path() / "book";
     EXPECT_EQ(play(kAddAnEvent, options).status, status::kPlayed);
     EXPECT_TRUE(fs::exists(folder.path() / "book"));
-    const Played again = play("start\nanswer No\nrows tblEventInfo\n", options);
+    const Outcome again = play("start\nanswer No\nrows tblEventInfo\n", options);
     EXPECT_NE(again.transcript.find("rows tblEventInfo 1\n"), std::string::npos) << again.transcript;
 }
 
@@ -78,7 +73,7 @@ TEST(PlayApplication, LeavesNothingBehind) {
     const TemporaryFolder place;
     const std::string before = fs::temp_directory_path().string();
     ASSERT_EQ(setenv("TMPDIR", place.path().c_str(), 1), 0);
-    const Played played = play(kAddAnEvent);
+    const Outcome played = play(kAddAnEvent);
     ASSERT_EQ(setenv("TMPDIR", before.c_str(), 1), 0);
     EXPECT_EQ(played.status, status::kPlayed) << played.errors;
     EXPECT_TRUE(fs::is_empty(place.path()));

@@ -1,3 +1,4 @@
+#include "Outcome.h"
 #include "SourceFolder.h"
 #include "Stages.h"
 #include "player/CurrentFolder.h"
@@ -63,14 +64,8 @@ std::string firstDifference(const std::string& expected, const std::string& play
     }
 }
 
-struct Played {
-    int status;
-    std::string transcript;
-    std::string errors;
-};
-
 /// Plays a script in an empty current folder.
-Played play(const std::string& stageName, const std::string& script) {
+Outcome play(const std::string& stageName, const std::string& script) {
     const CurrentFolder back;
     const TemporaryFolder empty;
     fs::current_path(empty.path());
@@ -95,7 +90,7 @@ TEST_P(PlayedScripts, LookAsTheyShould) {
     EXPECT_FALSE(scripts.empty()) << "there is nothing to play in tests/scripts";
     for (const fs::path& file : scripts) {
         const std::string script = contentsOf(file);
-        const Played played = play(GetParam(), script);
+        const Outcome played = play(GetParam(), script);
         const fs::path expected = fs::path(file).replace_extension(".transcript");
         if (writesExpected() && GetParam() == "model")
             std::ofstream(expected, std::ios::binary) << played.transcript;

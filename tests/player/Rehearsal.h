@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Outcome.h"
 #include "TestScreens.h"
 #include "player/CurrentFolder.h"
 #include "player/Player.h"
@@ -14,13 +15,6 @@
 #include <vector>
 
 namespace tallybrook::test {
-
-/// What became of a play.
-struct Outcome {
-    int status = 0;
-    std::string transcript;
-    std::string errors;
-};
 
 /// The time that rehearsals are played at.
 inline constexpr DateTime kEvening = makeDate(2026, 11, 14) + std::chrono::hours{21};

@@ -4,8 +4,6 @@ namespace tallybrook::test {
 
 namespace {
 
-constexpr std::size_t kSector = 512;
-
 int brokenResult(DiskCall call) {
     switch (call) {
         case DiskCall::Open:

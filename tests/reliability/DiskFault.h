@@ -3,11 +3,15 @@
 #include "reliability/WatchedVfs.h"
 
 #include <atomic>
+#include <cstddef>
 #include <ostream>
 #include <string>
 #include <thread>
 
 namespace tallybrook::test {
+
+/// What a disk writes at once, in bytes.
+inline constexpr std::size_t kSector = 512;
 
 /// How a disk fails.
 struct FaultKind {

@@ -17,7 +17,7 @@ namespace {
 
 using Files = std::map<std::string, std::string>;
 
-constexpr const char* kLogbook = "Tallybrook_DB.mdb";
+constexpr const char* kDatabase = "Tallybrook_DB.mdb";
 
 /// The rows that the import adds, each below the one before.
 constexpr const char* kImported[] = {"tblEventInfo 2", "tblGameInfo 2", "tblFrameInfo 3"};
@@ -39,7 +39,7 @@ void makeLogbook(const fs::path& data, const std::function<void(Visit&)>& fill) 
         visit.start();
         fill(visit);
     }
-    fs::last_write_time(data / kLogbook, fs::file_time_type::clock::now() - std::chrono::hours{1});
+    fs::last_write_time(data / kDatabase, fs::file_time_type::clock::now() - std::chrono::hours{1});
     Visit visit(data);
     visit.start();
     visit.finishBackup();
@@ -127,7 +127,7 @@ void spoil(const fs::path& logbook) {
 
 void makeLogbookToMend(const fs::path& data) {
     makeLogbookOfOneGame(data);
-    spoil(data / kLogbook);
+    spoil(data / kDatabase);
     makeLogbook(data, [](Visit&) {});
     std::ofstream(data / "DB_Report.txt") << "An earlier check.\r\n";
 }
@@ -257,7 +257,7 @@ void start(Visit& visit) {
 /// A logbook that was written since the last backup.
 void makeChangedLogbook(const fs::path& data) {
     makeUsedLogbook(data);
-    fs::last_write_time(data / kLogbook, fs::file_time_type::clock::now() - std::chrono::minutes{1});
+    fs::last_write_time(data / kDatabase, fs::file_time_type::clock::now() - std::chrono::minutes{1});
 }
 
 void startAndBackUp(Visit& visit) {

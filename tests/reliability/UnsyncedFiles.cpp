@@ -1,5 +1,6 @@
 #include "reliability/UnsyncedFiles.h"
 
+#include "reliability/DiskFault.h"
 #include "support/SameText.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@ namespace tallybrook::test {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::size_t kSector = 512;
 
 bool happens(std::mt19937& random) {
     return std::bernoulli_distribution()(random);

@@ -8,14 +8,14 @@ namespace tallybrook::test {
 
 namespace {
 
-const Made& sample() {
+const Made& exportSample() {
     static const Made kMade(300, 21, true);
     return kMade;
 }
 
 /// The lines of a file as text in memory; each must end in CR LF.
 std::vector<std::string> linesOf(const std::string& table) {
-    const std::string text = decoded(sample().exportFile(table), Encoding::Windows1252);
+    const std::string text = decoded(exportSample().exportFile(table), Encoding::Windows1252);
     std::vector<std::string> lines;
     std::size_t at = 0;
     while (at < text.size()) {
@@ -56,7 +56,7 @@ class ExportFile : public testing::TestWithParam<Layout> {};
 
 TEST_P(ExportFile, HasItsHeaderAndARecordForEachRow) {
     const std::vector<std::string> lines = linesOf(GetParam().file);
-    const int rows = sample().number(std::string("SELECT count(*) FROM ") + GetParam().table);
+    const int rows = exportSample().number(std::string("SELECT count(*) FROM ") + GetParam().table);
     ASSERT_EQ(static_cast<int>(lines.size()), rows + 2);
     EXPECT_EQ(lines[0], std::string("# ") + GetParam().file);
     EXPECT_EQ(lines[1].substr(0, 9), "# RECCNT=");
@@ -75,7 +75,7 @@ TEST_P(ExportFile, HoldsRecordsOfOneForm) {
 
 // The reader takes a comma at the end of a text for the delimiter of the number behind it.
 TEST_P(ExportFile, HasNoTextThatEndsInAComma) {
-    EXPECT_EQ(sample().exportFile(GetParam().file).find(",\","), std::string::npos);
+    EXPECT_EQ(exportSample().exportFile(GetParam().file).find(",\","), std::string::npos);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ExportFile,
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(All, ExportFile,
                          [](const auto& layout) { return std::string(layout.param.file); });
 
 TEST(ExportFiles, AreWrittenInTheHandheldsEncoding) {
-    const std::string bytes = sample().exportFile("tblEvent");
+    const std::string bytes = exportSample().exportFile("tblEvent");
     EXPECT_EQ(encodingOf(bytes), Encoding::Windows1252);
     EXPECT_NE(bytes.find("Bowlhaus Z\xFCrich"), std::string::npos);
 }

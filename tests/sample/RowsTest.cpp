@@ -10,7 +10,7 @@ namespace tallybrook::test {
 namespace {
 
 /// A logbook for all tests that only look at it.
-const Made& sample() {
+const Made& rowSample() {
     static const Made kMade(1500, 11);
     return kMade;
 }
@@ -27,17 +27,17 @@ TEST(Rows, AreAsManyAsWereAskedFor) {
 }
 
 TEST(Rows, ComeToThreeGamesAnEventAndTenFramesAGame) {
-    EXPECT_NEAR(sample().number("SELECT count(*) FROM tblGameInfo"), 3 * 1500, 150);
-    EXPECT_NEAR(sample().number("SELECT count(*) FROM tblFrameInfo"), 30 * 1500, 3000);
+    EXPECT_NEAR(rowSample().number("SELECT count(*) FROM tblGameInfo"), 3 * 1500, 150);
+    EXPECT_NEAR(rowSample().number("SELECT count(*) FROM tblFrameInfo"), 30 * 1500, 3000);
 }
 
 TEST(Rows, BelongToOneAnother) {
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblGameInfo WHERE fldSessionNum NOT IN "
-                              "(SELECT fldSessionNum FROM tblEventInfo)"),
+    EXPECT_EQ(rowSample().number("SELECT count(*) FROM tblGameInfo WHERE fldSessionNum NOT IN "
+                                 "(SELECT fldSessionNum FROM tblEventInfo)"),
               0);
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblFrameInfo AS frame WHERE NOT EXISTS "
-                              "(SELECT 1 FROM tblGameInfo AS game WHERE game.fldSessionNum = "
-                              "frame.fldSessionNum AND game.fldGameNum = frame.fldGameNum)"),
+    EXPECT_EQ(rowSample().number("SELECT count(*) FROM tblFrameInfo AS frame WHERE NOT EXISTS "
+                                 "(SELECT 1 FROM tblGameInfo AS game WHERE game.fldSessionNum = "
+                                 "frame.fldSessionNum AND game.fldGameNum = frame.fldGameNum)"),
               0);
 }
 
@@ -45,22 +45,23 @@ TEST(Rows, AreNumberedWithoutGaps) {
     for (const char* key : {"fldSessionNum FROM tblEventInfo", "fldGameKey FROM tblGameInfo",
                             "fldFrameKey FROM tblFrameInfo"}) {
         int expected = 0;
-        for (const Row& row : sample().query(std::string("SELECT ") + key + " ORDER BY 1"))
+        for (const Row& row : rowSample().query(std::string("SELECT ") + key + " ORDER BY 1"))
             ASSERT_EQ(row[0], std::to_string(++expected));
     }
     EXPECT_EQ(
-        sample().number("SELECT count(*) FROM (SELECT max(fldGameNum) AS last, count(*) AS games, "
-                        "count(DISTINCT fldGameNum) AS numbers FROM tblGameInfo GROUP BY fldSessionNum) "
-                        "WHERE last <> games OR last <> numbers"),
+        rowSample().number("SELECT count(*) FROM (SELECT max(fldGameNum) AS last, count(*) AS games, "
+                           "count(DISTINCT fldGameNum) AS numbers FROM tblGameInfo GROUP BY fldSessionNum) "
+                           "WHERE last <> games OR last <> numbers"),
         0);
-    EXPECT_EQ(sample().number("SELECT count(*) FROM (SELECT max(fldFrameNum) AS last, count(*) AS frames, "
-                              "count(DISTINCT fldFrameNum) AS numbers FROM tblFrameInfo "
-                              "GROUP BY fldSessionNum, fldGameNum) WHERE last <> frames OR last <> numbers"),
-              0);
+    EXPECT_EQ(
+        rowSample().number("SELECT count(*) FROM (SELECT max(fldFrameNum) AS last, count(*) AS frames, "
+                           "count(DISTINCT fldFrameNum) AS numbers FROM tblFrameInfo "
+                           "GROUP BY fldSessionNum, fldGameNum) WHERE last <> frames OR last <> numbers"),
+        0);
 }
 
 TEST(Rows, HaveNoNullAndNoQuote) {
-    for (const Row& row : sample().everything()) {
+    for (const Row& row : rowSample().everything()) {
         for (const std::string& value : row) {
             ASSERT_NE(value, "null");
             ASSERT_EQ(value.find_first_of("'\""), std::string::npos) << value;
@@ -69,22 +70,22 @@ TEST(Rows, HaveNoNullAndNoQuote) {
 }
 
 TEST(Rows, CountWhatIsRecorded) {
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblEventInfo AS event WHERE fldGmsRecorded <> "
-                              "(SELECT count(*) FROM tblGameInfo AS game WHERE game.fldSessionNum = "
-                              "event.fldSessionNum)"),
+    EXPECT_EQ(rowSample().number("SELECT count(*) FROM tblEventInfo AS event WHERE fldGmsRecorded <> "
+                                 "(SELECT count(*) FROM tblGameInfo AS game WHERE game.fldSessionNum = "
+                                 "event.fldSessionNum)"),
               0);
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblGameInfo AS game WHERE fldFrmsRecorded <> "
-                              "(SELECT count(*) FROM tblFrameInfo AS frame WHERE frame.fldSessionNum = "
-                              "game.fldSessionNum AND frame.fldGameNum = game.fldGameNum)"),
+    EXPECT_EQ(rowSample().number("SELECT count(*) FROM tblGameInfo AS game WHERE fldFrmsRecorded <> "
+                                 "(SELECT count(*) FROM tblFrameInfo AS frame WHERE frame.fldSessionNum = "
+                                 "game.fldSessionNum AND frame.fldGameNum = game.fldGameNum)"),
               0);
 }
 
 TEST(Rows, AddUpTheSeries) {
     std::map<std::string, std::vector<int>> scores;
-    for (const Row& row : sample().query("SELECT fldSessionNum, fldGameScore FROM tblGameInfo"))
+    for (const Row& row : rowSample().query("SELECT fldSessionNum, fldGameScore FROM tblGameInfo"))
         scores[row[0]].push_back(std::stoi(row[1]));
     for (const Row& row :
-         sample().query("SELECT fldSessionNum, fldSeriesTot, fldSeriesAvg FROM tblEventInfo")) {
+         rowSample().query("SELECT fldSessionNum, fldSeriesTot, fldSeriesAvg FROM tblEventInfo")) {
         const std::vector<int>& games = scores[row[0]];
         const int total = std::accumulate(games.begin(), games.end(), 0);
         EXPECT_EQ(row[1], std::to_string(total));
@@ -101,24 +102,25 @@ TEST(Rows, LieInThePastInTheOrderOfTheirDates) {
     }
     EXPECT_LE(last, "2026-05-31");
     EXPECT_GE(last, "2026-05-20");
-    EXPECT_EQ(sample().query("SELECT fldDateBowled FROM tblEventInfo ORDER BY fldSessionNum"),
-              sample().query("SELECT fldDateBowled FROM tblEventInfo ORDER BY fldDateBowled"));
+    EXPECT_EQ(rowSample().query("SELECT fldDateBowled FROM tblEventInfo ORDER BY fldSessionNum"),
+              rowSample().query("SELECT fldDateBowled FROM tblEventInfo ORDER BY fldDateBowled"));
 }
 
 TEST(Rows, HoldAllKindsOfEventsAndGames) {
     using Rows = std::vector<Row>;
-    EXPECT_EQ(sample().query("SELECT DISTINCT fldEventType FROM tblEventInfo ORDER BY 1"),
+    EXPECT_EQ(rowSample().query("SELECT DISTINCT fldEventType FROM tblEventInfo ORDER BY 1"),
               (Rows{{"LEAGUE"}, {"PRACTICE"}, {"TOURNAMENT"}}));
-    EXPECT_EQ(sample().query("SELECT DISTINCT fldScoreType FROM tblGameInfo ORDER BY 1"),
+    EXPECT_EQ(rowSample().query("SELECT DISTINCT fldScoreType FROM tblGameInfo ORDER BY 1"),
               (Rows{{"L"}, {"N"}, {"P"}}));
-    EXPECT_GT(sample().number("SELECT count(*) FROM tblEventInfo WHERE fldGmsRecorded < fldNumGames"), 2);
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblEventInfo WHERE fldGmsRecorded > fldNumGames "
-                              "OR fldGmsRecorded < 1"),
+    EXPECT_GT(rowSample().number("SELECT count(*) FROM tblEventInfo WHERE fldGmsRecorded < fldNumGames"), 2);
+    EXPECT_EQ(rowSample().number("SELECT count(*) FROM tblEventInfo WHERE fldGmsRecorded > fldNumGames "
+                                 "OR fldGmsRecorded < 1"),
               0);
-    EXPECT_GT(sample().number("SELECT count(*) FROM tblGameInfo WHERE fldFrmsRecorded BETWEEN 2 AND 9"), 2);
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblGameInfo WHERE fldFrmsRecorded = 1"), 0);
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblGameInfo WHERE (fldFrmsRecorded = 0) <> "
-                              "(fldScoreType = 'N')"),
+    EXPECT_GT(rowSample().number("SELECT count(*) FROM tblGameInfo WHERE fldFrmsRecorded BETWEEN 2 AND 9"),
+              2);
+    EXPECT_EQ(rowSample().number("SELECT count(*) FROM tblGameInfo WHERE fldFrmsRecorded = 1"), 0);
+    EXPECT_EQ(rowSample().number("SELECT count(*) FROM tblGameInfo WHERE (fldFrmsRecorded = 0) <> "
+                                 "(fldScoreType = 'N')"),
               0);
 }
 
@@ -137,19 +139,19 @@ TEST(Rows, KnowWhoWasAtTheLanesWithAHandheld) {
 
 TEST(Rows, KeepToTheLanesOfThePair) {
     EXPECT_EQ(
-        sample().number("SELECT count(*) FROM tblGameInfo WHERE fldLeftLane % 2 <> 1 OR fldRightLane <> "
-                        "fldLeftLane + 1 OR fldStartLane NOT IN (fldLeftLane, fldRightLane) OR "
-                        "fldLanePair <> fldLeftLane || '-' || fldRightLane"),
+        rowSample().number("SELECT count(*) FROM tblGameInfo WHERE fldLeftLane % 2 <> 1 OR fldRightLane <> "
+                           "fldLeftLane + 1 OR fldStartLane NOT IN (fldLeftLane, fldRightLane) OR "
+                           "fldLanePair <> fldLeftLane || '-' || fldRightLane"),
         0);
     const std::string withGames =
         "SELECT count(*) FROM tblFrameInfo AS frame JOIN tblGameInfo AS game USING (fldSessionNum, "
         "fldGameNum) JOIN tblEventInfo AS event USING (fldSessionNum) WHERE ";
-    EXPECT_EQ(sample().number(withGames + "fldFrameNum % 2 = 1 AND fldLaneBowled <> fldStartLane"), 0);
-    EXPECT_EQ(sample().number(withGames + "fldFrameNum % 2 = 0 AND fldEventType = 'PRACTICE' AND "
-                                          "fldLaneBowled <> fldStartLane"),
+    EXPECT_EQ(rowSample().number(withGames + "fldFrameNum % 2 = 1 AND fldLaneBowled <> fldStartLane"), 0);
+    EXPECT_EQ(rowSample().number(withGames + "fldFrameNum % 2 = 0 AND fldEventType = 'PRACTICE' AND "
+                                             "fldLaneBowled <> fldStartLane"),
               0);
-    EXPECT_EQ(sample().number(withGames + "fldFrameNum % 2 = 0 AND fldEventType <> 'PRACTICE' AND "
-                                          "fldLaneBowled <> fldLeftLane + fldRightLane - fldStartLane"),
+    EXPECT_EQ(rowSample().number(withGames + "fldFrameNum % 2 = 0 AND fldEventType <> 'PRACTICE' AND "
+                                             "fldLaneBowled <> fldLeftLane + fldRightLane - fldStartLane"),
               0);
 }
 

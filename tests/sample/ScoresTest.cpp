@@ -11,7 +11,7 @@ namespace {
 
 using Pins = std::set<int>;
 
-const Made& sample() {
+const Made& scoreSample() {
     static const Made kMade(1200, 5);
     return kMade;
 }
@@ -69,10 +69,10 @@ struct Frame {
 
 std::vector<Frame> framesOf(const std::string& where) {
     std::vector<Frame> frames;
-    for (const Row& row :
-         sample().query("SELECT fldFrameNum, fldFirstBallRes, fldSecondBallRes, fldFillBallRes, fldLineScore "
-                        "FROM tblFrameInfo JOIN tblGameInfo USING (fldSessionNum, fldGameNum) WHERE " +
-                        where))
+    for (const Row& row : scoreSample().query(
+             "SELECT fldFrameNum, fldFirstBallRes, fldSecondBallRes, fldFillBallRes, fldLineScore "
+             "FROM tblFrameInfo JOIN tblGameInfo USING (fldSessionNum, fldGameNum) WHERE " +
+             where))
         frames.push_back({std::stoi(row[0]), row[1], row[2], row[3], row[4]});
     return frames;
 }
@@ -101,20 +101,21 @@ private:
 
 TEST(Scores, AreWhatTheMarksComeTo) {
     std::map<std::pair<std::string, std::string>, std::vector<std::string>> games;
-    for (const Row& row : sample().query(
+    for (const Row& row : scoreSample().query(
              "SELECT fldSessionNum, fldGameNum, fldLineScore FROM tblFrameInfo ORDER BY 1, 2, fldFrameNum"))
         games[{row[0], row[1]}].push_back(row[2]);
     int whole = 0;
-    for (const Row& row : sample().query("SELECT fldSessionNum, fldGameNum, fldGameScore FROM tblGameInfo "
-                                         "WHERE fldScoreType <> 'N'")) {
+    for (const Row& row :
+         scoreSample().query("SELECT fldSessionNum, fldGameNum, fldGameScore FROM tblGameInfo "
+                             "WHERE fldScoreType <> 'N'")) {
         const std::vector<std::string>& cells = games.at({row[0], row[1]});
         const bool isWhole = cells.size() == 10;
         ASSERT_EQ(row[2], std::to_string(isWhole ? scoreOf(ballsOf(cells)) : 0));
         whole += isWhole ? 1 : 0;
     }
     EXPECT_GT(whole, 3000);
-    EXPECT_EQ(sample().number("SELECT count(*) FROM tblGameInfo WHERE fldScoreType = 'N' AND "
-                              "fldGameScore NOT BETWEEN 50 AND 300"),
+    EXPECT_EQ(scoreSample().number("SELECT count(*) FROM tblGameInfo WHERE fldScoreType = 'N' AND "
+                                   "fldGameScore NOT BETWEEN 50 AND 300"),
               0);
 }
 
@@ -149,8 +150,8 @@ TEST(Scores, FramesHaveTheirBallsAndNoOthers) {
 int sparedInHundred(const std::string& leaves) {
     const std::string met =
         "FROM tblFrameInfo WHERE fldFrameNum < 10 AND fldFirstBallRes IN (" + leaves + ")";
-    return 100 * sample().number("SELECT count(*) " + met + " AND fldSecondBallRes = '/'") /
-           sample().number("SELECT count(*) " + met);
+    return 100 * scoreSample().number("SELECT count(*) " + met + " AND fldSecondBallRes = '/'") /
+           scoreSample().number("SELECT count(*) " + met);
 }
 
 TEST(Scores, SinglePinsAreMostlySparedAndSplitsRarely) {

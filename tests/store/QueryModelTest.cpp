@@ -25,7 +25,7 @@ struct Event {
 };
 
 /// A criterion as it stands in a statement, and what it means.
-struct Criterion {
+struct Condition {
     std::string sql;
     std::function<bool(const Event&)> holds;
 };
@@ -57,7 +57,7 @@ bool meets(std::strong_ordering order, const std::string& sign) {
            (order < 0 && sign[0] == '<');
 }
 
-Criterion textCriterion(Choices& choices, const std::string& field, Value Event::*member) {
+Condition textCriterion(Choices& choices, const std::string& field, Value Event::*member) {
     const std::string sign = choices.of(kSigns);
     const std::string text = choices.of(kTexts);
     return {field + " " + sign + " '" + text + "'", [=](const Event& event) {
@@ -65,14 +65,14 @@ Criterion textCriterion(Choices& choices, const std::string& field, Value Event:
             }};
 }
 
-Criterion likeCriterion(Choices& choices, const std::string& field, Value Event::*member) {
+Condition likeCriterion(Choices& choices, const std::string& field, Value Event::*member) {
     const std::string pattern = choices.of(kPatterns);
     return {field + " LIKE '" + pattern + "'", [=](const Event& event) {
                 return !isNull(event.*member) && likeText(toText(event.*member), pattern);
             }};
 }
 
-Criterion dateCriterion(Choices& choices) {
+Condition dateCriterion(Choices& choices) {
     const std::string sign = choices.of(kSigns);
     const DateTime date = makeDate(2026, 1, static_cast<unsigned>(choices.below(5)) + 1);
     return {"fldDateBowled " + sign + " #" + shortDate(date) + "#", [=](const Event& event) {
@@ -81,7 +81,7 @@ Criterion dateCriterion(Choices& choices) {
             }};
 }
 
-Criterion numberCriterion(Choices& choices) {
+Condition numberCriterion(Choices& choices) {
     const std::string sign = choices.of(kSigns);
     const auto number = static_cast<std::int64_t>(choices.below(5)) - 1;
     return {"fldNumGames " + sign + " " + std::to_string(number), [=](const Event& event) {
@@ -90,7 +90,7 @@ Criterion numberCriterion(Choices& choices) {
             }};
 }
 
-Criterion anyCriterion(Choices& choices) {
+Condition anyCriterion(Choices& choices) {
     switch (choices.below(7)) {
         case 0:
             return dateCriterion(choices);
@@ -108,8 +108,8 @@ Criterion anyCriterion(Choices& choices) {
 }
 
 /// Criteria joined by AND and OR: a row is a hit if all of one group between two ORs hold.
-Criterion anyCriteria(Choices& choices) {
-    std::vector<std::vector<Criterion>> groups{{anyCriterion(choices)}};
+Condition anyCriteria(Choices& choices) {
+    std::vector<std::vector<Condition>> groups{{anyCriterion(choices)}};
     std::string sql = " WHERE " + groups[0][0].sql;
     for (std::size_t more = choices.below(4); more > 0; --more) {
         const bool both = choices.below(2) == 0;
@@ -120,7 +120,7 @@ Criterion anyCriteria(Choices& choices) {
     }
     return {sql, [groups](const Event& event) {
                 return std::ranges::any_of(groups, [&](const auto& group) {
-                    return std::ranges::all_of(group, [&](const Criterion& one) { return one.holds(event); });
+                    return std::ranges::all_of(group, [&](const Condition& one) { return one.holds(event); });
                 });
             }};
 }
@@ -160,7 +160,7 @@ protected:
         }
         transaction.commit();
     }
-    std::vector<Event> hits(const Criterion& criteria) const {
+    std::vector<Event> hits(const Condition& criteria) const {
         std::vector<Event> found;
         std::ranges::copy_if(events_, std::back_inserter(found), criteria.holds);
         return found;
@@ -181,7 +181,7 @@ TEST_F(QueryModel, FindsAndOrdersTheSameRows) {
     };
     EXPECT_TRUE(rc::check([&](const std::vector<std::uint8_t>& random) {
         Choices choices(random);
-        const Criterion criteria = anyCriteria(choices);
+        const Condition criteria = anyCriteria(choices);
         const auto& [order, members] = choices.of(orders);
         addEvents(choices);
 
@@ -210,7 +210,7 @@ TEST_F(QueryModel, FindsAndOrdersTheSameRows) {
 TEST_F(QueryModel, GivesTheSameDistinctTexts) {
     EXPECT_TRUE(rc::check([&](const std::vector<std::uint8_t>& random) {
         Choices choices(random);
-        const Criterion criteria = anyCriteria(choices);
+        const Condition criteria = anyCriteria(choices);
         addEvents(choices);
 
         std::vector<Value> expected;  // the spelling of the lowest key comes first and stays
