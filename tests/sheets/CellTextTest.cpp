@@ -1,0 +1,45 @@
+#include "sheets/CellText.h"
+
+#include <gtest/gtest.h>
+
+namespace tallybrook::sheets {
+
+namespace {
+
+std::string cell(std::string_view text, std::size_t most = 100) {
+    return cellText(text, most).text;
+}
+
+TEST(CellText, IsTheTextItself) {
+    EXPECT_EQ(cell(""), "");
+    EXPECT_EQ(cell("=1+1"), "=1+1");
+    EXPECT_EQ(cell("Z\u00fcrich \U0001F3B3"), "Z\u00fcrich \U0001F3B3");
+    EXPECT_EQ(cell("snake_case_"), "snake_case_");
+}
+
+TEST(CellText, EndsLinesAsCellsDo) {
+    EXPECT_EQ(cell("a\r\nb\rc\nd\r"), "a\nb\nc\nd\n");
+}
+
+TEST(CellText, HoldsNothingThatNoCellCanHold) {
+    EXPECT_EQ(cell(std::string_view("a\0b", 3)), "a\uFFFDb");
+    EXPECT_EQ(cell("\xFF\uFFFE"), "\uFFFD\uFFFD");
+}
+
+TEST(CellText, KeepsWhatLooksLikeTheNumberOfACharacter) {
+    EXPECT_EQ(cell("_x0041_"), "_x005F_x0041_");
+    EXPECT_EQ(cell("_x00g1_ _x004"), "_x00g1_ _x004");
+}
+
+TEST(CellText, IsCutBetweenTwoCharacters) {
+    EXPECT_EQ(cell("abcd", 4), "abcd");
+    EXPECT_EQ(cell("abcde", 4), "abcd");
+    EXPECT_EQ(cell("abc\U0001F3B3", 4), "abc");
+    EXPECT_EQ(cell("_x0041_", 7), "_x005F_");
+    EXPECT_FALSE(cellText("abcd", 4).isCut);
+    EXPECT_TRUE(cellText("abc\U0001F3B3", 4).isCut);
+}
+
+}  // namespace
+
+}  // namespace tallybrook::sheets
