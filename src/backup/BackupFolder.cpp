@@ -51,13 +51,17 @@ void BackupFolder::make() const {
     fs::permissions(path_, fs::perms::owner_all);
 }
 
-std::string BackupFolder::nameFor(DateTime time) const {
+std::string BackupFolder::shortName(DateTime time) {
     const auto day = std::chrono::floor<std::chrono::days>(time);
     const std::chrono::year_month_day date{day};
     const std::chrono::hh_mm_ss clock{time - day};
-    return fmt::format("{} {:04}-{:02}-{:02} {:02}.{:02}.{:02}{}", logbook_.stem().string(), int{date.year()},
-                       unsigned{date.month()}, unsigned{date.day()}, clock.hours().count(),
-                       clock.minutes().count(), clock.seconds().count(), logbook_.extension().string());
+    return fmt::format("{:04}-{:02}-{:02} {:02}.{:02}.{:02}", int{date.year()}, unsigned{date.month()},
+                       unsigned{date.day()}, clock.hours().count(), clock.minutes().count(),
+                       clock.seconds().count());
+}
+
+std::string BackupFolder::nameFor(DateTime time) const {
+    return logbook_.stem().string() + " " + shortName(time) + logbook_.extension().string();
 }
 
 std::optional<DateTime> BackupFolder::timeIn(const std::string& name) const {

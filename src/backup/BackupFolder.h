@@ -21,7 +21,12 @@ public:
 
     /// Makes the folder, for its owner alone, unless it is there; throws filesystem_error.
     void make() const;
-    /// Where a backup made at that time lies; a second one of the same second takes the next that is free.
+    /// Where the backup of that time lies, if there is one.
+    [[nodiscard]] std::filesystem::path existing(DateTime time) const { return path_ / nameFor(time); }
+    /// What tells a backup from the others: its date and time as they stand in its name.
+    [[nodiscard]] static std::string shortName(DateTime time);
+    /// Where a backup that is made at that time is to lie; a second one of the same second takes the next
+    /// that is free.
     [[nodiscard]] std::filesystem::path fileFor(DateTime time) const;
 
     /// The times of the backups there, in ascending order; none where the folder cannot be read.

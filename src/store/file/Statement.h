@@ -29,6 +29,8 @@ public:
     bool executeStep();
     /// Runs what gives no rows; returns how many rows it has changed.
     int exec();
+    /// Ends the run, so that parameters can be bound anew.
+    void reset();
 
     /// What stands in a column of the row, counted from 0, until the next step.
     [[nodiscard]] sqlite3_value* column(int index) const;
@@ -56,7 +58,6 @@ private:
         void operator()(sqlite3_stmt* statement) const;
     };
     void require(int result) const;
-    void reset();
 
     sqlite3* database_;
     std::unique_ptr<sqlite3_stmt, Finalize> statement_;

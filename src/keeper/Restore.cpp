@@ -1,0 +1,129 @@
+#include "keeper/Restore.h"
+
+#include "backup/Backups.h"
+#include "backup/Contents.h"
+#include "keeper/EventRows.h"
+#include "keeper/ExitStatus.h"
+#include "runtime/RegularFile.h"
+#include "runtime/TextFile.h"
+#include "runtime/UnfinishedFile.h"
+#include "store/file/Journal.h"
+#include "store/file/UnlockedFile.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+
+namespace tallybrook::keeper {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Copies the bytes of a file over one that is there, and brings them to the disk.
+void copyBytes(const fs::path& from, const fs::path& to, Progress& progress) {
+    constexpr std::size_t kAtOnce = 1 << 16;
+    const RegularFile source(from, O_RDONLY);
+    const RegularFile target(to, O_WRONLY);
+    progress.begin("Copying the backup", static_cast<std::int64_t>(fs::file_size(from)));
+    std::string bytes(kAtOnce, '\0');
+    std::int64_t done = 0;
+    while (const std::size_t count = source.read(bytes.data(), bytes.size())) {
+        target.write({bytes.data(), count});
+        progress.reach(done += static_cast<std::int64_t>(count));
+    }
+    target.bringToDisk();
+}
+
+/// Copies a backup and proves the copy; returns what it holds.
+Contents copyProved(const fs::path& backup, const fs::path& copy, Progress& progress) {
+    const SQLite::Database source = openCopy(backup);
+    copyBytes(backup, copy, progress);
+    progress.begin("Checking the copy");
+    const SQLite::Database copied = openCopy(copy);
+    Contents contents = contentsOf(copied);
+    if (!isSound(copied, progress))
+        throw Refused(ExitStatus::BadInput,
+                      "The backup is damaged: " + backup.string() + "\nPlease choose another one.");
+    if (contents != contentsOf(source))
+        throw Refused(ExitStatus::Failed, "The copy was not like the backup. Please check the disk.");
+    return contents;
+}
+
+/// Copies a logbook that cannot be backed up as it is, with what lies beside it, into the folder of the
+/// backups. Returns where.
+fs::path putAside(const fs::path& logbook, const Clock& clock) {
+    const BackupFolder folder(logbook);
+    folder.make();
+    const fs::path aside =
+        folder.path() / fmt::format("{} put aside {}{}", logbook.stem().string(),
+                                    BackupFolder::shortName(clock.now()), logbook.extension().string());
+    copyFile(logbook, aside);
+    for (const fs::path& companion : companionsOf(logbook)) {
+        const std::string ending = companion.string().substr(companion.string().rfind('-'));
+        if (fileExists(companion))
+            copyFile(companion, aside.string() + ending);
+    }
+    return aside;
+}
+
+/// Keeps the present logbook where it can be found again; returns where. Nothing that was cut off is left
+/// beside it afterwards, unless it is damaged.
+fs::path keepPresent(const HeldLogbook& held, const Clock& clock) {
+    if (!held.exists())
+        return {};
+    try {
+        const std::unique_ptr<Connection> connection = held.open(clock);
+        backUpNow(held.file(), clock);
+    } catch (const std::exception&) {
+        return putAside(held.file(), clock);
+    }
+    const BackupFolder folder(held.file());
+    return folder.existing(folder.times().back());
+}
+
+void requireSame(const fs::path& logbook, const Contents& wanted, const fs::path& before) {
+    if (contentsOf(openAsItStands(logbook)) != wanted)
+        throw Refused(ExitStatus::Failed,
+                      "The restored logbook is not like the backup. Please check the disk. The logbook from "
+                      "before is here:\n" +
+                          before.string());
+}
+
+}  // namespace
+
+Restored restoreAll(const HeldLogbook& held, const fs::path& backup, const Clock& clock, Progress& progress) {
+    const fs::path place = fs::weakly_canonical(held.file());  // a link stays one
+    const UnfinishedFile copy(place);
+    const Contents contents = copyProved(backup, copy.path(), progress);
+    progress.begin("Backing up the present logbook");
+    const fs::path before = keepPresent(held, clock);
+    progress.begin("Putting the backup in place");
+    for (const fs::path& companion : companionsOf(place))
+        fs::remove(companion);
+    copy.putInPlace();
+    requireSame(place, contents, before);
+    return {.counts = countsOf(openAsItStands(place)), .keptBefore = before};
+}
+
+Counts takeEvents(const HeldLogbook& held, const fs::path& backup, const std::vector<std::int64_t>& keys,
+                  const Clock& clock, Progress& progress) {
+    const SQLite::Database source = openCopy(backup);  // before a backup more makes this one go
+    progress.begin("Backing up the present logbook");
+    const bool isNew = !held.exists();
+    const std::unique_ptr<Connection> connection = held.open(clock);
+    if (!isNew)
+        backUpNow(held.file(), clock);
+    const SQLite::Database& logbook = connection->database();
+    SQLite::Transaction transaction(connection->database());
+    EventAdder adder(logbook);
+    progress.begin("Adding the events", static_cast<std::int64_t>(keys.size()));
+    for (const std::int64_t key : keys) {
+        if (!copyEvent(source, key, adder))
+            throw Refused(ExitStatus::BadInput, fmt::format("The backup has no event {}.", key));
+        progress.reach(adder.added().events);
+    }
+    transaction.commit();
+    return adder.added();
+}
+
+}  // namespace tallybrook::keeper
