@@ -19,11 +19,20 @@ COMMANDS
 )";
 
 constexpr std::string_view kEnding = R"(
+    BACKUP is the beginning of a backup's date and time as they are listed, such
+    as "2026-11-21" or "2026-11-21 20.15.03", or newest. EVENT is its number.
     While Tallybrook runs, the keeper shows and exports, and changes nothing.
 
 OPTIONS
     --data DIR
         The folder of the logbook, if it is not the usual one.
+    --same keep|take|both
+        What read-archive does with an event that is in the logbook already, by
+        its name, date and center: keeps the logbook's and passes the archive's
+        over (which is usual), takes the archive's in its place, or adds it
+        beside it.
+    --event EVENT=keep|take|both
+        The same for one event, by its number in the archive; may be repeated.
     --json
         Writes the answer for a program, as one line of JSON.
     --help, --version

@@ -6,7 +6,9 @@ namespace tallybrook::keeper {
 
 Options readOptions(std::span<const std::string> arguments) {
     Options options{.data = defaultDataFolder()};
-    CommandLine line({{"--data", [&](const std::string& folder) { options.data = folder; }}},
+    CommandLine line({{"--data", [&](const std::string& folder) { options.data = folder; }},
+                      {"--same", [&](const std::string& choice) { options.same = choice; }},
+                      {"--event", [&](const std::string& choice) { options.events.push_back(choice); }}},
                      {{"--json", [&] { options.json = true; }},
                       {"--help", [&] { options.help = true; }},
                       {"--version", [&] { options.version = true; }}});

@@ -12,9 +12,11 @@ namespace tallybrook::keeper {
 /// What the program is called with.
 struct Options {
     std::string command = {};
-    std::vector<std::string> words = {};  // what the command is to work on
-    std::filesystem::path data = {};      // the data folder
-    bool json = false;                    // whether the answer is for a program
+    std::vector<std::string> words = {};   // what the command is to work on
+    std::filesystem::path data = {};       // the data folder
+    std::string same = {};                 // keep, take or both
+    std::vector<std::string> events = {};  // the choices for some events, as in "12=take"
+    bool json = false;                     // whether the answer is for a program
     bool help = false;
     bool version = false;
 };
