@@ -2,6 +2,7 @@
 
 #include "keeper/Command.h"
 #include "keeper/Help.h"
+#include "keeper/Outcome.h"
 
 #include <algorithm>
 
@@ -43,24 +44,17 @@ void carryOut(const Options& options, const Errand& errand) {
 
 ExitStatus runKeeper(std::span<const std::string> arguments, const Clock& clock, Progress& progress,
                      std::ostream& out, std::ostream& notes) {
-    try {
+    const Outcome outcome = outcomeOf([&] {
         const Options options = readOptions(arguments);
         carryOut(options, {options, clock, progress, out, notes});
-        out.flush();
-        return out ? ExitStatus::Done : ExitStatus::Failed;
-    } catch (const WrongUsage& wrong) {
-        notes << "tallybrook-keeper: " << wrong.what() << "\nTry tallybrook-keeper --help.\n";
-        return ExitStatus::WrongUsage;
-    } catch (const Cancelled& cancelled) {
-        notes << cancelled.what() << '\n';
-        return ExitStatus::Cancelled;
-    } catch (const Refused& refused) {
-        notes << refused.what() << '\n';
-        return refused.status();
-    } catch (const std::exception& failure) {
-        notes << failure.what() << '\n';
-        return ExitStatus::Failed;
-    }
+        if (!out.flush())
+            throw Refused(ExitStatus::Failed, "The answer could not be written.");
+    });
+    if (outcome.status == ExitStatus::WrongUsage)
+        notes << "tallybrook-keeper: " << outcome.why << "\nTry tallybrook-keeper --help.\n";
+    else if (outcome.status != ExitStatus::Done)
+        notes << outcome.why << '\n';
+    return outcome.status;
 }
 
 }  // namespace tallybrook::keeper

@@ -34,16 +34,20 @@ void copyBytes(const fs::path& from, const fs::path& to, Progress& progress) {
     target.bringToDisk();
 }
 
+void requireSound(const SQLite::Database& database, const fs::path& backup, Progress& progress) {
+    if (!isSound(database, progress))
+        throw Refused(ExitStatus::BadInput,
+                      "The backup is damaged: " + backup.string() + "\nPlease choose another one.");
+}
+
 /// Copies a backup and proves the copy; returns what it holds.
 Contents copyProved(const fs::path& backup, const fs::path& copy, Progress& progress) {
     const SQLite::Database source = openCopy(backup);
     copyBytes(backup, copy, progress);
     progress.begin("Checking the copy");
     const SQLite::Database copied = openCopy(copy);
+    requireSound(copied, backup, progress);
     Contents contents = contentsOf(copied);
-    if (!isSound(copied, progress))
-        throw Refused(ExitStatus::BadInput,
-                      "The backup is damaged: " + backup.string() + "\nPlease choose another one.");
     if (contents != contentsOf(source))
         throw Refused(ExitStatus::Failed, "The copy was not like the backup. Please check the disk.");
     return contents;
@@ -108,6 +112,8 @@ Restored restoreAll(const HeldLogbook& held, const fs::path& backup, const Clock
 Counts takeEvents(const HeldLogbook& held, const fs::path& backup, const std::vector<std::int64_t>& keys,
                   const Clock& clock, Progress& progress) {
     const SQLite::Database source = openCopy(backup);  // before a backup more makes this one go
+    progress.begin("Checking the backup");
+    requireSound(source, backup, progress);
     progress.begin("Backing up the present logbook");
     const bool isNew = !held.exists();
     const std::unique_ptr<Connection> connection = held.open(clock);
