@@ -24,9 +24,12 @@ fs::file_time_type stampFor(fs::file_time_type written) {
 }  // namespace
 
 Backups::Backups(Store& store, fs::path logbook, const Clock& clock)
-    : store_(store), logbook_(std::move(logbook)), clock_(clock), folder_(logbook_) {}
+    : store_(store), logbook_(std::move(logbook)), clock_(clock), folder_(logbook_) {
+    store_.beforeFirstDeletion([this] { begin(); });
+}
 
 Backups::~Backups() {
+    store_.beforeFirstDeletion({});
     store_.beforeFirstWrite({});
 }
 

@@ -2,25 +2,14 @@
 
 #include "store/file/Connection.h"
 
-#include <sqlite3.h>
-
 namespace tallybrook {
-
-namespace {
-
-/// Whether a transaction is open; a failure that the disk is to blame for can have ended it.
-bool isWithin(Connection& connection) {
-    return sqlite3_get_autocommit(connection.database().getHandle()) == 0;
-}
-
-}  // namespace
 
 CommitAtEnd::CommitAtEnd(Store& store) : connection_(store.connection()) {
     begin();
 }
 
 void CommitAtEnd::begin() {
-    if (isWithin(connection_))
+    if (connection_.isWithinTransaction())
         return;
     onFile([this] { connection_.database().exec("BEGIN"); });
     isOpen_ = true;
@@ -38,7 +27,7 @@ void CommitAtEnd::commit() {
     if (!isOpen_)
         return;
     isOpen_ = false;
-    if (!isWithin(connection_))
+    if (!connection_.isWithinTransaction())
         return;
     try {
         onFile([this] { connection_.database().exec("COMMIT"); });
@@ -55,7 +44,7 @@ void CommitAtEnd::commitSoFar() {
 
 /// Ends what cannot be brought to the disk, so that whatever is stored next does not wait for it.
 void CommitAtEnd::giveUp() {
-    if (isWithin(connection_))
+    if (connection_.isWithinTransaction())
         connection_.database().tryExec("ROLLBACK");
 }
 

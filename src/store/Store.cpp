@@ -16,6 +16,10 @@ void Store::beforeFirstWrite(std::function<void()> wait) {
     connection_->beforeFirstWrite(std::move(wait));
 }
 
+void Store::beforeFirstDeletion(std::function<void()> act) {
+    connection_->beforeFirstDeletion(std::move(act));
+}
+
 std::vector<std::filesystem::path> Store::filesOf(const std::filesystem::path& logbook) {
     return filesOfLogbook(logbook);
 }

@@ -43,6 +43,10 @@ public:
     /// must raise no error.
     void beforeFirstWrite(std::function<void()> wait);
 
+    /// Lets `act` run once, before the next row is deleted while no transaction is open; nothing if it is
+    /// empty. It must raise no error.
+    void beforeFirstDeletion(std::function<void()> act);
+
     /// Calls `look` again and again while work goes on: before each opening of a recordset and each storing
     /// of a row. It may read the logbook, and must raise no error.
     void whileAtWork(std::function<void()> look) { whileAtWork_ = std::move(look); }

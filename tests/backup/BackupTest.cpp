@@ -69,6 +69,11 @@ protected:
         events["fldEventName"] = "Added";
         events.Update();
     }
+    void deleteFirstEvent() {
+        Recordset events(*store);
+        events.Open("SELECT * FROM tblEventInfo");
+        events.Delete();
+    }
     [[nodiscard]] Names names() const {
         Names names;
         if (fs::exists(folder())) {
@@ -139,6 +144,31 @@ TEST_F(BackupTest, IsMadeAnewOnlyOfAChangedLogbook) {
     close();
     backUp();
     EXPECT_EQ(names(), (Names{first, "Tallybrook_DB 2026-11-21 21.15.00.mdb"}));
+}
+
+TEST_F(BackupTest, IsMadeBeforeTheFirstDeletionOfAChangedLogbook) {
+    backUp();
+    clock.set(kNow + std::chrono::hours{1});
+    open();
+    backups->begin();
+    addEvent();
+    deleteFirstEvent();
+    deleteFirstEvent();
+    close();
+    const std::string made = "Tallybrook_DB 2026-11-21 21.15.00.mdb";
+    EXPECT_EQ(names(), (Names{first, made})) << "one for the first deletion alone";
+    EXPECT_EQ(eventsIn(folder() / made), 4) << "what was added is in it, and nothing was deleted yet";
+    EXPECT_EQ(eventsIn(logbook), 2);
+}
+
+TEST_F(BackupTest, IsNotMadeBeforeADeletionWhereNothingHasChanged) {
+    backUp();
+    open();
+    backups->begin();
+    deleteFirstEvent();
+    close();
+    EXPECT_EQ(names(), Names{first});
+    EXPECT_EQ(eventsIn(folder() / first), 3);
 }
 
 TEST_F(BackupTest, OfALogbookWrittenJustNowIsMadeAgain) {

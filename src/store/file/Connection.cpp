@@ -35,9 +35,15 @@ Connection::~Connection() {
 }
 
 Statement& Connection::prepared(const std::string& sql) {
+    if (beforeFirstDeletion_ && sql.starts_with("DELETE") && !isWithinTransaction())
+        std::exchange(beforeFirstDeletion_, {})();
     if (beforeFirstWrite_ && !sql.starts_with("SELECT"))
         std::exchange(beforeFirstWrite_, {})();
     return ready(sql);
+}
+
+bool Connection::isWithinTransaction() const {
+    return sqlite3_get_autocommit(database_.getHandle()) == 0;
 }
 
 Statement& Connection::ready(const std::string& sql) {

@@ -33,6 +33,11 @@ public:
     Statement& prepared(const std::string& sql);
     /// Lets `wait` run once, before the next prepared statement that writes; nothing if it is empty.
     void beforeFirstWrite(std::function<void()> wait) { beforeFirstWrite_ = std::move(wait); }
+    /// Lets `act` run once, before the next prepared statement that deletes rows while no transaction is
+    /// open; nothing if it is empty.
+    void beforeFirstDeletion(std::function<void()> act) { beforeFirstDeletion_ = std::move(act); }
+    /// Whether a transaction is open; a failure that the disk is to blame for can have ended it.
+    [[nodiscard]] bool isWithinTransaction() const;
 
     /// The highest key that a table has had; 0 if it never had rows.
     [[nodiscard]] std::int64_t highestKey(const Table& table);
@@ -50,6 +55,7 @@ private:
     std::unordered_map<const Table*, std::int64_t> highestKeys_;
     std::uint64_t rollbacks_ = 0;
     std::function<void()> beforeFirstWrite_;
+    std::function<void()> beforeFirstDeletion_;
 };
 
 /// Runs what works on the file; a failure that SQLite reports becomes error -2147467259 with its text.
