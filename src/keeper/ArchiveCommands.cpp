@@ -3,7 +3,6 @@
 #include "keeper/Answer.h"
 #include "keeper/ArchiveIntake.h"
 #include "keeper/ExitStatus.h"
-#include "keeper/Export.h"
 #include "runtime/DataHome.h"
 
 #include <array>
@@ -68,15 +67,6 @@ std::string inWords(const Intake& intake) {
 }
 
 }  // namespace
-
-void writeArchiveFile(const Errand& errand) {
-    const fs::path file = errand.options.words.front();
-    const Exported exported = exportArchive(errand.options.data, file, errand.clock, errand.progress);
-    if (!exported.note.empty())
-        errand.notes << exported.note << '\n';
-    answer(errand, fmt::format("Written to {}: {}.\n", file.string(), inWords(exported.counts)),
-           {{"file", file.string()}, {"holds", jsonOf(exported.counts)}, {"note", exported.note}});
-}
 
 void lookIntoArchive(const Errand& errand) {
     ArchiveReader archive(errand.options.words.front());

@@ -4,10 +4,8 @@ namespace tallybrook::keeper {
 
 struct Errand;
 
-// The commands on archives.
+// The commands that read archives.
 
-/// Writes the logbook into an archive.
-void writeArchiveFile(const Errand& errand);
 /// Checks an archive, and shows its events and which of them are in the logbook already.
 void lookIntoArchive(const Errand& errand);
 /// Reads an archive into the logbook.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kMegabyte = 1e6;
 
-void tell(const Errand& errand, const std::string& note) {
+void tellNote(const Errand& errand, const std::string& note) {
     if (!note.empty())
         errand.notes << note << '\n';
 }
@@ -123,7 +123,7 @@ std::string differingEvents(const Summary& one, const Difference& difference, Js
 
 void listBackups(const Errand& errand) {
     const Today today = todayIn(errand.options.data, errand.clock, errand.progress);
-    tell(errand, today.note);
+    tellNote(errand, today.note);
     std::string text;
     Json backups = Json::array();
     for (const BackupEntry& entry : readBackups(errand.options.data, today, errand.progress)) {
@@ -145,7 +145,7 @@ void lookIntoBackup(const Errand& errand) {
 void compareBackup(const Errand& errand) {
     const Summary backup = summaryOf(openCopy(backupOf(errand)), errand.progress);
     const ReadableLogbook logbook(errand.options.data, errand.clock);
-    tell(errand, logbook.note());
+    tellNote(errand, logbook.note());
     const Difference difference = differenceOf(backup, summaryOf(logbook.database(), errand.progress));
     Json events = Json::array();
     const std::string text = differingEvents(backup, difference, events);

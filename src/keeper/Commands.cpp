@@ -1,6 +1,7 @@
 #include "keeper/ArchiveCommands.h"
 #include "keeper/BackupCommands.h"
 #include "keeper/Command.h"
+#include "keeper/ExportCommands.h"
 
 #include <array>
 
@@ -25,6 +26,10 @@ std::span<const Command> commands() {
                 takeFromBackup},
         Command{"archive", "FILE", "writes all of the logbook into one open text file", 1, 1,
                 writeArchiveFile},
+        Command{"xlsx", "FILE", "writes the logbook as one workbook for spreadsheets", 1, 1,
+                writeWorkbookFile},
+        Command{"csv", "FOLDER", "writes the tables of the logbook as files of comma-separated values", 1, 1,
+                writeCsvFiles},
         Command{"look-archive", "FILE", "checks an archive and lists its events", 1, 1, lookIntoArchive},
         Command{"read-archive", "FILE", "reads an archive into the logbook, or makes the logbook from it", 1,
                 1, readArchiveFile},

@@ -2,6 +2,7 @@
 
 #include "keeper/Access.h"
 #include "keeper/Summary.h"
+#include "sheets/Csv.h"
 
 #include <filesystem>
 #include <string>
@@ -22,5 +23,14 @@ void requireExportable(const std::filesystem::path& dataFolder, const std::files
 /// the file system report.
 Exported exportArchive(const std::filesystem::path& dataFolder, const std::filesystem::path& file,
                        const Clock& clock, Progress& progress);
+
+/// Writes the tables of a logbook into a folder, each as a file of CSV; `formulas` says what becomes of texts
+/// that a spreadsheet would take for formulas. Throws as exportArchive() does.
+Exported exportCsv(const std::filesystem::path& dataFolder, const std::filesystem::path& folder,
+                   sheets::Formulas formulas, const Clock& clock, Progress& progress);
+
+/// Writes a logbook as a workbook (.xlsx). Throws as exportArchive() does.
+Exported exportWorkbook(const std::filesystem::path& dataFolder, const std::filesystem::path& file,
+                        const Clock& clock, Progress& progress);
 
 }  // namespace tallybrook::keeper

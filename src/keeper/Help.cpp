@@ -12,8 +12,11 @@ constexpr std::string_view kBeginning = R"(NAME
     tallybrook-keeper - keeps a logbook of Tallybrook safe, and carries it in and out
 
 SYNOPSIS
+    tallybrook-keeper [--window] [--data DIR]
     tallybrook-keeper COMMAND [WORDS] [--data DIR] [--json]
     tallybrook-keeper --help | --version
+
+    Without a command the window opens, which does the same things.
 
 COMMANDS
 )";
@@ -33,6 +36,9 @@ OPTIONS
         beside it.
     --event EVENT=keep|take|both
         The same for one event, by its number in the archive; may be repeated.
+    --verbatim
+        Lets csv write every text as it is. Otherwise one that a spreadsheet would
+        take for a formula, such as =1+1, gets an apostrophe in front.
     --json
         Writes the answer for a program, as one line of JSON.
     --help, --version

@@ -10,6 +10,8 @@ Options readOptions(std::span<const std::string> arguments) {
                       {"--same", [&](const std::string& choice) { options.same = choice; }},
                       {"--event", [&](const std::string& choice) { options.events.push_back(choice); }}},
                      {{"--json", [&] { options.json = true; }},
+                      {"--verbatim", [&] { options.verbatim = true; }},
+                      {"--window", [&] { options.window = true; }},
                       {"--help", [&] { options.help = true; }},
                       {"--version", [&] { options.version = true; }}});
     line.onWord = [&](const std::string& word) {

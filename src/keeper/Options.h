@@ -16,6 +16,8 @@ struct Options {
     std::filesystem::path data = {};       // the data folder
     std::string same = {};                 // keep, take or both
     std::vector<std::string> events = {};  // the choices for some events, as in "12=take"
+    bool verbatim = false;                 // whether texts of CSV are written as they are
+    bool window = false;                   // whether the window is wanted
     bool json = false;                     // whether the answer is for a program
     bool help = false;
     bool version = false;

@@ -40,6 +40,10 @@ TEST_F(KeeperCommandLine, RefusesWhatItDoesNotUnderstand) {
         {{"backups", "one"}, "too many words after backups"},
         {{"backups", "--data"}, "--data needs a value"},
         {{"backups", "--data", ""}, "the data folder has no name"},
+        {{"read-archive", "a", "--same", "maybe"}, "the choice is keep, take or both, not maybe"},
+        {{"read-archive", "a", "--event", "12"}, "--event takes an event and a choice, as in 12=take"},
+        {{"read-archive", "a", "--event", "x=take"}, "an event is a whole number, not x"},
+        {{"restore"}, "restore needs BACKUP"},
         {{"--fast"}, "there is no option --fast"},
     };
     for (const auto& [arguments, why] : cases) {

@@ -1,0 +1,309 @@
+// The window, used with mouse and keys.
+
+#include "backup/Backups.h"
+#include "desktop/ModalHands.h"
+#include "keeper/Logbooks.h"
+#include "keeperwindow/ArchiveDialog.h"
+#include "keeperwindow/KeeperWindow.h"
+#include "runtime/InstanceLock.h"
+#include "style/OutlinedStyle.h"
+#include "support/TemporaryFolder.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <fstream>
+#include <memory>
+
+#include <gtest/gtest.h>
+
+namespace tallybrook::keeper {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Window : public testing::Test {
+protected:
+    Window() {
+        test::addEvent(data, "Tuesday");
+        test::addEvent(data, "Friday");
+        backUpNow(logbookIn(data), clock);
+    }
+
+    void open() {
+        window = std::make_unique<KeeperWindow>(data, clock);
+        window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        waitForWork();
+    }
+    void waitForWork() {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !window->isBusy(); }, 60000));
+    }
+    template <typename Part>
+    Part& part() {
+        return *window->findChild<Part*>();
+    }
+    QListWidget& backups() { return part<QListWidget>(); }
+    QTreeWidget& events() { return part<QTreeWidget>(); }
+    QPushButton& button(const QString& beginning) {
+        for (QPushButton* const each : window->findChildren<QPushButton*>()) {
+            if (each->text().remove('&').startsWith(beginning))
+                return *each;
+        }
+        throw std::runtime_error("no button " + beginning.toStdString());
+    }
+    bool isShown(const QString& words) {
+        const auto labels = window->findChildren<QLabel*>();
+        return std::ranges::any_of(
+            labels, [&](const QLabel* label) { return label->isVisible() && label->text().contains(words); });
+    }
+    void trigger(const QString& caption) {
+        for (QAction* const action : window->findChildren<QAction*>()) {
+            if (action->text().remove('&') == caption)
+                action->trigger();
+        }
+        waitForWork();
+        waitForWork();  // what follows it
+    }
+    void expectFile(const fs::path& file) {
+        hands.expect([file](QDialog& dialog) {
+            auto& chooser = dynamic_cast<QFileDialog&>(dialog);
+            chooser.findChild<QLineEdit*>()->setText(QString::fromStdString(file.string()));
+            chooser.findChild<QLineEdit*>()->setFocus();
+            QTest::keyClick(chooser.findChild<QLineEdit*>(), Qt::Key_Return);
+        });
+    }
+    void expectBox(const QString& words, const QString& answer) {
+        hands.expect([words, answer](QDialog& dialog) {
+            auto& box = dynamic_cast<QMessageBox&>(dialog);
+            EXPECT_TRUE(box.text().contains(words)) << box.text().toStdString();
+            for (QAbstractButton* const each : box.buttons()) {
+                if (each->text().remove('&') == answer)
+                    return each->click();
+            }
+            ADD_FAILURE() << "no button " << answer.toStdString();
+        });
+    }
+
+    test::TemporaryFolder folder;
+    const fs::path& data = folder.path();
+    SettableClock clock{makeDate(2026, 11, 22) + std::chrono::hours{20}};
+    std::unique_ptr<KeeperWindow> window;
+    test::ModalHands hands;
+};
+
+TEST_F(Window, ShowsTheLogbookItsBackupsAndTheirEvents) {
+    open();
+    EXPECT_TRUE(isShown("It holds 2 events, 4 games and 40 frames. Last night bowled: 11/3/2026."));
+    ASSERT_EQ(backups().count(), 1);
+    EXPECT_TRUE(
+        backups().item(0)->text().startsWith("Sunday, November 22, 2026, 8:00 PM\n"
+                                             "2 events, 4 games and 40 frames"))
+        << backups().item(0)->text().toStdString();
+    EXPECT_TRUE(backups().item(0)->text().endsWith("\nThe same as today's logbook."));
+    EXPECT_EQ(events().topLevelItemCount(), 2);
+    EXPECT_FALSE(button("Add Ticked").isEnabled());
+}
+
+TEST_F(Window, GivesADeletedEventBackByTheKeyboardAlone) {
+    test::deleteEvent(data, 1);
+    open();
+    EXPECT_TRUE(backups().item(0)->text().endsWith("1 event, 2 games and 20 frames were deleted since."));
+    EXPECT_EQ(window->focusWidget(), &backups());
+    QTest::keyClick(&backups(), Qt::Key_Tab);
+    ASSERT_EQ(window->focusWidget(), &events());
+    QTest::keyClick(&events(), Qt::Key_Down);
+    QTest::keyClick(&events(), Qt::Key_Home);
+    EXPECT_EQ(events().currentItem()->text(0), "Tuesday") << "what was deleted stands first";
+    EXPECT_EQ(events().currentItem()->text(4), "deleted since");
+    QTest::keyClick(&events(), Qt::Key_Space);
+    ASSERT_EQ(events().currentItem()->checkState(0), Qt::Checked);
+    ASSERT_TRUE(button("Add 1 Ticked Event").isEnabled());
+    QTest::keyClick(window.get(), Qt::Key_A, Qt::AltModifier);
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return window->isBusy(); }));  // a pressed button is seen pressed first
+    waitForWork();
+    waitForWork();
+    EXPECT_TRUE(isShown("Added to the logbook: 1 event, 2 games and 20 frames."));
+    EXPECT_TRUE(isShown("It holds 2 events, 4 games and 40 frames."));
+    ASSERT_EQ(backups().count(), 2);
+    EXPECT_TRUE(backups().item(1)->text().endsWith("\nThe same as today's logbook."));
+}
+
+TEST_F(Window, ShowsTheGamesAndFramesOfAnEvent) {
+    open();
+    QTreeWidgetItem& event = *events().topLevelItem(0);
+    event.setExpanded(true);
+    ASSERT_EQ(event.childCount(), 2);
+    EXPECT_EQ(event.child(0)->text(0), "Game 1");
+    EXPECT_EQ(event.child(0)->text(3), "150");
+    EXPECT_EQ(event.child(0)->childCount(), 10);
+    EXPECT_EQ(event.child(0)->child(0)->text(0), "Frame 1: 7-10");
+}
+
+TEST_F(Window, RestoresABackupOnceThatIsConfirmed) {
+    const auto backedUp = test::rowsOf(logbookIn(data));
+    test::deleteEvent(data, 1);
+    const auto before = test::rowsOf(logbookIn(data));
+    open();
+    expectBox("Put this backup in the place of your logbook?", "Cancel");
+    button("Restore").click();
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
+    expectBox("Your present logbook is backed up first", "Restore");
+    button("Restore").click();
+    waitForWork();
+    waitForWork();
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), backedUp);
+    EXPECT_TRUE(
+        isShown("Restored, checked and compared: the logbook holds 2 events, 4 games and 40 frames."));
+    EXPECT_EQ(backups().count(), 2);
+}
+
+TEST_F(Window, SaysThatTallybrookRuns) {
+    const InstanceLock running(lockIn(data));
+    open();
+    EXPECT_TRUE(isShown("Tallybrook is running. This is from its newest backup, of 11/22/2026 8:00:00 PM."));
+    events().topLevelItem(0)->setCheckState(0, Qt::Checked);
+    expectBox("Please end it first", "OK");
+    button("Add 1 Ticked").click();
+    waitForWork();
+}
+
+TEST_F(Window, CarriesALogbookToANewMachine) {
+    open();
+    expectFile(data / "mine.jsonl");
+    trigger("Write Archive...");
+    EXPECT_TRUE(isShown("mine.jsonl: 2 events, 4 games and 40 frames."));
+    const test::TemporaryFolder other;
+    window = std::make_unique<KeeperWindow>(other.path(), clock);
+    window->show();
+    waitForWork();
+    EXPECT_TRUE(isShown("There are no backups yet."));
+    expectFile(data / "mine.jsonl");
+    trigger("Read Archive...");
+    EXPECT_TRUE(isShown("A new logbook was made: 2 events, 4 games and 40 frames."));
+    EXPECT_EQ(test::rowsOf(logbookIn(other.path())), test::rowsOf(logbookIn(data)));
+}
+
+TEST_F(Window, AsksWhatIsToBeDoneWithEventsThatAreThere) {
+    open();
+    expectFile(data / "mine.jsonl");
+    trigger("Write Archive...");
+    test::deleteEvent(data, 2);
+    expectFile(data / "mine.jsonl");
+    hands.expect([](QDialog& dialog) {
+        const QTreeWidget& list = *dialog.findChild<QTreeWidget*>();
+        EXPECT_EQ(list.topLevelItemCount(), 1);
+        EXPECT_EQ(list.topLevelItem(0)->text(3), "the logbook's stays");
+        for (QPushButton* const each : dialog.findChildren<QPushButton*>()) {
+            if (each->text() == "Keep &Both")
+                each->click();
+        }
+        EXPECT_EQ(list.topLevelItem(0)->text(3), "both are kept");
+        dialog.accept();
+    });
+    trigger("Read Archive...");
+    EXPECT_TRUE(isShown("Added to the logbook: 2 events, 4 games and 40 frames."));
+}
+
+TEST_F(Window, TellsWhatIsWrongWithAnArchive) {
+    open();
+    std::ofstream(data / "letter.jsonl") << "Dear Aunt\n";
+    expectFile(data / "letter.jsonl");
+    expectBox("It is no archive of Tallybrook.", "OK");
+    trigger("Read Archive...");
+}
+
+TEST_F(Window, WritesASpreadsheet) {
+    open();
+    expectFile(data / "season.xlsx");
+    trigger("Write Spreadsheet...");
+    EXPECT_TRUE(isShown("season.xlsx: 2 events, 4 games and 40 frames."));
+    EXPECT_GT(fs::file_size(data / "season.xlsx"), 1000U);
+}
+
+/// A way the desktop can look.
+struct Look {
+    const char* name;
+    bool isDark;
+    int points;
+};
+
+QPalette darkPalette() {
+    QPalette palette(QColor(0x2a, 0x2e, 0x32));
+    palette.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
+    for (const QPalette::ColorRole role :
+         {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::HighlightedText})
+        palette.setColor(role, QColor(0xfc, 0xfc, 0xfc));
+    palette.setColor(QPalette::Highlight, QColor(0x1d, 0x5a, 0x7a));
+    return palette;
+}
+
+/// With TALLYBROOK_SHOTS, a folder, it leaves pictures there; the first is that of the help.
+TEST_F(Window, ShowsAllOfItsWordsWhateverTheDesktopLooksLike) {
+    test::deleteEvent(data, 1);
+    test::deleteEvent(data, 2);
+    for (const char* name : {"Monday Scratch Trio", "Thursday Night League", "Practice with coach",
+                             "City Open", "Thursday Night League", "Club Championship"})
+        test::addEvent(data, name, 3);
+    clock.set(clock.now() + std::chrono::hours{22});
+    backUpNow(logbookIn(data), clock);
+    test::deleteEvent(data, 7);
+    test::change(data, {"UPDATE tblGameInfo SET fldGameScore = 201 WHERE fldSessionNum = 4"});
+    test::addEvent(data, "Sunday Mixed", 3);
+    QApplication::setStyle(new OutlinedStyle);
+    const QFont font = QApplication::font();
+    const QPalette palette = QApplication::palette();
+    for (const Look& look :
+         {Look{"keeper", false, 10}, Look{"keeper-dark", true, 10}, Look{"keeper-large", false, 18}}) {
+        QApplication::setPalette(look.isDark ? darkPalette() : palette);
+        QApplication::setFont(QFont(font.family(), look.points));
+        open();
+        EXPECT_EQ(events().topLevelItem(0)->text(0), "Thursday Night League");
+        EXPECT_EQ(events().topLevelItem(0)->text(4), "deleted since");
+        events().topLevelItem(0)->setExpanded(true);
+        events().topLevelItem(0)->setCheckState(0, Qt::Checked);
+        events().setCurrentItem(events().topLevelItem(0));
+        QApplication::processEvents();  // the button has become longer
+        const QByteArray shots = qgetenv("TALLYBROOK_SHOTS");
+        EXPECT_TRUE(shots.isEmpty() || window->grab().save(shots + "/" + look.name + ".png"));
+        for (const QLabel* const label : window->findChildren<QLabel*>())
+            EXPECT_TRUE(!label->isVisible() || label->height() >= label->heightForWidth(label->width()))
+                << look.name << ": " << label->text().toStdString();
+        for (const QPushButton* const each : window->findChildren<QPushButton*>())
+            EXPECT_TRUE(!each->isVisible() || each->width() >= each->sizeHint().width())
+                << look.name << ": " << each->text().toStdString();
+    }
+    window.reset();
+    QApplication::setFont(font);
+    QApplication::setPalette(palette);
+}
+
+TEST_F(Window, HasANameForWhateverTakesTheFocus) {
+    open();
+    for (const QWidget* const widget : window->findChildren<QWidget*>()) {
+        const bool isReached = widget->isVisible() && (widget->focusPolicy() & Qt::TabFocus) != 0;
+        const auto* const push = dynamic_cast<const QPushButton*>(widget);
+        EXPECT_TRUE(!isReached || !widget->accessibleName().isEmpty() ||
+                    (push != nullptr && !push->text().isEmpty()))
+            << widget->metaObject()->className();
+    }
+}
+
+TEST_F(Window, CanBeClosedWhileItReads) {
+    for (int round = 0; round < 5; ++round) {
+        window = std::make_unique<KeeperWindow>(data, clock);
+        window->show();
+        EXPECT_TRUE(window->isBusy());
+        window->close();
+        window.reset();
+    }
+}
+
+}  // namespace
+
+}  // namespace tallybrook::keeper
