@@ -32,8 +32,8 @@ protected:
     /// A key pressed where the focus is, be it in a list that has been opened.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QWidget* const opened = QApplication::activePopupWidget();
-        QWidget& window = opened == nullptr ? listWindow() : *opened;
-        QTest::keyClick(window.focusWidget() == nullptr ? &window : window.focusWidget(), key, modifiers);
+        QWidget* const window = opened != nullptr ? opened : &listWindow();
+        QTest::keyClick(window->focusWidget() != nullptr ? window->focusWidget() : window, key, modifiers);
     }
     [[nodiscard]] std::string focused() { return listWindow().focusWidget()->objectName().toStdString(); }
 
