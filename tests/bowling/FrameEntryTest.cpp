@@ -302,6 +302,28 @@ TEST(FrameEntry, EveryTenthFrameAfterAMarkIsWrittenAsOnASheet) {
     }
 }
 
+TEST(FrameEntry, EveryTenthFrameAfterAStrikeIsWrittenAsOnASheet) {
+    for (unsigned left = 1; left < 1024; ++left) {
+        const Pins second = pinsOfBits(left);
+        for (unsigned mask = left;; mask = (mask - 1) & left) {  // all that can be left of it
+            const Pins fill = pinsOfBits(mask);
+            FrameEntry entry;
+            entry.begin(10, "");
+            entry.reset();
+            enter(entry, Ball::First, {});
+            enter(entry, Ball::Second, second);
+            enter(entry, Ball::Fill, fill);
+            const std::string last = fill.isEmpty() ? "/" : digit(second.count() - fill.count());
+            ASSERT_EQ(entry.cell(), "X" + digit(10 - second.count()) + last)
+                << pinString(second) << " " << pinString(fill);
+            ASSERT_EQ(entry.result(Ball::Second), pinString(second));
+            ASSERT_EQ(entry.result(Ball::Fill), fill.isEmpty() ? "/" : pinString(fill));
+            if (mask == 0)
+                break;
+        }
+    }
+}
+
 }  // namespace
 
 }  // namespace tallybrook::test

@@ -5,9 +5,12 @@
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
 #include <optional>
+#include <set>
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
@@ -33,6 +36,14 @@ public:
         }
         std::ranges::stable_sort(rows_, {}, &ModelRow::score);
         at_ = rows_.empty() ? 0 : 1;
+    }
+
+    /// All that it is, so that two that stand alike are known.
+    std::string state(int firstKey) const {
+        std::string state = fmt::format("{} {} {} {} |", at_, adding_, deleted_, pending_.value_or(-1));
+        for (const ModelRow& row : rows_)
+            state += fmt::format(" {}:{}", row.key - firstKey, row.score);
+        return state;
     }
 
     int count() const { return static_cast<int>(rows_.size()) - (deleted_ ? 1 : 0); }
@@ -231,6 +242,64 @@ ModelTable storedRows(Store& store) {
     for (; !all.Eof(); all.MoveNext())
         rows[toInt32(all["fldGameKey"]).value()] = toInt16(all["fldGameScore"]).value();
     return rows;
+}
+
+/// A table of three rows, two of which a recordset finds, and the model of both. The rows have new keys each
+/// time.
+struct Scene {
+    Scene(Store& store, int& key) : firstKey(key), lastKey(key) {
+        store.connection().database().exec("DELETE FROM tblGameInfo");
+        for (const int score : {80, 20, 60})
+            addRow(store, table, lastKey, score);
+        pair.emplace(store, table, lastKey);
+    }
+
+    /// All that it is, with the keys counted from the first one.
+    std::string state() const {
+        std::string state = pair->model.state(firstKey) + " |";
+        for (const auto& [key, score] : table)
+            state += fmt::format(" {}:{}", key - firstKey, score);
+        return state;
+    }
+
+    int firstKey;
+    int& lastKey;
+    ModelTable table;
+    std::optional<Pair> pair;
+};
+
+/// What is done to a recordset, and with which score.
+struct Act {
+    int operation;
+    int score;
+};
+using Acts = std::vector<Act>;
+
+/// Everything that can be done once: a score that stays in the set, one that leaves it, and the eight others.
+const Acts kActs{{0, 0}, {1, 0}, {2, 0}, {3, 0}, {4, 70}, {4, 10}, {5, 0}, {6, 0}, {7, 0}, {8, 0}};
+
+TEST(RecordsetModel, AgreesOnEveryOperationInEveryState) {
+    constexpr int kMostKeys = 4;  // a further row brings nothing that the fourth does not
+    const test::TemporaryFolder folder;
+    const SettableClock clock{makeDate(2026, 11, 14)};
+    Store store(folder.path() / "logbook", clock);
+    store.connection().database().exec("PRAGMA synchronous = OFF");  // for speed alone
+    int lastKey = 0;
+    std::set<std::string> seen;
+    for (std::deque<Acts> ways{{}}; !ways.empty(); ways.pop_front()) {
+        for (const Act& next : kActs) {
+            Scene scene(store, lastKey);
+            Acts way = ways.front();
+            way.push_back(next);
+            for (const Act& one : way)
+                act(*scene.pair, one.operation, one.score);
+            compare(*scene.pair);
+            ASSERT_EQ(storedRows(store), scene.table);
+            if (lastKey - scene.firstKey <= kMostKeys && seen.insert(scene.state()).second)
+                ways.push_back(way);
+        }
+    }
+    EXPECT_GT(seen.size(), 100U) << seen.size();
 }
 
 TEST(RecordsetModel, AgreesOnRandomOperations) {
