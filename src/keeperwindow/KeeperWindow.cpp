@@ -41,6 +41,7 @@ QLabel* heading(const QString& text) {
     QFont font = label->font();
     font.setBold(true);
     label->setFont(font);
+    label->setWordWrap(true);  // lest large letters make the window wide
     return label;
 }
 
@@ -303,9 +304,9 @@ void KeeperWindow::showChosen() {
 
 void KeeperWindow::showButtons() {
     const std::size_t count = events_->ticked().size();
-    take_->setText(count == 0   ? QString("&Add Ticked Events to the Logbook")
-                   : count == 1 ? QString("&Add 1 Ticked Event to the Logbook")
-                                : QString("&Add %1 Ticked Events to the Logbook").arg(count));
+    take_->setText(count == 0   ? QString("&Add Ticked Events")
+                   : count == 1 ? QString("&Add 1 Ticked Event")
+                                : QString("&Add %1 Ticked Events").arg(count));
     const BackupEntry* const entry = backups_->chosen();
     take_->setEnabled(!work_.isBusy() && count > 0);
     restore_->setEnabled(!work_.isBusy() && entry != nullptr && entry->summary.has_value());

@@ -75,7 +75,7 @@ private:
     QLabel* backup_ = new QLabel;
     EventsView* events_ = new EventsView;
     QPushButton* take_ = new QPushButton;
-    QPushButton* restore_ = new QPushButton("&Restore All of This Backup...");
+    QPushButton* restore_ = new QPushButton("&Restore Whole Backup...");
     QWidget* strip_ = nullptr;
     QLabel* stage_ = new QLabel;
     QProgressBar* bar_ = new QProgressBar;
