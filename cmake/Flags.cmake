@@ -5,10 +5,11 @@ target_compile_options(tallybrook_flags INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wconversion -Wsign-conversion -Wcast-align -Wimplicit-fallthrough $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
-# A linker that takes a second where the compiler's own takes ten.
+# A linker that takes a second where the compiler's own takes ten. What it makes read-only at the start can begin in the
+# middle of a page, at a thread's own variable, and then the program does not start.
 find_program(MOLD mold)
 if(MOLD)
-    target_link_options(tallybrook_flags INTERFACE $<$<NOT:$<CONFIG:Release>>:-fuse-ld=mold>)
+    target_link_options(tallybrook_flags INTERFACE "$<$<NOT:$<CONFIG:Release>>:-fuse-ld=mold;LINKER:-z,norelro>")
 endif()
 
 # Where the files of a room are compiled as one, GCC takes what a test derives from a class of its own file for a slip.
