@@ -134,7 +134,9 @@ TEST_F(Logbook, RefusesWhatIsNone) {
     write("Just a text.\r\n");
     expectRefused("no logbook");
     write(std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, 'x'));
-    expectRefused("no logbook");
+    expectRefused("Tallybrook Keeper can carry it over");
+    write(std::string("\0\1\0\0Standard Jet DB\0", 20));
+    expectRefused("Tallybrook Keeper can carry it over");
     fs::remove(file);
     {
         SQLite::Database other(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);

@@ -3,6 +3,7 @@
 #include "runtime/RegularFile.h"
 #include "store/file/Journal.h"
 #include "store/file/LogbookRefused.h"
+#include "store/file/OldLogbook.h"
 #include "store/sql/Schema.h"
 
 #include <algorithm>
@@ -24,6 +25,11 @@ namespace {
 /// The head of an SQLite file: its mark, and at byte 60 the schema's number.
 constexpr std::size_t kHeadSize = 100;
 constexpr std::string_view kMark{"SQLite format 3\0", 16};
+
+constexpr const char* kCarryOver =
+    "The file is no logbook of this program yet: it is an Access database, in which older logbooks were "
+    "kept. "
+    "Tallybrook Keeper can carry it over to a new logbook, and keeps the old file.";
 
 int schemaIn(const std::array<char, kHeadSize>& head) {
     unsigned number = 0;
@@ -68,7 +74,10 @@ std::size_t readHead(const fs::path& file, std::array<char, kHeadSize>& head) {
 /// Refuses what is no logbook by its first bytes alone, so that nothing else of it is touched.
 void inspectHead(const fs::path& file, int newestSchema) {
     std::array<char, kHeadSize> head{};
-    if (readHead(file, head) < kHeadSize || std::string_view(head.data(), kMark.size()) != kMark)
+    const std::size_t size = readHead(file, head);
+    if (isOldLogbook({head.data(), size}))
+        refuseLogbook(file, kCarryOver);
+    if (size < kHeadSize || std::string_view(head.data(), kMark.size()) != kMark)
         refuseLogbook(file, fmt::format("The file is no logbook of this program. {}", kPutCopy));
     const int schema = schemaIn(head);
     if (schema > newestSchema)
