@@ -1,0 +1,11 @@
+#include "carry/Reading.h"
+
+#include <gtest/gtest.h>
+
+/// The tests, or the process that reads an old logbook for them.
+int main(int argc, char** argv) {
+    if (tallybrook::carry::isReadingProcess({argv, static_cast<std::size_t>(argc)}))
+        return tallybrook::carry::beTheReadingProcess();
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
