@@ -74,7 +74,7 @@ void lookIntoArchive(const Errand& errand) {
     const auto logbook =
         isThere ? std::make_unique<ReadableLogbook>(errand.options.data, errand.clock) : nullptr;
     const ArchiveContents contents =
-        contentsOf(archive, logbook ? &logbook->database() : nullptr, errand.progress);
+        checkArchive(archive, logbook ? &logbook->database() : nullptr, errand.progress);
     std::string text = fmt::format("The archive is sound. It holds {}.\n", inWords(contents.counts));
     Json events = Json::array();
     for (const ArchivedEvent& event : contents.events) {

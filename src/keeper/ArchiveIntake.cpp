@@ -236,7 +236,7 @@ Same Choices::of(std::int64_t key) const {
     return found == ofEvents.end() ? usual : found->second;
 }
 
-ArchiveContents contentsOf(ArchiveReader& archive, const SQLite::Database* logbook, Progress& progress) {
+ArchiveContents checkArchive(ArchiveReader& archive, const SQLite::Database* logbook, Progress& progress) {
     ArchiveContents contents{.counts = archive.head().counts};
     const std::vector<std::size_t> places = identityIn(archive.head().columns[kEventKind]);
     PresentEvents present(logbook);
@@ -258,12 +258,12 @@ Intake takeInArchive(const HeldLogbook& held, ArchiveReader& archive, const Choi
     if (held.exists()) {
         const std::unique_ptr<Connection> connection = held.open(clock);
         if (!isEmpty(connection->database())) {
-            const ArchiveContents contents = contentsOf(archive, &connection->database(), progress);
+            const ArchiveContents contents = checkArchive(archive, &connection->database(), progress);
             requireChosenEvents(contents, choices);
             return addTo(*connection, held, archive, contents, choices, clock, progress);
         }
     }
-    const ArchiveContents contents = contentsOf(archive, nullptr, progress);
+    const ArchiveContents contents = checkArchive(archive, nullptr, progress);
     return makeLogbook(held, archive, contents, progress);
 }
 

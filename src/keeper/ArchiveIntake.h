@@ -47,7 +47,7 @@ struct ArchiveContents {
 
 /// Reads and checks all of an archive, and looks which of its events are in a logbook already, if there is
 /// one. Throws Refused and Cancelled.
-ArchiveContents contentsOf(ArchiveReader& archive, const SQLite::Database* logbook, Progress& progress);
+ArchiveContents checkArchive(ArchiveReader& archive, const SQLite::Database* logbook, Progress& progress);
 
 /// What came of the reading of an archive.
 struct Intake {

@@ -396,7 +396,7 @@ void KeeperWindow::readArchive() {
             const HeldLogbook held(dataFolder_);
             ArchiveReader archive(file);
             const std::unique_ptr<Connection> logbook = held.exists() ? held.open(clock_) : nullptr;
-            checked->contents = contentsOf(archive, logbook ? &logbook->database() : nullptr, progress);
+            checked->contents = checkArchive(archive, logbook ? &logbook->database() : nullptr, progress);
             checked->isNew = !logbook || countsOf(logbook->database()).all() == 0;
         },
         [this, file, checked] {
