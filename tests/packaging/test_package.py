@@ -15,7 +15,7 @@ from pathlib import Path
 
 BUILD = Path(os.environ["TALLYBROOK_BUILD"])
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
-PROGRAMS = ("tallybrook", "tallybrook-viewer")
+PROGRAMS = ("tallybrook", "tallybrook-viewer", "tallybrook-keeper")
 METAINFO = "usr/share/metainfo/example.tallybrook.Tallybrook.metainfo.xml"
 DEBIAN_CHANGELOG = "usr/share/doc/tallybrook/changelog.Debian.gz"
 DEBIAN_ONLY = {DEBIAN_CHANGELOG, "usr/share/lintian/overrides/tallybrook"}
@@ -198,6 +198,12 @@ class Installed(PackageTest):
         run = self.start("tallybrook-viewer", report)
         self.assertEqual((run.returncode, complaints(run)), (0, []))
         self.assertEqual(run.stdout, "window: League  Night.txt - Tallybrook Report\n")
+
+    def test_keeper_shows_its_window(self):
+        (self.home / "data/Tallybrook").mkdir(parents=True)
+        run = self.start("tallybrook-keeper")
+        self.assertEqual((run.returncode, complaints(run)), (0, []))
+        self.assertEqual(run.stdout, "window: Tallybrook Keeper\n")
 
     def test_nothing_is_left_of_it_but_what_the_user_has_recorded(self):
         self.assertEqual(self.root.files(), LAYOUT)

@@ -14,7 +14,7 @@ from pathlib import Path
 
 SCRIPTS = Path(__file__).resolve().parents[1] / "scripts"
 BUILT = Path(os.environ["TALLYBROOK_PROGRAMS"])
-PROGRAMS = {name: BUILT / name for name in ("tallybrook", "tallybrook-viewer", "tallybrook-play", "tallybrook-sample")}
+PROGRAMS = {name: BUILT / name for name in ("tallybrook", "tallybrook-viewer", "tallybrook-play", "tallybrook-sample", "tallybrook-keeper")}
 HANDS = {"QT_PLUGIN_PATH": os.environ["TALLYBROOK_HANDS"], "QT_QPA_GENERIC_PLUGINS": "hands"}  # they close windows
 
 # What a program may be linked to by name; what these bring along is theirs.
