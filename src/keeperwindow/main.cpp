@@ -1,3 +1,4 @@
+#include "carry/Reading.h"
 #include "keeper/Keeper.h"
 #include "keeper/Options.h"
 #include "keeper/TerminalProgress.h"
@@ -47,6 +48,8 @@ int showWindow(const std::filesystem::path& dataFolder, const Clock& clock, char
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (carry::isReadingProcess({argv, static_cast<std::size_t>(argc)}))
+        return carry::beTheReadingProcess();
     setUpFiles();
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const SystemClock clock;
