@@ -45,7 +45,7 @@ struct DamagedLogbook {};
 
 std::string logbookIsDamaged(const fs::path& logbook) {
     return "The logbook is damaged: " + logbook.string() +
-           "\r\nPlease end the program, and put a copy of the newest backup in its place.";
+           "\r\nPlease end the program, and go back to the newest backup with the Tallybrook Keeper.";
 }
 
 /// Reads from the logbook, or from a copy that is like it.

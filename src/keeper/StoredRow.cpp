@@ -1,6 +1,6 @@
 #include "keeper/StoredRow.h"
 
-#include "runtime/TextEncoding.h"
+#include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
 #include "store/file/StoredValue.h"
 
@@ -40,7 +40,7 @@ std::string insertStatement(const Table& table, const std::vector<const Column*>
 std::string legible(std::string_view bytes) {
     if (const std::optional<DateTime> date = storedDateIn(bytes))
         return shortDate(*date);
-    return textOf(charactersOf(bytes));
+    return asWritten(bytes);
 }
 
 }  // namespace

@@ -29,7 +29,8 @@ using StoredRow = std::vector<StoredValue>;
 
 StoredValue storedValue(sqlite3_value* stored);
 
-/// A value as a text for people: a date as it is written elsewhere, nothing for a Null.
+/// A value as a text for people: a date as it is written elsewhere, nothing for a Null, and no character that
+/// a terminal would obey.
 std::string shownText(const StoredValue& value);
 
 /// The columns of a table, for a statement: "fldSessionNum, fldEventName".

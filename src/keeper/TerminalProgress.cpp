@@ -20,6 +20,7 @@ void noteInterrupt(int /*signal*/) {
 }  // namespace
 
 TerminalProgress::TerminalProgress() : isTerminal_(isatty(STDERR_FILENO) != 0) {
+    wasInterrupted = 0;
     std::signal(SIGINT, noteInterrupt);
     std::signal(SIGTERM, noteInterrupt);
 }

@@ -188,6 +188,7 @@ QWidget* KeeperWindow::progressStrip() {
 void KeeperWindow::run(const QString& failed, const Work::Task& task, const std::function<void()>& then) {
     if (work_.isBusy())
         return;
+    done_.clear();
     stage_->clear();
     showBusy(true);
     work_.begin(task, [this, failed, then](const Outcome& outcome) {
@@ -208,8 +209,8 @@ void KeeperWindow::perform(const QString& failed, const Deed& deed) {
     run(
         failed, [deed, done](Progress& progress) { *done = deed(progress); },
         [this, done] {
+            done_ = *done;
             refresh();
-            stage_->setText(*done);
         });
 }
 
@@ -256,6 +257,7 @@ void KeeperWindow::refresh() {
     showChosen();
     if (work_.isBusy())
         return;
+    stage_->setText(done_);
     showBusy(true);
     const auto task = [this, folder, entries](Progress& progress) {
         const Today today = todayIn(dataFolder_, clock_, progress);
@@ -266,10 +268,8 @@ void KeeperWindow::refresh() {
         }
     };
     work_.begin(task, [this](const Outcome& outcome) {
-        const QString told = stage_->text();
         showBusy(false);
-        if (told.endsWith("..."))
-            stage_->clear();
+        stage_->setText(done_);
         if (outcome.status != ExitStatus::Done)
             today_->setText(shown(outcome.why));
     });

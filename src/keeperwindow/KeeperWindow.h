@@ -78,6 +78,7 @@ private:
     QPushButton* restore_ = new QPushButton("&Restore Whole Backup...");
     QWidget* strip_ = nullptr;
     QLabel* stage_ = new QLabel;
+    QString done_;  // what was done last
     QProgressBar* bar_ = new QProgressBar;
     QPushButton* cancel_ = new QPushButton("&Cancel");
     std::vector<QAction*> actions_;  // what waits until work is done

@@ -1,6 +1,8 @@
 #include "keeper/Command.h"
 #include "keeper/Keeper.h"
+#include "keeper/TerminalProgress.h"
 
+#include <csignal>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -52,6 +54,15 @@ TEST_F(KeeperCommandLine, RefusesWhatItDoesNotUnderstand) {
         EXPECT_EQ(notes.str(), "tallybrook-keeper: " + why + "\nTry tallybrook-keeper --help.\n");
     }
     EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(KeeperCommandLine, IsCancelledByAnInterrupt) {
+    TerminalProgress terminal;
+    EXPECT_NO_THROW(terminal.begin("Reading", 10));
+    EXPECT_EQ(std::raise(SIGINT), 0);
+    EXPECT_THROW(terminal.reach(1), Cancelled);
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
 }
 
 }  // namespace

@@ -197,6 +197,14 @@ TEST_F(Restore, IsCalledByTheBeginningOfADate) {
     EXPECT_EQ(run({"look", "newest", "nine"}), ExitStatus::WrongUsage);
 }
 
+TEST_F(Restore, WritesNothingThatATerminalWouldObey) {
+    test::change(data,
+                 {"UPDATE tblEventInfo SET fldEventName = 'a' || char(27) || '[2J' || char(10) || 'b'"});
+    backUp();
+    EXPECT_EQ(run({"look", "newest"}), ExitStatus::Done);
+    EXPECT_NE(out.str().find("  a[2Jb, Lanes"), std::string::npos) << out.str();
+}
+
 TEST_F(Restore, AnswersProgramsInJson) {
     EXPECT_EQ(run({"backups", "--json"}), ExitStatus::Done);
     const auto json = nlohmann::json::parse(out.str());

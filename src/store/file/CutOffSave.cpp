@@ -85,11 +85,11 @@ void tryToUndoCutOffSave(const fs::path& logbook, int newestSchema) {
         if (!isJournalSound(logbook) || !isUndoneByEngine(logbook, newestSchema))
             refuseLogbook(
                 logbook,
-                fmt::format("A save was cut off, and cannot be undone, since the logbook or its "
-                            "journal is damaged. Both are left as they are. Please put them away "
-                            "together, and a copy of your logbook in their place; the folder Backups "
-                            "beside it may hold some.\r\nJournal: {}",
-                            journalOf(logbook).string()));
+                fmt::format(
+                    "A save was cut off, and cannot be undone, since the logbook or its "
+                    "journal is damaged. Both are left as they are. Please go back to a "
+                    "backup with the Tallybrook Keeper, which puts them away together.\r\nJournal: {}",
+                    journalOf(logbook).string()));
     } catch (const std::system_error& failure) {
         refuseLogbook(logbook,
                       fmt::format("A save was cut off, and cannot be undone yet: {}. Please see that "

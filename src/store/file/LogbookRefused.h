@@ -19,6 +19,7 @@ public:
 
 /// What a person can do where the file is no longer any good.
 inline constexpr std::string_view kPutCopy =
-    "Please put a copy of your logbook in its place; the folder Backups beside it may hold some.";
+    "Please go back to a backup with the Tallybrook Keeper, or put a copy of your logbook in its place; the "
+    "folder Backups beside it may hold some.";
 
 }  // namespace tallybrook
