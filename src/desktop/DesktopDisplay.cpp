@@ -235,7 +235,7 @@ void DesktopDisplay::pointer(Pointer pointer) {
 void DesktopDisplay::help(HelpTopic topic) {
     if (!help_)
         help_ = std::make_unique<HelpWindow>();
-    help_->open(topic);
+    help_->open(topic == HelpTopic::Contents ? "index" : QString::number(static_cast<int>(topic)));
 }
 
 void DesktopDisplay::startViewer(const std::filesystem::path& file) {

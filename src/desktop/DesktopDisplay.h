@@ -2,9 +2,9 @@
 
 #include "controls/Display.h"
 #include "desktop/ActionTaker.h"
-#include "desktop/HelpWindow.h"
 #include "desktop/RetryNotice.h"
 #include "desktop/ScreenWindow.h"
+#include "manual/HelpWindow.h"
 #include "shell/Program.h"
 
 #include <QElapsedTimer>

@@ -2,7 +2,7 @@
 // and names of files are those of the sources.
 
 #include "SourceFolder.h"
-#include "desktop/DesktopDisplay.h"
+#include "manual/HelpWindow.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -75,7 +75,7 @@ protected:
         EXPECT_GE(count, atLeast);
     }
 
-    DesktopDisplay display;  // brings the pages along
+    HelpWindow help;  // brings the pages along
     std::map<QString, QString> pages;
     const QSet<QString> known = literals();
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/HelpSearch.h"
+#include "manual/HelpSearch.h"
 
 #include <QTextBrowser>
 

@@ -1,4 +1,4 @@
-#include "desktop/HelpSearch.h"
+#include "manual/HelpSearch.h"
 
 #include <QFile>
 #include <QTextDocument>

@@ -1,4 +1,4 @@
-#include "desktop/HelpBrowser.h"
+#include "manual/HelpBrowser.h"
 
 #include "style/Colours.h"
 

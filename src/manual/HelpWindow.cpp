@@ -1,6 +1,6 @@
-#include "desktop/HelpWindow.h"
+#include "manual/HelpWindow.h"
 
-#include "desktop/HelpBrowser.h"
+#include "manual/HelpBrowser.h"
 
 #include <QAction>
 #include <QKeyEvent>
@@ -8,18 +8,22 @@
 #include <QScreen>
 #include <QToolBar>
 
+static void initPages() {
+    Q_INIT_RESOURCE(manual);
+}
+
 namespace tallybrook {
 
 namespace {
 
-QUrl pageOf(HelpTopic topic) {
-    const QString name = topic == HelpTopic::Contents ? "index" : QString::number(static_cast<int>(topic));
-    return "qrc:/help/" + name + ".html";
+QUrl urlOf(const QString& page) {
+    return "qrc:/help/" + page + ".html";
 }
 
 }  // namespace
 
 HelpWindow::HelpWindow() : pages_(new HelpBrowser), sought_(new QLineEdit) {
+    initPages();
     setObjectName("help");
     setWindowTitle("Tallybrook Help");
     setCentralWidget(pages_);
@@ -40,7 +44,7 @@ void HelpWindow::addPageActions(QToolBar& bar) {
         bar.widgetForAction(action)->setFocusPolicy(Qt::TabFocus);
         return action;
     };
-    add("Contents", Qt::ALT | Qt::Key_Home, [this] { pages_->setSource(pageOf(HelpTopic::Contents)); });
+    add("Contents", Qt::ALT | Qt::Key_Home, [this] { pages_->setSource(urlOf("index")); });
     QAction* const back = add("Back", QKeySequence::Back, [this] { pages_->backward(); });
     QAction* const forward = add("Forward", QKeySequence::Forward, [this] { pages_->forward(); });
     back->setEnabled(false);
@@ -82,8 +86,8 @@ void HelpWindow::addSearch(QToolBar& bar) {
     addKey(Qt::SHIFT | Qt::Key_F3, [this] { pages_->findNext(true); });
 }
 
-void HelpWindow::open(HelpTopic topic) {
-    pages_->setSource(pageOf(topic));
+void HelpWindow::open(const QString& page) {
+    pages_->setSource(urlOf(page));
     show();
     pages_->setFocus();
     raise();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "controls/Display.h"
-
 #include <QMainWindow>
 
 class QLineEdit;
@@ -15,8 +13,8 @@ class HelpBrowser;
 class HelpWindow : public QMainWindow {
 public:
     HelpWindow();
-    /// Shows a topic, in front.
-    void open(HelpTopic topic);
+    /// Shows a page by its name, as in "index", in front.
+    void open(const QString& page);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
