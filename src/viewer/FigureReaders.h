@@ -18,6 +18,9 @@ std::optional<StrikeFigures> strikesIn(const ReportLines& report);
 /// The leaves, the most attempts first, otherwise in the order of the report.
 std::vector<LeaveFigures> leavesIn(const ReportLines& report);
 
+/// The list of events of a statistical report.
+EventFigures eventsIn(const ReportLines& report);
+
 /// The games of an event report.
 std::vector<GameFigures> gamesOfEvent(const ReportLines& report);
 

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <algorithm>
+#include <array>
 
 namespace tallybrook {
 
@@ -49,17 +50,90 @@ std::optional<GameFigures> gameIn(QStringView line) {
     return GameFigures{game->toString(), score.value_or(QStringView()).toString(), std::nullopt};
 }
 
-/// The lines of a game up to its frames one by one, or to the next game. That one's own line may have been
-/// left out, but not the lane condition below it as well.
+/// Whether a text is what a report tells of a ball: pins, a strike or a spare, or nothing.
+bool isBall(QStringView text) {
+    return std::ranges::all_of(
+        text, [](QChar one) { return one.isDigit() || one == '-' || one == 'X' || one == '/'; });
+}
+
+/// The balls of a frame in a full event report, as in "First Ball: 1-9   Second Ball: 9".
+std::optional<QList<QStringView>> labelledBalls(QStringView line) {
+    const Field first = column(line, u"First Ball:", kColumnGap);
+    const Field second = column(line, u"Second Ball:", kColumnGap);
+    return first && second ? std::optional(QList<QStringView>{*first, *second}) : std::nullopt;
+}
+
+/// The balls of a frame in a game report: parted by two tabs.
+std::optional<QList<QStringView>> tabbedBalls(QStringView line) {
+    QList<QStringView> balls = line.split(u"\t\t");
+    if (balls.size() < 2 || !std::ranges::all_of(balls, isBall))
+        return std::nullopt;
+    return balls;
+}
+
+/// How a kind of report tells its frames one by one.
+struct FrameForm {
+    QStringView label;      ///< before the number of a frame
+    QStringView separator;  ///< of the columns in its line
+    QStringView lane;       ///< the label of the next column
+    std::optional<QList<QStringView>> (*ballsIn)(QStringView line);
+};
+
+constexpr FrameForm kEventFrames{u"Frame ", kColumnGap, u"Lane Bowled:", labelledBalls};
+constexpr FrameForm kGameFrames{u"Frame:", u"\t", u"Lane:", tabbedBalls};
+
+/// The number of the frame, from 0, that is told from a line on.
+std::optional<std::size_t> frameAt(QStringView line, const FrameForm& form) {
+    const std::optional<int> number = countIn(column(line, form.label, form.separator));
+    const bool isFrame = number && *number >= 1 && *number <= kFrames && line.startsWith(form.label) &&
+                         column(line, form.lane, form.separator);
+    return isFrame ? std::optional(static_cast<std::size_t>(*number - 1)) : std::nullopt;
+}
+
+/// The pins that a spare was open on: those that the first ball left, in the tenth frame on the second rack.
+QString leaveOf(std::size_t frame, const QList<QStringView>& balls) {
+    const bool isBehindStrike = frame == kSheetFrames - 1 && balls[0] == u"X";
+    const QStringView left = balls[isBehindStrike ? 1 : 0];
+    return left.contains('X') || left.contains('/') ? QString() : left.toString();
+}
+
+/// The leaves of the frames that are told in lines. The first word on a frame counts: what a bowler wrote of
+/// it stands below.
+SheetMarks leavesOf(const ReportLines& lines, const FrameForm& form) {
+    SheetMarks leaves;
+    std::array<bool, kSheetFrames> isTold{};
+    std::optional<std::size_t> frame;
+    for (const QStringView line : lines) {
+        if (const auto next = frameAt(line, form))
+            frame = next;
+        const auto balls = frame && !isTold[*frame] ? form.ballsIn(line) : std::nullopt;
+        if (!balls)
+            continue;
+        leaves[*frame] = leaveOf(*frame, *balls);
+        isTold[*frame] = true;
+    }
+    return leaves;
+}
+
+/// The lines of a game, up to the next one. That one's own line may have been left out, but not the lane
+/// condition below it as well.
 ReportLines linesOfGame(const ReportLines& below) {
     int conditions = 0;
     std::size_t end = 0;
     for (; end < below.count() && conditions < 2; ++end) {
-        if (gameIn(below.at(end)) || below.isAt(end, heading::kFrames))
+        if (gameIn(below.at(end)))
             break;
         conditions += behind(u"Lane Condition:", below.at(end)) ? 1 : 0;
     }
     return below.between(0, end);
+}
+
+/// The lines of a game before its frames are told one by one.
+ReportLines beforeFrames(const ReportLines& game) {
+    std::size_t end = 0;
+    while (end < game.count() && !game.isAt(end, heading::kFrames))
+        ++end;
+    return game.between(0, end);
 }
 
 /// The number of a game in the line above it, as in "----- Game Information (Game #2) -----".
@@ -77,7 +151,9 @@ std::vector<GameFigures> gamesOfEvent(const ReportLines& report) {
         std::optional<GameFigures> game = gameIn(lines.at(index));
         if (!game)
             continue;
-        game->frames = framesIn(linesOfGame(lines.between(index + 1, lines.count())));
+        const ReportLines own = linesOfGame(lines.between(index + 1, lines.count()));
+        game->frames = framesIn(beforeFrames(own));
+        game->leaves = leavesOf(own, kEventFrames);
         games.push_back(*std::move(game));
     }
     return games;
@@ -93,7 +169,7 @@ std::vector<GameFigures> gameOfReport(const ReportLines& report) {
         frames.reset();
     if (number.isEmpty())
         return {};
-    return {{number.toString(), score.toString(), std::move(frames)}};
+    return {{number.toString(), score.toString(), std::move(frames), leavesOf(lines, kGameFrames)}};
 }
 
 }  // namespace tallybrook

@@ -32,6 +32,13 @@ QColor standingOut(const QColor& colour, const QColor& ink, const QColor& ground
 
 }  // namespace
 
+QPalette paperPalette() {
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    return palette;
+}
+
 PictureLook::PictureLook(const QFont& font, const QPalette& palette, const QPaintDevice* device)
     : font_(font),
       boldFont_(changed(font, 1, true)),
@@ -42,6 +49,7 @@ PictureLook::PictureLook(const QFont& font, const QPalette& palette, const QPain
       quiet_(standingOut(between(ground_, ink_, 0.6), ink_, ground_, kReadable)),
       line_(between(ground_, ink_, 0.45)),
       fill_(standingOut(QColor(32, 122, 148), ink_, ground_, kReadable)),
+      mark_(standingOut(between(ground_, ink_, 0.4), ink_, ground_, kShapeContrast)),
       metrics_(metricsOf(font_, device)),
       boldMetrics_(metricsOf(boldFont_, device)),
       headingMetrics_(metricsOf(headingFont_, device)),

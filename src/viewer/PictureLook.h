@@ -9,6 +9,9 @@ class QPaintDevice;
 
 namespace tallybrook {
 
+/// Black on white, for whatever leaves the display.
+QPalette paperPalette();
+
 /// Fonts, colours and measures of pictures, the same for all of them on one device. Lengths are the device's.
 class PictureLook {
 public:
@@ -25,6 +28,7 @@ public:
     [[nodiscard]] QColor quiet() const { return quiet_; }  ///< of texts that matter less
     [[nodiscard]] QColor line() const { return line_; }    ///< of what frames other things
     [[nodiscard]] QColor fill() const { return fill_; }    ///< of bars
+    [[nodiscard]] QColor mark() const { return mark_; }    ///< of marks that are many
 
     [[nodiscard]] double lineHeight() const { return lineHeight_; }
     /// The thickness of thin lines.
@@ -49,6 +53,7 @@ private:
     QColor quiet_;
     QColor line_;
     QColor fill_;
+    QColor mark_;
     QFontMetricsF metrics_;
     QFontMetricsF boldMetrics_;
     QFontMetricsF headingMetrics_;

@@ -1,34 +1,15 @@
 #include "viewer/PicturePages.h"
 
-#include "viewer/Pictures.h"
-
 #include <QPainter>
-#include <numeric>
 #include <utility>
 
 namespace tallybrook {
 
-namespace {
-
-QPalette paper() {
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, Qt::black);
-    return palette;
-}
-
-double heightOf(const Strips& strips) {
-    return std::accumulate(strips.begin(), strips.end(), 0.0,
-                           [](double sum, const Strip& strip) { return sum + strip.height; });
-}
-
-}  // namespace
-
-PicturePages::PicturePages(const ReportFigures& figures, const QFont& font, const QPaintDevice& device,
-                           QSizeF page)
-    : look_(font, paper(), &device), roomOfPage_(page.height()) {
+PicturePages::PicturePages(const std::vector<ReportPicture>& pictures, const QFont& font,
+                           const QPaintDevice& device, QSizeF page)
+    : look_(font, paperPalette(), &device), roomOfPage_(page.height()) {
     const double width = std::max(page.width(), look_.leastWidth());
-    for (const ReportPicture& picture : picturesOf(figures))
+    for (const ReportPicture& picture : pictures)
         add(picture.strips(look_, width));
 }
 

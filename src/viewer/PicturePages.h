@@ -1,6 +1,5 @@
 #pragma once
 
-#include "viewer/ReportFigures.h"
 #include "viewer/ReportPicture.h"
 
 #include <QSizeF>
@@ -11,7 +10,8 @@ namespace tallybrook {
 class PicturePages {
 public:
     /// `page` is the room on a page, in the device's units.
-    PicturePages(const ReportFigures& figures, const QFont& font, const QPaintDevice& device, QSizeF page);
+    PicturePages(const std::vector<ReportPicture>& pictures, const QFont& font, const QPaintDevice& device,
+                 QSizeF page);
     PicturePages(const PicturePages&) = delete;
     PicturePages& operator=(const PicturePages&) = delete;
 

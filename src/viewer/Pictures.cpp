@@ -34,11 +34,38 @@ private:
 
 }  // namespace
 
+namespace {
+
+bool isSettled(const RecordedGame& game) {
+    return costsOf(game.cells).has_value();
+}
+
+/// Whether the report tells pins: without them there is no leave to speak of.
+bool isKnown(const LeaveCost& cost) {
+    return !cost.leave.empty();
+}
+
+void addCosts(const std::vector<GameFigures>& games, std::vector<ReportPicture>& pictures) {
+    const std::vector<RecordedGame> recorded = recordedGames(games);
+    if (std::ranges::any_of(recorded, isSettled))
+        pictures.push_back(costsPicture(games));
+    const std::vector<LeaveCost> leaves = leaveCosts(recorded);
+    if (std::ranges::any_of(leaves, isKnown))
+        pictures.push_back(leaveCostsPicture(leaves));
+}
+
+}  // namespace
+
 std::vector<ReportPicture> picturesOf(const ReportFigures& figures) {
     std::vector<ReportPicture> pictures;
     const Ranks ranks(figures.games);
     for (const GameFigures& game : figures.games)
         pictures.push_back(sheetPicture(game, ranks.of(game)));
+    addCosts(figures.games, pictures);
+    if (!figures.events.bowled.empty()) {
+        pictures.push_back(trendPicture(figures.events));
+        pictures.push_back(calendarPicture(figures.events.bowled));
+    }
     if (figures.scores)
         pictures.push_back(scoresPicture(*figures.scores));
     if (!figures.series.empty())

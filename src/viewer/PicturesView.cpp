@@ -3,12 +3,24 @@
 #include "viewer/PictureWidget.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QEvent>
 #include <QFontInfo>
+#include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace tallybrook {
+
+namespace {
+
+/// Whether a picture can take the place of another without a change around it.
+bool isAlike(const PictureWidget* shown, const ReportPicture& picture) {
+    return shown->picture().name == picture.name && shown->picture().choices == picture.choices;
+}
+
+}  // namespace
 
 PicturesView::PicturesView() {
     setAccessibleName("Pictures");
@@ -17,20 +29,78 @@ PicturesView::PicturesView() {
     setBackgroundRole(QPalette::Base);
     setPictures({});
     showFont();
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget* /*before*/, const QWidget* now) { noteFocus(now); });
 }
 
 void PicturesView::setPictures(std::vector<ReportPicture> pictures) {
-    isEmpty_ = pictures.empty();
+    if (!pictures.empty() && takePlaces(pictures))
+        return;
+    pictures_.clear();
     auto* const page = new QWidget;
     page->setBackgroundRole(QPalette::Base);
     auto* const column = new QVBoxLayout(page);
     column->setContentsMargins(16, 12, 16, 12);
     column->setSpacing(20);
     for (ReportPicture& picture : pictures)
-        column->addWidget(new PictureWidget(std::move(picture)));
+        addPicture(std::move(picture), *column);
     column->addStretch(1);
     setWidget(page);
     page->show();
+}
+
+std::vector<ReportPicture> PicturesView::shown() const {
+    std::vector<ReportPicture> pictures;
+    for (const PictureWidget* const widget : pictures_)
+        pictures.push_back(widget->picture());
+    return pictures;
+}
+
+/// Gives each picture to the widget of its name; returns false, and takes none, where they are others.
+bool PicturesView::takePlaces(std::vector<ReportPicture>& pictures) {
+    if (!std::ranges::equal(pictures_, pictures, isAlike))
+        return false;
+    for (std::size_t index = 0; index < pictures.size(); ++index)
+        pictures_[index]->setPicture(std::move(pictures[index]));
+    return true;
+}
+
+void PicturesView::addPicture(ReportPicture picture, QBoxLayout& column) {
+    const QStringList choices = picture.choices;
+    const QString name = picture.name;
+    auto* const widget = new PictureWidget(std::move(picture));
+    pictures_.push_back(widget);
+    if (!choices.isEmpty()) {
+        auto* const row = new QHBoxLayout;
+        auto* const box = new QComboBox;
+        auto* const label = new QLabel("Sho&w:");
+        label->setBuddy(box);
+        box->addItems(choices);
+        box->setAccessibleName("Show in " + name);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        box->setMinimumContentsLength(16);
+        row->addWidget(label);
+        row->addWidget(box, 1);
+        row->addStretch(1);
+        column.addLayout(row);
+        connect(box, &QComboBox::currentIndexChanged, widget, &PictureWidget::setChoice);
+    }
+    column.addWidget(widget);
+}
+
+PictureWidget* PicturesView::current() const {
+    if (touched_)
+        return touched_;
+    const int top = verticalScrollBar()->value();
+    const auto inSight = std::ranges::find_if(
+        pictures_, [top](const PictureWidget* picture) { return picture->geometry().bottom() > top; });
+    return inSight == pictures_.end() ? nullptr : *inSight;
+}
+
+void PicturesView::noteFocus(const QWidget* focused) {
+    const auto found = std::ranges::find(pictures_, focused);
+    if (found != pictures_.end())
+        touched_ = *found;
 }
 
 void PicturesView::setZoom(Zoom zoom) {

@@ -4,23 +4,33 @@
 #include "viewer/WheelTurn.h"
 #include "viewer/Zoom.h"
 
+#include <QPointer>
 #include <QScrollArea>
 #include <functional>
 
+class QBoxLayout;
+
 namespace tallybrook {
 
+class PictureWidget;
+
 /// Shows the pictures of a report below each other. Each is a widget of its own with the picture's name and
-/// summary for those who hear it.
+/// summary for those who hear it, below a box for what may be picked out.
 class PicturesView : public QScrollArea {
 public:
     PicturesView();
 
+    /// Pictures of the same names as those that are shown take their places, and all stays where it is.
     void setPictures(std::vector<ReportPicture> pictures);
-    [[nodiscard]] bool isEmpty() const { return isEmpty_; }
+    [[nodiscard]] std::vector<ReportPicture> shown() const;
+    [[nodiscard]] bool isEmpty() const { return pictures_.empty(); }
     void setZoom(Zoom zoom);
     /// Called with the zoom that a turn of the wheel asks for.
     std::function<void(Zoom zoom)> onZoomWanted;
     [[nodiscard]] QSize sizeHint() const override;
+
+    /// The picture that had the focus last, or else the first in sight; null where there is none.
+    [[nodiscard]] PictureWidget* current() const;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -28,8 +38,12 @@ protected:
 
 private:
     void showFont();
+    [[nodiscard]] bool takePlaces(std::vector<ReportPicture>& pictures);
+    void addPicture(ReportPicture picture, QBoxLayout& column);
+    void noteFocus(const QWidget* focused);
 
-    bool isEmpty_ = true;
+    std::vector<PictureWidget*> pictures_;
+    QPointer<PictureWidget> touched_;
     Zoom zoom_;
     WheelTurn wheel_;
 };

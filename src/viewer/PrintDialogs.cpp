@@ -29,15 +29,16 @@ void setUp(QPrinter& printer, const ReportText& report) {
     printer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
 }
 
-bool drawBusily(const ReportText& report, Parts parts, QPrinter& printer) {
+bool drawBusily(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer) {
     const BusyPointer busy;
-    return drawPages(report, parts, printer);
+    return drawPages(report, pictures, printer);
 }
 
-void drawOrTell(const ReportText& report, Parts parts, QPrinter& printer, QWidget& window) {
+void drawOrTell(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer,
+                QWidget& window) {
     try {
         refuseDevice(QFileInfo(printer.outputFileName()));
-        if (!drawBusily(report, parts, printer))
+        if (!drawBusily(report, pictures, printer))
             throw FileFailure("The printer does not take it.");
     } catch (const FileFailure& failure) {
         tellFailure(&window, "The report cannot be printed:", report.file, failure.reason());
@@ -83,7 +84,7 @@ QString pdfBeside(const QString& file) {
 
 }  // namespace
 
-void printReport(const ReportText& report, Parts parts, QWidget& window) {
+void printReport(const ReportText& report, const std::vector<ReportPicture>& pictures, QWidget& window) {
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, report);
     QPrintDialog dialog(&printer, &window);
@@ -91,21 +92,21 @@ void printReport(const ReportText& report, Parts parts, QWidget& window) {
     addPaperLine(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    drawOrTell(report, parts, printer, window);
+    drawOrTell(report, pictures, printer, window);
 }
 
-void previewReport(const ReportText& report, Parts parts, QWidget& window) {
+void previewReport(const ReportText& report, const std::vector<ReportPicture>& pictures, QWidget& window) {
     QPrinter printer(QPrinter::HighResolution);
     setUp(printer, report);
     QPrintPreviewDialog dialog(&printer, &window);
     dialog.setWindowTitle("Print Preview - " + report.name());
     dialog.resize(window.size());
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [&](QPrinter* paper) { drawOrTell(report, parts, *paper, dialog); });
+                     [&](QPrinter* paper) { drawOrTell(report, pictures, *paper, dialog); });
     dialog.exec();
 }
 
-void exportReport(const ReportText& report, Parts parts, QWidget& window) {
+void exportReport(const ReportText& report, const std::vector<ReportPicture>& pictures, QWidget& window) {
     const std::vector<PdfKind> kinds = pdfKinds();
     QStringList filters;
     for (const PdfKind& kind : kinds)
@@ -121,7 +122,7 @@ void exportReport(const ReportText& report, Parts parts, QWidget& window) {
     const QString file = dialog.selectedFiles().value(0);
     try {
         const BusyPointer busy;
-        writePdf(report, parts, kind == kinds.end() ? usersPaper() : kind->paper, file);
+        writePdf(report, pictures, kind == kinds.end() ? usersPaper() : kind->paper, file);
     } catch (const FileFailure& failure) {
         tellFailure(&window, "The report cannot be exported as a PDF:", file, failure.reason());
     }

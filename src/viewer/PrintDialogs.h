@@ -8,12 +8,12 @@ class QWidget;
 namespace tallybrook {
 
 /// Asks for a printer and its settings, and prints.
-void printReport(const ReportText& report, Parts parts, QWidget& window);
+void printReport(const ReportText& report, const std::vector<ReportPicture>& pictures, QWidget& window);
 
 /// Shows the pages as they would be printed.
-void previewReport(const ReportText& report, Parts parts, QWidget& window);
+void previewReport(const ReportText& report, const std::vector<ReportPicture>& pictures, QWidget& window);
 
 /// Asks for a file, and writes the pages into it as a PDF.
-void exportReport(const ReportText& report, Parts parts, QWidget& window);
+void exportReport(const ReportText& report, const std::vector<ReportPicture>& pictures, QWidget& window);
 
 }  // namespace tallybrook

@@ -18,7 +18,7 @@ ReportFigures figuresOfEvent(const ReportLines& report) {
 }
 
 ReportFigures figuresOfStatistics(const ReportLines& report) {
-    return {{}, scoresIn(report), seriesIn(report), strikesIn(report), leavesIn(report)};
+    return {{}, scoresIn(report), seriesIn(report), strikesIn(report), leavesIn(report), eventsIn(report)};
 }
 
 ReportFigures figuresOfGame(const ReportLines& report) {
@@ -64,7 +64,7 @@ Reader readerOf(const ReportLines& text) {
 }  // namespace
 
 bool ReportFigures::isEmpty() const {
-    return games.empty() && !scores && series.empty() && !strikes && leaves.empty();
+    return games.empty() && !scores && series.empty() && !strikes && leaves.empty() && events.isEmpty();
 }
 
 ReportFigures readFigures(const QString& text) {

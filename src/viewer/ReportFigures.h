@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bowling/Pins.h"
+#include "figures/BowledEvent.h"
 #include "viewer/ScoreSheet.h"
 
 #include <QString>
@@ -85,8 +86,20 @@ struct GameFigures {
     QString number;
     QString score;                     ///< as recorded; empty where the report does not tell it
     std::optional<SheetMarks> frames;  ///< nothing for a game without frames
+    /// The pins of each frame that a spare was open on, as in "7-10"; empty where the report does not tell
+    /// them.
+    SheetMarks leaves = {};
 
     bool operator==(const GameFigures&) const = default;
+};
+
+/// The events of a statistical report.
+struct EventFigures {
+    BowledEvents bowled;  ///< by their dates, otherwise in the order of the report
+    int unscored = 0;     ///< events without a pin or without an average, which are not among them
+
+    [[nodiscard]] bool isEmpty() const { return bowled.empty() && unscored == 0; }
+    bool operator==(const EventFigures&) const = default;
 };
 
 /// All figures of a report; what it does not have is empty.
@@ -96,6 +109,7 @@ struct ReportFigures {
     std::vector<SeriesFigures> series;
     std::optional<StrikeFigures> strikes;
     std::vector<LeaveFigures> leaves;  ///< the most attempts first, otherwise in the order of the report
+    EventFigures events = {};
 
     [[nodiscard]] bool isEmpty() const;
     bool operator==(const ReportFigures&) const = default;

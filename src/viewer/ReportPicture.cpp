@@ -1,6 +1,8 @@
 #include "viewer/ReportPicture.h"
 
 #include <QPainter>
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace tallybrook {
@@ -16,16 +18,50 @@ void drawWrapped(QPainter& painter, const QRectF& place, const QString& text, co
 
 }  // namespace
 
+QString PictureTable::asText() const {
+    QString text = head.join('\t') + '\n';
+    for (const QStringList& row : rows)
+        text += row.join('\t') + '\n';
+    return text;
+}
+
+QStringList PictureTable::told(std::size_t row) const {
+    const QStringList& cells = rows.at(row);
+    QStringList lines{cells.value(0)};
+    for (qsizetype column = 1; column < cells.size(); ++column) {
+        if (!cells[column].isEmpty())
+            lines += head.value(column) + ": " + cells[column];
+    }
+    return lines;
+}
+
+PictureView PictureView::over(double first, double last) const {
+    constexpr double kLeast = 1e-4;
+    const double width = std::clamp(last - first, kLeast, 1.0);
+    const double begin = std::clamp(first, 0.0, 1 - width);
+    return {begin, begin + width, choice};
+}
+
+double heightOf(const Strips& strips) {
+    return std::accumulate(strips.begin(), strips.end(), 0.0,
+                           [](double sum, const Strip& strip) { return sum + strip.height; });
+}
+
 Strip underHeading(const QString& heading, Strip strip, const PictureLook& look, double width) {
     const QRectF place(0, 0, width, look.heightOf(heading, width, PictureLook::Text::Heading));
     const double above = place.height() + 0.6 * look.lineHeight();
-    const auto draw = [heading, &look, place, above, below = std::move(strip.draw)](QPainter& painter) {
+    strip.draw = [heading, &look, place, above, below = std::move(strip.draw)](QPainter& painter) {
         drawWrapped(painter, place, heading, look.headingFont(), look.ink());
         painter.translate(0, above);
         below(painter);
         painter.translate(0, -above);
     };
-    return {above + strip.height, draw};
+    strip.height += above;
+    for (Spot& spot : strip.spots)
+        spot.place.translate(0, above);
+    if (strip.plot)
+        strip.plot->translate(0, above);
+    return strip;
 }
 
 Strip gapStrip(double height) {

@@ -29,13 +29,13 @@ QFont sized(QFont font, double points) {
 /// One report on one device.
 class PageDrawer {
 public:
-    PageDrawer(const ReportText& report, Parts parts, QPagedPaintDevice& device)
+    PageDrawer(const ReportText& report, const std::vector<ReportPicture>& pictures,
+               QPagedPaintDevice& device)
         : report_(report),
           device_(device),
           headerFont_(sized(QGuiApplication::font(), kHeaderSize)),
           headerHeight_(2.2 * QFontMetricsF(headerFont_, &device_).height()),
-          pictures_(parts == Parts::Text ? ReportFigures() : readFigures(report.text), headerFont_, device_,
-                    {device.width() + 0.0, device.height() - headerHeight_}) {
+          pictures_(pictures, headerFont_, device_, {device.width() + 0.0, device.height() - headerHeight_}) {
         const double atUsual =
             QFontMetricsF(sized(reportFont(), kUsualPrint), &device).horizontalAdvance(' ');
         const PrintSize size =
@@ -114,11 +114,13 @@ private:
 
 }  // namespace
 
-bool drawPages(const ReportText& report, Parts parts, QPagedPaintDevice& device) {
-    return PageDrawer(report, parts, device).draw();
+bool drawPages(const ReportText& report, const std::vector<ReportPicture>& pictures,
+               QPagedPaintDevice& device) {
+    return PageDrawer(report, pictures, device).draw();
 }
 
-void writePdf(const ReportText& report, Parts parts, const QPageSize& paper, const QString& file) {
+void writePdf(const ReportText& report, const std::vector<ReportPicture>& pictures, const QPageSize& paper,
+              const QString& file) {
     refuseDevice(QFileInfo(file));
     QSaveFile stream(file);
     if (!stream.open(QIODevice::WriteOnly))
@@ -128,7 +130,7 @@ void writePdf(const ReportText& report, Parts parts, const QPageSize& paper, con
     writer.setCreator("Tallybrook");
     writer.setPageSize(paper);
     writer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
-    if (!drawPages(report, parts, writer) || !stream.commit())
+    if (!drawPages(report, pictures, writer) || !stream.commit())
         throw FileFailure(stream.errorString() + ".");
 }
 

@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <string>
 
 #include <fcntl.h>
@@ -20,8 +21,11 @@ constexpr QChar kReplacement(QChar::ReplacementCharacter);
 QString decodedText(std::string_view bytes) {
     if (bytes.starts_with(kByteOrderMark))
         bytes.remove_prefix(kByteOrderMark.size());
-    const std::string text = decoded(bytes, encodingOf(bytes));
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const auto asText = [](std::string_view utf8) {
+        return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    };
+    const Encoding encoding = encodingOf(bytes);
+    return encoding == Encoding::Utf8 ? asText(bytes) : asText(decoded(bytes, encoding));
 }
 
 bool isLineEnd(QChar character) {
@@ -36,27 +40,56 @@ bool cannotBeShown(QChar character) {
     return (isControl && character != '\t') || number == 0xFDD0 || number == 0xFDD1;
 }
 
-/// Writes a text character by character, as it is to be shown.
-class Shown {
-public:
-    explicit Shown(qsizetype length) { text_.reserve(length); }
-
-    void endLine() {
-        text_ += '\n';
-        length_ = 0;
+/// Makes a text one that can be shown, with one kind of line ends, in the memory that it has.
+void makeShowable(QString& text) {
+    qsizetype end = 0;
+    QChar before;
+    for (QChar& one : text) {
+        const QChar character = one;
+        const bool isEndedAlready = character == '\n' && before == '\r';
+        before = character;
+        if (!isEndedAlready)
+            text[end++] = isLineEnd(character)       ? QChar('\n')
+                          : cannotBeShown(character) ? kReplacement
+                                                     : character;
     }
-    void append(QChar character) {
-        if (length_ >= kLongestLine && !character.isLowSurrogate())
-            endLine();
-        text_ += cannotBeShown(character) ? kReplacement : character;
-        ++length_;
-    }
-    QString take() { return std::move(text_); }
+    text.truncate(end);
+}
 
-private:
-    QString text_;
-    qsizetype length_ = 0;  // of the line that is being written
-};
+/// Where a line that is too long is continued on the next one, from a place on; -1 where none is.
+qsizetype breakAfter(const QString& text, qsizetype from) {
+    qsizetype begin = from;
+    for (qsizetype at = from; at < text.size(); ++at) {
+        if (text[at] == '\n')
+            begin = at + 1;
+        else if (at - begin >= kLongestLine && !text[at].isLowSurrogate())
+            return at;
+    }
+    return -1;
+}
+
+void breakLongLines(QString& text) {
+    qsizetype from = 0;
+    QString broken;
+    for (qsizetype at = breakAfter(text, 0); at >= 0; at = breakAfter(text, at)) {
+        broken += QStringView(text).sliced(from, at - from);
+        broken += '\n';
+        from = at;
+    }
+    if (from > 0)
+        text = broken + text.mid(from);
+}
+
+/// Whether bytes are no text: one in a hundred, or more, is of a kind that texts do not have.
+bool isBinary(QByteArrayView bytes) {
+    constexpr qsizetype kLooked = qsizetype{64} * 1024;
+    constexpr qsizetype kTextsOfStray = 100;
+    const QByteArrayView looked = bytes.first(std::min(bytes.size(), kLooked));
+    const auto strays = std::ranges::count_if(looked, [](char one) {
+        return (one >= 0 && one < '\b') || (one > '\r' && one < ' ' && one != '\x1B');
+    });
+    return strays > 0 && strays * kTextsOfStray >= looked.size();
+}
 
 void requireReadable(const QFileInfo& file) {
     if (!file.exists())
@@ -86,15 +119,10 @@ QString ReportText::name() const {
 }
 
 QString textOf(std::string_view bytes) {
-    const QString text = decodedText(bytes);
-    Shown shown(text.size());
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        if (!isLineEnd(text[at]))
-            shown.append(text[at]);
-        else if (text[at] != '\n' || at == 0 || text[at - 1] != '\r')  // the CR has ended the line already
-            shown.endLine();
-    }
-    return shown.take();
+    QString text = decodedText(bytes);
+    makeShowable(text);
+    breakLongLines(text);
+    return text;
 }
 
 ReportText readReport(const QString& file) {
@@ -104,6 +132,8 @@ ReportText readReport(const QString& file) {
     const QByteArray bytes = stream.readAll();
     if (stream.error() != QFileDevice::NoError)
         throw FileFailure(stream.errorString() + ".");
+    if (isBinary(bytes))
+        throw FileFailure("It is no text, and a report is one.");
     return {file, textOf({bytes.constData(), static_cast<std::size_t>(bytes.size())})};
 }
 

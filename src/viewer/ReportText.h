@@ -29,7 +29,8 @@ struct ReportText {
 /// a byte order mark. Every line end, CR LF, LF or CR, is a "\n"; a character that cannot be shown is U+FFFD.
 QString textOf(std::string_view bytes);
 
-/// Reads a report. FileFailure where it is missing, a folder, too large or cannot be read.
+/// Reads a report. FileFailure where it is missing, a folder, too large, no text or cannot be
+/// read.
 ReportText readReport(const QString& file);
 
 }  // namespace tallybrook

@@ -6,7 +6,9 @@
 #include <QFontInfo>
 #include <QMimeData>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextBlock>
+#include <algorithm>
 #include <utility>
 
 namespace tallybrook {
@@ -33,6 +35,20 @@ ReportView::ReportView() : actualSize_(QFontInfo(reportFont()).pointSizeF()) {
     setFrameShape(NoFrame);
     document()->setDocumentMargin(12);
     showZoom();
+}
+
+void ReportView::showText(const QString& text, Place place) {
+    const int line = verticalScrollBar()->value();
+    const int column = horizontalScrollBar()->value();
+    const auto last = static_cast<int>(text.size());
+    const int anchor = std::min(textCursor().anchor(), last);
+    const int position = std::min(textCursor().position(), last);
+    setPlainText(text);
+    if (place == Place::Beginning)
+        return;
+    select(anchor, position - anchor);
+    verticalScrollBar()->setValue(line);
+    horizontalScrollBar()->setValue(column);
 }
 
 void ReportView::setZoom(Zoom zoom) {

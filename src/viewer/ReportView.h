@@ -20,6 +20,11 @@ class ReportView : public QPlainTextEdit {
 public:
     ReportView();
 
+    /// Where the reader is once a text is shown: at its beginning, or at the line where they were, as far as
+    /// there is one.
+    enum class Place { Beginning, Same };
+    void showText(const QString& text, Place place);
+
     void setZoom(Zoom zoom);
     [[nodiscard]] Zoom zoom() const { return zoom_; }
     /// Called after the zoom has changed.

@@ -3,8 +3,11 @@
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
 #include "viewer/FileFailure.h"
+#include "viewer/PictureFiles.h"
+#include "viewer/PictureWidget.h"
 #include "viewer/Pictures.h"
 #include "viewer/PrintDialogs.h"
+#include "viewer/SeasonsSideBySide.h"
 
 #include <QDragEnterEvent>
 #include <QFileDialog>
@@ -15,10 +18,12 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -92,6 +97,7 @@ ReportWindow::ReportWindow(QSettings& settings)
       splitter_(new QSplitter),
       findBar_(new FindBar),
       finder_(*view_, *findBar_),
+      notice_(new NoticeBar),
       tools_(addToolBar("Tools")) {
     setWindowTitle("Tallybrook Report");
     setAcceptDrops(true);
@@ -101,8 +107,10 @@ ReportWindow::ReportWindow(QSettings& settings)
     addEditMenu();
     addSpace(*tools_);
     addViewMenu();
+    addHelpMenu();
     addCentre();
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { leave(); });
+    figures_.onRead = [this](const ReportFigures& figures) { showPictures(picturesOf(figures)); };
     view_->onZoomed = [this] { showZoom(); };
     pictures_->onZoomWanted = [this](Zoom zoom) { view_->setZoom(zoom); };
     restore();
@@ -114,31 +122,35 @@ ReportWindow::ReportWindow(QSettings& settings)
 void ReportWindow::addFileMenu() {
     QMenu& menu = *menuBar()->addMenu("&File");
     QAction* const choose = addTo(menu, "&Open...", {Qt::CTRL | Qt::Key_O}, [this] { chooseFile(); });
-    addRecentMenu(menu);
+    addRecentMenu(menu, "Open &Recent", &ReportWindow::openRecent);
+    menu.addSeparator();
+    addTo(menu, "Co&mpare With...", {Qt::CTRL | Qt::SHIFT | Qt::Key_O}, [this] { chooseOthers(); });
+    addRecentMenu(menu, "Compare With R&ecent", &ReportWindow::compareRecent);
     menu.addSeparator();
     QAction* const print = addTo(menu, "&Print...", {Qt::CTRL | Qt::Key_P},
-                                 [this] { printReport(report_, printedParts(), *this); });
-    addTo(menu, "Print Pre&view", {}, [this] { previewReport(report_, printedParts(), *this); });
-    addTo(menu, "&Export as PDF...", {}, [this] { exportReport(report_, printedParts(), *this); });
+                                 [this] { printReport(report_, printedPictures(), *this); });
+    addTo(menu, "Print Pre&view", {}, [this] { previewReport(report_, printedPictures(), *this); });
+    addTo(menu, "&Export as PDF...", {}, [this] { exportReport(report_, printedPictures(), *this); });
     menu.addSeparator();
     addTo(menu, "&Close", {Qt::CTRL | Qt::Key_W}, [this] { close(); });
     addTo(*tools_, *choose, "Open");
     addTo(*tools_, *print, "Print");
 }
 
-void ReportWindow::addRecentMenu(QMenu& menu) {
-    QMenu* const recent = menu.addMenu("Open &Recent");
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecent(*recent); });
+void ReportWindow::addRecentMenu(QMenu& menu, const QString& caption, UseOfFile use) {
+    QMenu* const recent = menu.addMenu(caption);
+    connect(recent, &QMenu::aboutToShow, this, [this, recent, use] { listRecent(*recent, use); });
     connect(&menu, &QMenu::aboutToShow, this,
             [this, recent] { recent->setEnabled(!recent_.files().isEmpty()); });
 }
 
 /// Lists the recent reports anew, those that are gone switched off.
-void ReportWindow::listRecent(QMenu& menu) {
+void ReportWindow::listRecent(QMenu& menu, UseOfFile use) {
     menu.clear();
     int number = 0;
     for (const QString& file : recent_.files()) {
-        QAction* const entry = addTo(menu, captionOf(file, ++number), {}, [this, file] { open(file); });
+        QAction* const entry =
+            addTo(menu, captionOf(file, ++number), {}, [this, use, file] { (this->*use)(file); });
         entry->setEnabled(QFileInfo(file).isFile());
     }
     menu.addSeparator();
@@ -151,11 +163,30 @@ void ReportWindow::addEditMenu() {
     copy->setEnabled(false);
     connect(view_, &QPlainTextEdit::copyAvailable, copy, &QAction::setEnabled);
     addTo(menu, "Select &All", {Qt::CTRL | Qt::Key_A}, [this] { view_->selectAll(); });
+    addPictureEntries(menu);
     menu.addSeparator();
     QAction* const find = addTo(menu, "&Find...", {Qt::CTRL | Qt::Key_F}, [this] { finder_.open(); });
     addTo(menu, "Find &Next", {Qt::Key_F3}, [this] { finder_.next(); });
     addTo(menu, "Find &Previous", {Qt::SHIFT | Qt::Key_F3}, [this] { finder_.previous(); });
     addTo(*tools_, *find, "Find");
+}
+
+/// What is done to the picture that was touched last.
+void ReportWindow::addPictureEntries(QMenu& menu) {
+    menu.addSeparator();
+    const auto add = [&](const QString& caption, const QKeySequence& key,
+                         void (*run)(PictureWidget & picture)) {
+        const QList<QKeySequence> keys = key.isEmpty() ? QList<QKeySequence>() : QList<QKeySequence>{key};
+        QAction* const entry = addTo(menu, caption, keys, [this, run] {
+            if (PictureWidget* const picture = pictures_->current(); picture != nullptr)
+                run(*picture);
+        });
+        connect(&menu, &QMenu::aboutToShow, entry,
+                [this, entry] { entry->setEnabled(pictures_->isVisible()); });
+    };
+    add("Copy &Picture", {}, copyPicture);
+    add("Copy as &Table", Qt::CTRL | Qt::SHIFT | Qt::Key_C, copyTable);
+    add("Sa&ve Picture...", {}, savePicture);
 }
 
 void ReportWindow::addViewMenu() {
@@ -167,14 +198,27 @@ void ReportWindow::addViewMenu() {
     QAction* const smaller = addTo(menu, "Zoom &Out", {Qt::CTRL | Qt::Key_Minus}, [zoomBy] { zoomBy(-1); });
     actualSize_ = addTo(menu, "&Actual Size", {Qt::CTRL | Qt::Key_0}, [this] { view_->setZoom(Zoom()); });
     menu.addSeparator();
+    addTo(menu, "&Reload", {Qt::Key_F5}, [this] { reload(); });
     hasPictures_ = menu.addAction("&Pictures");
     hasPictures_->setShortcut(Qt::Key_F9);
     hasPictures_->setCheckable(true);
     hasPictures_->setChecked(true);
-    connect(hasPictures_, &QAction::toggled, this, [this] { showPictures(); });
+    connect(hasPictures_, &QAction::toggled, this, [this] { showPane(); });
     addTo(*tools_, *smaller, "\u2212");
     addTo(*tools_, *actualSize_, "100%");
     addTo(*tools_, *larger, "+");
+}
+
+void ReportWindow::addHelpMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Help");
+    addTo(menu, "Reading a &Report", {Qt::Key_F1}, [this] { showHelp("viewer"); });
+    addTo(menu, "&Contents", {}, [this] { showHelp("index"); });
+}
+
+void ReportWindow::showHelp(const QString& page) {
+    if (!help_)
+        help_ = std::make_unique<HelpWindow>();
+    help_->open(page);
 }
 
 void ReportWindow::addCentre() {
@@ -189,12 +233,13 @@ void ReportWindow::addCentre() {
     splitter_->setStretchFactor(1, 2);
     column->addWidget(splitter_, 1);
     column->addWidget(findBar_);
+    column->addWidget(notice_);
     setCentralWidget(centre);
 }
 
 /// Escape: out of what was opened last.
 void ReportWindow::leave() {
-    if (!finder_.close())
+    if (!finder_.close() && !notice_->close())
         close();
 }
 
@@ -204,26 +249,37 @@ void ReportWindow::showZoom() {
 }
 
 /// A report without figures is shown as text alone.
-void ReportWindow::showPictures() {
+void ReportWindow::showPane() {
     hasPictures_->setEnabled(!pictures_->isEmpty());
     pictures_->setVisible(!pictures_->isEmpty() && hasPictures_->isChecked());
 }
 
 /// What is shown is what is printed.
-Parts ReportWindow::printedParts() const {
-    return hasPictures_->isChecked() ? Parts::TextAndPictures : Parts::Text;
+std::vector<ReportPicture> ReportWindow::printedPictures() const {
+    return hasPictures_->isChecked() ? pictures_->shown() : std::vector<ReportPicture>();
 }
 
 // --- Reports -----------------------------------------------------------------------------------------------
 
 bool ReportWindow::open(const QString& file) {
+    return openFiles({file});
+}
+
+bool ReportWindow::compare(const QStringList& files) {
+    return files.size() > 1 && openFiles(files);
+}
+
+bool ReportWindow::openFiles(const QStringList& files) {
     try {
-        const BusyPointer busy;
-        showReport(readReport(file));
-        recent_.add(file);
+        load(files);
+        notice_->close();
+        for (const QString& file : files)
+            recent_.add(file);
         return true;
     } catch (const FileFailure& failure) {
-        tellFailure(isVisible() ? this : nullptr, "The report cannot be shown:", file, failure.reason());
+        const QString what =
+            files.size() > 1 ? "The reports cannot be compared:" : "The report cannot be shown:";
+        tellFailure(isVisible() ? this : nullptr, what, files.join('\n'), failure.reason());
         return false;
     }
 }
@@ -242,13 +298,78 @@ bool ReportWindow::openAll(const QStringList& files, QSettings& settings) {
     return areShown;
 }
 
+/// Reads a file and shows it, or more of them side by side. FileFailure, and all stays as it is, where one
+/// cannot be read.
+void ReportWindow::load(const QStringList& files) {
+    const BusyPointer busy;
+    std::vector<FileStamp> stamps;
+    std::ranges::transform(files, std::back_inserter(stamps), stampOf);
+    if (files.size() > 1)
+        loadSideBySide(files);
+    else
+        showReport(readReport(files.first()));
+    files_ = files;
+    watch(stamps);
+}
+
+void ReportWindow::loadSideBySide(const QStringList& files) {
+    const SeasonsSideBySide seasons = readSeasons(files);
+    const QString folder = QFileInfo(files.first()).absolutePath();
+    showText({folder + "/Seasons Side by Side", seasons.text()});
+    showPictures(seasons.pictures());
+}
+
+/// Follows the files that are shown; `stamps` are how they were when they were read.
+void ReportWindow::watch(const std::vector<FileStamp>& stamps) {
+    watches_.resize(stamps.size());
+    for (std::size_t index = 0; index < stamps.size(); ++index) {
+        watches_[index] = std::make_unique<FileWatch>();
+        watches_[index]->onWritten = [this] { QTimer::singleShot(0, this, [this] { reloadQuietly(); }); };
+        watches_[index]->watch(files_[static_cast<qsizetype>(index)], stamps[index]);
+    }
+}
+
+/// The same file as it is now, where the reader is.
+void ReportWindow::reload() {
+    try {
+        load(files_);
+        notice_->tell("The report is shown as it is now.");
+    } catch (const FileFailure& failure) {
+        tellFailure(this, "The report cannot be shown:", report_.file, failure.reason());
+    }
+}
+
+/// The file was written anew while it was shown: nobody is interrupted over it.
+void ReportWindow::reloadQuietly() {
+    try {
+        load(files_);
+        notice_->tell("The report was written anew, and is shown as it is now.");
+    } catch (const FileFailure& failure) {
+        notice_->tell("The report was written anew, but cannot be shown. " + failure.reason() +
+                      " What it was before is still here.");
+    }
+}
+
+/// The text comes first. Its pictures follow, at once where that takes no time.
 void ReportWindow::showReport(ReportText report) {
+    const bool isAnother = report.file != report_.file;
+    showText(std::move(report));
+    if (isAnother)
+        showPictures({});
+    figures_.read(report_.text);
+}
+
+void ReportWindow::showText(ReportText report) {
+    const bool isSame = report.file == report_.file;
     report_ = std::move(report);
-    pictures_->setPictures(picturesOf(readFigures(report_.text)));
-    showPictures();
-    view_->setPlainText(report_.text);
+    view_->showText(report_.text, isSame ? ReportView::Place::Same : ReportView::Place::Beginning);
     finder_.setText(report_.text);
     setWindowTitle(unmarked(report_.name()) + " - Tallybrook Report");
+}
+
+void ReportWindow::showPictures(std::vector<ReportPicture> pictures) {
+    pictures_->setPictures(std::move(pictures));
+    showPane();
 }
 
 void ReportWindow::chooseFile() {
@@ -259,15 +380,34 @@ void ReportWindow::chooseFile() {
         open(file);
 }
 
+/// The files that are shown, and others.
+QStringList ReportWindow::withShown(QStringList files) const {
+    QStringList all = files_ + files;
+    all.removeDuplicates();
+    return all;
+}
+
+/// Several files are compared with one another, a single one with what is shown.
+void ReportWindow::chooseOthers() {
+    const QStringList files = QFileDialog::getOpenFileNames(
+        this, "Compare With", QFileInfo(report_.file).absolutePath(), "Text Files (*.txt);;All Files (*)");
+    if (!files.isEmpty())
+        compare(files.size() > 1 ? files : withShown(files));
+}
+
 void ReportWindow::dragEnterEvent(QDragEnterEvent* event) {
     if (!localFiles(*event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
-/// The first file is shown here, more of them in windows of their own.
+/// Statistical reports are compared. Of others the first is shown here, more of them in windows of their own.
 void ReportWindow::dropEvent(QDropEvent* event) {
     QStringList files = localFiles(*event->mimeData());
     event->acceptProposedAction();
+    if (files.size() > 1 && areStatistical(files)) {
+        compare(files);
+        return;
+    }
     open(files.takeFirst());
     openAll(files, settings_);
 }

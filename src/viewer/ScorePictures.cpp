@@ -67,6 +67,11 @@ Columns columnsFor(const QStringList& labels, const QStringList& texts, const Pi
     return {label, std::clamp(width - label - text - 2 * gap, 4 * gap, 60 * gap), text, gap};
 }
 
+/// The place of a row that is as high as a line.
+Spot rowSpot(std::size_t row, const PictureLook& look, double width) {
+    return {QRectF(0, 0, width - look.hair(), look.lineHeight()), row};
+}
+
 /// One row of the bars.
 struct BarRow {
     QString label;
@@ -120,9 +125,10 @@ Strips barStrips(const ScoreFigures& scores, const PictureLook& look, double wid
     }
     Strips strips;
     for (const BarRow& row : rows)
-        strips.push_back({1.3 * look.lineHeight(), [row, columns, &look](QPainter& painter) {
-                              drawBarRow(painter, row, columns, look);
-                          }});
+        strips.push_back(
+            {1.3 * look.lineHeight(),
+             [row, columns, &look](QPainter& painter) { drawBarRow(painter, row, columns, look); },
+             {rowSpot(strips.size(), look, width)}});
     strips.push_back(gapStrip(look.lineHeight() / 4));
     strips.front() = underHeading("Scores of the games", strips.front(), look, width);
     if (const QString ends = endsTold(scores); !ends.isEmpty())
@@ -197,13 +203,34 @@ Strips seriesStrips(const std::vector<SeriesFigures>& all, const PictureLook& lo
     const Columns columns = columnsFor(labels, texts, look, width);
     Strips strips;
     for (const SeriesFigures& series : all)
-        strips.push_back({1.4 * look.lineHeight(), [series, columns, &look](QPainter& painter) {
-                              drawSeries(painter, series, columns, look);
-                          }});
+        strips.push_back(
+            {1.4 * look.lineHeight(),
+             [series, columns, &look](QPainter& painter) { drawSeries(painter, series, columns, look); },
+             {rowSpot(strips.size(), look, width)}});
     strips.front() = underHeading("High and low series", strips.front(), look, width);
     strips.push_back(gapStrip(look.lineHeight() / 4));
     strips.push_back(noteStrip("Ring: low, disc: high, from 0 to 300 for each game.", look, width));
     return strips;
+}
+
+PictureTable tableOf(const ScoreFigures& scores) {
+    PictureTable table{{"Scores", "Games", "Marks"}, {}};
+    for (const ScoreRange& range : scores.ranges)
+        table.rows.push_back(
+            {range.label, QString::number(range.games), marksOf(range, scores, Marks::WithScores)});
+    return table;
+}
+
+PictureTable tableOf(const std::vector<SeriesFigures>& all) {
+    const auto score = [](const std::optional<DatedScore>& end) {
+        return end ? QString::number(end->score) : QString();
+    };
+    const auto day = [](const std::optional<DatedScore>& end) { return end ? end->date : QString(); };
+    PictureTable table{{"Length", "Low", "Low bowled on", "High", "High bowled on"}, {}};
+    for (const SeriesFigures& series : all)
+        table.rows.push_back(
+            {lengthOf(series), score(series.low), day(series.low), score(series.high), day(series.high)});
+    return table;
 }
 
 }  // namespace
@@ -217,7 +244,10 @@ ReportPicture scoresPicture(const ScoreFigures& scores) {
     parts += endsTold(scores);
     parts.removeAll(QString());
     return {"Scores of the games", parts.join(". "),
-            [scores](const PictureLook& look, double width) { return barStrips(scores, look, width); }};
+            [scores](const PictureLook& look, double width, const PictureView&) {
+                return barStrips(scores, look, width);
+            },
+            [scores](const PictureView&) { return tableOf(scores); }};
 }
 
 ReportPicture seriesPicture(const std::vector<SeriesFigures>& series) {
@@ -225,7 +255,10 @@ ReportPicture seriesPicture(const std::vector<SeriesFigures>& series) {
     for (const SeriesFigures& one : series)
         parts += QString("Series of %1: %2").arg(lengthOf(one), endsTold("high", "low", one));
     return {"High and low series", parts.join(". "),
-            [series](const PictureLook& look, double width) { return seriesStrips(series, look, width); }};
+            [series](const PictureLook& look, double width, const PictureView&) {
+                return seriesStrips(series, look, width);
+            },
+            [series](const PictureView&) { return tableOf(series); }};
 }
 
 }  // namespace tallybrook

@@ -81,6 +81,20 @@ void drawFrame(QPainter& painter, const SheetFrame& frame, const Sheet& sheet, c
                  QString::number(*frame.total), look.boldFont(), look.ink());
 }
 
+/// Where the frames stand.
+std::vector<Spot> spotsOf(const Sheet& sheet, const PictureLook& look) {
+    std::vector<Spot> spots;
+    QPointF corner(look.hair(), 0);
+    for (std::size_t frame = 0; frame < kSheetFrames; ++frame) {
+        if (frame == sheet.framesOfRow)
+            corner = {look.hair(), sheet.rowHeight()};
+        const double width = ballBoxes(frame) * sheet.box;
+        spots.push_back({QRectF(corner, QSizeF(width, sheet.frameHeight())), frame});
+        corner.rx() += width;
+    }
+    return spots;
+}
+
 Strip sheetStrip(const SheetMarks& marks, const PictureLook& look, double width) {
     const Sheet sheet(look, width);
     const double rows = static_cast<double>(kSheetFrames) / static_cast<double>(sheet.framesOfRow);
@@ -99,7 +113,8 @@ Strip sheetStrip(const SheetMarks& marks, const PictureLook& look, double width)
                     left += ballBoxes(frame) * sheet.box;
                 }
                 painter.restore();
-            }};
+            },
+            spotsOf(sheet, look)};
 }
 
 QString headingOf(const GameFigures& game, Rank rank) {
@@ -125,14 +140,27 @@ QString framesTold(const SheetMarks& marks) {
     return told.join(". ");
 }
 
+PictureTable tableOf(const GameFigures& game) {
+    PictureTable table{{"Frame", "Marks", "Total", "Left"}, {}};
+    const SheetMarks marks = game.frames.value_or(SheetMarks());
+    const SheetTotals totals = totalsOf(marks);
+    for (std::size_t frame = 0; frame < kSheetFrames; ++frame)
+        table.rows.push_back({QString("Frame %1").arg(frame + 1), marks[frame],
+                              totals[frame] ? QString::number(*totals[frame]) : QString(),
+                              game.leaves[frame]});
+    return table;
+}
+
 }  // namespace
 
 ReportPicture sheetPicture(const GameFigures& game, Rank rank) {
     QStringList told{wordsFor(rank), game.frames ? framesTold(*game.frames) : QString(kNoFrames)};
     told.removeAll(QString());
-    return {nameOf(game), told.join(". "), [game, rank](const PictureLook& look, double width) {
+    return {nameOf(game), told.join(". "),
+            [game, rank](const PictureLook& look, double width, const PictureView&) {
                 return stripsOf(game, rank, look, width);
-            }};
+            },
+            [game](const PictureView&) { return tableOf(game); }};
 }
 
 }  // namespace tallybrook

@@ -128,15 +128,26 @@ Strips stripsOf(const StrikeFigures& figures, const PictureLook& look, double wi
     Strips strips;
     if (total)
         strips.push_back(barStrip(parts, *total, look, width));
+    std::size_t row = 0;
     for (const Part& part : parts)
-        strips.push_back({1.15 * look.lineHeight(), [part, total, &look, width](QPainter& painter) {
-                              drawPart(painter, part, total, look, width);
-                          }});
+        strips.push_back(
+            {1.15 * look.lineHeight(),
+             [part, total, &look, width](QPainter& painter) { drawPart(painter, part, total, look, width); },
+             {{QRectF(0, 0, width - look.hair(), look.lineHeight()), row++}}});
     strips.push_back(gapStrip(look.lineHeight() / 3));
     for (const QString& note : notesOn(figures))
         strips.push_back(noteStrip(note, look, width));
     strips.front() = underHeading(kHeading, strips.front(), look, width);
     return strips;
+}
+
+PictureTable tableOf(const BarParts& parts) {
+    PictureTable table{{"What", "Count", "Share", "In the report"}, {}};
+    const std::optional<double> total = totalOf(parts);
+    for (const Part& part : parts)
+        table.rows.push_back({part.name, QString::number(part.count),
+                              total ? percentOf(part, *total) : QString(), part.remark});
+    return table;
 }
 
 /// A part in words, as in "Strikes: 25, 9% (9.2% of first balls)".
@@ -155,7 +166,10 @@ ReportPicture strikesPicture(const StrikeFigures& strikes) {
         told += toldOf(part, totalOf(parts)) + ".";
     told += notesOn(strikes);
     return {kHeading, told.join(" "),
-            [strikes](const PictureLook& look, double width) { return stripsOf(strikes, look, width); }};
+            [strikes](const PictureLook& look, double width, const PictureView&) {
+                return stripsOf(strikes, look, width);
+            },
+            [parts](const PictureView&) { return tableOf(parts); }};
 }
 
 }  // namespace tallybrook

@@ -85,7 +85,7 @@ TEST_F(PicturesPane, TextThatIsNoReportIsTextAlone) {
 TEST_F(PicturesPane, ReportHasPicturesBesideItsText) {
     openGolden("statistics.txt");
     EXPECT_TRUE(pane().isVisible());
-    EXPECT_EQ(pictures().size(), 4U);
+    EXPECT_EQ(pictures().size(), 6U);
     EXPECT_GT(view().width(), window->width() / 3);
     EXPECT_GE(pane().x(), view().width());
     openGolden("full.txt");

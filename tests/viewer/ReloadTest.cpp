@@ -1,0 +1,145 @@
+#include "Events.h"
+#include "Window.h"
+#include "manual/HelpBrowser.h"
+#include "viewer/PictureWidget.h"
+
+#include <QPushButton>
+#include <QScrollBar>
+#include <filesystem>
+
+namespace tallybrook::test {
+
+namespace {
+
+class ReloadTest : public Window {
+protected:
+    QFrame& notice() { return *window->findChild<QFrame*>("notice"); }
+    QString told() { return notice().isVisible() ? notice().accessibleName() : QString(); }
+    [[nodiscard]] bool comesTo(const QString& text) {
+        return QTest::qWaitFor([&] { return view().toPlainText() == text; });
+    }
+    [[nodiscard]] bool isToldOf(const QString& begin) {
+        return QTest::qWaitFor([&] { return told().startsWith(begin); });
+    }
+    PictureWidget& picture() { return *dynamic_cast<PictureWidget*>(found()); }
+
+private:
+    QWidget* found() {
+        for (QWidget* const widget : window->findChild<QScrollArea*>()->findChildren<QWidget*>()) {
+            if (dynamic_cast<PictureWidget*>(widget) != nullptr)
+                return widget;
+        }
+        return nullptr;
+    }
+};
+
+const QString kAnew = "The report was written anew, and is shown as it is now.";
+
+}  // namespace
+
+TEST_F(ReloadTest, FileThatIsWrittenAnewIsShownAnew) {
+    files.write("League Night.txt", "Another\r\n");
+    EXPECT_TRUE(comesTo("Another\n"));
+    EXPECT_EQ(told(), kAnew);
+    EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
+}
+
+TEST_F(ReloadTest, AnotherFileThatTakesTheNameIsShown) {
+    const QString other = files.write("other.txt", "Another\r\n");
+    std::filesystem::rename(other.toStdString(), files.path("League Night.txt").toStdString());
+    EXPECT_TRUE(comesTo("Another\n"));
+    files.write("League Night.txt", "A third\r\n");  // and it is watched from now on
+    EXPECT_TRUE(comesTo("A third\n"));
+}
+
+TEST_F(ReloadTest, FileThatGoesAndComesAgainIsShown) {
+    ASSERT_TRUE(QFile::remove(files.path("League Night.txt")));
+    files.write("League Night.txt", "Another\r\n");
+    EXPECT_TRUE(comesTo("Another\n"));
+}
+
+TEST_F(ReloadTest, ReaderStaysWhereTheyWere) {
+    const QByteArray lines = QByteArray("A line of the report\r\n").repeated(500);
+    start("long.txt", lines);
+    view().select(2100, 21);
+    view().verticalScrollBar()->setValue(90);
+    files.write("long.txt", lines + "One more\r\n");
+    ASSERT_TRUE(isToldOf(kAnew));
+    EXPECT_TRUE(view().toPlainText().endsWith("One more\n"));
+    EXPECT_EQ(view().verticalScrollBar()->value(), 90);
+    EXPECT_EQ(view().textCursor().selectionStart(), 2100);
+    EXPECT_EQ(view().textCursor().selectionEnd(), 2121);
+    EXPECT_TRUE(view().hasFocus());
+}
+
+TEST_F(ReloadTest, PicturesStayAsTheyAreLookedAt) {
+    start("season.txt", reportOf(weeklyEvents(60)).toUtf8());
+    picture().setFocus();
+    QTest::keyClick(&picture(), Qt::Key_Plus);
+    const PictureView before = picture().view();
+    const PictureWidget* const widget = &picture();
+    files.write("season.txt", reportOf(weeklyEvents(61)).toUtf8());
+    ASSERT_TRUE(isToldOf(kAnew));
+    EXPECT_EQ(&picture(), widget);
+    EXPECT_EQ(picture().view(), before);
+    EXPECT_TRUE(picture().picture().summary.startsWith("61 events"));
+}
+
+TEST_F(ReloadTest, WhatCannotBeShownAnewStaysAndIsTold) {
+    files.write("League Night.txt", QByteArray(100, '\0'));
+    EXPECT_TRUE(isToldOf("The report was written anew, but cannot be shown. It is no text"));
+    EXPECT_EQ(view().toPlainText(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+}
+
+TEST_F(ReloadTest, F5ShowsItAsItIs) {
+    press(Qt::Key_F5);
+    EXPECT_EQ(told(), "The report is shown as it is now.");
+    ASSERT_TRUE(QFile::remove(files.path("League Night.txt")));
+    expectBox("The report cannot be shown:\n\n" + files.path("League Night.txt") +
+              "\n\nThere is no such file.");
+    press(Qt::Key_F5);
+    EXPECT_EQ(view().toPlainText(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+}
+
+TEST_F(ReloadTest, NoticeIsClosedByEscapeAndByItsButton) {
+    press(Qt::Key_F5);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(told(), "");
+    EXPECT_TRUE(window->isVisible());
+    press(Qt::Key_F5);
+    for (QPushButton* const button : notice().findChildren<QPushButton*>()) {
+        if (button->text() == "Close")
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(ReloadTest, LongReportShowsItsTextFirstAndItsPicturesAfter) {
+    start("long.txt", reportOf(weeklyEvents(6000)).toUtf8());
+    EXPECT_TRUE(view().toPlainText().contains("Thursday League"));
+    QScrollArea& pane = part<QScrollArea>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return pane.isVisible(); }));
+    EXPECT_TRUE(picture().picture().summary.startsWith("6000 events"));
+}
+
+TEST_F(ReloadTest, FiguresOfAnEarlierReportAreNotShown) {
+    ASSERT_TRUE(window->open(files.write("long.txt", reportOf(weeklyEvents(6000)).toUtf8())));
+    ASSERT_TRUE(window->open(files.write("notes.txt", "notes")));
+    QApplication::processEvents();
+    EXPECT_FALSE(part<QScrollArea>().isVisible());
+}
+
+TEST_F(ReloadTest, F1OpensTheHelpOnReports) {
+    press(Qt::Key_F1);
+    HelpBrowser* shown = nullptr;
+    for (QWidget* const top : QApplication::topLevelWidgets()) {
+        if (top->objectName() == "help" && top->isVisible())
+            shown = top->findChild<HelpBrowser*>();
+    }
+    ASSERT_NE(shown, nullptr);
+    EXPECT_EQ(shown->documentTitle(), "Reading a report");
+    action("Contents")->trigger();
+    EXPECT_EQ(shown->documentTitle(), "Tallybrook Help");
+}
+
+}  // namespace tallybrook::test

@@ -1,0 +1,196 @@
+#include "Events.h"
+#include "viewer/PictureWidget.h"
+#include "viewer/Pictures.h"
+
+#include <QApplication>
+#include <QTest>
+#include <algorithm>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+namespace tallybrook::test {
+
+namespace {
+
+ReportPicture trendOf(const std::vector<WrittenEvent>& events) {
+    return trendPicture(readFigures(reportOf(events)).events);
+}
+
+/// The picture of so many events, used with mouse and keys.
+struct Shown {
+    explicit Shown(int events) : widget(trendOf(weeklyEvents(events))) {
+        widget.resize(700, widget.heightForWidth(700));
+        widget.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&widget));
+        widget.setFocus();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&widget, key, modifiers);
+    }
+    /// Drags over the middle of the picture, between two shares of its width.
+    void drag(double from, double to) {
+        const auto place = [&](double share) { return QPoint(qRound(share * widget.width()), 200); };
+        QTest::mousePress(&widget, Qt::LeftButton, {}, place(from));
+        QTest::mouseMove(&widget, place((from + to) / 2));
+        QTest::mouseMove(&widget, place(to));
+        QTest::mouseRelease(&widget, Qt::LeftButton, {}, place(to));
+    }
+    QString date() { return widget.read().value(0); }
+
+    PictureWidget widget;
+};
+
+double number(const QStringList& row, qsizetype column) {
+    return row.at(column).toDouble();
+}
+
+}  // namespace
+
+TEST(TrendPicture, TellsTheSeasonInWords) {
+    const ReportPicture picture = trendPicture(readFigures(goldenReport("statistics.txt")).events);
+    EXPECT_EQ(picture.summary.section(". ", 0, 0), "10 events from 9/12/2024 to 11/22/2024");
+    EXPECT_TRUE(picture.summary.contains("High series of 1 game: ") ||
+                picture.summary.contains("High series of 2 games: "))
+        << picture.summary.toStdString();
+    EXPECT_TRUE(picture.summary.endsWith(" 2 events without a score are left out."));
+}
+
+TEST(TrendPicture, TableHasEveryEvent) {
+    const PictureTable table = trendPicture(readFigures(goldenReport("statistics.txt")).events).table({});
+    ASSERT_EQ(table.rows.size(), 10U);
+    EXPECT_EQ(table.rows.front(), (QStringList{"9/12/2024", "City Open", "TOURNAMENT", "2", "283", "141.5",
+                                               "141.5", "2024/25", "141.5"}));
+    EXPECT_TRUE(
+        table.asText().startsWith("Date\tEvent\tType\tGames\tPinfall\tAverage\tLast 12 events\tSeason\t"));
+    EXPECT_EQ(table.told(0).mid(0, 2), (QStringList{"9/12/2024", "Event: City Open"}));
+}
+
+/// The table's figures counted anew from what was written into the report.
+RC_GTEST_PROP(TrendPicture, TableIsThatOfTheEvents, ()) {
+    std::vector<WrittenEvent> written = randomWrittenEvents(1);
+    std::erase_if(written, std::not_fn(&WrittenEvent::isScored));
+    if (written.empty())
+        written = weeklyEvents(30);
+    const PictureTable table = trendOf(written).table({});
+    RC_ASSERT(table.rows.size() == written.size());
+    for (std::size_t last = 0; last < written.size(); ++last) {
+        double pins = 0;
+        double games = 0;
+        for (std::size_t index = last < 11 ? 0 : last - 11; index <= last; ++index) {
+            pins += written[index].pinfall;
+            games += written[index].recorded;
+        }
+        RC_ASSERT(std::abs(number(table.rows[last], 6) - pins / games) <= 0.0501);
+        RC_ASSERT(table.rows[last][0] == dayText(written[last].day));
+        RC_ASSERT(number(table.rows[last], 4) == written[last].pinfall);
+    }
+}
+
+TEST(TrendPicture, LeaguesMayBePickedOut) {
+    const ReportPicture picture = trendOf(weeklyEvents(30));
+    EXPECT_EQ(picture.choices, (QStringList{"All events", "Thursday League", "City Open"}));
+    EXPECT_EQ(picture.table({0, 1, 0}).rows.size(), 30U);
+    EXPECT_EQ(picture.table({0, 1, 1}).rows.size(), 20U);
+    for (const QStringList& row : picture.table({0, 1, 2}).rows)
+        EXPECT_EQ(row[1], "City Open");
+    std::vector<WrittenEvent> one = weeklyEvents(3);
+    for (WrittenEvent& event : one)
+        event.name = "Practice";
+    EXPECT_EQ(trendOf(one).choices, QStringList());
+}
+
+TEST(TrendPicture, OneEventIsEnough) {
+    Shown shown(1);
+    EXPECT_FALSE(shown.widget.grab().isNull());
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+}
+
+// --- Reading and looking closer ----------------------------------------------------------------------------
+
+TEST(TrendPicture, KeysReadEventByEvent) {
+    Shown shown(40);
+    EXPECT_EQ(shown.widget.read(), QStringList());
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    EXPECT_EQ(shown.widget.read().at(1), "Event: City Open");
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/13/1990");
+    EXPECT_TRUE(
+        shown.widget.accessibleName().startsWith("Averages over time: 9/13/1990, Event: Thursday League"));
+    shown.press(Qt::Key_End);
+    EXPECT_EQ(shown.date(), "6/6/1991");
+    shown.press(Qt::Key_Home);
+    shown.press(Qt::Key_Left);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    shown.press(Qt::Key_Escape);
+    EXPECT_EQ(shown.widget.read(), QStringList());
+    EXPECT_EQ(shown.widget.accessibleName(), "Averages over time");
+}
+
+TEST(TrendPicture, PointingReadsTheNearestEvent) {
+    Shown shown(40);
+    const Strips strips =
+        shown.widget.picture().strips(PictureLook(shown.widget.font(), shown.widget.palette()), 700);
+    const Spot& spot = strips[1].spots.at(7);
+    shown.widget.readAt(spot.place.center() + QPointF(1, strips[0].height + 1));
+    EXPECT_EQ(shown.date(), "10/25/1990");
+    shown.widget.readAt({-500, -500});
+    EXPECT_EQ(shown.widget.read(), QStringList());
+}
+
+TEST(TrendPicture, DraggingLooksCloserAndEscapeLeadsBack) {
+    Shown shown(400);
+    shown.drag(0.4, 0.6);
+    EXPECT_NEAR(shown.widget.view().span(), 0.2, 0.04);
+    EXPECT_NEAR(shown.widget.view().from, 0.38, 0.05);
+    const PictureView once = shown.widget.view();
+    shown.drag(0.25, 0.75);
+    EXPECT_LT(shown.widget.view().span(), 0.6 * once.span());
+    EXPECT_GT(shown.widget.view().from, once.from);
+    shown.press(Qt::Key_Escape);
+    EXPECT_TRUE(shown.widget.view().isWhole());
+}
+
+TEST(TrendPicture, ClickIsNoDrag) {
+    Shown shown(400);
+    shown.drag(0.5, 0.5);
+    EXPECT_TRUE(shown.widget.view().isWhole());
+}
+
+TEST(TrendPicture, KeysLookCloserAndMoveAlong) {
+    Shown shown(400);
+    shown.press(Qt::Key_Plus);
+    EXPECT_DOUBLE_EQ(shown.widget.view().span(), 0.5);
+    const double before = shown.widget.view().from;
+    shown.press(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_GT(shown.widget.view().from, before);
+    shown.press(Qt::Key_Minus);
+    EXPECT_TRUE(shown.widget.view().isWhole());
+}
+
+TEST(TrendPicture, ReadingGoesOnBeyondWhatIsInSight) {
+    Shown shown(400);
+    shown.press(Qt::Key_Home);
+    for (int times = 0; times < 5; ++times)
+        shown.press(Qt::Key_Plus);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    for (int steps = 0; steps < 1200 && shown.date() != "4/30/1998"; ++steps)
+        shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "4/30/1998") << "the last of the 400 weeks";
+}
+
+TEST(TrendPicture, TenThousandEventsAreDrawnInFewMarks) {
+    const ReportPicture picture = trendOf(weeklyEvents(10000));
+    const PictureLook look(QApplication::font(), QPalette());
+    const Strips strips = picture.strips(look, 640);
+    EXPECT_EQ(strips[1].spots.size(), 10000U);
+    const Strips closer = picture.strips(look, 640, PictureView().over(0.5, 0.51));
+    EXPECT_LT(closer[1].spots.size(), 120U);
+    EXPECT_EQ(dayText(std::chrono::local_days(std::chrono::year(1990) / 9 / 6)), "9/6/1990");
+}
+
+}  // namespace tallybrook::test
