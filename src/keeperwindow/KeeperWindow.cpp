@@ -1,8 +1,11 @@
 #include "keeperwindow/KeeperWindow.h"
 
+#include "keeper/OldLogbook.h"
 #include "keeper/Restore.h"
 #include "keeperwindow/ArchiveDialog.h"
 #include "keeperwindow/WindowTexts.h"
+#include "keeperwindow/WordsDialog.h"
+#include "runtime/DataHome.h"
 #include "runtime/TextForms.h"
 
 #include <QCloseEvent>
@@ -92,6 +95,7 @@ void KeeperWindow::addMenu() {
     addAction(menu, "Write &CSV Files...", {}, {}, [this] { writeCsv(); });
     menu.addSeparator();
     addAction(menu, "&Read Archive...", Qt::CTRL | Qt::Key_O, "Read Archive", [this] { readArchive(); });
+    addAction(menu, "Carry Over an &Old Logbook...", {}, {}, [this] { carryOver(); });
     menu.addSeparator();
     addAction(menu, "Read &Backups Again", Qt::Key_F5, {}, [this] { refresh(); });
     QAction* const leave = menu.addAction("&Close");
@@ -405,6 +409,29 @@ void KeeperWindow::readArchive() {
             ArchiveDialog dialog(checked->contents, this);
             if (dialog.exec() == QDialog::Accepted)
                 takeIn(file, dialog.choices());
+        });
+}
+
+/// An old logbook may lie in the place of the new one.
+void KeeperWindow::carryOver() {
+    const fs::path place = logbookIn(dataFolder_);
+    const QString chosen = QFileDialog::getOpenFileName(
+        this, "Carry Over an Old Logbook",
+        carry::looksLikeOldLogbook(place) ? QFile::decodeName(place.c_str()) : QDir::homePath(),
+        "Old logbooks (*.mdb);;All files (*)");
+    if (chosen.isEmpty())
+        return;
+    const auto words = std::make_shared<QString>();
+    run(
+        "The old logbook could not be carried over.",
+        [this, file = pathOf(chosen), words](Progress& progress) {
+            const HeldLogbook held(dataFolder_);
+            *words = shown(inWords(takeInOldLogbook(held, file, clock_, progress)));
+        },
+        [this, words] {
+            done_ = words->section('\n', 0, 0);
+            refresh();
+            WordsDialog("What Was Carried Over", *words, this).exec();
         });
 }
 

@@ -64,6 +64,7 @@ private:
     void writeWorkbook();
     void writeCsv();
     void readArchive();
+    void carryOver();
     void takeIn(const std::filesystem::path& file, const Choices& choices);
 
     const std::filesystem::path dataFolder_;

@@ -224,6 +224,16 @@ TEST_F(Window, TellsWhatIsWrongWithAnArchive) {
     trigger("Read Archive...");
 }
 
+TEST_F(Window, TellsWhatIsNoOldLogbook) {
+    const auto before = test::rowsOf(logbookIn(data));
+    open();
+    std::ofstream(data / "letter.mdb") << "Dear Aunt\n";
+    expectFile(data / "letter.mdb");
+    expectBox("The old logbook could not be carried over.", "OK");
+    trigger("Carry Over an Old Logbook...");
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
+}
+
 TEST_F(Window, WritesASpreadsheet) {
     open();
     expectFile(data / "season.xlsx");
