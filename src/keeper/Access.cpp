@@ -11,9 +11,7 @@
 #include "store/sql/SchemaSteps.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
-#include <vector>
 
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -86,7 +84,7 @@ ReadableLogbook::ReadableLogbook(const fs::path& dataFolder, const Clock& clock)
 
 void ReadableLogbook::readBackup(const fs::path& dataFolder) {
     const BackupFolder folder = backupsIn(dataFolder);
-    for (const DateTime time : folder.times() | std::views::reverse) {
+    for (const DateTime time : newestFirst(folder)) {
         try {
             NoProgress nobody;
             backup_ = std::make_unique<SQLite::Database>(openCopy(folder.existing(time)));
@@ -117,11 +115,17 @@ BackupFolder backupsIn(const fs::path& dataFolder) {
     return BackupFolder(logbookIn(dataFolder));
 }
 
+std::vector<DateTime> newestFirst(const BackupFolder& folder) {
+    std::vector<DateTime> times = folder.times();
+    std::ranges::reverse(times);
+    return times;
+}
+
 DateTime backupCalled(const std::string& name, const BackupFolder& folder) {
     std::vector<DateTime> times = folder.times();
     if (name == "newest" && !times.empty())
         return times.back();
-    const auto isCalledSo = [&](DateTime time) { return folder.shortName(time).starts_with(name); };
+    const auto isCalledSo = [&](DateTime time) { return BackupFolder::shortName(time).starts_with(name); };
     std::erase_if(times, [&](DateTime time) { return !isCalledSo(time); });
     if (times.empty())
         throw Refused(ExitStatus::BadInput,
@@ -130,7 +134,7 @@ DateTime backupCalled(const std::string& name, const BackupFolder& folder) {
         throw Refused(
             ExitStatus::BadInput,
             fmt::format("There are {} backups that begin with {}. Please tell the time as well, as in {}.",
-                        times.size(), name, folder.shortName(times.back())));
+                        times.size(), name, BackupFolder::shortName(times.back())));
     return times.front();
 }
 

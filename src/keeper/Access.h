@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -60,6 +61,9 @@ private:
 
 /// The backups of a data folder.
 BackupFolder backupsIn(const std::filesystem::path& dataFolder);
+
+/// When its backups were made, the newest first.
+std::vector<DateTime> newestFirst(const BackupFolder& folder);
 
 /// The backup that a person calls by the beginning of its date and time, as in "2026-11-21" or "2026-11-21
 /// 20.15.03", or by "newest". Throws Refused where there is none, or more than one.

@@ -169,14 +169,16 @@ std::vector<const Column*> columnsCalled(const ordered_json& names, const Table&
     return columns;
 }
 
-/// A count that can be one.
-std::int64_t countIn(const ordered_json& number) {
-    if (!number.is_number_unsigned() || !std::in_range<std::int64_t>(number.get<std::uint64_t>()))
-        throw ArchiveFault("A number in its first line is none.");
-    return number.get<std::int64_t>();
+/// A whole number from 0 to `most`.
+std::int64_t numberUpTo(std::int64_t most, const ordered_json& json) {
+    if (!json.is_number_unsigned() || std::cmp_greater(json.get<std::uint64_t>(), most))
+        throw ArchiveFault("A number in its first line cannot be right.");
+    return json.get<std::int64_t>();
 }
 
 ArchiveHead headFrom(const ordered_json& json) {
+    constexpr std::int64_t kMostRows = 1'000'000'000'000;  // more than any disk holds
+    constexpr std::int64_t kLastKey = std::numeric_limits<std::int64_t>::max();
     if (!json.is_object() || json.value("format", "") != kArchiveFormat)
         throw ArchiveFault("It is no archive of Tallybrook.");
     if (json.at("version") != kArchiveVersion || json.at("schema") > newestSchema(schemaSteps()))
@@ -185,8 +187,8 @@ ArchiveHead headFrom(const ordered_json& json) {
     for (std::size_t kind = 0; kind < kKinds; ++kind) {
         const std::string name(kRowKinds[kind].name);
         head.columns[kind] = columnsCalled(json.at("columns").at(name), *findTable(kRowKinds[kind].table));
-        head.counts.*kRowKinds[kind].count = countIn(json.at("counts").at(name));
-        head.lastKeys[kind] = countIn(json.at("lastKeys").at(name));
+        head.counts.*kRowKinds[kind].count = numberUpTo(kMostRows, json.at("counts").at(name));
+        head.lastKeys[kind] = numberUpTo(kLastKey, json.at("lastKeys").at(name));
     }
     return head;
 }

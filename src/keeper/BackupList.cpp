@@ -3,7 +3,6 @@
 #include "keeper/ExitStatus.h"
 #include "runtime/DataHome.h"
 
-#include <ranges>
 #include <system_error>
 
 namespace tallybrook::keeper {
@@ -44,7 +43,7 @@ BackupEntry readBackup(const BackupFolder& folder, DateTime time, const Today& t
 std::vector<BackupEntry> readBackups(const fs::path& dataFolder, const Today& today, Progress& progress) {
     const BackupFolder folder = backupsIn(dataFolder);
     std::vector<BackupEntry> entries;
-    for (const DateTime time : folder.times() | std::views::reverse)
+    for (const DateTime time : newestFirst(folder))
         entries.push_back(readBackup(folder, time, today, progress));
     return entries;
 }

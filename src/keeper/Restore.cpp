@@ -58,7 +58,7 @@ Contents copyProved(const fs::path& backup, const fs::path& copy, Progress& prog
 fs::path putAside(const fs::path& logbook, const Clock& clock) {
     const BackupFolder folder(logbook);
     folder.make();
-    const fs::path aside =
+    fs::path aside =
         folder.path() / fmt::format("{} put aside {}{}", logbook.stem().string(),
                                     BackupFolder::shortName(clock.now()), logbook.extension().string());
     copyFile(logbook, aside);

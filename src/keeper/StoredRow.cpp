@@ -17,6 +17,8 @@ template <typename... Takers>
 struct Overloaded : Takers... {
     using Takers::operator()...;
 };
+template <typename... Takers>
+Overloaded(Takers...) -> Overloaded<Takers...>;
 
 /// Binds a value, which must live until the statement has run.
 void bind(SQLite::Statement& statement, int index, const StoredValue& value) {

@@ -20,7 +20,6 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace tallybrook::keeper {
@@ -254,7 +253,7 @@ void KeeperWindow::tellFailure(const QString& failed, const QString& why) {
 void KeeperWindow::refresh() {
     const BackupFolder folder = backupsIn(dataFolder_);
     std::vector<BackupEntry> entries;
-    for (const DateTime time : folder.times() | std::views::reverse)
+    for (const DateTime time : newestFirst(folder))
         entries.push_back({.time = time, .file = folder.existing(time)});
     backups_->show(entries);
     backups_->setCurrentRow(entries.empty() ? -1 : 0);

@@ -247,6 +247,9 @@ TEST_F(Archive, TellsWhatIsWrongWithIt) {
         with("\"event\":1,", "\"event\":2,"),
         "Line 14: The archive should hold 2 events, 1 game and 10 frames, and holds 1 event, 1 game and "
         "10 frames.");
+    EXPECT_EQ(with("\"frame\":10", "\"frame\":9223372036854775807"),
+              "A number in its first line cannot be right.");
+    EXPECT_EQ(with("\"frame\":10", "\"frame\":-1"), "A number in its first line cannot be right.");
     EXPECT_EQ(with("Tuesday", "Friday"),
               "Line 14: The checksum is not that of the archive: it was changed or is damaged.");
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[[1],"), "Line 2: The line is no row of the logbook.");
