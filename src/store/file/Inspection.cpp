@@ -28,8 +28,8 @@ constexpr std::string_view kMark{"SQLite format 3\0", 16};
 
 constexpr const char* kCarryOver =
     "The file is no logbook of this program yet: it is an Access database, in which older logbooks were "
-    "kept. "
-    "Tallybrook Keeper can carry it over to a new logbook, and keeps the old file.";
+    "kept. Tallybrook Keeper can carry it over to a new logbook, and keeps the old file. Please start the "
+    "keeper, and choose Carry Over an Old Logbook.";
 
 int schemaIn(const std::array<char, kHeadSize>& head) {
     unsigned number = 0;
