@@ -49,8 +49,9 @@ std::u32string charactersIn(const std::u16string& units) {
     std::u32string characters;
     for (std::size_t at = 0; at < units.size(); ++at) {
         if (isFirstOfTwo(units[at]) && at + 1 < units.size() && isSecondOfTwo(units[at + 1])) {
-            characters +=
-                0x10000 + ((char32_t{units[at]} - 0xD800) << 10U) + (char32_t{units[at + 1]} - 0xDC00);
+            const char32_t beyond =
+                ((char32_t{units[at]} - 0xD800) << 10U) + (char32_t{units[at + 1]} - 0xDC00);
+            characters += char32_t{0x10000 + beyond};
             ++at;
         } else {
             const bool isAlone = isFirstOfTwo(units[at]) || isSecondOfTwo(units[at]);

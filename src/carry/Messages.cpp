@@ -27,7 +27,7 @@ public:
     template <typename... Kinds>
     void put(const std::variant<Kinds...>& value) {
         put(static_cast<std::uint8_t>(value.index()));
-        std::visit([this](const auto& held) { put(held); }, value);
+        std::visit([this](const auto& held) { this->put(held); }, value);
     }
     template <typename Element>
     void put(const std::vector<Element>& list) {

@@ -25,6 +25,7 @@ namespace {
 
 std::vector<std::string> namesOf(const std::vector<JetColumn>& columns) {
     std::vector<std::string> names;
+    names.reserve(columns.size());
     for (const JetColumn& column : columns)
         names.push_back(column.name);
     return names;
@@ -38,6 +39,7 @@ void readTable(JetFile& file, const JetEntry& entry, const Table& table,
     tell(TableBegins{.name = table.name, .columns = names, .toldRows = rows.toldRows()});
     while (auto row = rows.next()) {
         RowFound found;
+        found.cells.reserve(matched.size());
         for (const MatchedColumn& column : matched)
             found.cells.push_back(std::move((*row)[column.place]));
         tell(found);

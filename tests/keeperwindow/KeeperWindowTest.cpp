@@ -1,6 +1,7 @@
 // The window, used with mouse and keys.
 
 #include "backup/Backups.h"
+#include "carry/OldLogbooks.h"
 #include "desktop/ModalHands.h"
 #include "keeper/Logbooks.h"
 #include "keeperwindow/ArchiveDialog.h"
@@ -13,6 +14,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <fstream>
@@ -222,6 +224,41 @@ TEST_F(Window, TellsWhatIsWrongWithAnArchive) {
     expectFile(data / "letter.jsonl");
     expectBox("It is no archive of Tallybrook.", "OK");
     trigger("Read Archive...");
+}
+
+TEST_F(Window, CarriesAnOldLogbookOver) {
+    const test::OldLogbookFolder other;
+    std::vector<test::JetTableText> old = test::emptyOldTables();
+    old[0].rows = {
+        test::rowWith(old[0], {{"fldSessionNum", std::int64_t{17}}, {"fldEventName", "Thursday"}})};
+    old[1].fields.pop_back();
+    test::writeBytes(other.logbook(), test::jetFile(old));
+    window = std::make_unique<KeeperWindow>(other.path(), clock);
+    window->show();
+    waitForWork();
+    EXPECT_TRUE(isShown("Tallybrook Keeper can carry it over"));
+    hands.expect([](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "Tallybrook_DB.mdb");
+        QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
+    });
+    hands.expect([](QDialog& dialog) {
+        const QString words = dialog.findChild<QPlainTextEdit*>()->toPlainText();
+        EXPECT_TRUE(words.startsWith("Carried over: 1 event, 0 pins in all.\n")) << words.toStdString();
+        EXPECT_TRUE(words.contains("tblGameInfo has no column fldBowlHand"));
+        EXPECT_TRUE(words.contains("Tallybrook_DB (old).mdb"));
+        dialog.reject();
+    });
+    trigger("Carry Over an Old Logbook...");
+    EXPECT_TRUE(isShown("It holds 1 event."));
+}
+
+TEST_F(Window, CarriesNothingOverALogbook) {
+    open();
+    test::writeBytes(data / "old.mdb", test::jetFile({}));
+    expectFile(data / "old.mdb");
+    expectBox("a logbook with events already", "OK");
+    trigger("Carry Over an Old Logbook...");
+    EXPECT_TRUE(isShown("It holds 2 events"));
 }
 
 TEST_F(Window, TellsWhatIsNoOldLogbook) {
