@@ -1,15 +1,42 @@
 #include "maintenance/CheckRun.h"
 #include "runtime/TextForms.h"
+#include "store/AtOneLook.h"
 #include "store/CommitAtEnd.h"
 #include "store/WalkRows.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include <fmt/format.h>
 
 namespace tallybrook {
 
 namespace {
+
+/// How a game was recorded, by the first ball of its lowest frame alone, if it has one. A Null is not empty.
+std::string scoreTypeOf(const std::optional<Value>& firstBall) {
+    if (!firstBall)
+        return "N";
+    return isText(*firstBall, "") ? "L" : "P";
+}
+
+/// A Null is neither equal nor different, here and below.
+bool differs(const Value& stored, const std::string& wanted) {
+    return !isNull(stored) && !isText(stored, wanted);
+}
+bool differs(const Value& stored, int count) {
+    return !isNull(stored) && toDouble(stored) != count;
+}
+
+bool isInOrder(const GameOverview& game) {
+    const auto* const number = std::get_if<std::int64_t>(&game.number);
+    return number != nullptr && std::in_range<std::int16_t>(*number) &&
+           !differs(game.scoreType, scoreTypeOf(game.firstBall)) &&
+           !differs(game.framesRecorded, game.frames);
+}
 
 /// The walk over events, games and frames. What cannot be read keeps its value from the row before.
 class ScoreTypeCheck {
@@ -34,6 +61,23 @@ private:
         step_([&] { eventKey_ = toInt32(events_->Fields("fldSessionNum")); });
         step_([&] { eventName_ = toText(events_->Fields("fldEventName")); });
         step_([&] { dateBowled_ = toDate(events_->Fields("fldDateBowled"), run_.program.clock.year()); });
+        if (!passGamesInOrder())
+            checkGames();
+        correctCount(events_, "fldGmsRecorded", gameCount_, eventLabel() + ", games recorded changed to ");
+    }
+
+    /// Where one look shows that there is nothing to tell of the event's games and nothing to change, all is
+    /// as a walk over them would have left it.
+    bool passGamesInOrder() {
+        const auto games = gamesAtOneLook(run_.program.store(), eventKey_);
+        if (!games || games->empty() || !std::ranges::all_of(*games, isInOrder))
+            return false;
+        gameNumber_ = std::get<std::int64_t>(games->back().number);
+        gameCount_ = static_cast<int>(games->size());
+        return true;
+    }
+
+    void checkGames() {
         step_([&] {
             games_->Open("SELECT * FROM tblGameInfo WHERE fldSessionNum = " + text(eventKey_) +
                          " ORDER BY fldGameNum");
@@ -41,7 +85,6 @@ private:
         step_([&] { gameCount_ = games_->RecordCount(); });
         walk(games_, [this] { checkGame(); });
         step_([&] { games_->Close(); });
-        correctCount(events_, "fldGmsRecorded", gameCount_, eventLabel() + ", games recorded changed to ");
     }
 
     void checkGame() {
@@ -53,9 +96,8 @@ private:
         correctCount(games_, "fldFrmsRecorded", frameCount_, label + ", frames recorded changed to ");
     }
 
-    /// The first ball of the lowest frame alone tells how the game was recorded.
     std::string concludeType() {
-        std::string scoreType = "N";
+        std::string scoreType = scoreTypeOf({});
         step_([&] {
             frames_->Open(
                 fmt::format("SELECT * FROM tblFrameInfo WHERE fldSessionNum = {} AND fldGameNum = {} ORDER "
@@ -65,24 +107,16 @@ private:
         step_([&] { frameCount_ = frames_->RecordCount(); });
         if (frameCount_ > 0) {
             step_([&] { frames_->MoveFirst(); });
-            scoreType = step_.test([&] { return isEmpty(frames_->Fields("fldFirstBallRes")); }) ? "L" : "P";
+            // A failed look at the first ball ends like an empty one.
+            scoreType = "L";
+            step_([&] { scoreType = scoreTypeOf(frames_->Fields("fldFirstBallRes").value()); });
         }
         step_([&] { frames_->Close(); });
         return scoreType;
     }
 
-    /// A Null is neither equal nor different, here and below.
-    static bool isEmpty(const Value& stored) { return !isNull(stored) && toText(stored).empty(); }
-    static bool differs(const Value& stored, const std::string& wanted) {
-        return !isNull(stored) && toText(stored) != wanted;
-    }
-
     void correctCount(const RecordsetVariable& rows, const char* field, int count, const std::string& line) {
-        const auto isWrong = [&] {
-            const Value stored = rows->Fields(field);
-            return !isNull(stored) && toDouble(stored) != count;
-        };
-        if (step_.test(isWrong))
+        if (step_.test([&] { return differs(rows->Fields(field), count); }))
             change(rows, field, std::int64_t{count}, line + std::to_string(count));
     }
 

@@ -1,4 +1,5 @@
 #include "maintenance/CheckRun.h"
+#include "store/AtOneLook.h"
 #include "store/CommitAtEnd.h"
 #include "store/WalkRows.h"
 
@@ -25,19 +26,27 @@ public:
         : run_(run), step_(step), child_(child), rows_(run.*child.rows) {}
 
     void deleteOrphans() {
+        if (const auto rows = rowsAllOfEvents(run_.program.store(), child_.table)) {
+            checked_ = *rows;
+            return report();
+        }
         step_([&] { rows_->Open(fmt::format("SELECT * from {}", child_.table)); });
         step_([&] { checked_ = rows_->RecordCount(); });
         step_([&] { rows_->MoveFirst(); });
         walkRows(
             step_, [this]() -> Recordset& { return *rows_; }, [this] { deleteIfOrphan(); });
-        step_([&] {
-            run_.print(
-                fmt::format("{} {} checked, {} {} deleted.", checked_, child_.what, deleted_, child_.what));
-        });
+        report();
         step_([&] { rows_->Close(); });
     }
 
 private:
+    void report() {
+        step_([&] {
+            run_.print(
+                fmt::format("{} {} checked, {} {} deleted.", checked_, child_.what, deleted_, child_.what));
+        });
+    }
+
     /// A row that cannot be deleted counts as deleted: its box has told of it.
     void deleteIfOrphan() {
         if (!isOrphan())

@@ -3,8 +3,10 @@
 #include "maintenance/CheckRun.h"
 #include "runtime/TextForms.h"
 #include "shell/TBK_Globals.h"
+#include "store/Recordset.h"
 #include "store/Update_Series.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <vector>
@@ -19,6 +21,20 @@ namespace {
 std::string stampOf(const Program& program) {
     const DateTime now = withoutSeconds(program.clock.now());
     return shortDate(now) + ", " + timeText(now);
+}
+
+/// Whether there may be an event of that key, or a game of one.
+bool isKeyInUse(Store& store, Int32 eventKey) {
+    return std::ranges::any_of(std::array{"tblEventInfo", "tblGameInfo"}, [&](const char* table) {
+        try {
+            Recordset rows(store);
+            rows.Open(
+                fmt::format("SELECT fldSessionNum FROM {} WHERE fldSessionNum = {}", table, text(eventKey)));
+            return rows.RecordCount() > 0;
+        } catch (const std::exception&) {
+            return true;
+        }
+    });
 }
 
 }  // namespace
@@ -73,6 +89,10 @@ void Upd_Avg(CheckRun& run) {
     }
     step([&] { run.gDBRsEvent->Close(); });
     // Nothing puts the events' keys into the array, so no event is updated. The screens keep the totals.
+    // Where no row has the key that all of them are, the first series comes to the same as each of the
+    // others.
+    if (eventKeys.size() > 1 && !isKeyInUse(run.program.store(), eventKeys.front()))
+        eventKeys.resize(1);
     SessionState& session = run.program.session;
     for (const Int32 key : eventKeys)
         Update_Series(run.program.store(), run.program.reporter, key,

@@ -5,6 +5,7 @@
 #include "support/Play.h"
 #include "support/SameText.h"
 
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <random>
@@ -209,22 +210,28 @@ std::vector<std::string> eventsOf(const Tables& tables) {
 
 class RandomCheck : public testing::TestWithParam<unsigned> {};
 
+// The second check meets a logbook in which little or nothing is left to correct.
 TEST_P(RandomCheck, DoesWhatTheModelDoes) {
     Tables tables = RandomTables(GetParam()).make();
     Play play;
     fill(play, tables);
-    Model model(tables);
-    model.check();
-    play.run([&] { DB_Check(play.program()); }, model.boxes);
+    for (int check = 1; check <= 2; ++check) {
+        SCOPED_TRACE(check);
+        Model model(tables);
+        model.check();
+        std::filesystem::remove(play.dataFolder() / "DB_Report.txt");
+        play.run([&] { DB_Check(play.program()); }, model.boxes);
 
-    model.lines.insert(model.lines.begin(), {"***************************************************",
-                                             "Database check started on 11/14/2026, 9:55:00 PM"});
-    model.lines.emplace_back("Database check completed on 11/14/2026, 9:55:00 PM");
-    EXPECT_TRUE(isSameText(bytesOf(play.dataFolder() / "DB_Report.txt"), withLineEnds(model.lines)));
-    EXPECT_EQ(play.rows("tblGameInfo", {"fldSessionNum", "fldGameNum", "fldScoreType", "fldFrmsRecorded"}),
-              gamesOf(tables));
-    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded"}), eventsOf(tables));
-    EXPECT_EQ(play.rows("tblFrameInfo", {"fldSessionNum"}).size(), tables.frames.size());
+        model.lines.insert(model.lines.begin(), {"***************************************************",
+                                                 "Database check started on 11/14/2026, 9:55:00 PM"});
+        model.lines.emplace_back("Database check completed on 11/14/2026, 9:55:00 PM");
+        EXPECT_TRUE(isSameText(bytesOf(play.dataFolder() / "DB_Report.txt"), withLineEnds(model.lines)));
+        EXPECT_EQ(
+            play.rows("tblGameInfo", {"fldSessionNum", "fldGameNum", "fldScoreType", "fldFrmsRecorded"}),
+            gamesOf(tables));
+        EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded"}), eventsOf(tables));
+        EXPECT_EQ(play.rows("tblFrameInfo", {"fldSessionNum"}).size(), tables.frames.size());
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Logbooks, RandomCheck, testing::Range(0U, 60U));

@@ -59,6 +59,13 @@ protected:
         games.Open("SELECT * FROM tblGameInfo");
         return toText(games["fldScoreType"]);
     }
+    /// Makes a check look at the game, since not all of it is as it should be.
+    void spoilCount() {
+        Recordset games(program().store());
+        games.Open("SELECT * FROM tblGameInfo");
+        games["fldFrmsRecorded"] = std::int64_t{7};
+        games.Update();
+    }
     /// Checks the database until no allocation fails any more, and looks at what came of it each time.
     void checkAgainAndAgain(const std::function<void()>& look) {
         bool hasStruck = true;
@@ -100,12 +107,14 @@ TEST_F(ShortMemory, DeletesNoRowOfAnEvent) {
 
 TEST_F(ShortMemory, TakesAGameWhoseFirstBallCannotBeReadForALineScore) {
     bool wasTaken = false;
+    spoilCount();
     checkAgainAndAgain([&] {
-        if (scoreType() == "P")
-            return;
-        wasTaken = wasTaken || scoreType() == "L";
-        program().perform([this] { DB_Check(program()); });
-        EXPECT_EQ(scoreType(), "P");
+        if (scoreType() != "P") {
+            wasTaken = wasTaken || scoreType() == "L";
+            program().perform([this] { DB_Check(program()); });
+            EXPECT_EQ(scoreType(), "P");
+        }
+        spoilCount();
     });
     EXPECT_TRUE(wasTaken);
 }

@@ -4,7 +4,9 @@
 #include "store/sql/FieldValue.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <type_traits>
 
 #include <sqlite3.h>
 
@@ -37,6 +39,23 @@ auto decode(sqlite3_value* stored, FieldType type, Take&& take) {
             return take(*date);
     }
     return take(text);
+}
+
+/// Puts what a stored value means into a value.
+inline void assign(Value& value, sqlite3_value* stored, FieldType type) {
+    decode(stored, type, [&value](auto meant) {
+        if constexpr (std::is_same_v<decltype(meant), std::string_view>)
+            value.emplace<std::string>(meant);
+        else
+            value = meant;
+    });
+}
+
+/// What a stored value means, as a value of its own.
+inline Value valueIn(sqlite3_value* stored, FieldType type) {
+    Value value;
+    assign(value, stored, type);
+    return value;
 }
 
 }  // namespace tallybrook
