@@ -5,8 +5,8 @@
 namespace tallybrook {
 
 std::string_view markOf(std::string_view cell, std::size_t number) {
-    const std::string_view before = firstCharacters(cell, number - 1);
-    return firstCharacters(cell, number).substr(before.size());
+    cell.remove_prefix(firstCharacters(cell, number - 1).size());
+    return firstCharacters(cell, 1);
 }
 
 bool isCount(std::string_view mark) {

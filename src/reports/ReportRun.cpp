@@ -28,18 +28,19 @@ void ReportRun::clearRecordsets() {
         rows->setToNothing();
 }
 
+RowStream ReportRun::events(std::initializer_list<std::string_view> fields) const {
+    requireRecordsets();
+    return {program.store(), gReportSQL, fields};
+}
+
 void ReportRun::giveUp(const RunTimeError& failure, std::string_view procedure) {
     program.reporter.databaseError(failure, fmt::format("TBK Reports, {}.", procedure));
     gReportFile_.reset();
     clearRecordsets();
 }
 
-std::string gamesOf(const std::string& key) {
-    return "SELECT * FROM tblGameInfo WHERE fldSessionNum = " + key + " ORDER BY fldGameNum";
-}
-
 std::string gamesOf(Int32 eventKey) {
-    return gamesOf(text(eventKey));
+    return "SELECT * FROM tblGameInfo WHERE fldSessionNum = " + text(eventKey) + " ORDER BY fldGameNum";
 }
 
 std::string framesOf(Int32 eventKey, Int16 game) {
@@ -48,11 +49,11 @@ std::string framesOf(Int32 eventKey, Int16 game) {
         eventKey.value(), game.value());
 }
 
-TenthFrameValues tenthFrameIn(Recordset& row) {
-    return {.first = row["fldFirstBallRes"],
-            .second = row["fldSecondBallRes"],
-            .fill = row["fldFillBallRes"],
-            .lineScore = row["fldLineScore"]};
+TenthFrameValues tenthFrameIn(const StoredFrame& frame) {
+    return {.first = frame.firstBall,
+            .second = frame.secondBall,
+            .fill = frame.fillBall,
+            .lineScore = frame.lineScore};
 }
 
 double roundedTo(double number, int decimals) {

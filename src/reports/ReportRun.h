@@ -5,8 +5,11 @@
 #include "runtime/TextFile.h"
 #include "shell/Program.h"
 #include "shell/SharedFile.h"
+#include "store/EventRows.h"
 #include "store/RecordsetVariable.h"
+#include "store/RowStream.h"
 
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,6 +48,12 @@ public:
 
     void createRecordsets();
     void clearRecordsets();
+    /// Error 91 once they have been cleared.
+    void requireRecordsets() const { static_cast<void>(*gRsEvent); }
+
+    /// The events that gReportSQL selects, with these fields. Errors as requireRecordsets() and those of
+    /// RowStream.
+    [[nodiscard]] RowStream events(std::initializer_list<std::string_view> fields) const;
 
 private:
     void giveUp(const RunTimeError& failure, std::string_view procedure);
@@ -53,14 +62,13 @@ private:
 };
 
 /// Selects the games of the event with this key, in the order of their numbers.
-std::string gamesOf(const std::string& key);
 std::string gamesOf(Int32 eventKey);
 
 /// Selects the frames of a game, in the order of their numbers.
 std::string framesOf(Int32 eventKey, Int16 game);
 
-/// What the current row tells of a tenth frame.
-TenthFrameValues tenthFrameIn(Recordset& row);
+/// What a tenth frame's row tells of its kind.
+TenthFrameValues tenthFrameIn(const StoredFrame& frame);
 
 /// The number passed through the number format with `decimals` places and read back.
 double roundedTo(double number, int decimals);

@@ -1,5 +1,6 @@
 #include "reports/ScoreSummary.h"
 
+#include "reports/ReportFigures.h"
 #include "reports/ReportRun.h"
 
 #include <algorithm>
@@ -10,16 +11,6 @@ namespace tallybrook {
 namespace {
 
 constexpr int kNoScore = std::numeric_limits<int>::min();
-
-Int32 longestSeries(ReportRun& run) {
-    Int32 longest;
-    forEachRow(run.gRsEvent, run.gReportSQL, [&] {
-        const Value games = run.gRsEvent->Fields("fldNumGames");
-        if (!isNull(games))
-            longest = std::max(longest, toInt32(games));
-    });
-    return longest;
-}
 
 }  // namespace
 
@@ -75,21 +66,10 @@ void ScoreSummary::countGame(Int16 score, DateTime date) {
         ++bin->games;
 }
 
-void Build_Sum_Matrix(ReportRun& run, ScoreSummary& summary) {
+void Build_Sum_Matrix(ReportRun& run, const Counted<ScoreSummary>& scores) {
     run.procedure("Build_Sum_Matrix", [&] {
-        const Int32 longest = longestSeries(run);
-        if (longest > 0)
-            summary.allow(longest);
-        forEachRow(run.gRsEvent, run.gReportSQL, [&] {
-            Recordset& event = *run.gRsEvent;
-            const Int16 total = toInt16(event["fldSeriesTot"]);
-            const Int16 games = toInt16(event["fldNumGames"]);
-            const Int32 eventKey = toInt32(event["fldSessionNum"]);
-            const DateTime date = toDate(event["fldDateBowled"], run.program.clock.year());
-            summary.countSeries(games, total, date);
-            forEachRow(run.gRsGame, gamesOf(eventKey),
-                       [&] { summary.countGame(toInt16(run.gRsGame->Fields("fldGameScore")), date); });
-        });
+        run.requireRecordsets();
+        scores.raiseFailure();
     });
 }
 

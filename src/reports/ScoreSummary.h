@@ -11,6 +11,8 @@
 namespace tallybrook {
 
 class ReportRun;
+template <typename Figures>
+class Counted;
 
 /// How many games have a score of one kind. No score ever falls into the bin "280 - 297", nor does one of 280
 /// to 297, or above 300, fall into any other.
@@ -49,7 +51,7 @@ struct ScoreSummary {
     void countGame(Int16 score, DateTime date);
 };
 
-/// Walks the events of the report and their games.
-void Build_Sum_Matrix(ReportRun& run, ScoreSummary& summary);
+/// Gives the summary of games and series.
+void Build_Sum_Matrix(ReportRun& run, const Counted<ScoreSummary>& scores);
 
 }  // namespace tallybrook

@@ -1,6 +1,7 @@
 #include "reports/SpareMatrix.h"
 
 #include "bowling/Marks.h"
+#include "reports/ReportFigures.h"
 #include "reports/ReportRun.h"
 #include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
@@ -15,96 +16,6 @@ namespace tallybrook {
 namespace {
 
 constexpr std::size_t kMostRows = std::numeric_limits<std::int16_t>::max();
-
-/// What the walk over the frames counts.
-class FrameWalk {
-public:
-    FrameWalk(ReportRun& run, SpareMatrix& matrix, FirstBallFigures& figures)
-        : run_(run), matrix_(matrix), figures_(figures) {}
-
-    void countGames(Int32 eventKey) {
-        forEachRow(run_.gRsGame, gamesOf(eventKey), [&] {
-            const std::string scoreType = toText(run_.gRsGame->Fields("fldScoreType"));
-            const Int16 game = toInt16(run_.gRsGame->Fields("fldGameNum"));
-            isPinfall_ = scoreType == "P";
-            if (isPinfall_ || scoreType == "L")
-                forEachRow(run_.gRsFrame, framesOf(eventKey, game), [this] { countFrame(); });
-        });
-    }
-
-    void derive(const ScoringModes& modes) {
-        figures_.SinglePinAvg = perGame(figures_.SinglePinAttempts, modes.gamesWithFrames());
-        if (firstBalls_ != 0)
-            figures_.FirstBallAvg = toInt16(static_cast<double>(pins_.value()) / firstBalls_.value());
-        figures_.SinglePinPct = percentage(figures_.SinglePinConverted, figures_.SinglePinAttempts);
-        matrix_.derive(modes.PinfallGames);
-    }
-
-private:
-    void countFrame() {
-        Recordset& row = *run_.gRsFrame;
-        if (toDouble(row["fldFrameNum"]) < kFrames)
-            countUpToNinth(row["fldFirstBallRes"], row);
-        else
-            countTenth(tenthFrameIn(row));
-    }
-
-    void countUpToNinth(const Value& firstBall, Recordset& row) {
-        if (resultOf(firstBall) == BallResult::Strike)
-            return addFirstBalls(1, 10);
-        const std::string lineScore = toText(row["fldLineScore"]);
-        const std::string_view first = markOf(lineScore, 1);
-        const bool converted = isSpare(markOf(lineScore, 2));
-        addFirstBalls(1, countOf(first));
-        if (first == "9") {
-            ++figures_.SinglePinAttempts;
-            if (converted)
-                ++figures_.SinglePinConverted;
-        }
-        addLeave(firstBall, converted);
-    }
-
-    /// An open tenth frame counts nothing here.
-    void countTenth(const TenthFrameValues& frame) {
-        const std::string lineScore = toText(frame.lineScore);
-        const auto pins = [&](std::size_t n) { return countOf(markOf(lineScore, n)); };
-        switch (tenthFrameOf(frame)) {
-            case TenthFrame::ThreeStrikes:
-                return addFirstBalls(3, 30);
-            case TenthFrame::TwoStrikes:
-                return addFirstBalls(3, 20 + pins(3));
-            case TenthFrame::StrikeThenSpare:
-                addFirstBalls(2, 10 + pins(2));
-                return addLeave(frame.second, true);
-            case TenthFrame::SpareThenStrike:
-                addFirstBalls(2, 10 + pins(1));
-                return addLeave(frame.first, true);
-            case TenthFrame::SpareThenOther:
-                addFirstBalls(2, pins(1) + pins(3));
-                return addLeave(frame.first, true);
-            case TenthFrame::Open:
-            case TenthFrame::None:
-                return;
-        }
-    }
-
-    void addFirstBalls(int balls, int pins) {
-        firstBalls_ += balls;
-        pins_ += pins;
-    }
-
-    void addLeave(const Value& leave, bool converted) {
-        if (isPinfall_)
-            Add_Spare_Matrix(run_, matrix_, toText(leave), converted);
-    }
-
-    ReportRun& run_;
-    SpareMatrix& matrix_;
-    FirstBallFigures& figures_;
-    Int32 firstBalls_;
-    Int32 pins_;
-    bool isPinfall_ = false;
-};
 
 /// A whole number as the report writer pads it: a blank on either side, then `width` less its digits.
 std::string padded(Int32 number, int width) {
@@ -141,17 +52,96 @@ void SpareMatrix::derive(Int32 pinfallGames) {
     }
 }
 
-void Build_Sp_Sum(ReportRun& run, SpareMatrix& matrix, FirstBallFigures& figures, const ScoringModes& modes) {
-    run.procedure("Build_Sp_Sum", [&] {
-        FrameWalk walk(run, matrix, figures);
-        forEachRow(run.gRsEvent, run.gReportSQL,
-                   [&] { walk.countGames(toInt32(run.gRsEvent->Fields("fldSessionNum"))); });
-        walk.derive(modes);
-    });
+void SpareFigures::countGames(EventRows& event) {
+    for (const StoredGame& game : event.games()) {
+        const bool isPinfall = isText(game.scoreType, "P");
+        const Int16 number = toInt16(game.number);
+        if (!isPinfall && !isText(game.scoreType, "L"))
+            continue;
+        for (const StoredFrame& frame : event.framesOf(number.value()))
+            countFrame(frame, isPinfall);
+    }
 }
 
-void Add_Spare_Matrix(ReportRun& run, SpareMatrix& matrix, const std::string& leave, bool converted) {
-    run.procedure("Add_Spare_Matrix", [&] { matrix.count(leave, converted); });
+void SpareFigures::countFrame(const StoredFrame& frame, bool isPinfall) {
+    if (toDouble(frame.number) < kFrames)
+        countUpToNinth(frame, isPinfall);
+    else
+        countTenth(frame, isPinfall);
+}
+
+void SpareFigures::countUpToNinth(const StoredFrame& frame, bool isPinfall) {
+    if (resultOf(frame.firstBall) == BallResult::Strike)
+        return addFirstBalls(1, 10);
+    const std::string lineScore = toText(frame.lineScore);
+    const std::string_view first = markOf(lineScore, 1);
+    const bool converted = isSpare(markOf(lineScore, 2));
+    addFirstBalls(1, countOf(first));
+    if (first == "9") {
+        ++firstBalls.SinglePinAttempts;
+        if (converted)
+            ++firstBalls.SinglePinConverted;
+    }
+    if (isPinfall)
+        addLeave(frame.firstBall, converted);
+}
+
+/// An open tenth frame counts nothing here.
+void SpareFigures::countTenth(const StoredFrame& frame, bool isPinfall) {
+    const std::string lineScore = toText(frame.lineScore);
+    const auto pins = [&](std::size_t n) { return countOf(markOf(lineScore, n)); };
+    const auto addSpared = [&](const Value& leave) {
+        if (isPinfall)
+            addLeave(leave, true);
+    };
+    switch (tenthFrameOf(tenthFrameIn(frame))) {
+        case TenthFrame::ThreeStrikes:
+            return addFirstBalls(3, 30);
+        case TenthFrame::TwoStrikes:
+            return addFirstBalls(3, 20 + pins(3));
+        case TenthFrame::StrikeThenSpare:
+            addFirstBalls(2, 10 + pins(2));
+            return addSpared(frame.secondBall);
+        case TenthFrame::SpareThenStrike:
+            addFirstBalls(2, 10 + pins(1));
+            return addSpared(frame.firstBall);
+        case TenthFrame::SpareThenOther:
+            addFirstBalls(2, pins(1) + pins(3));
+            return addSpared(frame.firstBall);
+        case TenthFrame::Open:
+        case TenthFrame::None:
+            return;
+    }
+}
+
+void SpareFigures::addFirstBalls(int balls, int pins) {
+    balls_ += balls;
+    pins_ += pins;
+}
+
+void SpareFigures::addLeave(const Value& leave, bool converted) {
+    isMatrixFull = true;
+    matrix.count(toText(leave), converted);
+    isMatrixFull = false;
+}
+
+void SpareFigures::derive(const ScoringModes& modes) {
+    firstBalls.SinglePinAvg = perGame(firstBalls.SinglePinAttempts, modes.gamesWithFrames());
+    if (balls_ != 0)
+        firstBalls.FirstBallAvg = toInt16(static_cast<double>(pins_.value()) / balls_.value());
+    firstBalls.SinglePinPct = percentage(firstBalls.SinglePinConverted, firstBalls.SinglePinAttempts);
+    matrix.derive(modes.PinfallGames);
+}
+
+void Build_Sp_Sum(ReportRun& run, Counted<SpareFigures>& spares, const ScoringModes& modes) {
+    run.procedure("Build_Sp_Sum", [&] {
+        run.requireRecordsets();
+        if (spares.figures.isMatrixFull)
+            run.procedure("Add_Spare_Matrix", [&] { spares.raiseFailure(); });
+        run.requireRecordsets();
+        spares.raiseFailure();
+        spares.figures.derive(modes);
+    });
 }
 
 void Print_Spare_Summary(ReportRun& run, const ScoringModes& modes, const StrikeSpareCounts& counts,

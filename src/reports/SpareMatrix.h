@@ -9,7 +9,11 @@
 
 namespace tallybrook {
 
+class EventRows;
 class ReportRun;
+struct StoredFrame;
+template <typename Figures>
+class Counted;
 
 /// One leave, with how often it was met and spared.
 struct SpareRow {
@@ -35,7 +39,7 @@ private:
     std::unordered_map<std::string, std::size_t> places_;  // of the leaves among the rows
 };
 
-/// What the second walk over the frames finds besides the matrix.
+/// What is counted of first balls.
 struct FirstBallFigures {
     Int32 SinglePinAttempts;   // frames 1 to 9 whose first mark is "9"
     Int32 SinglePinConverted;  // those of them whose second mark is "/"
@@ -44,11 +48,31 @@ struct FirstBallFigures {
     Int32 SinglePinAvg;        // attempts per game, a whole number
 };
 
-/// Walks the frames of the games recorded as pinfall or line score, and fills the matrix and the figures.
-void Build_Sp_Sum(ReportRun& run, SpareMatrix& matrix, FirstBallFigures& figures, const ScoringModes& modes);
+/// Leaves and first balls of the games recorded as pinfall or line score.
+class SpareFigures {
+public:
+    SpareMatrix matrix;
+    FirstBallFigures firstBalls;
+    bool isMatrixFull = false;  // a leave could not be counted
 
-/// Counts one attempt at a leave.
-void Add_Spare_Matrix(ReportRun& run, SpareMatrix& matrix, const std::string& leave, bool converted);
+    void countGames(EventRows& event);
+    /// Works out what the counts come to.
+    void derive(const ScoringModes& modes);
+
+private:
+    void countFrame(const StoredFrame& frame, bool isPinfall);
+    void countUpToNinth(const StoredFrame& frame, bool isPinfall);
+    void countTenth(const StoredFrame& frame, bool isPinfall);
+    void addFirstBalls(int balls, int pins);
+    void addLeave(const Value& leave, bool converted);
+
+    Int32 balls_;
+    Int32 pins_;
+};
+
+/// Gives the matrix and the figures of first balls, with what they come to. A leave that could not be counted
+/// is told as a failure of Add_Spare_Matrix first.
+void Build_Sp_Sum(ReportRun& run, Counted<SpareFigures>& spares, const ScoringModes& modes);
 
 /// Writes the block on strikes, spares, open frames and single pins.
 void Print_Spare_Summary(ReportRun& run, const ScoringModes& modes, const StrikeSpareCounts& counts,

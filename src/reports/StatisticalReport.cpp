@@ -28,28 +28,30 @@ public:
 
     void write() {
         run_.gReportSQL += " ORDER BY fldDateBowled";
-        run_.gRsEvent->Open(run_.gReportSQL);
-        if (run_.gRsEvent->RecordCount() > 0)
-            writeEvents(*run_.gRsEvent);
-        run_.gRsEvent->Close();
+        run_.requireRecordsets();
+        if (run_.gReportCount > 0)
+            writeEvents();
         writeGames();
         writeSeries();
     }
 
 private:
-    void writeEvents(Recordset& events) {
-        writeTotals(events);
-        run_.print(fmt::format("\r\nEvent Listing ({} events found):", events.RecordCount()));
+    void writeEvents() {
+        writeTotals();
+        run_.print(fmt::format("\r\nEvent Listing ({} events found):", text(run_.gReportCount)));
         run_.print(std::string(59, '-'));
-        for (events.MoveFirst(); !events.Eof(); events.MoveNext())
+        RowStream events = run_.events({"fldEventName", "fldDateBowled", "fldEventType", "fldNumGames",
+                                        "fldSeriesTot", "fldSeriesAvg", "fldComment"});
+        while (events.next())
             run_.print(entryOf(events));
     }
 
-    void writeTotals(Recordset& events) {
+    void writeTotals() {
         Totals totals;
-        for (events.MoveFirst(); !events.Eof(); events.MoveNext()) {
-            totals.pinfall += toInt32(events["fldSeriesTot"]);
-            totals.games += toInt32(events["fldNumGames"]);
+        RowStream events = run_.events({"fldSeriesTot", "fldNumGames"});
+        while (events.next()) {
+            totals.pinfall += toInt32(events[0]);
+            totals.games += toInt32(events[1]);
         }
         const double average = totals.average();
         run_.print("\r\nEvent Summary\r\n-------------");
@@ -57,14 +59,12 @@ private:
                                text(totals.pinfall), doubleText(average)));
     }
 
-    [[nodiscard]] std::string entryOf(Recordset& event) const {
-        std::string entry = fmt::format("Event: {}\t\tDate Bowled: {}\r\n", toText(event["fldEventName"]),
-                                        toText(event["fldDateBowled"]));
-        if (listsTypes_)
-            entry += "Event Type: " + toText(event["fldEventType"]) + "\r\n";
-        return entry + fmt::format("Games Bowled: {}\t\tPinfall: {}\tEvent Average: {}\r\nComment: {}\r\n",
-                                   toText(event["fldNumGames"]), toText(event["fldSeriesTot"]),
-                                   toText(event["fldSeriesAvg"]), toText(event["fldComment"]));
+    [[nodiscard]] std::string entryOf(const RowStream& event) const {
+        const auto field = [&](std::size_t n) { return toText(event[n]); };
+        return "Event: " + field(0) + "\t\tDate Bowled: " + field(1) + "\r\n" +
+               (listsTypes_ ? "Event Type: " + field(2) + "\r\n" : "") + "Games Bowled: " + field(3) +
+               "\t\tPinfall: " + field(4) + "\tEvent Average: " + field(5) + "\r\nComment: " + field(6) +
+               "\r\n";
     }
 
     void writeGames() {

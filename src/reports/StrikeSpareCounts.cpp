@@ -1,6 +1,7 @@
 #include "reports/StrikeSpareCounts.h"
 
 #include "bowling/Marks.h"
+#include "reports/ReportFigures.h"
 #include "reports/ReportRun.h"
 #include "runtime/TextForms.h"
 
@@ -35,6 +36,29 @@ double ratio(Int32 part, Int32 whole) {
 }
 
 }  // namespace
+
+void ScoringModes::countGames(EventRows& event) {
+    for (const StoredGame& game : event.games()) {
+        if (isText(game.scoreType, "P"))
+            ++PinfallGames;
+        else if (isText(game.scoreType, "L"))
+            ++LineScoreGames;
+        else
+            ++ScoreOnlyGames;
+    }
+}
+
+void StrikeSpareCounts::countGames(EventRows& event) {
+    for (const StoredGame& game : event.games()) {
+        const Int16 number = toInt16(leadingNumberOf(game.number));
+        for (const StoredFrame& frame : event.framesOf(number.value())) {
+            if (leadingNumberOf(frame.number) < kFrames)
+                countFrame(frame.firstBall, frame.secondBall);
+            else
+                countTenthFrame(tenthFrameIn(frame));
+        }
+    }
+}
 
 void StrikeSpareCounts::countFrame(const Value& firstBall, const Value& secondBall) {
     ++FirstBalls;
@@ -76,23 +100,11 @@ double percentage(Int32 part, Int32 whole) {
     return whole > 0 ? roundedTo(ratio(part, whole) * 100, 1) : 0;
 }
 
-void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringModes& modes) {
-    const auto countFrame = [&] {
-        Recordset& row = *run.gRsFrame;
-        if (leadingNumberOf(row["fldFrameNum"]) < kFrames)
-            counts.countFrame(row["fldFirstBallRes"], row["fldSecondBallRes"]);
-        else
-            counts.countTenthFrame(tenthFrameIn(row));
-    };
+void Get_StSp_Stats(ReportRun& run, Counted<StrikeSpareCounts>& strikes, const ScoringModes& modes) {
     run.procedure("Get_StSp_Stats", [&] {
-        forEachRow(run.gRsEvent, run.gReportSQL, [&] {
-            const Int32 eventKey = toInt32(run.gRsEvent->Fields("fldSessionNum"));
-            forEachRow(run.gRsGame, gamesOf(eventKey), [&] {
-                const Int16 game = toInt16(leadingNumberOf(run.gRsGame->Fields("fldGameNum")));
-                forEachRow(run.gRsFrame, framesOf(eventKey, game), countFrame);
-            });
-        });
-        counts.derive(modes);
+        run.requireRecordsets();
+        strikes.raiseFailure();
+        strikes.figures.derive(modes);
     });
 }
 

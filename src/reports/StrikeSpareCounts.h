@@ -5,7 +5,10 @@
 
 namespace tallybrook {
 
+class EventRows;
 class ReportRun;
+template <typename Figures>
+class Counted;
 
 /// How many games of a report were recorded in which way.
 struct ScoringModes {
@@ -13,6 +16,8 @@ struct ScoringModes {
     Int32 LineScoreGames = {};
     Int32 ScoreOnlyGames = {};
 
+    /// Counts the games of an event by their score types.
+    void countGames(EventRows& event);
     /// The games that have frames: the divisor of the figures per game.
     [[nodiscard]] Int32 gamesWithFrames() const { return PinfallGames + LineScoreGames; }
 };
@@ -32,6 +37,8 @@ struct StrikeSpareCounts {
     Int32 OpenAvg;
     double OpenPct = 0;  // of SpareChances
 
+    /// Counts the frames of all games of an event, whatever their score type.
+    void countGames(EventRows& event);
     /// Counts one of the frames 1 to 9 by its balls.
     void countFrame(const Value& firstBall, const Value& secondBall);
     /// Counts a tenth frame; one of no known kind counts nothing.
@@ -46,8 +53,7 @@ Int32 perGame(Int32 count, Int32 games);
 /// A part as a percentage of a whole, with one decimal; 0 of nothing.
 double percentage(Int32 part, Int32 whole);
 
-/// Walks all frames of the report's events, whatever the score type of their game, and counts them by the
-/// marks of their balls.
-void Get_StSp_Stats(ReportRun& run, StrikeSpareCounts& counts, const ScoringModes& modes);
+/// Gives the counts of strikes, spares and open frames, by the marks of the balls, with what they come to.
+void Get_StSp_Stats(ReportRun& run, Counted<StrikeSpareCounts>& strikes, const ScoringModes& modes);
 
 }  // namespace tallybrook

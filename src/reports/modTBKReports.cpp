@@ -1,6 +1,7 @@
 #include "reports/modTBKReports.h"
 
 #include "reports/EventReport.h"
+#include "reports/ReportFigures.h"
 #include "reports/ReportRun.h"
 #include "reports/ScoreSummary.h"
 #include "reports/SpareMatrix.h"
@@ -73,8 +74,8 @@ public:
             Open_DB();
             Write_Header();
             Get_Sc_Mode();
-            Get_StSp_Stats(run_, counts_, modes_);
-            Build_Sp_Sum(run_, matrix_, figures_, modes_);
+            Get_StSp_Stats(run_, figures_.strikes, modes());
+            Build_Sp_Sum(run_, figures_.spares, modes());
             writeBody();
             run_.closeFile();
             run_.clearRecordsets();
@@ -90,9 +91,8 @@ private:
 
     void Open_DB() {
         run_.procedure("Open_DB", [this] {
-            run_.gRsEvent->Open(run_.gReportSQL);
-            run_.gReportCount = run_.gRsEvent->RecordCount();
-            run_.gRsEvent->Close();
+            run_.requireRecordsets();
+            run_.gReportCount = countRows(run_.program.store(), run_.gReportSQL);
         });
     }
 
@@ -130,42 +130,30 @@ private:
         run_.print(fmt::format("\r\nFound {} matching events.", text(run_.gReportCount)));
     }
 
+    /// The one walk over all that the report covers comes first.
     void Get_Sc_Mode() {
         run_.procedure("Get_Sc_Mode", [this] {
-            run_.gRsEvent->Open(run_.gReportSQL);
-            // No test for rows: a selection of no events ends here.
-            for (run_.gRsEvent->MoveFirst(); !run_.gRsEvent->Eof(); run_.gRsEvent->MoveNext())
-                countModes(toText(run_.gRsEvent->Fields("fldSessionNum")));
-            run_.gRsEvent->Close();
+            countFigures(run_, figures_, !isEventReport(request_));
+            figures_.modes.raiseFailure();
             run_.print(fmt::format(
                 "\r\nScoring Mode Summary: \r\nPinfall Mode: {} games,   Line Score: {} games,   "
                 "Game Score only: {} games.",
-                text(modes_.PinfallGames), text(modes_.LineScoreGames), text(modes_.ScoreOnlyGames)));
+                text(modes().PinfallGames), text(modes().LineScoreGames), text(modes().ScoreOnlyGames)));
         });
     }
 
-    void countModes(const std::string& key) {
-        forEachRow(run_.gRsGame, gamesOf(key), [this] {
-            const Value scoreType = run_.gRsGame->Fields("fldScoreType");
-            if (isText(scoreType, "P"))
-                ++modes_.PinfallGames;
-            else if (isText(scoreType, "L"))
-                ++modes_.LineScoreGames;
-            else
-                ++modes_.ScoreOnlyGames;
-        });
-    }
+    [[nodiscard]] const ScoringModes& modes() const { return figures_.modes.figures; }
 
     void writeBody() {
         const auto writeSpares = [this] {
-            Print_Spare_Summary(run_, modes_, counts_, figures_);
-            Print_Spare_Matrix(run_, matrix_, modes_);
+            const SpareFigures& spares = figures_.spares.figures;
+            Print_Spare_Summary(run_, modes(), figures_.strikes.figures, spares.firstBalls);
+            Print_Spare_Matrix(run_, spares.matrix, modes());
         };
         if (isEventReport(request_))
             return Write_Event(run_, request_, writeSpares);
-        ScoreSummary summary;
-        Build_Sum_Matrix(run_, summary);
-        Write_Stats(run_, request_, summary, writeSpares);
+        Build_Sum_Matrix(run_, figures_.scores);
+        Write_Stats(run_, request_, figures_.scores.figures, writeSpares);
     }
 
     void Copy_Report_HH() {
@@ -187,10 +175,7 @@ private:
     ReportRun run_;
     const ReportRequest& request_;
     DateTime now_;
-    ScoringModes modes_;
-    StrikeSpareCounts counts_;
-    SpareMatrix matrix_;
-    FirstBallFigures figures_;
+    ReportFigures figures_;
 };
 
 }  // namespace

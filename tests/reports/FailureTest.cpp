@@ -1,6 +1,6 @@
 #include "ReportPlay.h"
+#include "reports/ReportFigures.h"
 #include "reports/ReportRun.h"
-#include "reports/SpareMatrix.h"
 #include "store/file/Connection.h"
 
 #include <filesystem>
@@ -191,14 +191,14 @@ TEST_F(ReportFailure, OfTheMatrixItselfComesWithTwoBoxes) {
     play.addEvent({});
     play.addGame("P");
     play.addFrame("9/", "one leave too many", "/");
-    SpareMatrix full;
+    ReportFigures figures;
     for (int leave = 1; leave <= 32767; ++leave)
-        full.count(std::to_string(leave), false);
+        figures.spares.figures.matrix.count(std::to_string(leave), false);
     ReportRun run(play.program());
     run.createRecordsets();
     run.gReportSQL = "SELECT * FROM tblEventInfo";
-    FirstBallFigures figures;
-    play.run([&] { Build_Sp_Sum(run, full, figures, {.PinfallGames = 1}); },
+    countFigures(run, figures, false);
+    play.run([&] { Build_Sp_Sum(run, figures.spares, {.PinfallGames = 1}); },
              {failure("Add_Spare_Matrix", error::kOverflow), failure("Build_Sp_Sum", kGone)});
 }
 

@@ -84,11 +84,6 @@ void PackedRows::append(Number number) {
     bytes_.append(bytes.data(), sizeof number);
 }
 
-void PackedRows::shrink() {
-    bytes_.shrink_to_fit();
-    starts_.shrink_to_fit();
-}
-
 void PackedRows::addRow(std::int64_t key) {
     starts_.push_back(bytes_.size());
     append(key);

@@ -41,9 +41,6 @@ public:
         return bytes_.capacity() + starts_.capacity() * sizeof(starts_.front());
     }
 
-    /// Gives back the memory that was set aside for further rows.
-    void shrink();
-
     /// Begins a row; its values follow, one for each field of the projection in order.
     void addRow(std::int64_t key);
     void add(Null);
@@ -67,13 +64,6 @@ private:
     std::shared_ptr<const Projection> projection_;
     std::string bytes_;
     std::vector<std::size_t> starts_;  // of each row
-};
-
-/// Some rows on end, among others read together with them.
-struct RowRange {
-    std::shared_ptr<const PackedRows> rows;
-    std::size_t first = 0;
-    std::size_t count = 0;
 };
 
 }  // namespace tallybrook

@@ -20,8 +20,6 @@ Plan::Plan(SQLite::Database& database, Select select)
     // What rows are ordered by is what they are told apart by, and asked for; and an index has it at hand.
     for (std::size_t field = 0; field < fieldCount(); ++field)
         wanted_[field] = std::ranges::find(select_.orderBy, select_.fields[field]) != select_.orderBy.end();
-    if (ReadAhead::serves(select_))
-        ahead_.emplace(database_, select_);
 }
 
 void Plan::want(std::size_t field) {
@@ -69,31 +67,34 @@ void Plan::bind(Statement& statement, const Question& question) const {
     }
 }
 
-RowRange Plan::run(Reader& reader, const Question& question) const {
+Statement Plan::ready(const std::string& what, const Question& question) const {
+    Statement statement(database_, "SELECT " + what + text_.sql());
+    bind(statement, question);
+    return statement;
+}
+
+std::shared_ptr<const PackedRows> Plan::run(Reader& reader, const Question& question) const {
     Statement::Use use(*reader.statement);
     bind(*use, question);
     auto rows = std::make_shared<PackedRows>(reader.projection);
     while (use->executeStep())
         rows->addRow(*use, kFirstField, select_.fields);
-    const std::size_t count = rows->size();
-    return {.rows = std::move(rows), .first = 0, .count = count};
+    return rows;
 }
 
 bool Plan::Answer::answers(const Question& question, const Projection& projection) const {
     return version == question.version && lastKey == question.lastKey && values == question.values &&
-           rows.rows->projection().holdsAll(projection);
+           rows->projection().holdsAll(projection);
 }
 
-RowRange Plan::read(const Question& question, bool all) {
+std::shared_ptr<const PackedRows> Plan::read(const Question& question, bool all) {
     return onFile([&] {
         Reader& reader = readerOf(all || select_.distinct);
         if (lastAnswer_ && lastAnswer_->answers(question, *reader.projection))
             return lastAnswer_->rows;
-        if (std::optional<RowRange> known = ahead_ ? ahead_->find(question, reader.projection) : std::nullopt)
-            return *known;
-        RowRange rows = run(reader, question);
+        std::shared_ptr<const PackedRows> rows = run(reader, question);
         lastAnswer_.reset();
-        if (rows.rows->bytes() <= kLargestKept)
+        if (rows->bytes() <= kLargestKept)
             lastAnswer_ = {question.values, question.lastKey, question.version, rows};
         return rows;
     });

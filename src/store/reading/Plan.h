@@ -2,11 +2,11 @@
 
 #include "store/file/Statement.h"
 #include "store/reading/PackedRows.h"
-#include "store/reading/ReadAhead.h"
 #include "store/sql/SelectText.h"
 #include "store/sql/Sql.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -14,6 +14,13 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 namespace tallybrook {
+
+/// What the rows that a statement of some shape finds depend on besides the shape.
+struct Question {
+    const std::vector<Value>& values;  // of the criteria
+    std::int64_t lastKey = 0;          // only rows whose keys are at most this one
+    std::uint64_t version = 0;         // of the tables; grows with each change
+};
 
 /// How all statements of one shape are run: the statement for SQLite, prepared once, and the fields that are
 /// worth reading, which are those that somebody has asked for.
@@ -31,9 +38,12 @@ public:
     void want(std::size_t field);
 
     /// Runs the statement and reads all fields of the rows that it finds, or those that are worth it.
-    RowRange read(const Question& question, bool all);
+    std::shared_ptr<const PackedRows> read(const Question& question, bool all);
     /// Reads all fields of the rows of these keys, in their order; nothing if one of them is not there.
     std::shared_ptr<const PackedRows> readRows(const std::vector<std::int64_t>& keys);
+    /// A statement for itself that reads `what` of the rows, a list in SQL; to be stepped through. Errors:
+    /// SQLite::Exception.
+    [[nodiscard]] Statement ready(const std::string& what, const Question& question) const;
 
 private:
     /// A statement that reads certain fields.
@@ -46,7 +56,7 @@ private:
     [[nodiscard]] Reader prepare(const std::string& key, const std::vector<bool>& fields,
                                  const std::string& rest) const;
     void bind(Statement& statement, const Question& question) const;
-    RowRange run(Reader& reader, const Question& question) const;
+    std::shared_ptr<const PackedRows> run(Reader& reader, const Question& question) const;
 
     SQLite::Database& database_;
     Select select_;
@@ -55,13 +65,12 @@ private:
     Reader whole_;
     Reader narrow_;  // of the fields wanted
     Reader single_;  // of the row of one key
-    std::optional<ReadAhead> ahead_;
     // The last answer, if it is small: procedures often ask the same one after another.
     struct Answer {
         std::vector<Value> values;
         std::int64_t lastKey;
         std::uint64_t version;
-        RowRange rows;
+        std::shared_ptr<const PackedRows> rows;
 
         [[nodiscard]] bool answers(const Question& question, const Projection& projection) const;
     };

@@ -18,8 +18,7 @@ namespace tallybrook {
 ///
 /// A Snapshot asks its statement's Plan for the rows. Statements of one shape share a Plan, by which SQLite
 /// runs them; RecentStatements know the last ones again without taking them apart. A Plan answers from its
-/// last answer, from what its ReadAhead has read for a walk from event to event, or from the tables; the
-/// answer is PackedRows.
+/// last answer or from the tables; the answer is PackedRows.
 class Reading {
 public:
     /// `clock` tells the current year to dates without one. Both must outlive this.

@@ -58,7 +58,8 @@ void Snapshot::readFields(Found wanted) {
     read_ = statement_.plan->read(
         {.values = statement_.values, .lastKey = lastKey_, .version = reading_.connection().version()},
         wanted == Found::Whole);
-    const bool isWhole = read_.rows->projection().fields.size() == fields().size();
+    readCount_ = read_->size();
+    const bool isWhole = read_->projection().fields.size() == fields().size();
     found_ = isWhole ? Found::Whole : wanted;
 }
 
@@ -77,8 +78,8 @@ const PackedRows* Snapshot::glimpseOf(std::size_t row) {
     if (glimpses_.size() == kMostGlimpses)
         return nullptr;
     std::vector<std::int64_t> keys;
-    for (std::size_t one = place * kGlimpse; one < std::min((place + 1) * kGlimpse, read_.count); ++one)
-        keys.push_back(read_.rows->key(read_.first + one));
+    for (std::size_t one = place * kGlimpse; one < std::min((place + 1) * kGlimpse, readCount_); ++one)
+        keys.push_back(read_->key(one));
     return (glimpses_[place] = statement_.plan->readRows(keys)).get();
 }
 
@@ -104,36 +105,36 @@ void Snapshot::takeOver() {
         return;
     readAll();
     std::vector<OwnRow> rows;
-    rows.reserve(read_.count + own_.size());
-    for (std::size_t row = read_.first; row < read_.first + read_.count; ++row)
-        rows.push_back({.key = read_.rows->key(row), .values = valuesIn(*read_.rows, row, fields().size())});
+    rows.reserve(readCount_ + own_.size());
+    for (std::size_t row = 0; row < readCount_; ++row)
+        rows.push_back({.key = read_->key(row), .values = valuesIn(*read_, row, fields().size())});
     firstUnreadOwn_ += rows.size();
     std::ranges::move(own_, std::back_inserter(rows));
     own_ = std::move(rows);
-    read_.count = 0;
+    readCount_ = 0;
     found_ = Found::TakenOver;
 }
 
 std::int64_t Snapshot::key(std::size_t row) {
-    return isOwn(row) ? own_[row - read_.count].key : read_.rows->key(read_.first + row);
+    return isOwn(row) ? own_[row - readCount_].key : read_->key(row);
 }
 
 Value Snapshot::value(std::size_t row, std::size_t field) {
     if (isOwn(row))
-        return valuesOf(own_[row - read_.count])[field];
-    if (!read_.rows->projection().holds(field)) {
+        return valuesOf(own_[row - readCount_])[field];
+    if (!read_->projection().holds(field)) {
         statement_.plan->want(field);
         if (const PackedRows* const glimpse = glimpseOf(row); glimpse != nullptr)
             return glimpse->value(row % kGlimpse, field);
         readMissing();
     }
-    return read_.rows->value(read_.first + row, field);
+    return read_->value(row, field);
 }
 
 void Snapshot::setValue(std::size_t row, std::size_t field, Value value) {
     if (!isOwn(row))
         takeOver();
-    valuesOf(own_[row - read_.count])[field] = std::move(value);
+    valuesOf(own_[row - readCount_])[field] = std::move(value);
 }
 
 void Snapshot::erase(std::size_t row) {

@@ -40,7 +40,7 @@ public:
 
     [[nodiscard]] std::size_t size() {
         look();
-        return read_.count + own_.size();
+        return readCount_ + own_.size();
     }
     [[nodiscard]] std::int64_t key(std::size_t row);
     [[nodiscard]] Value value(std::size_t row, std::size_t field);
@@ -85,7 +85,7 @@ private:
     void takeOver();
     [[nodiscard]] bool isOwn(std::size_t row) {
         look();
-        return row >= read_.count;
+        return row >= readCount_;
     }
     std::vector<Value>& valuesOf(OwnRow& own);
 
@@ -93,7 +93,8 @@ private:
     UnderstoodStatement statement_;
     std::int64_t lastKey_;
     Found found_ = Found::Unread;
-    RowRange read_;
+    std::shared_ptr<const PackedRows> read_;
+    std::size_t readCount_ = 0;  // of these, until they are taken over
     // Few of these, for somebody who looks at some rows of many: by their place, rows on end.
     std::map<std::size_t, std::shared_ptr<const PackedRows>> glimpses_;
     std::vector<OwnRow> own_;         // behind those read: the rows added; once taken over, all

@@ -1,0 +1,83 @@
+#include "reports/ReportFigures.h"
+
+#include "reports/ReportRun.h"
+#include "store/EventRows.h"
+#include "store/RowStream.h"
+
+namespace tallybrook {
+
+namespace {
+
+/// The key of an event as it stands, however large.
+std::int64_t keyIn(const Value& value) {
+    const auto* const key = std::get_if<std::int64_t>(&value);
+    return key != nullptr ? *key : toInt32(value).value();
+}
+
+/// The walk over the events.
+class FigureWalk {
+public:
+    FigureWalk(ReportRun& run, ReportFigures& figures, bool withScores)
+        : run_(run), figures_(figures), withScores_(withScores), rows_(run.program.store()) {}
+
+    void walk(ScoringModes& modes) {
+        RowStream events = run_.events({"fldSessionNum", "fldSeriesTot", "fldNumGames", "fldDateBowled"});
+        // A selection of no events ends here.
+        if (!events.next())
+            throw RunTimeError(error::kNoCurrentRow);
+        do {
+            rows_.goTo(keyIn(events[0]));
+            modes.countGames(rows_);
+            countEvent(events);
+        } while (events.next());
+    }
+
+private:
+    void countEvent(const RowStream& event) {
+        figures_.strikes.count([&](StrikeSpareCounts& strikes) {
+            static_cast<void>(toInt32(event[0]));
+            strikes.countGames(rows_);
+        });
+        figures_.spares.count([&](SpareFigures& spares) { spares.countGames(rows_); });
+        if (withScores_)
+            figures_.scores.count([&](ScoreSummary& scores) { countScores(scores, event); });
+    }
+
+    void countScores(ScoreSummary& scores, const RowStream& event) {
+        const Int16 total = toInt16(event[1]);
+        const Int16 games = toInt16(event[2]);
+        const DateTime date = toDate(event[3], run_.program.clock.year());
+        scores.countSeries(games, total, date);
+        for (const StoredGame& game : rows_.games())
+            scores.countGame(toInt16(game.score), date);
+    }
+
+    ReportRun& run_;
+    ReportFigures& figures_;
+    bool withScores_;
+    EventRows rows_;
+};
+
+/// How many games the longest series has, as planned.
+Int32 longestSeries(ReportRun& run) {
+    Int32 longest;
+    RowStream events = run.events({"fldNumGames"});
+    while (events.next()) {
+        if (const Value games = events[0]; !isNull(games))
+            longest = std::max(longest, toInt32(games));
+    }
+    return longest;
+}
+
+}  // namespace
+
+void countFigures(ReportRun& run, ReportFigures& figures, bool withScores) {
+    if (withScores)
+        figures.scores.count([&](ScoreSummary& scores) {
+            if (const Int32 longest = longestSeries(run); longest > 0)
+                scores.allow(longest);
+        });
+    figures.modes.count([&](ScoringModes& modes) { FigureWalk(run, figures, withScores).walk(modes); });
+}
+
+}  // namespace tallybrook
