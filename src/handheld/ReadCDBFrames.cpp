@@ -22,24 +22,12 @@ constexpr int kFillBall = 14;
 constexpr int kLineScore = 15;
 constexpr int kComment = 16;
 
-void storeFrame(DataControl& adoTBKFrame, const CdbRecord& record, Int32 eventKey) {
-    adoTBKFrame.Refresh();
-    Recordset& frames = adoTBKFrame.recordset();
-    frames.AddNew();
-    frames["fldSessionNum"] = valueOf(eventKey);
-    frames["fldGameNum"] = record.value(kGameNum);  // whatever the number of the game found
-    frames["fldFrameNum"] = record.value(kFrameNum);
-    frames["fldLaneBowled"] = record.value(kLaneBowled);
-    frames["fldBallUsed"] = record.value(kBallUsed);
-    frames["fldFootPos"] = record.value(kFootPos);
-    frames["fldLaneTgt"] = record.value(kLaneTgt);
-    frames["fldFirstBallRes"] = record.value(kFirstBall);
-    frames["fldSecondBallRes"] = record.value(kSecondBall);
-    frames["fldFillBallRes"] = record.value(kFillBall);
-    frames["fldComment"] = record.value(kComment);
-    frames["fldLineScore"] = record.value(kLineScore);
-    frames["fldHHRecordID"] = record.id();
-    frames.Update();
+/// Under the game number that the record itself tells, whatever that of the game found.
+void storeFrame(RowInsert& frames, const CdbRecord& record, Int32 eventKey) {
+    const auto value = [&](int field) -> const Value& { return record.value(field); };
+    frames.add(valueOf(eventKey), value(kGameNum), value(kFrameNum), value(kLaneBowled), value(kBallUsed),
+               value(kFootPos), value(kLaneTgt), value(kFirstBall), value(kSecondBall), value(kFillBall),
+               value(kComment), value(kLineScore), Value{record.id()});
 }
 
 Outcome addFrame(SyncRun& run, CdbRecord& record) {
@@ -52,7 +40,7 @@ Outcome addFrame(SyncRun& run, CdbRecord& record) {
                                        "number: {}, Game number: {}",
                                        record.id(), frameNum, gameNum)};
     record.cut(kLaneBowled, kComment);
-    storeFrame(run.controls().adoTBKFrame, record, *eventKey);
+    storeFrame(run.controls().frames, record, *eventKey);
     return {.isAdded = true,
             .logLine = fmt::format(
                 "Record ID: {} added to database, Event key: {}, Game number: {}, Frame number: {}",

@@ -20,25 +20,11 @@ constexpr int kScoreType = 12;
 constexpr int kLaneCond = 13;
 constexpr int kComment = 14;
 
-Int32 storeGame(DataControl& adoTBKGame, const CdbRecord& record, Int32 eventKey) {
-    adoTBKGame.Refresh();
-    Recordset& games = adoTBKGame.recordset();
-    games.AddNew();
-    games["fldSessionNum"] = valueOf(eventKey);
-    games["fldGameNum"] = record.value(kGameNum);
-    games["fldLanePair"] = record.value(kLanePair);
-    games["fldLeftLane"] = record.value(kLeftLane);
-    games["fldRightLane"] = record.value(kRightLane);
-    games["fldStartLane"] = record.value(kStartLane);
-    games["fldGameScore"] = record.value(kGameScore);
-    games["fldLaneCond"] = record.value(kLaneCond);
-    games["fldComment"] = record.value(kComment);
-    games["fldScoreType"] = record.value(kScoreType);
-    games["fldHHRecordID"] = record.id();
-    games["fldBowlHand"] = "N";
-    games["fldFrmsRecorded"] = valueOf(Int16{0});
-    games.Update();
-    return toInt32(games["fldGameKey"]);
+Int32 storeGame(RowInsert& games, const CdbRecord& record, Int32 eventKey) {
+    const auto value = [&](int field) -> const Value& { return record.value(field); };
+    return games.add(valueOf(eventKey), value(kGameNum), value(kLanePair), value(kLeftLane),
+                     value(kRightLane), value(kStartLane), value(kGameScore), value(kLaneCond),
+                     value(kComment), value(kScoreType), Value{record.id()}, Value{"N"}, valueOf(Int16{0}));
 }
 
 Outcome addGame(SyncRun& run, CdbRecord& record) {
@@ -48,7 +34,7 @@ Outcome addGame(SyncRun& run, CdbRecord& record) {
                 .logLine = fmt::format("No event found for record ID {}. Event ID: {}", record.id(),
                                        record.text(kEventId))};
     record.cut(kGameNum, kComment);
-    run.AddedGames.add(record.text(kGameId), storeGame(run.controls().adoTBKGame, record, *eventKey));
+    run.AddedGames.add(record.text(kGameId), storeGame(run.controls().games, record, *eventKey));
     return {.isAdded = true,
             .logLine = fmt::format("Record ID: {} added to database, Event key: {}, Game number: {}",
                                    record.id(), eventKey->value(), toText(record.value(kGameNum)))};

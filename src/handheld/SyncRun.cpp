@@ -8,10 +8,17 @@ namespace tallybrook {
 
 namespace fs = std::filesystem;
 
-SyncControls::SyncControls(Store& store) : adoTBKEvent(store), adoTBKGame(store), adoTBKFrame(store) {
+SyncControls::SyncControls(Store& store)
+    : adoTBKEvent(store),
+      games(store, "tblGameInfo",
+            {"fldSessionNum", "fldGameNum", "fldLanePair", "fldLeftLane", "fldRightLane", "fldStartLane",
+             "fldGameScore", "fldLaneCond", "fldComment", "fldScoreType", "fldHHRecordID", "fldBowlHand",
+             "fldFrmsRecorded"}),
+      frames(store, "tblFrameInfo",
+             {"fldSessionNum", "fldGameNum", "fldFrameNum", "fldLaneBowled", "fldBallUsed", "fldFootPos",
+              "fldLaneTgt", "fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes", "fldComment",
+              "fldLineScore", "fldHHRecordID"}) {
     adoTBKEvent.setRecordSource("SELECT * FROM tblEventInfo");
-    adoTBKGame.setRecordSource("SELECT * FROM tblGameInfo");
-    adoTBKFrame.setRecordSource("SELECT * FROM tblFrameInfo");
 }
 
 SyncRun::SyncRun(Program& owner, Screen& screen, SyncControls& controls)

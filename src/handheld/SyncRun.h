@@ -8,6 +8,7 @@
 #include "runtime/TextFile.h"
 #include "shell/Program.h"
 #include "store/DataControl.h"
+#include "store/RowInsert.h"
 
 #include <array>
 #include <filesystem>
@@ -16,13 +17,14 @@
 
 namespace tallybrook {
 
-/// The data controls of the screen, through which the rows are added.
+/// What the rows are added through: the screen's data control, by which events are looked for as well, and
+/// whole rows of the other tables.
 struct SyncControls {
     explicit SyncControls(Store& store);
 
     DataControl adoTBKEvent;
-    DataControl adoTBKGame;
-    DataControl adoTBKFrame;
+    RowInsert games;
+    RowInsert frames;
 };
 
 /// One of the export files during a run.
@@ -53,7 +55,7 @@ public:
 
     /// The export files in the order in which everything is done to them.
     [[nodiscard]] std::array<SyncFile*, 3> files() { return {&event, &game, &frame}; }
-    /// The screen's data controls; error 91 once it has been unloaded.
+    /// The screen's controls; error 91 once it has been unloaded.
     [[nodiscard]] SyncControls& controls() const;
 
     // Where the files of the run lie.

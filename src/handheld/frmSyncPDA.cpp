@@ -37,8 +37,7 @@ void frmSyncPDA::onClose() {
 }
 
 void frmSyncPDA::onUnload() {
-    for (DataControl* const control : {&controls_.adoTBKEvent, &controls_.adoTBKGame, &controls_.adoTBKFrame})
-        control->drop();
+    controls_.adoTBKEvent.drop();
 }
 
 void frmSyncPDA::cmdRetMain_Click() {

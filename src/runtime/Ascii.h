@@ -3,6 +3,10 @@
 // Single characters whatever the machine's locale: only those of ASCII are digits and letters.
 namespace tallybrook {
 
+constexpr bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
 constexpr bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }

@@ -14,10 +14,6 @@ namespace {
 
 constexpr utf8proc_int32_t kEndOfAscii = 0x80;
 
-bool isAscii(char c) {
-    return static_cast<unsigned char>(c) < kEndOfAscii;
-}
-
 /// Takes the first character off the text. A byte that is no UTF-8 becomes a code point of its own, beyond
 /// all real ones.
 utf8proc_int32_t takeCharacter(std::string_view& text) {

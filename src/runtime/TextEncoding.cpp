@@ -1,5 +1,7 @@
 #include "runtime/TextEncoding.h"
 
+#include "runtime/Ascii.h"
+
 #include <algorithm>
 #include <array>
 
@@ -19,6 +21,10 @@ constexpr utf8proc_int32_t kLastOwn = 0x9F;
 
 /// Takes the first code point off valid or invalid UTF-8; -1 for a byte that is none.
 utf8proc_int32_t takeCodePoint(std::string_view& text) {
+    if (const char first = text.front(); isAscii(first)) {
+        text.remove_prefix(1);
+        return first;
+    }
     utf8proc_int32_t codePoint = -1;
     const utf8proc_ssize_t taken = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
                                                     static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
@@ -27,6 +33,10 @@ utf8proc_int32_t takeCodePoint(std::string_view& text) {
 }
 
 void append(std::string& text, utf8proc_int32_t codePoint) {
+    if (codePoint >= 0 && codePoint < kFirstOwn) {
+        text += static_cast<char>(codePoint);
+        return;
+    }
     std::array<utf8proc_uint8_t, 4> bytes{};
     const auto length = static_cast<std::size_t>(utf8proc_encode_char(codePoint, bytes.data()));
     text.append(reinterpret_cast<const char*>(bytes.data()), length);

@@ -106,11 +106,17 @@ std::FILE* streamFor(const fs::path& file, TextWriter::Mode mode) {
     }
 }
 
+/// Where the first line of a text ends.
+std::size_t lineEndIn(std::string_view text) {
+    const auto* const end =
+        std::ranges::find_if(text, [](char sign) { return sign == '\r' || sign == '\n'; });
+    return static_cast<std::size_t>(end - text.begin());
+}
+
 /// The text with CR LF for whatever ends its lines.
 std::string withLineEnds(std::string_view text) {
     std::string lines;
-    for (std::size_t end = text.find_first_of(kLineEnd); end != std::string_view::npos;
-         end = text.find_first_of(kLineEnd)) {
+    for (std::size_t end = lineEndIn(text); end < text.size(); end = lineEndIn(text)) {
         lines.append(text.substr(0, end)).append(kLineEnd);
         text.remove_prefix(end + (text.substr(end).starts_with(kLineEnd) ? kLineEnd.size() : 1));
     }
@@ -154,7 +160,7 @@ bool TextReader::atEnd() const {
 std::string TextReader::readLine() {
     if (atEnd())
         throw RunTimeError(error::kInputPastEndOfFile);
-    const std::size_t end = std::min(bytes_.find_first_of(kLineEnd, next_), bytes_.size());
+    const std::size_t end = next_ + lineEndIn(std::string_view(bytes_).substr(next_));
     const std::string_view line = std::string_view(bytes_).substr(next_, end - next_);
     const bool bothSigns = std::string_view(bytes_).substr(end).starts_with(kLineEnd);
     next_ = end + (bothSigns ? kLineEnd.size() : 1);

@@ -43,6 +43,8 @@ public:
     [[nodiscard]] std::int64_t highestKey(const Table& table);
     /// To be called after a row was added.
     void noteKey(const Table& table, std::int64_t key) { highestKeys_[&table] = key; }
+    /// To be called where it is not known whether a row was added.
+    void forgetKey(const Table& table) { highestKeys_.erase(&table); }
     /// Another number after each change of the tables.
     [[nodiscard]] std::uint64_t version() const;
 

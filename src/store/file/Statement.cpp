@@ -1,11 +1,7 @@
 #include "store/file/Statement.h"
 
-#include "store/sql/FieldValue.h"
-
 #include <type_traits>
 #include <variant>
-
-#include <sqlite3.h>
 
 namespace tallybrook {
 
@@ -53,6 +49,11 @@ void Statement::bind(int index, const Value& value) {
     require(std::visit(Binding{.statement = statement_.get(), .index = index}, value));
 }
 
+void Statement::bindWithoutCopy(int index, std::string_view text) {
+    require(sqlite3_bind_text(statement_.get(), index, text.data(), static_cast<int>(text.size()),
+                              SQLITE_STATIC));
+}
+
 bool Statement::executeStep() {
     const int result = sqlite3_step(statement_.get());
     if (result != SQLITE_DONE && result != SQLITE_ROW)
@@ -69,24 +70,8 @@ void Statement::reset() {
     sqlite3_reset(statement_.get());
 }
 
-sqlite3_value* Statement::column(int index) const {
-    return sqlite3_column_value(statement_.get(), index);
-}
-
 std::int64_t Statement::number(int index) const {
     return sqlite3_column_int64(statement_.get(), index);
-}
-
-std::optional<std::int64_t> Statement::wholeNumber(int index) const {
-    sqlite3_value* const stored = column(index);
-    switch (sqlite3_value_type(stored)) {
-        case SQLITE_INTEGER:
-            return sqlite3_value_int64(stored);
-        case SQLITE_FLOAT:
-            return wholeNumberIn(sqlite3_value_double(stored));
-        default:
-            return std::nullopt;
-    }
 }
 
 }  // namespace tallybrook

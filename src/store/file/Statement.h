@@ -1,17 +1,16 @@
 #pragma once
 
 #include "runtime/Value.h"
+#include "store/sql/FieldValue.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <SQLiteCpp/SQLiteCpp.h>
-
-struct sqlite3;
-struct sqlite3_stmt;
-struct sqlite3_value;
+#include <sqlite3.h>
 
 namespace tallybrook {
 
@@ -24,6 +23,8 @@ public:
     /// Binds a value to a parameter, counted from 1, in the form in which it is stored. What is bound stays
     /// until it is bound anew.
     void bind(int index, const Value& value);
+    /// The same for a text that stays as it is until the statement has run.
+    void bindWithoutCopy(int index, std::string_view text);
 
     /// Goes to the next row; false behind the last one.
     bool executeStep();
@@ -33,11 +34,23 @@ public:
     void reset();
 
     /// What stands in a column of the row, counted from 0, until the next step.
-    [[nodiscard]] sqlite3_value* column(int index) const;
+    [[nodiscard]] sqlite3_value* column(int index) const {
+        return sqlite3_column_value(statement_.get(), index);
+    }
     /// The whole number in a column.
     [[nodiscard]] std::int64_t number(int index) const;
     /// The number in a column where it holds a whole one, be it stored as a real.
-    [[nodiscard]] std::optional<std::int64_t> wholeNumber(int index) const;
+    [[nodiscard]] std::optional<std::int64_t> wholeNumber(int index) const {
+        sqlite3_value* const stored = column(index);
+        switch (sqlite3_value_type(stored)) {
+            case SQLITE_INTEGER:
+                return sqlite3_value_int64(stored);
+            case SQLITE_FLOAT:
+                return wholeNumberIn(sqlite3_value_double(stored));
+            default:
+                return std::nullopt;
+        }
+    }
 
     /// A run of the statement: resets it in the end, however that comes.
     class Use {
