@@ -11,11 +11,15 @@ const std::vector<Work>& works() {
     const Target twoCommits = atMost(2);
 
     static const std::vector<Work> works{
-        {"statistical report", statisticalReport, statisticalReportLimit, kAll, {{"ms", within(3)}}},
-        {"peak of memory in it", peak, peakLimit, kOnce, {{"MiB", below(32)}}},
+        {"statistical report", statisticalReport, statisticalReportLimit, kAll, {{"ms", within(1.5)}}},
+        {"peak of memory in it", peak, peakLimit, kOnce, {{"MiB", atMost(12)}}},
         {"event report", eventReport, eventReportLimit, kOne, {{"ms", sameInAllSizes()}}},
-        {"consistency check", consistencyCheck, consistencyCheckLimit, kAll, {{"ms", within(4)}}},
-        {"import of all", importAll, importAllLimit, kOnce, {{"ms", within(3)}, {kMsToTheEnd, none()}}},
+        {"consistency check", consistencyCheck, consistencyCheckLimit, kAll, {{"ms", within(1.5)}}},
+        {"import of all",
+         importAll,
+         importAllLimit,
+         kOnce,
+         {{"ms", within(1.7)}, {kMsToTheEnd, within(2.2)}}},
         {"import of one event",
          importOne,
          importOneLimit,

@@ -18,7 +18,7 @@ LAYERS = ["SQLite", "store", "runtime", "reports", "C and C++ libraries", "the r
 def layer_of(library, file):
     if "sqlite3" in library:
         return "SQLite"
-    room = re.search(r"src/(\w+)/", file)
+    room = re.search(r"(?:src|rooms)/(\w+)/", file)
     if room and room[1] in ROOMS:
         return room[1]
     return "C and C++ libraries" if ".so" in library or "/usr/include" in file else "the rest"
