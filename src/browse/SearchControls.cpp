@@ -10,7 +10,7 @@ ControlArray<ComboBox> lists(Screen& screen, const std::string& name, int lastRo
                              const std::string& spoken) {
     return {name, 0, lastRow, [&](int row, const std::string& element) {
                 auto list = std::make_unique<ComboBox>(screen, element, ListOptions{.width = width});
-                list->setSpokenName(spoken + ", row " + std::to_string(row + 1));
+                list->setSpokenName(spokenInRow(spoken, row));
                 return list;
             }};
 }
@@ -26,10 +26,16 @@ ControlArray<ComboBox> operatorLists(Screen& screen, int lastRow) {
 }
 
 ControlArray<TextBox> valueBoxes(Screen& screen, int lastRow) {
-    return {"txtSearchVal", 0, lastRow, [&screen](int, const std::string& element) {
-                return std::make_unique<TextBox>(
+    return {"txtSearchVal", 0, lastRow, [&screen](int row, const std::string& element) {
+                auto box = std::make_unique<TextBox>(
                     screen, element, TextBoxOptions{.tip = "Select the value that you want to search on"});
+                box->setSpokenName(spokenInRow("Value", row));
+                return box;
             }};
+}
+
+std::string spokenInRow(const std::string& name, int row) {
+    return name + ", row " + std::to_string(row + 1);
 }
 
 }  // namespace tallybrook

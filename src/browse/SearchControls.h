@@ -30,6 +30,9 @@ ControlArray<ComboBox> fieldLists(Screen& screen, const std::string& name, int l
 ControlArray<ComboBox> operatorLists(Screen& screen, int lastRow);
 ControlArray<TextBox> valueBoxes(Screen& screen, int lastRow);
 
+/// What a control of a row (from 0) is read aloud as.
+std::string spokenInRow(const std::string& name, int row);
+
 inline constexpr const char* kMoreCaption = "Add a row";
 inline constexpr const char* kMoreTip = "Check this box if you want to add another search layer";
 inline constexpr const char* kAndTip =

@@ -27,7 +27,7 @@ public:
     OptionGroup reportTypes;
     ControlArray<OptionButton> optRpType;
     GroupBox fraSyncHH{*this, "fraSyncHH", "Sync to PDA?"};
-    OptionGroup syncChoices;
+    OptionGroup syncChoices{fraSyncHH};
     ControlArray<OptionButton> optSyncPDA;
 
     Button cmdGetRecord{

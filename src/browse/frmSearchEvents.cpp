@@ -5,6 +5,7 @@
 #include "shell/TBK_Globals.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <memory>
 
 namespace tallybrook {
@@ -63,13 +64,17 @@ frmSearchEvents::frmSearchEvents(Program& owner)
       form(owner, *this, eventSearch(), searchControls(), adoTBKEvent) {
     for (int row = 0; row <= kLastRow; ++row)
         txtSearchVal(row).onLostFocus = [this, row] { txtSearchVal_LostFocus(row); };
-    for (int row = 0; row <= kLastJoin; ++row)
+    for (int row = 0; row <= kLastJoin; ++row) {
         chkCriteria(row).onClick = [this, row] {
             if (chkCriteria(row).value())
                 form.addRow(row);
             else
                 form.removeRow(row, row);
         };
+        for (Control* const control :
+             std::initializer_list<Control*>{&chkCriteria(row), &optAnd(row), &optOr(row)})
+            control->setSpokenName(spokenInRow(control->caption(), row));
+    }
     setTabOrderByRows();
 }
 

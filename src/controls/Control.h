@@ -72,7 +72,7 @@ public:
     [[nodiscard]] const std::string& tip() const { return tip_; }
     void setTip(std::string tip) { tip_ = std::move(tip); }
 
-    /// What it is called when it is read aloud, where neither a caption nor a label nor a tip tells.
+    /// What it is called when it is read aloud, where its caption, label or tip does not tell all of it.
     [[nodiscard]] const std::string& spokenName() const { return spokenName_; }
     void setSpokenName(std::string name) { spokenName_ = std::move(name); }
 
@@ -210,11 +210,18 @@ class OptionButton;
 /// Options that exclude each other. All of them can be off.
 class OptionGroup {
 public:
+    OptionGroup() = default;
+    /// Options that answer what a label or the title of a box asks.
+    explicit OptionGroup(const Control& question) : question_(&question) {}
+
     [[nodiscard]] const std::vector<OptionButton*>& options() const { return options_; }
+    /// What asks for one of them; nullptr where the options say it all.
+    [[nodiscard]] const Control* question() const { return question_; }
 
 private:
     friend class OptionButton;
     std::vector<OptionButton*> options_;
+    const Control* question_ = nullptr;
 };
 
 class OptionButton : public Control {

@@ -53,6 +53,7 @@ void Screen::place(Control& target) {
         static_cast<TextBox*>(focused_)->dropSelection();
     focused_ = &target;
     ledTo_ = nullptr;
+    news_.clear();
     if (target.kind() == Control::Kind::TextBox)
         static_cast<TextBox&>(target).selectAll();
     if (target.onGotFocus)

@@ -43,6 +43,17 @@ Arrival type(TextBox& box, std::string_view text) {
     return arrival;
 }
 
+Arrival edit(TextBox& box, std::string_view text) {
+    const bool wasThere = box.hasFocus();
+    const Arrival arrival = arrive(box);
+    if (arrival == Arrival::Arrived) {
+        if (!wasThere)
+            box.dropSelection();
+        box.enter(text);
+    }
+    return arrival;
+}
+
 bool isAtHand(const Control& control, Arrival arrival) {
     return arrival == Arrival::Arrived && control.canTakeFocus() && control.screen().isVisible();
 }

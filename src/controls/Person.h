@@ -25,6 +25,9 @@ Arrival click(Control& control);
 /// Replaces the text of a box as by typing over the selected whole, once the focus is there.
 Arrival type(TextBox& box, std::string_view text);
 
+/// Gives a box the text that it is to have, as by typing in it once the focus is there.
+Arrival edit(TextBox& box, std::string_view text);
+
 /// Whether something can be done in a list or grid now that the focus has gone there.
 bool isAtHand(const Control& control, Arrival arrival);
 

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tallybrook {
@@ -73,9 +74,16 @@ public:
     /// To be called when a control may have lost its right to the focus.
     void reviewFocus();
 
+    /// What has become of what was entered, to be read aloud with the control that has the focus, as long as
+    /// it has it; empty for nothing.
+    [[nodiscard]] const std::string& news() const { return news_; }
+
 protected:
     /// Puts these controls first in the tab order.
     void setTabOrder(std::vector<Control*> first) { tabOrderFirst_ = std::move(first); }
+
+    /// Tells news; to be called when the focus is where it will be.
+    void tell(std::string news) { news_ = std::move(news); }
 
     [[nodiscard]] Screens& screens() const { return screens_; }
 
@@ -98,6 +106,7 @@ private:
     bool loaded_ = false;
     Control* focused_ = nullptr;
     const Control* ledTo_ = nullptr;
+    std::string news_;
     Control* redirected_ = nullptr;  // where a running leaving has put the focus
     bool leaving_ = false;
 };

@@ -24,10 +24,11 @@ private:
 class LineEdit : public QLineEdit {
 public:
     LineEdit(QWidget& parent, const TextBox& box);
-    /// Has `told` called with the text whenever the user has changed it.
+    /// Has `told` called with the text whenever it is changed by other than showText(): by the user, or by a
+    /// screen reader for the user.
     template <typename Told>
     void whenEdited(Told told) {
-        connect(this, &QLineEdit::textEdited, this, told);
+        connect(this, &QLineEdit::textChanged, this, told);
     }
     void showText(const TextBox& box);
     /// Nothing is selected, and the text is seen from its beginning.

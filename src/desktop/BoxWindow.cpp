@@ -1,9 +1,12 @@
 #include "desktop/BoxWindow.h"
 
 #include "desktop/QtText.h"
+#include "desktop/Spoken.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <array>
@@ -45,6 +48,8 @@ BoxWindow::BoxWindow(const MessageBox& box, QWidget* parent)
     setWindowTitle(toQt(box.title));
     setTextFormat(Qt::PlainText);
     setText(linesToQt(box.text));
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    tellDescription(*this, text());
     setIcon(iconOf(box.icon));
     for (const Answer answer : answersOf(box.buttons))
         addButton(buttonOf(answer));
@@ -80,9 +85,12 @@ Answer BoxWindow::ask() {
     return Answer::Cancel;
 }
 
+/// Where some of the text is selected, its label has taken the key for copying itself.
 void BoxWindow::keyPressEvent(QKeyEvent* event) {
     if (mustBeAnswered_ && event->key() == Qt::Key_Escape)
         return;
+    if (event->matches(QKeySequence::Copy))
+        return QGuiApplication::clipboard()->setText(text());
     QMessageBox::keyPressEvent(event);
 }
 

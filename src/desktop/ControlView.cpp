@@ -1,10 +1,12 @@
 #include "desktop/ControlView.h"
 
+#include "controls/Screen.h"
 #include "desktop/FolderTreeView.h"
 #include "desktop/GridView.h"
 #include "desktop/ListViews.h"
 #include "desktop/PressedViews.h"
 #include "desktop/QtText.h"
+#include "desktop/Spoken.h"
 #include "desktop/StillViews.h"
 #include "desktop/TextViews.h"
 
@@ -46,9 +48,16 @@ constexpr std::array<KindOfView, 13> kKinds{{
 void ControlView::refresh() {
     refreshContent();
     QWidget& shown = outerWidget();
-    shown.setEnabled(control_.isEnabled());
+    shown.setEnabled(isShownAsOn());
     shown.setVisible(control_.isVisible());
     shown.setToolTip(asTip(control_.tip()));
+    tellDescription(widget(), toQt(spokenDescription()));
+}
+
+/// News of the screen come with what has the focus.
+const std::string& ControlView::spokenDescription() const {
+    const std::string& news = control_.screen().news();
+    return control_.hasFocus() && !news.empty() ? news : control_.tip();
 }
 
 std::unique_ptr<ControlView> makeView(Control& control, QWidget& parent, ViewListener& listener) {

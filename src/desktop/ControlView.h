@@ -49,8 +49,12 @@ public:
 protected:
     /// Shows what the kind of control has besides being enabled, visible and tipped.
     virtual void refreshContent() = 0;
+    /// Whether it is drawn, and told, as something that can be used.
+    [[nodiscard]] virtual bool isShownAsOn() const { return control_.isEnabled(); }
 
 private:
+    [[nodiscard]] const std::string& spokenDescription() const;
+
     Control& control_;
 };
 

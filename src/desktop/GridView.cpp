@@ -2,6 +2,7 @@
 
 #include "desktop/Ground.h"
 #include "desktop/QtText.h"
+#include "desktop/Spoken.h"
 #include "desktop/StillView.h"
 #include "runtime/TextCompare.h"
 
@@ -209,6 +210,7 @@ public:
         font.setWeight(QFont::DemiBold);
         title_->setFont(font);
         title_->setTextFormat(Qt::PlainText);
+        title_->setBuddy(table_);
         auto* const layout = new QVBoxLayout(outer_);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(title_);
@@ -234,7 +236,7 @@ protected:
     void refreshContent() override {
         title_->setText(spoken(grid_.caption()));
         title_->setVisible(!grid_.caption().empty());
-        table_->setAccessibleName(spoken(grid_.caption()));
+        tellName(*table_, spoken(grid_.caption()));
         model_->refresh();
         table_->showRow(grid_.currentRow() - 1);
         table_->viewport()->update();  // the same number of rows may be other rows

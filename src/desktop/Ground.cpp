@@ -28,15 +28,6 @@ void drawBoxGround(QWidget& box, bool isQuiet) {
     give(box, palette);
 }
 
-void drawPanelGround(QWidget& panel, bool isReady) {
-    const QPalette usual = QApplication::palette();
-    QPalette palette = panel.palette();
-    for (const auto group : {QPalette::Active, QPalette::Inactive})
-        palette.setColor(group, QPalette::WindowText,
-                         usual.color(isReady ? group : QPalette::Disabled, QPalette::WindowText));
-    give(panel, palette);
-}
-
 void drawListGround(QWidget& list) {
     constexpr double kFaint = 0.15;
     constexpr double kPale = 0.55;

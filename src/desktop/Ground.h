@@ -9,9 +9,6 @@ namespace tallybrook {
 /// A box: what the user cannot write into is as readable as the rest.
 void drawBoxGround(QWidget& box, bool isQuiet);
 
-/// A panel, and with it what stands in it: its texts are pale where nothing in it can be used.
-void drawPanelGround(QWidget& panel, bool isReady);
-
 /// A list or grid: what is off is pale as well, the row chosen included.
 void drawListGround(QWidget& list);
 

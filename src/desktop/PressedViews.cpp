@@ -3,7 +3,9 @@
 #include "desktop/PinButton.h"
 #include "desktop/QtText.h"
 #include "desktop/RoomyButton.h"
+#include "desktop/Spoken.h"
 
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -15,6 +17,14 @@ namespace {
 bool isOn(const Control& control) {
     return control.kind() == Control::Kind::OptionButton ? static_cast<const OptionButton&>(control).value()
                                                          : static_cast<const CheckBox&>(control).value();
+}
+
+/// What an option answers, with a blank behind it; empty where nothing asks.
+QString questionOf(const Control& control) {
+    if (control.kind() != Control::Kind::OptionButton)
+        return {};
+    const Control* const question = static_cast<const OptionButton&>(control).group().question();
+    return question == nullptr ? QString() : spoken(question->caption()) + ' ';
 }
 
 class PressedView : public ControlView {
@@ -33,22 +43,17 @@ protected:
             button_->setText(caption);
         if (button_->isCheckable())
             button_->setChecked(isOn(control()));
-        button_->setAccessibleName(spokenName());
+        tellName(*button_, spokenName());
     }
-    [[nodiscard]] virtual QString spokenName() const { return spoken(control().caption()); }
 
 private:
-    QAbstractButton* button_;
-};
-
-class PinView : public PressedView {
-public:
-    using PressedView::PressedView;
-
-protected:
-    [[nodiscard]] QString spokenName() const override {
-        return "Pin " + PressedView::spokenName() + (isOn(control()) ? ", standing" : ", knocked down");
+    [[nodiscard]] QString spokenName() const {
+        if (!control().spokenName().empty())
+            return toQt(control().spokenName());
+        return questionOf(control()) + spoken(control().caption());
     }
+
+    QAbstractButton* button_;
 };
 
 }  // namespace
@@ -59,13 +64,16 @@ std::unique_ptr<ControlView> makeButtonView(Control& control, QWidget& parent, V
 
 std::unique_ptr<ControlView> makeOptionView(Control& control, QWidget& parent, ViewListener& listener) {
     auto* const button = new QRadioButton(&parent);
-    button->setAutoExclusive(false);  // which options exclude each other is the screen's business
+    // Which options exclude each other is the screen's business: to the toolkit each is a group by itself.
+    auto* const alone = new QButtonGroup(button);
+    alone->setExclusive(false);
+    alone->addButton(button);
     return std::make_unique<PressedView>(control, button, listener);
 }
 
 std::unique_ptr<ControlView> makeCheckBoxView(Control& control, QWidget& parent, ViewListener& listener) {
     if (static_cast<CheckBox&>(control).look() == CheckBoxLook::Pin)
-        return std::make_unique<PinView>(control, new PinButton(&parent), listener);
+        return std::make_unique<PressedView>(control, new PinButton(&parent), listener);
     return std::make_unique<PressedView>(control, new QCheckBox(&parent), listener);
 }
 

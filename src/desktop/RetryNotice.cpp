@@ -1,6 +1,7 @@
 #include "desktop/RetryNotice.h"
 
 #include "desktop/RoomyButton.h"
+#include "desktop/Spoken.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -29,10 +30,12 @@ RetryNotice::RetryNotice(QWidget* parent) : QDialog(parent) {
     auto* const content = new QVBoxLayout(this);
     content->setContentsMargins(18, 16, 18, 16);
     content->setSpacing(16);
-    content->addWidget(new QLabel("Tallybrook is waiting for a record that is not there."));
+    const QString text = "Tallybrook is waiting for a record that is not there.";
+    content->addWidget(new QLabel(text));
     content->addLayout(buttons);
     setFocus();
     show();
+    tellAlert(*this, text);
 }
 
 }  // namespace tallybrook

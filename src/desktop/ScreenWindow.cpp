@@ -5,6 +5,7 @@
 #include "desktop/KeyNames.h"
 #include "desktop/LayoutBuilder.h"
 #include "desktop/QtText.h"
+#include "desktop/Spoken.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
@@ -105,10 +106,9 @@ void ScreenWindow::watch(QWidget& widget, Control& control) {
 void ScreenWindow::nameWidgets() {
     for (const auto& [control, view] : views_) {
         if (!control->spokenName().empty())
-            view->widget().setAccessibleName(toQt(control->spokenName()));
+            tellName(view->widget(), toQt(control->spokenName()));
         else if (needsLabel(control))
-            view->widget().setAccessibleName(toQt(control->tip()));
-        view->widget().setAccessibleDescription(toQt(control->tip()));
+            tellName(view->widget(), toQt(control->tip()));
     }
     for (const auto& [control, view] : views_) {
         auto* const label = qobject_cast<QLabel*>(&view->widget());
@@ -118,7 +118,7 @@ void ScreenWindow::nameWidgets() {
             continue;
         label->setBuddy(widget);
         if (needsLabel(named))
-            widget->setAccessibleName(spoken(control->caption()));
+            tellName(*widget, spoken(control->caption()));
     }
 }
 
@@ -234,10 +234,8 @@ bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
             return watched == (focusWidget() == nullptr ? this : focusWidget()) &&
                    keyPressed(static_cast<const QKeyEvent&>(*event));
         case QEvent::FocusIn:
-            // Whatever else than the screen has moved the focus: back with it, once the toolkit is ready.
             if (control != nullptr && !control->hasFocus())
-                QMetaObject::invokeMethod(
-                    this, [this] { refresh(); }, Qt::QueuedConnection);
+                focusMoved(*controls_.value(watched), static_cast<const QFocusEvent&>(*event).reason());
             return false;
         default:
             return false;
@@ -329,7 +327,7 @@ void ScreenWindow::clicked(Control& control) {
 
 void ScreenWindow::edited(TextBox& box, const QString& text) {
     if (screen_ != nullptr)
-        taker_.perform([&] { box.enter(text.toStdString()); });
+        taker_.perform([&] { person::edit(box, text.toStdString()); });
 }
 
 void ScreenWindow::selected(TextBox& box, bool all) {
@@ -359,6 +357,20 @@ void ScreenWindow::toggledFolder(FolderList& list, int row) {
 void ScreenWindow::clickedRow(Grid& grid, int row) {
     if (screen_ != nullptr)
         taker_.perform([&] { person::selectRow(grid, row); });
+}
+
+/// Something else than the screen has moved the focus: a screen reader, which the screen follows as it does
+/// the mouse, or the toolkit by itself, which goes back with it, once it is ready.
+void ScreenWindow::focusMoved(Control& control, Qt::FocusReason reason) {
+    const bool isMeant = reason == Qt::OtherFocusReason;
+    QMetaObject::invokeMethod(
+        this,
+        [this, &control, isMeant] {
+            if (screen_ != nullptr && isMeant && focusWidget() == widgetOf(control))
+                arriveAt(control);
+            refresh();
+        },
+        Qt::QueuedConnection);
 }
 
 /// Whether the screen itself answers a key, so that the toolkit's own shortcuts must not.

@@ -46,6 +46,7 @@ private:
     void leaveMenusAtOnce();
     void placeOnScreen();
     void followFocus();
+    void focusMoved(Control& control, Qt::FocusReason reason);
 
     // What the views tell.
     void clicked(Control& control) override;

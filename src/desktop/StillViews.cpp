@@ -1,12 +1,13 @@
 #include "desktop/StillViews.h"
 
 #include "controls/Screen.h"
+#include "desktop/PictureWidget.h"
 #include "desktop/QtText.h"
+#include "desktop/Spoken.h"
 #include "desktop/TitledBox.h"
 
 #include <QFileInfo>
 #include <QLabel>
-#include <QSvgWidget>
 #include <algorithm>
 
 namespace tallybrook {
@@ -79,7 +80,10 @@ protected:
     void refreshContent() override {
         box_->setTitle(toQt(control().caption()).trimmed());
         box_->setStanding(standing());
+        if (!control().caption().empty())
+            tellName(*box_, spoken(control().caption()));
     }
+    [[nodiscard]] bool isShownAsOn() const override { return standing() != TitledBox::Standing::Off; }
 
 private:
     [[nodiscard]] TitledBox::Standing standing() const {
@@ -98,9 +102,9 @@ private:
 class PictureView : public ControlView {
 public:
     PictureView(Picture& picture, QWidget& parent)
-        : ControlView(picture), picture_(new QSvgWidget(":/pictures/" + toQt(picture.file()), &parent)) {
+        : ControlView(picture), picture_(new PictureWidget(":/pictures/" + toQt(picture.file()), &parent)) {
         picture_->setFixedSize(picture.size(), picture.size());
-        picture_->setAccessibleName(QFileInfo(toQt(picture.file())).baseName());
+        tellName(*picture_, QFileInfo(toQt(picture.file())).baseName());
     }
     [[nodiscard]] QWidget& widget() const override { return *picture_; }
 
@@ -108,7 +112,7 @@ protected:
     void refreshContent() override {}
 
 private:
-    QSvgWidget* picture_;
+    PictureWidget* picture_;
 };
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include "desktop/TitledBox.h"
 
-#include "desktop/Ground.h"
 #include "style/Colours.h"
 
 #include <QPainter>
@@ -9,7 +8,6 @@
 namespace tallybrook {
 
 void TitledBox::setStanding(Standing standing) {
-    drawPanelGround(*this, standing != Standing::Off);
     if (standing != standing_)
         update();
     standing_ = standing;

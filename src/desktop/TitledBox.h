@@ -4,8 +4,7 @@
 
 namespace tallybrook {
 
-/// A titled border around widgets, which stands out while the focus is in it, and steps back when nothing
-/// in it can be used.
+/// A titled border around widgets, which stands out while the focus is in it.
 class TitledBox : public QGroupBox {
 public:
     enum class Standing {

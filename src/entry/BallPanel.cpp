@@ -37,6 +37,7 @@ void BallPanel::open(const FrameEntry::Panel& state) {
         if (state.offered.has(pin))
             pins(pin).setEnabled(true);
     }
+    namePins(state);
 }
 
 void BallPanel::close(const FrameEntry::Panel& state) {
@@ -50,6 +51,13 @@ void BallPanel::close(const FrameEntry::Panel& state) {
         if (!state.offered.has(pin))
             pins(pin).setEnabled(false);
     }
+}
+
+void BallPanel::namePins(const FrameEntry::Panel& state) {
+    const std::string down = state.reply == FrameEntry::Reply::None ? "" : ", knocked down";
+    for (int pin = 1; pin <= kPins; ++pin)
+        pins(pin).setSpokenName("Pin " + std::to_string(pin) +
+                                (state.standing.has(pin) ? ", standing" : down));
 }
 
 Layout BallPanel::layout() {

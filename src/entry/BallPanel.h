@@ -25,7 +25,7 @@ public:
 
     GroupBox frame;
     Label question;
-    OptionGroup answers;
+    OptionGroup answers{question};
     OptionButton optYes;
     OptionButton optNo;
     Label lblPins;
@@ -36,6 +36,8 @@ public:
     void open(const FrameEntry::Panel& state);
     /// Disables what is not offered.
     void close(const FrameEntry::Panel& state);
+    /// Has the pins read aloud as they are: those of a ball that is not bowled are neither up nor down.
+    void namePins(const FrameEntry::Panel& state);
 
     [[nodiscard]] Layout layout();
 };

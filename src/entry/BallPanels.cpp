@@ -45,7 +45,10 @@ void BallPanels::connect(Ball ball) {
     shown.optNo.onClick = [this, ball] { answered(ball, Reply::No); };
     for (int pin = 1; pin <= kPins; ++pin) {
         CheckBox& box = shown.pins(pin);
-        box.onClick = [this, ball, pin, &box] { entry.tick(ball, pin, box.value()); };
+        box.onClick = [this, ball, pin, &box] {
+            entry.tick(ball, pin, box.value());
+            panel(ball).namePins(entry.panel(ball));
+        };
     }
     shown.cmdDone.onClick = [this, ball] {
         entry.done(ball);

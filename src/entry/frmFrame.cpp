@@ -18,7 +18,11 @@ frmFrame::frmFrame(Program& owner) : ProgramScreen(owner, "frmFrame", "Frame Inf
 }
 
 void frmFrame::connect() {
-    cmdNextFrame.onClick = [this] { cmdNextFrame_Click(); };
+    cmdNextFrame.onClick = [this] {
+        const Int16 left = frameNumber_;
+        cmdNextFrame_Click();
+        tellNextFrame(left);
+    };
     cmdPrevFrame.onClick = [this] { cmdPrevFrame_Click(); };
     cmdReset.onClick = [this] { cmdReset_Click(); };
     cmdResetPinfall.onClick = [this] { cmdResetPinfall_Click(); };
@@ -38,8 +42,14 @@ void frmFrame::connect() {
         if (session().gScoreType == "L")
             cell().focus();
     };
-    balls.onCell = [this] { showCell(); };
-    balls.onSpare = [this] { txtComment.focus(); };
+    balls.onCell = [this] {
+        showCell();
+        tellFrame();
+    };
+    balls.onSpare = [this] {
+        txtComment.focus();
+        tellFrame();
+    };
 }
 
 Layout frmFrame::layout() {
@@ -266,6 +276,15 @@ void frmFrame::writeFrame(const Handler& step) {
     write("fldComment", txtComment.text());
     step([&] { adoTBKFrame.recordset()["fldLineScore"] = sheet.cell(frameNumber_); });
     write("fldHHRecordID", "NONE");
+}
+
+/// What has become of the frame that was left, and which one is next; of a game that is complete its score.
+void frmFrame::tellNextFrame(Int16 left) {
+    if (frameNumber_ != left)
+        tell("Frame " + text(left) + ": " + inWords(sheet.cell(left)) + ". Frame " + text(frameNumber_) +
+             " is next, lane " + txtLaneNum.text() + ".");
+    else if (!sheet.txtTotScore.text().empty())
+        tell("Score " + sheet.txtTotScore.text());
 }
 
 // The ways on and out.

@@ -2,6 +2,7 @@
 
 #include "bowling/FrameCheck.h"
 #include "bowling/FrameLanes.h"
+#include "bowling/FrameWords.h"
 #include "entry/BallPanels.h"
 #include "entry/ScoreSheet.h"
 #include "shell/ProgramScreen.h"
@@ -136,6 +137,8 @@ private:
     void beginEntry();
     void clearEntry();
     void showCell() { cell().setText(balls.entry.cell()); }
+    void tellFrame() { tell(inWords(balls.entry.cell())); }
+    void tellNextFrame(Int16 left);
     TextBox& cell() { return sheet.txtCount(frameNumber_); }
     [[nodiscard]] bool recordsPinfall() const { return session().gScoreType == "P"; }
     [[nodiscard]] bool isTenth() const { return frameNumber_ == kFrames; }

@@ -27,7 +27,7 @@ public:
     TextBox txtComment{*this, "txtComment", {.tip = "If desired, enter any comments about the game"}};
 
     GroupBox fraAltLanes{*this, "fraAltLanes", "Alternate Lanes?"};
-    OptionGroup altLanes;
+    OptionGroup altLanes{fraAltLanes};
     ControlArray<OptionButton> optAltLanes;
     GroupBox fraScoreType{*this, "fraScoreType", "Scoring Method", "Select the scoring type for this game."};
     OptionGroup scoreTypes;

@@ -58,7 +58,7 @@ frmEventStats::frmEventStats(Program& owner)
                                                 "Check this box to get statistics on all your events");
       }) {
     adoTBKEvent.setRecordSource("SELECT DISTINCT fldEventName FROM tblEventInfo");
-    lstEvent.setSpokenName("Event Name");
+    lstEvent.setSpokenName("Event Names");
 
     for (int index = 0; index <= 3; ++index)
         optEvType(index).onClick = [this, index] { optEvType_Click(index); };

@@ -22,7 +22,7 @@ public:
     ControlArray<OptionButton> optEvType;
 
     GroupBox fraFilterOpt{*this, "fraFilterOpt", "F&ilter Data?"};
-    OptionGroup filterChoices;
+    OptionGroup filterChoices{fraFilterOpt};
     ControlArray<OptionButton> optFilter;
 
     GroupBox fraFilter{*this, "fraFilter", "Filter Options"};
@@ -36,7 +36,7 @@ public:
 
     GroupBox fraSyncPDA{*this, "fraSyncPDA", "S&ync to PDA?",
                         "Select the type of event that you would like to get statistics on"};
-    OptionGroup syncChoices;
+    OptionGroup syncChoices{fraSyncPDA};
     ControlArray<OptionButton> optSync;
 
     Button cmdGenReport{

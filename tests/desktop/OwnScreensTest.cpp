@@ -1,3 +1,4 @@
+#include "LargeFonts.h"
 #include "OwnScreens.h"
 
 #include <QAbstractScrollArea>
@@ -18,22 +19,6 @@ namespace tallybrook::test {
 using OwnScreensTest = OwnScreens;
 
 namespace {
-
-/// Fonts of twice their size, as long as it lives.
-class LargeFonts {
-public:
-    LargeFonts() {
-        QFont large = before_;
-        large.setPointSizeF(before_.pointSizeF() * 2);
-        QApplication::setFont(large);
-    }
-    ~LargeFonts() { QApplication::setFont(before_); }
-    LargeFonts(const LargeFonts&) = delete;
-    LargeFonts& operator=(const LargeFonts&) = delete;
-
-private:
-    QFont before_ = QApplication::font();
-};
 
 /// How wide a widget must be for all of its caption to be read; 0 for one without a caption.
 int widthOfCaption(const QWidget& widget) {
@@ -191,20 +176,6 @@ TEST_F(OwnScreensTest, PanelAndFrameInHandStandOut) {
     click("cmdNextFrame");
     EXPECT_EQ(look(1), LabelLook::Plain);
     EXPECT_EQ(look(2), LabelLook::Current);
-}
-
-TEST_F(OwnScreensTest, PinsAreToldAsTheyAre) {
-    beginEvent();
-    beginFrames();
-    click("optFirstNo");
-    QAccessibleInterface& pin =
-        *QAccessible::queryAccessibleInterface(display.widgetOf(control("chkFirstPinfall(7)")));
-    EXPECT_EQ(pin.role(), QAccessible::CheckBox);
-    EXPECT_EQ(pin.text(QAccessible::Name), "Pin 7, knocked down");
-    EXPECT_FALSE(pin.state().checked);
-    click("chkFirstPinfall(7)");
-    EXPECT_EQ(pin.text(QAccessible::Name), "Pin 7, standing");
-    EXPECT_TRUE(pin.state().checked);
 }
 
 }  // namespace tallybrook::test

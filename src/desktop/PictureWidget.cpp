@@ -1,0 +1,21 @@
+#include "desktop/PictureWidget.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+
+namespace tallybrook {
+
+namespace {
+
+QAccessibleInterface* asPicture(const QString& /*type*/, QObject* object) {
+    auto* const picture = dynamic_cast<PictureWidget*>(object);
+    return picture == nullptr ? nullptr : new QAccessibleWidget(picture, QAccessible::Graphic);
+}
+
+}  // namespace
+
+PictureWidget::PictureWidget(const QString& file, QWidget* parent) : QSvgWidget(file, parent) {
+    QAccessible::installFactory(asPicture);
+}
+
+}  // namespace tallybrook
