@@ -6,6 +6,7 @@ namespace tallybrook {
 
 SearchCommands::SearchCommands(Program& program, Screen& screen, SearchForm& form)
     : program_(program), screen_(screen), form_(form) {
+    screen.setPrimary(cmdSearch);
     cmdSearch.onClick = [this] { form_.run(); };
     cmdReset.onClick = [this] { cmdReset_Click(); };
     cmdPrevious.onClick = [this] { cmdPrevious_Click(); };
@@ -13,7 +14,7 @@ SearchCommands::SearchCommands(Program& program, Screen& screen, SearchForm& for
 }
 
 Layout SearchCommands::layout() {
-    return layout::buttons({cmdSearch, cmdReset, cmdPrevious, cmdRetMain, cmdExit});
+    return layout::buttons({cmdSearch, cmdReset, cmdPrevious, cmdRetMain, layout::space(), cmdExit});
 }
 
 void SearchCommands::cmdReset_Click() {

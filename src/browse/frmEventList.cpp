@@ -28,7 +28,7 @@ std::vector<GridColumn> eventColumns() {
             {.caption = "Games Bowled", .field = "fldNumGames", .width = 8},
             {.caption = "Series Total", .field = "fldSeriesTot", .width = 8},
             {.caption = "Series Avg.", .field = "fldSeriesAvg", .decimals = 2, .width = 8},
-            {.caption = "Comment", .field = "fldComment", .width = 24},
+            {.caption = "Comment", .field = "fldComment", .width = 24, .takesRoom = true},
             {.caption = "Event Type", .field = "fldEventType", .width = 12},
             {.caption = "Games Recorded", .field = "fldGmsRecorded", .width = 8}};
 }
@@ -62,6 +62,7 @@ frmEventList::frmEventList(Program& owner)
     for (int index = 0; index <= optSyncPDA.lastIndex(); ++index)
         optSyncPDA(index).onClick = [this, index] { copiesToHandheld_ = index == kSync; };
 
+    setPrimary(cmdGetRecord);
     cmdGetRecord.onClick = [this] { cmdGetRecord_Click(); };
     cmdDelRecord.onClick = [this] { cmdDelRecord_Click(); };
     cmdPrevious.onClick = [this] { leaveToPrevious(program(), *this); };
@@ -71,13 +72,14 @@ frmEventList::frmEventList(Program& owner)
 Layout frmEventList::layout() {
     return layout::column(
         {layout::row({Layout(imgLogo).atStart(), Layout(lblTitle).stretched()}),
-         layout::row({layout::column(
-                          {Layout(dgdEventList).stretched(),
-                           layout::row({layout::group(fraType, layout::row({optRpType(0), optRpType(1)})),
-                                        layout::group(fraSyncHH, layout::row({optSyncPDA(0), optSyncPDA(1)})),
-                                        layout::space()})})
-                          .stretched(),
-                      layout::buttons({cmdGetRecord, cmdDelRecord, cmdPrevious, cmdMain, cmdExit})})
+         layout::row(
+             {layout::column(
+                  {Layout(dgdEventList).stretched(),
+                   layout::row({layout::group(fraType, layout::row({optRpType(0), optRpType(1)})),
+                                layout::group(fraSyncHH, layout::row({optSyncPDA(0), optSyncPDA(1)})),
+                                layout::space()})})
+                  .stretched(),
+              layout::buttons({cmdGetRecord, cmdPrevious, cmdMain, layout::space(), cmdDelRecord, cmdExit})})
              .stretched()});
 }
 

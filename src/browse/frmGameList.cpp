@@ -26,7 +26,7 @@ std::vector<GridColumn> gameColumns() {
             {.caption = "Right Lane", .field = "fldRightLane", .width = 8},
             {.caption = "Lane Condition", .field = "fldLaneCond", .width = 20},
             {.caption = "Game Score", .field = "fldGameScore", .width = 8},
-            {.caption = "Comment", .field = "fldComment", .width = 24},
+            {.caption = "Comment", .field = "fldComment", .width = 24, .takesRoom = true},
             {.caption = "Bowling Hand", .field = "fldBowlHand", .width = 8},
             {.caption = "Frames Recorded", .field = "fldFrmsRecorded", .width = 8}};
 }
@@ -40,16 +40,18 @@ frmGameList::frmGameList(Program& owner)
     adoTBKGame.setRecordSource("SELECT * FROM tblGameInfo");
     adoTBKFrame.setRecordSource("SELECT * FROM tblFrameInfo");
 
+    setPrimary(cmdGetRecord);
     cmdGetRecord.onClick = [this] { cmdGetRecord_Click(); };
     cmdPrevious.onClick = [this] { leaveToPrevious(program(), *this); };
     cmdMain.onClick = [this] { leaveToMain(program(), *this); };
 }
 
 Layout frmGameList::layout() {
-    return layout::column({layout::row({Layout(imgLogo).atStart(), Layout(lblTitle).stretched()}),
-                           layout::row({Layout(dgdEventList).stretched(),
-                                        layout::buttons({cmdGetRecord, cmdPrevious, cmdMain, cmdExit})})
-                               .stretched()});
+    return layout::column(
+        {layout::row({Layout(imgLogo).atStart(), Layout(lblTitle).stretched()}),
+         layout::row({Layout(dgdEventList).stretched(),
+                      layout::buttons({cmdGetRecord, cmdPrevious, cmdMain, layout::space(), cmdExit})})
+             .stretched()});
 }
 
 void frmGameList::onLoad() {

@@ -79,6 +79,9 @@ public:
     /// Starts the platform's viewer on a text file.
     virtual void startViewer(const std::filesystem::path& file) = 0;
 
+    /// What was entered has been stored.
+    virtual void saved() {}
+
     /// A statement of the procedure `module` found no current row and is about to be tried again; `tries`
     /// counts from 1. Gives the display the thread for a moment. May give the procedure up by throwing
     /// EndHandler, or end the program by throwing EndProgram.

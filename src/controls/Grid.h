@@ -12,8 +12,9 @@ namespace tallybrook {
 struct GridColumn {
     std::string caption;
     std::string field;
-    int decimals = -1;  // places after the point; -1 for the value's usual text form
-    int width = 10;     // in characters, a hint for drawing
+    int decimals = -1;       // places after the point; -1 for the value's usual text form
+    int width = 10;          // in characters, a hint for drawing
+    bool takesRoom = false;  // whether it is drawn in all the room that the others leave
 };
 
 /// The rows of a data control as a table of texts with a current row. Cells are made when they are asked for.

@@ -16,7 +16,7 @@ struct Layout {
         Form,     // pairs of parts: a label and what it names, the labels aligned
         Table,    // parts in `columns` columns, row by row
         Group,    // a frame control around one part
-        Buttons,  // buttons of one width, below each other
+        Buttons,  // buttons of one width, below each other; those behind a space stand apart
         Space,    // room that takes up what is left over
     };
     enum class Align { Fill, Centre, Start };

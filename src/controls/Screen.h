@@ -54,6 +54,10 @@ public:
     /// What it does once it is gone from the loaded screens.
     virtual void onUnloaded() {}
 
+    /// What most come to the screen for: a button, or an entry of a menu; nullptr for nothing.
+    [[nodiscard]] Control* primary() const { return primary_; }
+    void setPrimary(Control& control) { primary_ = &control; }
+
     // The focus.
 
     /// The control that has the focus; nullptr for none.
@@ -107,6 +111,7 @@ private:
     Control* focused_ = nullptr;
     const Control* ledTo_ = nullptr;
     std::string news_;
+    Control* primary_ = nullptr;
     Control* redirected_ = nullptr;  // where a running leaving has put the focus
     bool leaving_ = false;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/Screen.h"
+#include "desktop/WindowMemory.h"
 
 #include <functional>
 
@@ -17,6 +18,11 @@ public:
     virtual void perform(const std::function<void()>& action) = 0;
     /// Told what became of the focus by a press of the mouse or a key.
     virtual void noteArrival(Arrival arrival) = 0;
+
+    /// How the user has left the windows.
+    virtual WindowMemory& memory() = 0;
+    /// Whether the windows answer keys and double clicks that the screens know nothing of.
+    [[nodiscard]] virtual bool hasOwnKeys() const = 0;
 };
 
 }  // namespace tallybrook

@@ -3,6 +3,7 @@
 #include "controls/Grid.h"
 #include "controls/Keyboard.h"
 #include "controls/Lists.h"
+#include "desktop/WindowMemory.h"
 
 #include <QWidget>
 #include <memory>
@@ -26,6 +27,11 @@ public:
     virtual void toggledFolder(FolderList& list, int row) = 0;
     /// The user has clicked a row of a grid, from 1.
     virtual void clickedRow(Grid& grid, int row) = 0;
+    /// The user has clicked an item of a list or grid twice, or pressed Return on it.
+    virtual void activated(Control& control) = 0;
+
+    /// How the user has left the windows.
+    virtual WindowMemory& memory() = 0;
 };
 
 /// One control as a widget. The control is the master: refresh() makes the widget show what it holds, and the

@@ -19,7 +19,7 @@ static void initResources() {
 
 namespace tallybrook {
 
-DesktopDisplay::DesktopDisplay(std::chrono::milliseconds patience) : patience_(patience) {
+DesktopDisplay::DesktopDisplay(const DesktopHabits& habits) : habits_(habits), memory_(habits.settings) {
     initResources();
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
@@ -49,9 +49,17 @@ void DesktopDisplay::perform(const std::function<void()>& action) {
     if (--performing_ == 0) {
         pointer(Pointer::Default);  // a procedure that was given up may have left it busy
         deleteGone();
+        tellSaved();
     }
     notice_.reset();
     refreshAll();
+}
+
+/// Whoever has stored something sees when, on the screen that it has led to.
+void DesktopDisplay::tellSaved() {
+    const Screen* const front = program_->screens.front();
+    if (std::exchange(hasSaved_, false) && front != nullptr)
+        windowOf(*front)->tellSaved(program_->clock.now());
 }
 
 void DesktopDisplay::refreshAll() {
@@ -89,7 +97,7 @@ void DesktopDisplay::loaded(Screen& screen) {
 
 void DesktopDisplay::shown(Screen& screen) {
     windowOf(screen)->refresh();
-    windowOf(screen)->show();
+    windowOf(screen)->present();
     windowOf(screen)->bringToFront();
 }
 
@@ -170,7 +178,7 @@ void DesktopDisplay::retrying(std::string_view /*module*/, int tries) {
         waiting_.start();
         refreshAll();
     }
-    if (!notice_ && waiting_.hasExpired(patience_.count()))
+    if (!notice_ && waiting_.hasExpired(habits_.patience.count()))
         notice_ = std::make_unique<RetryNotice>(frontWindow());
     // Until the notice is up nobody may use the windows of a program that is in the middle of something.
     QCoreApplication::processEvents(notice_ ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);

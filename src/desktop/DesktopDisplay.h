@@ -2,13 +2,13 @@
 
 #include "controls/Display.h"
 #include "desktop/ActionTaker.h"
+#include "desktop/DesktopHabits.h"
 #include "desktop/RetryNotice.h"
 #include "desktop/ScreenWindow.h"
 #include "manual/HelpWindow.h"
 #include "shell/Program.h"
 
 #include <QElapsedTimer>
-#include <chrono>
 #include <exception>
 #include <functional>
 #include <map>
@@ -22,8 +22,7 @@ namespace tallybrook {
 /// There must be a QApplication.
 class DesktopDisplay : public Display, private ActionTaker {
 public:
-    /// `patience` is how long the user is left to wait for a record before being asked.
-    explicit DesktopDisplay(std::chrono::milliseconds patience = std::chrono::seconds{5});
+    explicit DesktopDisplay(const DesktopHabits& habits = {});
     ~DesktopDisplay() override;
     DesktopDisplay(const DesktopDisplay&) = delete;
     DesktopDisplay& operator=(const DesktopDisplay&) = delete;
@@ -47,6 +46,8 @@ public:
     /// What became of the focus by the last press of the mouse or a key.
     [[nodiscard]] Arrival lastArrival() const { return lastArrival_; }
     void noteArrival(Arrival arrival) override { lastArrival_ = arrival; }
+    WindowMemory& memory() override { return memory_; }
+    [[nodiscard]] bool hasOwnKeys() const override { return habits_.hasOwnKeys; }
 
     Answer messageBox(const MessageBox& box) override;
     std::optional<std::string> inputBox(const InputBox& box) override;
@@ -57,6 +58,7 @@ public:
     void unloaded(Screen& screen) override;
     void raised(Screen& screen) override;
     void pointer(Pointer pointer) override;
+    void saved() override { hasSaved_ = true; }
     void help(HelpTopic topic) override;
     void startViewer(const std::filesystem::path& file) override;
     void atWork() override;
@@ -68,6 +70,7 @@ private:
     void refreshAll();
     void letGo(ScreenWindow& window);
     void deleteGone();
+    void tellSaved();
     void endWork();
     /// Gets everything ready for a box: what it may be about is seen. Returns the window that it belongs to.
     QWidget* prepareForBox();
@@ -75,11 +78,12 @@ private:
     void giveUpWaiting();
     [[nodiscard]] Screen* waitingScreen() const;
 
+    DesktopHabits habits_;
+    WindowMemory memory_;
     Program* program_ = nullptr;
     std::map<const Screen*, ScreenWindow*> windows_;
     std::vector<ScreenWindow*> gone_;  // those of unloaded screens, which an action may still come from
     std::unique_ptr<HelpWindow> help_;
-    std::chrono::milliseconds patience_;
     std::unique_ptr<RetryNotice> notice_;
     QElapsedTimer waiting_;
     std::exception_ptr failure_;
@@ -87,8 +91,9 @@ private:
     QElapsedTimer working_;  // since the action began, or the last box in it was answered
     QElapsedTimer redrawn_;  // since the windows were drawn during work
     bool isRedrawing_ = false;
-    bool isBusy_ = false;  // whether the pointer is busy because the work takes long
-    int performing_ = 0;   // how many actions are running, one within the other
+    bool hasSaved_ = false;  // whether the running action has stored anything
+    bool isBusy_ = false;    // whether the pointer is busy because the work takes long
+    int performing_ = 0;     // how many actions are running, one within the other
 };
 
 }  // namespace tallybrook

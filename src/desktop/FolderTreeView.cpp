@@ -47,6 +47,7 @@ public:
         tree_->whenClicked = [this](const QModelIndex& index, QPoint place) { clicked(index, place); };
     }
     [[nodiscard]] QWidget& widget() const override { return *tree_; }
+    [[nodiscard]] bool takesKey(const person::Key& key) const override { return isKeyOfRows(key); }
 
 protected:
     void refreshContent() override {

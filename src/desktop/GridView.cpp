@@ -1,5 +1,6 @@
 #include "desktop/GridView.h"
 
+#include "controls/Screen.h"
 #include "desktop/Ground.h"
 #include "desktop/QtText.h"
 #include "desktop/Spoken.h"
@@ -15,7 +16,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numeric>
+#include <string>
 
 namespace tallybrook {
 
@@ -47,6 +50,8 @@ public:
         if (grid_ == nullptr)
             return {};
         if (role == Qt::DisplayRole)
+            return cell(index.row() + 1, index.column(), kMostSeen);
+        if (role == Qt::EditRole)
             return cell(index.row() + 1, index.column());
         return role == Qt::TextAlignmentRole ? alignment(index.row() + 1, index.column()) : QVariant();
     }
@@ -59,11 +64,11 @@ public:
     }
 
 private:
-    /// As much of a cell as any display has room for.
-    [[nodiscard]] QString cell(int row, int column) const {
-        constexpr std::size_t kMost = 2000;  // characters
+    static constexpr std::size_t kMostSeen = 2000;  // characters that any display has room for
+
+    [[nodiscard]] QString cell(int row, int column, std::size_t most = std::string::npos) const {
         const std::string text = grid_->cell(row, column);
-        return linesToQt(std::string(firstCharacters(text, kMost))).replace('\n', ' ');
+        return linesToQt(std::string(firstCharacters(text, most))).replace('\n', ' ');
     }
     [[nodiscard]] QVariant alignment(int row, int column) const {
         return static_cast<int>(Qt::AlignVCenter |
@@ -108,8 +113,21 @@ public:
         verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
         horizontalHeader()->setHighlightSections(false);
         horizontalHeader()->setSectionsClickable(false);
-        connect(horizontalHeader(), &QHeaderView::sectionResized, this,
-                [this] { isArranged_ = isArranged_ || !isSharing_; });
+        connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { noteArranged(); });
+    }
+
+    /// Called with the widths of the columns when the user has changed one.
+    std::function<void(const QList<int>& widths)> whenArranged = [](const QList<int>&) {};
+
+    /// Gives the columns the widths that the user has given them before; nothing where these are not as many.
+    void arrange(const QList<int>& widths) {
+        if (widths.size() != static_cast<qsizetype>(columns_.size()))
+            return;
+        isArranged_ = true;
+        isSharing_ = true;
+        for (int column = 0; column < static_cast<int>(widths.size()); ++column)
+            horizontalHeader()->resizeSection(column, widths[column]);
+        isSharing_ = false;
     }
 
     /// Makes rows and columns fit their texts in the font that there is by now.
@@ -149,6 +167,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right)
+            return StillView<QTableView>::keyPressEvent(event);
         horizontalScrollBar()->triggerAction(event->key() == Qt::Key_Left
                                                  ? QAbstractSlider::SliderSingleStepSub
                                                  : QAbstractSlider::SliderSingleStepAdd);
@@ -164,9 +184,19 @@ protected:
     }
 
 private:
+    void noteArranged() {
+        if (isSharing_)
+            return;
+        isArranged_ = true;
+        QList<int> widths;
+        for (int column = 0; column < horizontalHeader()->count(); ++column)
+            widths << columnWidth(column);
+        whenArranged(widths);
+    }
+
     /// Gives each column what it wants; where there is no room for that, the wide ones go without some of it,
-    /// but for their headers, unless the grid must be scrolled all the same. Columns that the user has made
-    /// wider or narrower are left alone.
+    /// but for their headers, unless the grid must be scrolled all the same. What is left over goes to the
+    /// columns that take it. Columns that the user has made wider or narrower are left alone.
     void shareRoom() {
         if (isArranged_)
             return;
@@ -177,8 +207,9 @@ private:
         isSharing_ = true;
         for (std::size_t column = 0; column < wanted_.size(); ++column) {
             const double given = share * (wanted_[column] - least_[column]);
+            const int more = columns_[column].takesRoom ? std::max(-missing, 0) : 0;
             horizontalHeader()->resizeSection(static_cast<int>(column),
-                                              wanted_[column] - static_cast<int>(std::ceil(given)));
+                                              wanted_[column] - static_cast<int>(std::ceil(given)) + more);
         }
         isSharing_ = false;
     }
@@ -217,6 +248,12 @@ public:
         layout->addWidget(table_, 1);
         table_->setModel(model_);
         table_->fit();
+        const QString name = toQt(grid.screen().name() + "." + grid.name());
+        table_->arrange(listener.memory().columnsOf(name));
+        table_->whenArranged = [name, &listener](const QList<int>& widths) {
+            listener.memory().keepColumns(name, widths);
+        };
+        table_->whenActivated = [&grid, &listener] { listener.activated(grid); };
         table_->whenClicked = [&grid, &listener](const QModelIndex& index, QPoint) {
             listener.clickedRow(grid, index.row() + 1);
         };
@@ -227,9 +264,9 @@ public:
 
     [[nodiscard]] QWidget& widget() const override { return *table_; }
     [[nodiscard]] QWidget& outerWidget() const override { return *outer_; }
-    /// The keys that scroll it sideways.
     [[nodiscard]] bool takesKey(const person::Key& key) const override {
-        return !key.alt && (key.name == "Left" || key.name == "Right");
+        const bool isSideways = key.name == "Left" || key.name == "Right";
+        return isKeyOfRows(key) || (!key.alt && isSideways);
     }
 
 protected:

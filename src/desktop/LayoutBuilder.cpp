@@ -13,6 +13,7 @@ namespace {
 constexpr int kBeside = 10;  // pixels between parts beside each other
 constexpr int kBelow = 8;    // and below each other
 constexpr int kInTable = 5;
+constexpr int kApart = 10;  // between buttons and those that stand apart, besides what is usual
 
 Qt::Alignment alignmentOf(const Layout& part) {
     switch (part.align) {
@@ -76,6 +77,8 @@ QLayout* LayoutBuilder::buildBox(const Layout& layout, QWidget& parent) const {
     box->setSpacing(isRow ? kBeside : kBelow);
     for (const Layout& part : layout.parts) {
         if (part.kind == Layout::Kind::Space) {
+            if (layout.kind == Layout::Kind::Buttons)
+                box->addSpacing(kApart);
             box->addStretch(part.stretch);
         } else if (isOneWidget(part)) {
             box->addWidget(widgetOf(part, parent), part.stretch, alignmentOf(part));
@@ -85,7 +88,8 @@ QLayout* LayoutBuilder::buildBox(const Layout& layout, QWidget& parent) const {
             inner->setAlignment(alignmentOf(part));
         }
     }
-    if (layout.kind == Layout::Kind::Buttons)
+    const bool hasSpace = std::ranges::count(layout.parts, Layout::Kind::Space, &Layout::kind) != 0;
+    if (layout.kind == Layout::Kind::Buttons && !hasSpace)
         box->addStretch(1);
     return box;
 }

@@ -97,8 +97,10 @@ public:
         view_->whenClicked = [&list, &listener](const QModelIndex& index, QPoint) {
             listener.picked(list, index.row());
         };
+        view_->whenActivated = [&list, &listener] { listener.activated(list); };
     }
     [[nodiscard]] QWidget& widget() const override { return *view_; }
+    [[nodiscard]] bool takesKey(const person::Key& key) const override { return isKeyOfRows(key); }
 
 protected:
     void refreshContent() override {

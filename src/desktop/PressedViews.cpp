@@ -1,5 +1,6 @@
 #include "desktop/PressedViews.h"
 
+#include "controls/Screen.h"
 #include "desktop/PinButton.h"
 #include "desktop/QtText.h"
 #include "desktop/RoomyButton.h"
@@ -56,10 +57,25 @@ private:
     QAbstractButton* button_;
 };
 
+class ButtonView : public PressedView {
+public:
+    ButtonView(Control& control, RoomyButton* button, ViewListener& listener)
+        : PressedView(control, button, listener), button_(button) {}
+
+protected:
+    void refreshContent() override {
+        PressedView::refreshContent();
+        button_->setStandsOut(control().screen().primary() == &control());
+    }
+
+private:
+    RoomyButton* button_;
+};
+
 }  // namespace
 
 std::unique_ptr<ControlView> makeButtonView(Control& control, QWidget& parent, ViewListener& listener) {
-    return std::make_unique<PressedView>(control, new RoomyButton(&parent), listener);
+    return std::make_unique<ButtonView>(control, new RoomyButton(&parent), listener);
 }
 
 std::unique_ptr<ControlView> makeOptionView(Control& control, QWidget& parent, ViewListener& listener) {

@@ -6,9 +6,11 @@
 #include "desktop/LayoutBuilder.h"
 #include "desktop/QtText.h"
 #include "desktop/Spoken.h"
+#include "runtime/TextForms.h"
 
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QBoxLayout>
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QLabel>
@@ -16,6 +18,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
@@ -24,13 +27,21 @@ namespace tallybrook {
 
 namespace {
 
-constexpr QMargins kMargins{18, 14, 18, 18};  // around the content, in pixels
+constexpr QMargins kMargins{18, 14, 18, 4};  // around the content, in pixels; the foot is below it
 constexpr int kBetweenBlocks = 14;
+constexpr int kFrameOfStatus = 3;  // what the toolkit leaves beside the texts of a status bar
 constexpr QSize kSmallest{440, 260};
 constexpr QSize kTitleBar{8, 32};  // room that the frame of a window takes
 
 bool isTextBox(const Control* control) {
     return control != nullptr && control->kind() == Control::Kind::TextBox;
+}
+
+/// The screen, and the product where the screen does not name it.
+QString titleOf(const Screen& screen) {
+    const QString caption = toQt(screen.caption());
+    const QString product = QString::fromUtf8(kProductName);
+    return caption.contains(product) ? caption : caption + " - " + product;
 }
 
 /// Whether a label says what the control is, since it shows no words of its own.
@@ -46,13 +57,15 @@ ScreenWindow::ScreenWindow(Screen& screen, ActionTaker& taker)
     : screen_(&screen),
       taker_(taker),
       menus_(screen, *menuBar(), [this](Control& entry) { clicked(entry); }),
-      area_(buildContent()) {
+      area_(buildContent()),
+      saved_(new QLabel) {
     setObjectName(toQt(screen.name()));
-    setWindowTitle(toQt(screen.caption()));
+    setWindowTitle(titleOf(screen));
     setCentralWidget(area_);
     nameWidgets();
     menuBar()->setAccessibleName("Menu");
     installEventFilter(this);
+    addFoot();
     leaveMenusAtOnce();
     refresh();
 }
@@ -66,17 +79,37 @@ QScrollArea* ScreenWindow::buildContent() {
     layout->setContentsMargins(kMargins);
     layout->setSpacing(kBetweenBlocks);
     if (hasOnlyMenus())
-        layout->addWidget(page_ = new MenuPage(*screen_, menus_));
+        addMenuPage(static_cast<QBoxLayout&>(*layout));
     content->setLayout(layout);
 
     auto* const area = new QScrollArea;
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // until the window has its size
-    area->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(content);
     return area;
+}
+
+void ScreenWindow::addMenuPage(QBoxLayout& layout) {
+    page_ = new MenuPage(*screen_, menus_);
+    layout.addWidget(page_);
+    layout.addStretch(1);
+    for (QWidget* const entry : page_->findChildren<QWidget*>())
+        entry->installEventFilter(this);
+}
+
+/// A line below the content that says when something was stored; empty until then.
+void ScreenWindow::addFoot() {
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->setAccessibleName("Status");
+    statusBar()->setContentsMargins(kMargins.left() - kFrameOfStatus, 0, kMargins.right(), 0);
+    statusBar()->addWidget(saved_);
+    saved_->hide();
+}
+
+void ScreenWindow::tellSaved(DateTime when) {
+    saved_->setText("Saved " + toQt(timeOfDay(when)));
+    saved_->show();
 }
 
 /// Whether nothing in the content of the window can be used.
@@ -150,15 +183,18 @@ void ScreenWindow::refresh() {
     followFocus();
 }
 
-/// Puts the toolkit's focus where the screen has its own.
+/// Puts the toolkit's focus where the screen has its own. Where it has none the window itself has it:
+/// otherwise the toolkit would give it to the first of its widgets.
 void ScreenWindow::followFocus() {
     const Control* const focused = screen_->focused();
     QWidget* const target = focused == nullptr ? nullptr : widgetOf(*focused);
-    QWidget* const current = focusWidget();
+    const QWidget* const current = focusWidget();
+    if (target == nullptr && page_ != nullptr && page_->isAncestorOf(current))
+        return;  // which the screen knows nothing of
+    if (target == nullptr)
+        return setFocus(Qt::OtherFocusReason);
     if (target == current)
         return;
-    if (target == nullptr)
-        return current->clearFocus();
     target->setFocus(Qt::OtherFocusReason);
     if (QWidget* const group = target->parentWidget(); qobject_cast<QGroupBox*>(group) != nullptr)
         area_->ensureWidgetVisible(group);
@@ -178,20 +214,70 @@ void ScreenWindow::letGo() {
     hide();
 }
 
-void ScreenWindow::showEvent(QShowEvent* event) {
-    QMainWindow::showEvent(event);
-    if (std::exchange(isPlaced_, true))
-        return;
-    windowHandle()->installEventFilter(this);
-    placeOnScreen();
+// --- Place and size ----------------------------------------------------------------------------------------
+
+void ScreenWindow::present() {
+    if (memory().isMaximised())
+        showMaximized();
+    else
+        showNormal();
 }
 
-/// As large as its content asks for and the display allows, in the middle.
-void ScreenWindow::placeOnScreen() {
-    const QRect available = screen()->availableGeometry();
-    const QSize largest = available.size() - kTitleBar;
+void ScreenWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    windowHandle()->removeEventFilter(this);
+    windowHandle()->installEventFilter(this);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    if (!isMaximized() && !event->spontaneous())
+        takePlace();
+}
+
+void ScreenWindow::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    if (!event->spontaneous())
+        remember();
+}
+
+/// Keeps what the user has changed: not what the window has come to by itself.
+void ScreenWindow::remember() {
+    if (isMinimized())
+        return;
+    memory().keepMaximised(isMaximized());
+    if (isMaximized() || !size_.isValid())
+        return;
+    if (size() != size_)
+        memory().keepSize(objectName(), size());
+    if (pos() != place_)
+        memory().keepPlace(pos());
+}
+
+/// Where the windows were left, in the middle otherwise, and in sight.
+void ScreenWindow::takePlace() {
+    if (!size_.isValid())
+        takeUsualSize();
+    if (const QSize kept = memory().sizeOf(objectName()); kept.isValid())
+        resize(kept.boundedTo(screen()->availableSize() - kTitleBar));
+    size_ = size();
+    const std::optional<QPoint> kept = memory().place();
+    const QScreen* const left = kept ? QGuiApplication::screenAt(*kept) : nullptr;
+    const QRect available = (left == nullptr ? screen() : left)->availableGeometry();
+    const QSize room = available.size() - kTitleBar - size_;
+    QPoint place = left == nullptr ? available.center() - rect().center() : *kept;
+    place.rx() = std::min(place.x(), available.left() + std::max(0, room.width()));
+    place.ry() = std::min(place.y(), available.top() + std::max(0, room.height()));
+    place_ = place;
+    move(place);
+}
+
+/// As large as its content asks for and the display allows.
+void ScreenWindow::takeUsualSize() {
+    const QSize largest = screen()->availableSize() - kTitleBar;
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area_->widget()->layout()->activate();  // takes in what has changed since the window was built
-    QSize wanted = area_->widget()->sizeHint() + QSize(0, menuBar()->sizeHint().height());
+    QSize wanted = area_->widget()->sizeHint() +
+                   QSize(0, menuBar()->sizeHint().height() + statusBar()->sizeHint().height());
     if (wanted.height() > largest.height())
         wanted.rwidth() += area_->verticalScrollBar()->sizeHint().width();
     resize(wanted.expandedTo(kSmallest).boundedTo(largest));
@@ -200,7 +286,6 @@ void ScreenWindow::placeOnScreen() {
     resize((size() + QSize(0, missing)).boundedTo(largest));
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    move(available.center() - rect().center());
 }
 
 void ScreenWindow::changeEvent(QEvent* event) {
@@ -209,6 +294,9 @@ void ScreenWindow::changeEvent(QEvent* event) {
         setAttribute(Qt::WA_KeyboardFocusChange);  // the focus is seen, be it the mouse that brought it there
     if (event->type() == QEvent::PaletteChange)
         refresh();
+    if (event->type() == QEvent::WindowStateChange && isVisible() && windowState() == Qt::WindowActive &&
+        !size_.isValid())
+        takePlace();
 }
 
 // --- What the user does ------------------------------------------------------------------------------------
@@ -231,8 +319,7 @@ bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
             event->setAccepted(isShortcut(static_cast<const QKeyEvent&>(*event)));
             return event->isAccepted();
         case QEvent::KeyPress:
-            return watched == (focusWidget() == nullptr ? this : focusWidget()) &&
-                   keyPressed(static_cast<const QKeyEvent&>(*event));
+            return watched == focusWidget() && keyPressed(static_cast<const QKeyEvent&>(*event));
         case QEvent::FocusIn:
             if (control != nullptr && !control->hasFocus())
                 focusMoved(*controls_.value(watched), static_cast<const QFocusEvent&>(*event).reason());
@@ -373,6 +460,15 @@ void ScreenWindow::focusMoved(Control& control, Qt::FocusReason reason) {
         Qt::QueuedConnection);
 }
 
+/// A list or grid was clicked twice: what most come for is done.
+void ScreenWindow::activated(Control& control) {
+    if (screen_ == nullptr || !taker_.hasOwnKeys() || !control.hasFocus())
+        return;
+    Control* const primary = screen_->primary();
+    if (primary != nullptr && control.kind() != Control::Kind::FolderList)
+        taker_.perform([primary] { person::click(*primary); });
+}
+
 /// Whether the screen itself answers a key, so that the toolkit's own shortcuts must not.
 bool ScreenWindow::isShortcut(const QKeyEvent& event) const {
     const person::Key key = keyOf(event);
@@ -380,6 +476,8 @@ bool ScreenWindow::isShortcut(const QKeyEvent& event) const {
 }
 
 bool ScreenWindow::keyPressed(const QKeyEvent& event) {
+    if (page_ != nullptr && taker_.hasOwnKeys() && page_->press(event))
+        return true;
     const person::Key key = keyOf(event);
     person::Press press{.used = true};  // should the screen have given up on it
     taker_.perform([&] { press = person::press(*screen_, key); });

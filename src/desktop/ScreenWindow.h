@@ -4,12 +4,15 @@
 #include "desktop/ControlView.h"
 #include "desktop/MenuBarView.h"
 #include "desktop/MenuPage.h"
+#include "runtime/DateTime.h"
 
 #include <QHash>
 #include <QMainWindow>
 #include <map>
 #include <memory>
 
+class QBoxLayout;
+class QLabel;
 class QScrollArea;
 
 namespace tallybrook {
@@ -22,7 +25,11 @@ public:
 
     /// Shows all that the screen holds by now.
     void refresh();
+    /// Comes up where the user has left the windows.
+    void present();
     void bringToFront();
+    /// Says at its foot that what was entered has been stored.
+    void tellSaved(DateTime when);
     /// The screen is going away: the window must not touch it again, is seen no more and takes nothing more.
     void letGo();
 
@@ -35,16 +42,21 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
     QScrollArea* buildContent();
+    void addMenuPage(QBoxLayout& layout);
     [[nodiscard]] bool hasOnlyMenus() const;
     QWidget& makeWidget(Control& control, QWidget& parent);
     void watch(QWidget& widget, Control& control);
     void nameWidgets();
     void leaveMenusAtOnce();
-    void placeOnScreen();
+    void addFoot();
+    void takeUsualSize();
+    void takePlace();
+    void remember();
     void followFocus();
     void focusMoved(Control& control, Qt::FocusReason reason);
 
@@ -56,6 +68,8 @@ private:
     void pickedFolder(FolderList& list, int row) override;
     void toggledFolder(FolderList& list, int row) override;
     void clickedRow(Grid& grid, int row) override;
+    void activated(Control& control) override;
+    WindowMemory& memory() override { return taker_.memory(); }
 
     // What the event filter sees; true where the widget must not see it.
     bool mousePressed(QObject* watched, const QMouseEvent& event);
@@ -76,7 +90,9 @@ private:
     MenuBarView menus_;
     MenuPage* page_ = nullptr;  // only of a screen that has nothing but menus
     QScrollArea* area_;
-    bool isPlaced_ = false;
+    QLabel* saved_;
+    QSize size_;    // that the window has taken by itself; invalid before
+    QPoint place_;  // where it has put itself
 
     QObject* swallowed_ = nullptr;      // where the mouse was pressed, if the widget has not seen it
     const Control* pressed_ = nullptr;  // the control that the mouse was pressed on, and may be clicked

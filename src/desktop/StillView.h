@@ -1,14 +1,24 @@
 #pragma once
 
+#include "controls/Keyboard.h"
+
 #include <QAbstractItemView>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPersistentModelIndex>
 #include <QScrollBar>
+#include <QStringList>
 #include <functional>
 #include <utility>
 
 namespace tallybrook {
+
+/// Whether such a view does something with a key: it copies its row, and can be activated.
+inline bool isKeyOfRows(const person::Key& key) {
+    return !key.alt && (key.control ? key.name == "C" : key.name == "Return");
+}
 
 /// One of the toolkit's views of items that changes nothing by itself: it tells what was clicked, and selects
 /// what it is told to.
@@ -19,6 +29,8 @@ public:
 
     /// Called with the item that the mouse was pressed and released on, and where in the view that was.
     std::function<void(const QModelIndex& index, QPoint place)> whenClicked;
+    /// Called when an item was clicked twice, or Return was pressed.
+    std::function<void()> whenActivated = [] {};
 
     /// Brings an item into view; sideways nothing moves.
     virtual void bringIntoView(const QModelIndex& item, QAbstractItemView::ScrollHint hint) {
@@ -34,16 +46,27 @@ protected:
     }
     /// A second click counts only where the first one has not put another item under the mouse.
     void mouseDoubleClickEvent(QMouseEvent* event) override {
-        if (last_.isValid() && last_ == this->indexAt(event->pos()))
+        isTwice_ = last_.isValid() && last_ == this->indexAt(event->pos());
+        if (isTwice_)
             pressed_ = last_;
     }
     void mouseMoveEvent(QMouseEvent* /*event*/) override {}
     void mouseReleaseEvent(QMouseEvent* event) override {
         const QPersistentModelIndex pressed = std::exchange(pressed_, {});
-        if (event->button() == Qt::LeftButton && pressed.isValid() && pressed == this->indexAt(event->pos()))
-            whenClicked(pressed, event->pos());
+        const bool isTwice = std::exchange(isTwice_, false);
+        if (event->button() != Qt::LeftButton || !pressed.isValid() || pressed != this->indexAt(event->pos()))
+            return;
+        whenClicked(pressed, event->pos());
+        if (isTwice)
+            whenActivated();
     }
-    void keyPressEvent(QKeyEvent* event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Copy))
+            return copyRow();
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            return whenActivated();
+        event->ignore();
+    }
 
     // The frame shows the focus.
     void focusInEvent(QFocusEvent* event) override {
@@ -61,8 +84,19 @@ protected:
     }
 
 private:
+    /// Puts the texts of the current row on the clipboard, with tabs between them.
+    void copyRow() const {
+        const QModelIndex current = this->currentIndex();
+        QStringList texts;
+        for (int column = 0; current.isValid() && column < this->model()->columnCount(); ++column)
+            texts << current.siblingAtColumn(column).data(Qt::EditRole).toString();
+        if (!texts.isEmpty())
+            QGuiApplication::clipboard()->setText(texts.join('\t'));
+    }
+
     QPersistentModelIndex pressed_;  // where the mouse is down
     QPersistentModelIndex last_;     // where it was pressed last
+    bool isTwice_ = false;           // whether that is the second press of a double click
 };
 
 }  // namespace tallybrook

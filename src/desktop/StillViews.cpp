@@ -1,9 +1,9 @@
 #include "desktop/StillViews.h"
 
 #include "controls/Screen.h"
-#include "desktop/PictureWidget.h"
 #include "desktop/QtText.h"
 #include "desktop/Spoken.h"
+#include "desktop/SvgPicture.h"
 #include "desktop/TitledBox.h"
 
 #include <QFileInfo>
@@ -102,7 +102,7 @@ private:
 class PictureView : public ControlView {
 public:
     PictureView(Picture& picture, QWidget& parent)
-        : ControlView(picture), picture_(new PictureWidget(":/pictures/" + toQt(picture.file()), &parent)) {
+        : ControlView(picture), picture_(new SvgPicture(":/pictures/" + toQt(picture.file()), &parent)) {
         picture_->setFixedSize(picture.size(), picture.size());
         tellName(*picture_, QFileInfo(toQt(picture.file())).baseName());
     }
@@ -112,7 +112,7 @@ protected:
     void refreshContent() override {}
 
 private:
-    PictureWidget* picture_;
+    SvgPicture* picture_;
 };
 
 }  // namespace

@@ -11,6 +11,7 @@
 namespace tallybrook {
 
 frmEvent::frmEvent(Program& owner) : ProgramScreen(owner, "frmEvent", "Event Information") {
+    setPrimary(cmdUpdGames);
     optLeague.onClick = [this] { eventType_ = "LEAGUE"; };
     optTourn.onClick = [this] { eventType_ = "TOURNAMENT"; };
     optPractice.onClick = [this] { eventType_ = "PRACTICE"; };
@@ -34,7 +35,8 @@ Layout frmEvent::layout() {
                                     layout::row({optLeague, optTourn, optPractice}).atStart(), lblNumGames,
                                     Layout(txtNumGames).atStart(), lblComment, txtComment})
                           .stretched(),
-                      layout::buttons({cmdNextEvent, cmdUpdGames, cmdReset, cmdPrevious, cmdMain, cmdExit})}),
+                      layout::buttons({cmdNextEvent, cmdUpdGames, cmdReset, cmdPrevious, cmdMain,
+                                       layout::space(), cmdExit})}),
          layout::space()});
 }
 
@@ -183,7 +185,10 @@ void frmEvent::writeEvent(const Handler& step) {
     write("fldSeriesTot", valueOf(session().gSeriesTot));
     write("fldSeriesAvg", session().gSeriesAvg);
     write("fldGmsRecorded", valueOf(session().gGmsRecorded));
-    step([&] { eventRow_.Update(); });
+    step([&] {
+        eventRow_.Update();
+        program().display.saved();
+    });
     step([&] { session().gSessionNum = toInt32(eventRow_["fldSessionNum"]); });
 }
 

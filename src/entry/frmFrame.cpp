@@ -14,6 +14,7 @@ frmFrame::frmFrame(Program& owner) : ProgramScreen(owner, "frmFrame", "Frame Inf
     setTabOrder({&txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &firstBall.optYes, &firstBall.optNo,
                  &txtComment, &cmdNextFrame, &cmdPrevFrame, &cmdReset, &cmdPrevious, &cmdRetMain, &cmdExit});
 
+    setPrimary(cmdNextFrame);
     connect();
 }
 
@@ -56,16 +57,16 @@ Layout frmFrame::layout() {
     return layout::column(
         {layout::row({lblEventName, Layout(txtEventName).stretched(), lblDateBowled, txtDateBowled,
                       lblGameNum, txtGameNum, lblNumGames, txtNumGames, lblLanePair, txtLanePair}),
-         layout::row(
-             {layout::column(
-                  {layout::form({lblFrameNum, layout::row({txtFrameNum, lblOfTen, layout::space()}),
-                                 lblLaneNum, Layout(txtLaneNum).atStart(), lblBallUsed, txtBallUsed,
-                                 lblFootPos, txtFootPos, lblLaneTgt, txtLaneTgt}),
-                   lblComment, Layout(txtComment).stretched()})
-                  .stretched(),
-              layout::column(
-                  {balls.layout(), layout::row({layout::space(), cmdResetPinfall, cmdPinfallHelp})}),
-              layout::buttons({cmdNextFrame, cmdPrevFrame, cmdReset, cmdPrevious, cmdRetMain, cmdExit})})
+         layout::row({layout::column(
+                          {layout::form({lblFrameNum, layout::row({txtFrameNum, lblOfTen, layout::space()}),
+                                         lblLaneNum, Layout(txtLaneNum).atStart(), lblBallUsed, txtBallUsed,
+                                         lblFootPos, txtFootPos, lblLaneTgt, txtLaneTgt}),
+                           lblComment, Layout(txtComment).stretched()})
+                          .stretched(),
+                      layout::column(
+                          {balls.layout(), layout::row({layout::space(), cmdResetPinfall, cmdPinfallHelp})}),
+                      layout::buttons({cmdNextFrame, cmdPrevFrame, cmdReset, cmdPrevious, cmdRetMain,
+                                       layout::space(), cmdExit})})
              .stretched(),
          sheet.layout()});
 }
@@ -251,7 +252,10 @@ void frmFrame::Save_Frame() {
     const Handler step = frameHandler(program(), *this, "Save_Frame", "Save_Frame");
     lanes_.workOutNext(session().gStartLane, session().gAltLanes, isTenth());
     writeFrame(step);
-    step([&] { adoTBKFrame.recordset().Update(); });
+    step([&] {
+        adoTBKFrame.recordset().Update();
+        program().display.saved();
+    });
     step([&] { adoTBKFrame.recordset().Resync(); });
     step([&] { session().gFrameKey = toInt32(adoTBKFrame.recordset()["fldFrameKey"]); });
     if (session().gMode == kAdd)

@@ -56,6 +56,7 @@ frmGame::frmGame(Program& owner)
     for (int index = 0; index <= optScType.lastIndex(); ++index)
         optScType(index).onClick = [this, index] { scoreType_ = scoringMethod(index).type; };
 
+    setPrimary(cmdUpdFrame);
     cmdNextGame.onClick = [this] { cmdNextGame_Click(); };
     cmdPrevGame.onClick = [this] { cmdPrevGame_Click(); };
     cmdUpdFrame.onClick = [this] { cmdUpdFrame_Click(); };
@@ -89,8 +90,8 @@ Layout frmGame::layout() {
                                               layout::column({optScType(0), optScType(1), optScType(2)}))
                                     .stretched()})})
                   .stretched(),
-              layout::buttons(
-                  {cmdNextGame, cmdPrevGame, cmdUpdFrame, cmdReset, cmdPrevious, cmdMain, cmdExit})}),
+              layout::buttons({cmdNextGame, cmdPrevGame, cmdUpdFrame, cmdReset, cmdPrevious, cmdMain,
+                               layout::space(), cmdExit})}),
          layout::space()});
 }
 
@@ -206,7 +207,10 @@ void frmGame::Update_Game() {
         return;
     step([&] { gameScore_ = toInt16(leadingNumber(txtGameScore.text())); });
     writeGame(step);
-    step([&] { adoTBKGame.recordset().Update(); });
+    step([&] {
+        adoTBKGame.recordset().Update();
+        program().display.saved();
+    });
 }
 
 void frmGame::writeGame(const Handler& step) {

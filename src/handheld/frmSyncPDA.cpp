@@ -21,11 +21,13 @@ MessageBox notice(std::string text, std::string title) {
 frmSyncPDA::frmSyncPDA(Program& owner) : ProgramScreen(owner, "frmSyncPDA", "Synchronize PDA") {
     cmdAddPDA.onClick = [this] { cmdAddPDA_Click(); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
+    setPrimary(cmdAddPDA);
 }
 
 Layout frmSyncPDA::layout() {
     return layout::column({layout::space(), Layout(imgTBK).centred(), Layout(lblTitle).centred(),
-                           layout::buttons({cmdAddPDA, cmdRetMain, cmdExit}).centred(), layout::space()});
+                           layout::buttons({cmdAddPDA, cmdRetMain, layout::space(), cmdExit}).centred(),
+                           layout::space()});
 }
 
 void frmSyncPDA::onLoad() {

@@ -14,13 +14,15 @@ frmDBTools::frmDBTools(Program& owner) : ProgramScreen(owner, "frmDBTools", "Dat
     cmdDBCheck.onClick = [this] { cmdDBCheck_Click(); };
     cmdDBStats.onClick = [this] { DB_Stats(program()); };
     cmdRetMain.onClick = [this] { cmdRetMain_Click(); };
+    setPrimary(cmdDBCheck);
     mnuFileOpen.onClick = [this] { openReport(program(), cdlDBTools, "DBTools, mnuFileOpen."); };
 }
 
 Layout frmDBTools::layout() {
-    return layout::column({layout::space(), Layout(imgTbrk).centred(), Layout(lblTitle).centred(),
-                           layout::buttons({cmdDBCheck, cmdDBStats, cmdRetMain, cmdExit}).centred(),
-                           layout::space()});
+    return layout::column(
+        {layout::space(), Layout(imgTbrk).centred(), Layout(lblTitle).centred(),
+         layout::buttons({cmdDBCheck, cmdDBStats, cmdRetMain, layout::space(), cmdExit}).centred(),
+         layout::space()});
 }
 
 void frmDBTools::onLoad() {

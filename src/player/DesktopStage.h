@@ -47,7 +47,7 @@ private:
     void save(QWidget& window, const std::string& name) const;
 
     std::optional<std::filesystem::path> shots_;
-    DesktopDisplay display_;
+    DesktopDisplay display_{{.hasOwnKeys = false}};
     BoxHands boxes_;
 };
 

@@ -49,6 +49,10 @@ void RecordingDisplay::raised(Screen& screen) {
     stage_.display().raised(screen);
 }
 
+void RecordingDisplay::saved() {
+    stage_.display().saved();
+}
+
 void RecordingDisplay::pointer(Pointer pointer) {
     if (std::exchange(pointer_, pointer) != pointer)
         transcript_.pointer(pointer);

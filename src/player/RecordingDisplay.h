@@ -32,6 +32,7 @@ public:
     void unloaded(Screen& screen) override;
     void raised(Screen& screen) override;
 
+    void saved() override;
     void pointer(Pointer pointer) override;
     void help(HelpTopic topic) override;
     /// Written only: a play leaves no process behind.

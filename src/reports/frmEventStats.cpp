@@ -70,6 +70,7 @@ frmEventStats::frmEventStats(Program& owner)
     chkEvent.onClick = [this] { chkEvent_Click(); };
     lstEvent.onClick = [this] { eventFilter_ = lstEvent.picked(); };
 
+    setPrimary(cmdGenReport);
     cmdGenReport.onClick = [this] { cmdGenReport_Click(); };
     cmdReset.onClick = [this] {
         if (ask(question("Reset the form?", "Reset Form")) == Answer::Yes)
@@ -97,7 +98,8 @@ Layout frmEventStats::layout() {
                        .stretched(),
                    choices(fraSyncPDA, optSync)})
                   .stretched(),
-              layout::buttons({cmdGenReport, cmdReset, cmdPrevious, cmdRpt, cmdMain, cmdExit})})
+              layout::buttons(
+                  {cmdGenReport, cmdReset, cmdPrevious, cmdRpt, cmdMain, layout::space(), cmdExit})})
              .stretched()});
 }
 

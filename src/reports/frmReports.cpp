@@ -13,6 +13,7 @@ frmReports::frmReports(Program& owner) : ProgramScreen(owner, "frmReports", "Rep
     mnuOpen.onClick = [this] { openReport(program(), cdlReport, "Reports, mnuOpen."); };
     mnuExit.onClick = [this] { Exit_Confirm(program()); };
     mnuRetMain.onClick = [this] { mnuRetMain_Click(); };
+    setPrimary(mnuRptEvent);
 }
 
 void frmReports::leadsTo(Menu& entry, const std::string& screen) {
@@ -23,8 +24,7 @@ void frmReports::leadsTo(Menu& entry, const std::string& screen) {
 }
 
 Layout frmReports::layout() {
-    return layout::column(
-        {layout::space(), Layout(imgTbrk).centred(), Layout(lblTitle).centred(), layout::space()});
+    return layout::column({layout::space(), Layout(imgTbrk).centred(), Layout(lblTitle).centred()});
 }
 
 void frmReports::onLoad() {

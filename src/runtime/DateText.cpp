@@ -196,11 +196,27 @@ std::string shortDate(DateTime when) {
     return fmt::format("{}/{}/{:04}", unsigned{day.month()}, unsigned{day.day()}, int{day.year()});
 }
 
-std::string timeText(DateTime when) {
-    const std::chrono::hh_mm_ss time{when - floor<std::chrono::days>(when)};
+namespace {
+
+/// A time with its hour, and what stands between its minute and AM or PM.
+std::string timeText(std::chrono::hh_mm_ss<std::chrono::seconds> time, const std::string& seconds) {
     const auto hour = time.hours().count();
-    return fmt::format("{}:{:02}:{:02} {}", hour % 12 == 0 ? 12 : hour % 12, time.minutes().count(),
-                       time.seconds().count(), hour < 12 ? "AM" : "PM");
+    return fmt::format("{}:{:02}{} {}", hour % 12 == 0 ? 12 : hour % 12, time.minutes().count(), seconds,
+                       hour < 12 ? "AM" : "PM");
+}
+
+std::chrono::hh_mm_ss<std::chrono::seconds> timeOf(DateTime when) {
+    return std::chrono::hh_mm_ss{when - floor<std::chrono::days>(when)};
+}
+
+}  // namespace
+
+std::string timeText(DateTime when) {
+    return timeText(timeOf(when), fmt::format(":{:02}", timeOf(when).seconds().count()));
+}
+
+std::string timeOfDay(DateTime when) {
+    return timeText(timeOf(when), "");
 }
 
 std::string dateText(DateTime when) {

@@ -15,6 +15,9 @@ std::string shortDate(DateTime when);
 /// h:mm:ss AM/PM, as in 9:55:00 PM; the date is left out.
 std::string timeText(DateTime when);
 
+/// The time to the minute, as in 9:55 PM.
+std::string timeOfDay(DateTime when);
+
 /// Date and time with one blank between them; the date alone at midnight; the time alone on the zero date,
 /// so that the zero date itself is "12:00:00 AM".
 std::string dateText(DateTime when);

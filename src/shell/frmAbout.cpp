@@ -6,6 +6,7 @@ namespace tallybrook {
 
 frmAbout::frmAbout(Program& owner) : ProgramScreen(owner, "frmAbout", "About Tallybrook") {
     lblVersion.setCaption(TALLYBROOK_VERSION);
+    setPrimary(cmdAboutOK);
     Text1.setText(lines({"Tallybrook keeps the logbook of a tenpin bowler.",
                          "It is provided as it is, without warranty of any kind.",
                          "Your logbook stays on this machine: nothing is sent anywhere.",

@@ -49,6 +49,7 @@ frmHHSetup::frmHHSetup(Program& owner)
     dirHHDir.onChange = [this] { txtHHDir.setText(dirHHDir.path()); };
     txtHHDir.onChange = [this] { cmdSaveChg.setEnabled(true); };
 
+    setPrimary(cmdSaveChg);
     cmdSaveChg.onClick = [this] { cmdSaveChg_Click(); };
 }
 
@@ -61,7 +62,7 @@ Layout frmHHSetup::layout() {
                                                                     lblSelDir, Layout(dirHHDir).stretched()}))
                                   .stretched()})
                   .stretched(),
-              layout::buttons({cmdSaveChg, cmdMain, cmdExit})})
+              layout::buttons({cmdSaveChg, cmdMain, layout::space(), cmdExit})})
              .stretched()});
 }
 
@@ -101,6 +102,7 @@ void frmHHSetup::cmdSaveChg_Click() {
     }
     session().gHHSyncDir = txtHHDir.text();
     Write_Config(program());
+    program().display.saved();
     ask(notice("Handheld configuration changes saved."));
 }
 

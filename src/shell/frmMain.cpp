@@ -13,6 +13,7 @@ frmMain::frmMain(Program& owner) : ProgramScreen(owner, "frmMain", "Main Menu") 
     leadsTo(mnuReports, "frmReports");
 
     mnuExit.onClick = [this] { Exit_Confirm(program()); };
+    setPrimary(mnuAddFromForm);
 }
 
 void frmMain::leadsTo(Menu& entry, const std::string& screen, Int16 mode) {
@@ -34,8 +35,7 @@ void frmMain::goTo(const std::string& screen) {
 }
 
 Layout frmMain::layout() {
-    return layout::column(
-        {layout::space(), Layout(imgLogo).centred(), Layout(lblTitle).centred(), layout::space()});
+    return layout::column({layout::space(), Layout(imgLogo).centred(), Layout(lblTitle).centred()});
 }
 
 void frmMain::onLoad() {

@@ -31,7 +31,7 @@ protected:
 
     TemporaryFolder folder;
     SystemClock clock;
-    DesktopDisplay display{std::chrono::milliseconds{40}};
+    DesktopDisplay display{{.patience = std::chrono::milliseconds{40}}};
     Program program{display, clock, folder.path()};
     ModalHands hands;
 

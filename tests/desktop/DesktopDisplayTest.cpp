@@ -33,7 +33,7 @@ using DesktopDisplayTest = Desktop;
 
 TEST_F(DesktopDisplayTest, ScreenIsAWindowInTheMiddle) {
     EXPECT_TRUE(window().isVisible());
-    EXPECT_EQ(window().windowTitle(), "A Test <b>Screen</b>");
+    EXPECT_EQ(window().windowTitle(), "A Test <b>Screen</b> - Tallybrook");
     EXPECT_EQ(window().objectName(), "frmMain");
     const QPoint middle = window().screen()->availableGeometry().center();
     EXPECT_LE((window().geometry().center() - middle).manhattanLength(), 4);

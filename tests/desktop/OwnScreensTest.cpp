@@ -144,7 +144,6 @@ TEST_F(OwnScreensTest, MenuPageLeadsWhereTheMenusLead) {
         found = button->text() == "Add From Form" ? button : found;
     ASSERT_NE(found, nullptr);
     EXPECT_EQ(found->toolTip(), "Alt+D, A, O");
-    EXPECT_EQ(found->focusPolicy(), Qt::NoFocus);
     QTest::mouseClick(found, Qt::LeftButton);
     EXPECT_EQ(screen().name(), "frmEvent");
     EXPECT_EQ(program.session.gMode, 1);

@@ -1,4 +1,4 @@
-#include "desktop/PictureWidget.h"
+#include "desktop/SvgPicture.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -8,13 +8,13 @@ namespace tallybrook {
 namespace {
 
 QAccessibleInterface* asPicture(const QString& /*type*/, QObject* object) {
-    auto* const picture = dynamic_cast<PictureWidget*>(object);
+    auto* const picture = dynamic_cast<SvgPicture*>(object);
     return picture == nullptr ? nullptr : new QAccessibleWidget(picture, QAccessible::Graphic);
 }
 
 }  // namespace
 
-PictureWidget::PictureWidget(const QString& file, QWidget* parent) : QSvgWidget(file, parent) {
+SvgPicture::SvgPicture(const QString& file, QWidget* parent) : QSvgWidget(file, parent) {
     QAccessible::installFactory(asPicture);
 }
 

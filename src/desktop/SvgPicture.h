@@ -5,9 +5,9 @@
 namespace tallybrook {
 
 /// A picture, which a screen reader knows as one.
-class PictureWidget : public QSvgWidget {
+class SvgPicture : public QSvgWidget {
 public:
-    PictureWidget(const QString& file, QWidget* parent);
+    SvgPicture(const QString& file, QWidget* parent);
 };
 
 }  // namespace tallybrook

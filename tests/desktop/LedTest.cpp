@@ -1,0 +1,119 @@
+#include "OwnScreens.h"
+
+#include <QClipboard>
+#include <QLabel>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTableView>
+
+namespace tallybrook::test {
+
+/// What leads the eye on the program's own screens, and what hands expect of any list.
+class LedTest : public OwnScreens {
+protected:
+    [[nodiscard]] QString foot() {
+        const auto* const label = window().statusBar()->findChild<QLabel*>();
+        return label->isVisible() ? label->text() : QString();
+    }
+    QTableView& list() { return dynamic_cast<QTableView&>(*window().widgetOf(control("dgdEventList"))); }
+    [[nodiscard]] QRect place(const std::string& name) {
+        const QWidget& shown = *window().widgetOf(control(name));
+        return {shown.mapTo(&window(), QPoint()), shown.size()};
+    }
+    void listEvent() {
+        beginEvent();
+        beginFrames();
+        click("cmdRetMain");
+        click("mnuEditData", {Answer::OK});
+    }
+};
+
+TEST_F(LedTest, EveryScreenHasOnePrimaryAction) {
+    tour([this] {
+        const Control* const primary = screen().primary();
+        ASSERT_NE(primary, nullptr) << screen().name();
+        if (primary->kind() != Control::Kind::Menu) {
+            EXPECT_NE(window().widgetOf(*primary), nullptr) << screen().name();
+        }
+    });
+}
+
+TEST_F(LedTest, ExitStandsApart) {
+    click("mnuAddFromForm");
+    const int usual = place("cmdMain").top() - place("cmdPrevious").bottom();
+    EXPECT_GT(place("cmdExit").top() - place("cmdMain").bottom(), usual + 5);
+}
+
+TEST_F(LedTest, TitlesSayTheScreenAndTheProduct) {
+    EXPECT_EQ(window().windowTitle(), "Main Menu - Tallybrook");
+    click("mnuAbout");
+    EXPECT_EQ(window().windowTitle(), "About Tallybrook");
+}
+
+TEST_F(LedTest, FootSaysWhenSomethingWasSaved) {
+    EXPECT_EQ(foot(), "");
+    clock.set(makeDate(2026, 11, 14) + std::chrono::hours{19} + std::chrono::minutes{42});
+    click("mnuAddFromForm");
+    EXPECT_EQ(foot(), "");
+    fillEvent();
+    EXPECT_EQ(foot(), "Saved 7:42 PM");
+    beginFrames();
+    EXPECT_EQ(foot(), "Saved 7:42 PM");
+    click("optFirstYes");
+    clock.set(makeDate(2026, 11, 15) + std::chrono::minutes{5});
+    EXPECT_EQ(foot(), "Saved 7:42 PM");
+    click("cmdNextFrame");
+    EXPECT_EQ(foot(), "Saved 12:05 AM");
+}
+
+TEST_F(LedTest, DoubleClickRetrieves) {
+    listEvent();
+    QWidget& surface = *list().viewport();
+    const QPoint row = list().visualRect(list().model()->index(0, 1)).center();
+    QTest::mouseClick(&surface, Qt::LeftButton, Qt::NoModifier, row);
+    answerNext(Answer::OK);  // the event is not complete
+    QTest::mouseDClick(&surface, Qt::LeftButton, Qt::NoModifier, row);
+    QTest::mouseRelease(&surface, Qt::LeftButton, Qt::NoModifier, row);
+    EXPECT_EQ(screen().name(), "frmEvent");
+}
+
+TEST_F(LedTest, ReturnRetrieves) {
+    listEvent();
+    display.perform([this] { person::arrive(control("dgdEventList")); });
+    answerNext(Answer::OK);
+    QTest::keyClick(&list(), Qt::Key_Return);
+    EXPECT_EQ(screen().name(), "frmEvent");
+}
+
+TEST_F(LedTest, RowIsCopied) {
+    listEvent();
+    display.perform([this] { person::arrive(control("dgdEventList")); });
+    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+    const QStringList cells = QGuiApplication::clipboard()->text().split('\t');
+    EXPECT_EQ(cells.value(1), "Thursday League");
+    EXPECT_EQ(cells.size(), list().model()->columnCount());
+}
+
+TEST_F(LedTest, TextOfABoxIsCopied) {
+    hands.expect([](QDialog& box) {
+        EXPECT_TRUE(box.findChild<QLabel*>("qt_msgbox_label")
+                        ->textInteractionFlags()
+                        .testFlag(Qt::TextSelectableByMouse));
+        QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+        box.done(0);
+    });
+    display.perform([this] { display.messageBox({.text = "Disk full.\r\nTry again?"}); });
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Disk full.\nTry again?");
+}
+
+TEST_F(LedTest, CommentTakesTheRoomThatIsLeft) {
+    listEvent();
+    window().resize(1900, 600);
+    QTest::qWait(1);
+    int used = 0;
+    for (int column = 0; column < list().model()->columnCount(); ++column)
+        used += list().columnWidth(column);
+    EXPECT_EQ(used, list().viewport()->width());
+}
+
+}  // namespace tallybrook::test

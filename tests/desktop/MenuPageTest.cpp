@@ -1,0 +1,86 @@
+#include "OwnScreens.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace tallybrook::test {
+
+class MenuPageTest : public OwnScreens {
+protected:
+    MenuPageTest() { EXPECT_TRUE(QTest::qWaitForWindowActive(&window())); }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(window().focusWidget(), key, modifiers);
+    }
+    /// The entry that has the focus; empty where none has.
+    [[nodiscard]] std::string focused() {
+        const auto* const entry = qobject_cast<const QPushButton*>(window().focusWidget());
+        return entry == nullptr ? "" : entry->text().toStdString();
+    }
+};
+
+TEST_F(MenuPageTest, NothingHasTheFocusUntilAKeyIsPressed) {
+    EXPECT_EQ(focused(), "");
+}
+
+TEST_F(MenuPageTest, TabWalksThroughTheEntriesRoundAndRound) {
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "Handheld Setup");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "Exit");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "Add From PDA");
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focused(), "About");
+}
+
+TEST_F(MenuPageTest, ArrowsWalkDownAndAside) {
+    press(Qt::Key_Down);
+    EXPECT_EQ(focused(), "Handheld Setup");
+    press(Qt::Key_Right);
+    EXPECT_EQ(focused(), "Add From PDA");
+    press(Qt::Key_Down);
+    EXPECT_EQ(focused(), "Add From Form");
+    press(Qt::Key_Left);
+    EXPECT_EQ(focused(), "Exit");
+    press(Qt::Key_Left);  // there is nothing
+    EXPECT_EQ(focused(), "Exit");
+    press(Qt::Key_Up);
+    EXPECT_EQ(focused(), "Handheld Setup");
+}
+
+TEST_F(MenuPageTest, ReturnPresses) {
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    press(Qt::Key_Down);
+    EXPECT_EQ(focused(), "Add From Form");
+    press(Qt::Key_Return);
+    EXPECT_EQ(screen().name(), "frmEvent");
+}
+
+TEST_F(MenuPageTest, SpacePresses) {
+    press(Qt::Key_Tab);
+    press(Qt::Key_Space);
+    EXPECT_EQ(screen().name(), "frmHHSetup");
+}
+
+TEST_F(MenuPageTest, KeysOfTheScreenStayItsOwn) {
+    press(Qt::Key_Tab);
+    press(Qt::Key_F1);
+    EXPECT_EQ(screen().name(), "frmMain");
+    EXPECT_EQ(focused(), "Handheld Setup");
+}
+
+TEST_F(MenuPageTest, HeadingsStayWithWhatTheyHead) {
+    window().resize(1800, 1000);
+    QTest::qWait(1);
+    const QWidget& title = *window().widgetOf(control("lblTitle"));
+    QPushButton* const first = window().findChildren<QPushButton*>().front();
+    const int gap =
+        first->mapTo(&window(), QPoint()).y() - title.mapTo(&window(), QPoint(0, title.height())).y();
+    EXPECT_LT(gap, 80);
+}
+
+}  // namespace tallybrook::test
