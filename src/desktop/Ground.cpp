@@ -28,17 +28,6 @@ void drawBoxGround(QWidget& box, bool isQuiet) {
     give(box, palette);
 }
 
-void drawChosenGround(QWidget& button) {
-    const QPalette usual = QApplication::palette();
-    QPalette palette = button.palette();
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::Button, usual.color(QPalette::Active, QPalette::Highlight));
-        palette.setColor(group, QPalette::ButtonText,
-                         usual.color(QPalette::Active, QPalette::HighlightedText));
-    }
-    give(button, palette);
-}
-
 void drawListGround(QWidget& list) {
     constexpr double kFaint = 0.15;
     constexpr double kPale = 0.55;

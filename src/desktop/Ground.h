@@ -9,9 +9,6 @@ namespace tallybrook {
 /// A box: what the user cannot write into is as readable as the rest.
 void drawBoxGround(QWidget& box, bool isQuiet);
 
-/// A button in the colours of what is chosen, as long as it can be pressed.
-void drawChosenGround(QWidget& button);
-
 /// A list or grid: what is off is pale as well, the row chosen included.
 void drawListGround(QWidget& list);
 

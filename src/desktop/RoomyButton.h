@@ -10,8 +10,8 @@ class RoomyButton : public QPushButton {
 public:
     explicit RoomyButton(QWidget* parent = nullptr) : QPushButton(parent) {
         setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+        setAttribute(Qt::WA_Hover);
     }
-    /// To be called again when the colours of the desktop have changed.
     void setStandsOut(bool standsOut);
 
     [[nodiscard]] QSize sizeHint() const override { return QPushButton::sizeHint() + QSize(16, kAbove); }

@@ -2,6 +2,7 @@
 
 #include "controls/Keyboard.h"
 #include "controls/Person.h"
+#include "controls/Rack.h"
 #include "desktop/KeyNames.h"
 #include "desktop/LayoutBuilder.h"
 #include "desktop/QtText.h"
@@ -21,6 +22,7 @@
 #include <QStatusBar>
 #include <QWindow>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace tallybrook {
@@ -86,6 +88,7 @@ QScrollArea* ScreenWindow::buildContent() {
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
+    area->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     area->setWidget(content);
     return area;
 }
@@ -112,9 +115,14 @@ void ScreenWindow::tellSaved(DateTime when) {
     saved_->show();
 }
 
+/// Whether a control of some kind stands on the window.
+bool ScreenWindow::holds(const std::function<bool(const Control&)>& is) const {
+    return std::ranges::any_of(views_, [&](const auto& view) { return is(*view.first); });
+}
+
 /// Whether nothing in the content of the window can be used.
 bool ScreenWindow::hasOnlyMenus() const {
-    return std::ranges::none_of(views_, [](const auto& view) { return view.first->isFocusable(); });
+    return !holds(&Control::isFocusable);
 }
 
 QWidget& ScreenWindow::makeWidget(Control& control, QWidget& parent) {
@@ -229,8 +237,11 @@ void ScreenWindow::showEvent(QShowEvent* event) {
     windowHandle()->installEventFilter(this);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    if (!usual_.isValid())
+        usual_ = area_->widget()->sizeHint();
     if (!isMaximized() && !event->spontaneous())
         takePlace();
+    useRoom();
 }
 
 void ScreenWindow::hideEvent(QHideEvent* event) {
@@ -268,6 +279,43 @@ void ScreenWindow::takePlace() {
     place.ry() = std::min(place.y(), available.top() + std::max(0, room.height()));
     place_ = place;
     move(place);
+}
+
+void ScreenWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    useRoom();
+}
+
+/// A grid takes all the room that there is, and a rack grows with its window; anything else is no wider than
+/// is read with ease, and stands in the middle.
+void ScreenWindow::useRoom() {
+    constexpr int kReadable = 120;  // characters
+    constexpr double kStep = 8;     // parts of the usual size that letters grow by
+    constexpr double kMost = 1.75;
+    if (!usual_.isValid())
+        return;
+    const bool isGrid = holds([](const Control& control) { return control.kind() == Control::Kind::Grid; });
+    if (holds(isPin)) {
+        const double room = std::min(static_cast<double>(area_->width()) / usual_.width(),
+                                     static_cast<double>(area_->height()) / usual_.height());
+        enlarge(std::clamp(std::floor(room * kStep) / kStep, 1.0, kMost));
+    } else if (!isGrid) {
+        area_->widget()->setMaximumWidth(
+            std::max(usual_.width(), kReadable * fontMetrics().averageCharWidth()));
+    }
+}
+
+void ScreenWindow::enlarge(double scale) {
+    if (scale == scale_)
+        return;
+    scale_ = scale;
+    QFont larger = font();
+    if (larger.pointSizeF() > 0)
+        larger.setPointSizeF(larger.pointSizeF() * scale);
+    else
+        larger.setPixelSize(static_cast<int>(larger.pixelSize() * scale));
+    area_->widget()->setFont(larger);
+    refresh();
 }
 
 /// As large as its content asks for and the display allows.

@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -43,6 +44,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -55,6 +57,9 @@ private:
     void leaveMenusAtOnce();
     void addFoot();
     void takeUsualSize();
+    [[nodiscard]] bool holds(const std::function<bool(const Control&)>& is) const;
+    void useRoom();
+    void enlarge(double scale);
     void takePlace();
     void remember();
     void followFocus();
@@ -91,8 +96,10 @@ private:
     MenuPage* page_ = nullptr;  // only of a screen that has nothing but menus
     QScrollArea* area_;
     QLabel* saved_;
-    QSize size_;    // that the window has taken by itself; invalid before
-    QPoint place_;  // where it has put itself
+    QSize size_;        // that the window has taken by itself; invalid before
+    QPoint place_;      // where it has put itself
+    QSize usual_;       // of the content in letters of the usual size; invalid before the window was shown
+    double scale_ = 1;  // of the content's letters
 
     QObject* swallowed_ = nullptr;      // where the mouse was pressed, if the widget has not seen it
     const Control* pressed_ = nullptr;  // the control that the mouse was pressed on, and may be clicked

@@ -3,6 +3,7 @@
 #include "style/BoxIcons.h"
 #include "style/Colours.h"
 
+#include <QAbstractScrollArea>
 #include <QPainter>
 #include <QStyleOption>
 #include <QTableView>
@@ -124,6 +125,10 @@ int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, c
                         static_cast<int>(kMark * widget->fontMetrics().ascent()));
     if (isPlain() && widget != nullptr && metric == PM_MessageBoxIconSize)
         return static_cast<int>(kIcon * widget->fontMetrics().height());
+    constexpr int kFrame = 2;  // as thick as the mark of the focus
+    if (isPlain() && metric == PM_DefaultFrameWidth &&
+        qobject_cast<const QAbstractScrollArea*>(widget) != nullptr)
+        return kFrame;
     const bool isTable = qobject_cast<const QTableView*>(widget) != nullptr;
     if (isPlain() && isTable && metric == PM_FocusFrameHMargin)
         return kBesideText - 1;

@@ -116,4 +116,28 @@ TEST_F(LedTest, CommentTakesTheRoomThatIsLeft) {
     EXPECT_EQ(used, list().viewport()->width());
 }
 
+TEST_F(LedTest, RackGrowsWithItsWindow) {
+    beginEvent();
+    beginFrames();
+    const int usual = place("chkFirstPinfall(7)").width();
+    window().resize(3 * window().size());
+    QTest::qWait(1);
+    EXPECT_GT(place("chkFirstPinfall(7)").width(), usual * 5 / 4);
+    EXPECT_GT(window().widgetOf(control("txtCount(1)"))->fontMetrics().height(),
+              window().fontMetrics().height() * 3 / 2);
+    window().resize(window().size() / 3);
+    QTest::qWait(1);
+    EXPECT_EQ(place("chkFirstPinfall(7)").width(), usual);
+}
+
+TEST_F(LedTest, FormsStayReadableInTheMiddle) {
+    click("mnuAddFromForm");
+    window().resize(2400, 1200);
+    QTest::qWait(1);
+    const int left = place("lblTitle").left() - place("imgLogo").width();
+    const int right = window().width() - place("cmdExit").right();
+    EXPECT_GT(left, 500);
+    EXPECT_LT(std::abs(left - right), 60);
+}
+
 }  // namespace tallybrook::test
