@@ -3,8 +3,9 @@
 #include "style/BoxIcons.h"
 #include "style/Colours.h"
 
-#include <QAbstractScrollArea>
+#include <QAbstractItemView>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyleOption>
 #include <QTableView>
 #include <algorithm>
@@ -52,6 +53,13 @@ void makeChoiceReadable(QPalette& palette, QPalette::ColorGroup group) {
     palette.setColor(group, QPalette::Highlight,
                      contrasting(palette.color(group, QPalette::Highlight),
                                  palette.color(group, QPalette::HighlightedText), kTextContrast));
+}
+
+/// A list, a grid, or a box of several lines that is written in: what covers all of its frame but the edge.
+bool isFramedBox(const QWidget* widget) {
+    const auto* const lines = qobject_cast<const QPlainTextEdit*>(widget);
+    return qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
+           (lines != nullptr && !lines->isReadOnly());
 }
 
 void drawOutline(const QRect& place, double radius, const QStyleOption& option, QPainter& painter,
@@ -126,8 +134,7 @@ int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, c
     if (isPlain() && widget != nullptr && metric == PM_MessageBoxIconSize)
         return static_cast<int>(kIcon * widget->fontMetrics().height());
     constexpr int kFrame = 2;  // as thick as the mark of the focus
-    if (isPlain() && metric == PM_DefaultFrameWidth &&
-        qobject_cast<const QAbstractScrollArea*>(widget) != nullptr)
+    if (isPlain() && metric == PM_DefaultFrameWidth && isFramedBox(widget))
         return kFrame;
     const bool isTable = qobject_cast<const QTableView*>(widget) != nullptr;
     if (isPlain() && isTable && metric == PM_FocusFrameHMargin)
