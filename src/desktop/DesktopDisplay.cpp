@@ -242,7 +242,7 @@ void DesktopDisplay::pointer(Pointer pointer) {
 
 void DesktopDisplay::help(HelpTopic topic) {
     if (!help_)
-        help_ = std::make_unique<HelpWindow>();
+        help_ = std::make_unique<HelpWindow>(QString::fromStdU16String(program_->dataFolder.u16string()));
     help_->open(topic == HelpTopic::Contents ? "index" : QString::number(static_cast<int>(topic)));
 }
 

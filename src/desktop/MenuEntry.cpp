@@ -8,9 +8,9 @@ namespace tallybrook {
 
 namespace {
 
-constexpr int kBesideText = 10;  // pixels
-constexpr int kAboveText = 6;
-constexpr double kCorner = 4;
+constexpr int kBesideEntry = 10;  // pixels
+constexpr int kAboveEntry = 6;
+constexpr double kEntryCorner = 4;
 
 }  // namespace
 
@@ -22,7 +22,7 @@ MenuEntry::MenuEntry(QWidget* parent, bool standsOut) : QPushButton(parent), sta
 
 QSize MenuEntry::sizeHint() const {
     const QSize shown = fontMetrics().size(Qt::TextShowMnemonic, text());
-    return shown + 2 * QSize(kBesideText, kAboveText);
+    return shown + 2 * QSize(kBesideEntry, kAboveEntry);
 }
 
 /// Under the mouse it is seen that it can be pressed.
@@ -42,15 +42,16 @@ void MenuEntry::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground());
-    painter.drawRoundedRect(rect(), kCorner, kCorner);
+    painter.drawRoundedRect(rect(), kEntryCorner, kEntryCorner);
     painter.setPen(ink);
-    painter.drawText(rect().adjusted(kBesideText, 0, -kBesideText, 0),
+    painter.drawText(rect().adjusted(kBesideEntry, 0, -kBesideEntry, 0),
                      Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, text());
     if (hasFocus()) {
         const double inset = isStrong ? 3 : 1;
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(isStrong ? ink : focusColour(palette()), isStrong ? 1.5 : 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), kCorner, kCorner);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), kEntryCorner,
+                                kEntryCorner);
     }
 }
 

@@ -237,8 +237,10 @@ void ScreenWindow::showEvent(QShowEvent* event) {
     windowHandle()->installEventFilter(this);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    if (!usual_.isValid())
+    if (!usual_.isValid()) {
         usual_ = area_->widget()->sizeHint();
+        least_ = area_->widget()->minimumSizeHint();
+    }
     if (!isMaximized() && !event->spontaneous())
         takePlace();
     useRoom();
@@ -290,19 +292,29 @@ void ScreenWindow::resizeEvent(QResizeEvent* event) {
 /// is read with ease, and stands in the middle.
 void ScreenWindow::useRoom() {
     constexpr int kReadable = 120;  // characters
-    constexpr double kStep = 8;     // parts of the usual size that letters grow by
-    constexpr double kMost = 1.75;
     if (!usual_.isValid())
         return;
     const bool isGrid = holds([](const Control& control) { return control.kind() == Control::Kind::Grid; });
     if (holds(isPin)) {
-        const double room = std::min(static_cast<double>(area_->width()) / usual_.width(),
-                                     static_cast<double>(area_->height()) / usual_.height());
-        enlarge(std::clamp(std::floor(room * kStep) / kStep, 1.0, kMost));
+        enlarge(fittingScale());
     } else if (!isGrid) {
         area_->widget()->setMaximumWidth(
             std::max(usual_.width(), kReadable * fontMetrics().averageCharWidth()));
     }
+}
+
+/// How large the letters of a rack can be: larger than usual where all of it finds room, smaller where it
+/// would have to be scrolled sideways as well as down.
+double ScreenWindow::fittingScale() const {
+    constexpr double kStep = 8;  // parts of the usual size
+    constexpr double kLeast = 0.75;
+    constexpr double kMost = 1.75;
+    const auto steps = [](double share) { return std::floor(share * kStep) / kStep; };
+    const double wide = static_cast<double>(area_->width()) / usual_.width();
+    const double high = static_cast<double>(area_->height()) / usual_.height();
+    const int beside = area_->verticalScrollBar()->sizeHint().width();
+    const double least = static_cast<double>(area_->width() - beside) / least_.width();
+    return least < 1 ? std::max(steps(least), kLeast) : std::clamp(steps(std::min(wide, high)), 1.0, kMost);
 }
 
 void ScreenWindow::enlarge(double scale) {
@@ -316,6 +328,7 @@ void ScreenWindow::enlarge(double scale) {
         larger.setPixelSize(static_cast<int>(larger.pixelSize() * scale));
     area_->widget()->setFont(larger);
     refresh();
+    area_->widget()->layout()->activate();
 }
 
 /// As large as its content asks for and the display allows.

@@ -1,18 +1,52 @@
 #include "app/Application.h"
+#include "controls/Person.h"
 #include "desktop/BoxWindow.h"
 #include "desktop/DesktopDisplay.h"
 #include "runtime/DataHome.h"
 #include "runtime/OwnFiles.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QSettings>
+#include <QUrl>
+#include <algorithm>
+#include <array>
 #include <exception>
+#include <string_view>
+#include <utility>
 
 namespace {
 
+/// What the program was started for, besides being used.
+enum class Purpose { Use, RecordNight, ShowFolder };
+
+constexpr std::array<std::pair<std::string_view, Purpose>, 2> kPurposes{
+    {{"--record", Purpose::RecordNight}, {"--folder", Purpose::ShowFolder}}};
+
+Purpose purposeOf(int argc, char** argv) {
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    const auto* const told = std::ranges::find(kPurposes, first, [](const auto& one) { return one.first; });
+    return told == kPurposes.end() ? Purpose::Use : told->second;
+}
+
+/// What most come to the first screen for.
+void recordNight(tallybrook::Program& program) {
+    const tallybrook::Screen* const first = program.screens.front();
+    if (first != nullptr && first->primary() != nullptr)
+        tallybrook::person::click(*first->primary());
+}
+
+bool showFolder() {
+    const QString folder = QString::fromStdU16String(tallybrook::defaultDataFolder().u16string());
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
 /// Runs the program to its end; what nothing has caught leaves it.
-void run(tallybrook::Application& program, tallybrook::DesktopDisplay& display) {
+void run(tallybrook::Application& program, tallybrook::DesktopDisplay& display, Purpose purpose) {
     display.attach(program.program());
     display.perform([&] { program.start(); });
+    if (purpose == Purpose::RecordNight)
+        display.perform([&] { recordNight(program.program()); });
     std::exception_ptr failure = display.takeFailure();
     if (failure == nullptr && !program.program().hasEnded()) {
         QApplication::exec();
@@ -28,11 +62,15 @@ int main(int argc, char** argv) {
     tallybrook::setUpFiles();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("Tallybrook");
+    const Purpose purpose = purposeOf(argc, argv);
+    if (purpose == Purpose::ShowFolder)
+        return showFolder() ? 0 : 1;
     try {
+        QSettings settings("Tallybrook", "Windows");
         const tallybrook::SystemClock clock;
-        tallybrook::DesktopDisplay display;
+        tallybrook::DesktopDisplay display({.settings = &settings});
         tallybrook::Application program(display, clock, tallybrook::defaultDataFolder());
-        run(program, display);
+        run(program, display, purpose);
         return 0;
     } catch (const std::exception& failure) {
         tallybrook::BoxWindow({.text = failure.what(), .icon = tallybrook::Icon::Critical}, nullptr).ask();

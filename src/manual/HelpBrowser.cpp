@@ -14,6 +14,7 @@ namespace tallybrook {
 namespace {
 
 constexpr const char* kFound = "qrc:/help/found.html";
+constexpr const char* kFolder = "folder";  // what a link to the data folder begins with
 constexpr int kMargin = 18;
 
 QUrl foundUrl(const QString& sought) {
@@ -114,6 +115,8 @@ void HelpBrowser::resizeEvent(QResizeEvent* event) {
 }
 
 void HelpBrowser::doSetSource(const QUrl& name, QTextDocument::ResourceType type) {
+    if (name.scheme() == kFolder)
+        return whenFolderAsked();
     if (!isOwn(name))
         return;
     QTextBrowser::doSetSource(name, type);

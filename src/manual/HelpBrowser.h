@@ -3,11 +3,12 @@
 #include "manual/HelpSearch.h"
 
 #include <QTextBrowser>
+#include <functional>
 
 namespace tallybrook {
 
-/// Shows the program's own pages, and what a search over them has found; follows links among them and nowhere
-/// else.
+/// Shows the program's own pages, and what a search over them has found; follows links among them, and one
+/// that leads to the data folder, and nowhere else.
 class HelpBrowser : public QTextBrowser {
 public:
     HelpBrowser();
@@ -18,6 +19,9 @@ public:
     void findNext(bool backwards);
     /// Seeks nothing any more.
     void clearSearch();
+
+    /// Called when a link to the data folder was followed.
+    std::function<void()> whenFolderAsked = [] {};
 
     QVariant loadResource(int type, const QUrl& name) override;
 

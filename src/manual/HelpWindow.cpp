@@ -3,6 +3,7 @@
 #include "manual/HelpBrowser.h"
 
 #include <QAction>
+#include <QDesktopServices>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
@@ -22,7 +23,8 @@ QUrl urlOf(const QString& page) {
 
 }  // namespace
 
-HelpWindow::HelpWindow() : pages_(new HelpBrowser), sought_(new QLineEdit) {
+HelpWindow::HelpWindow(const QString& dataFolder) : pages_(new HelpBrowser), sought_(new QLineEdit) {
+    pages_->whenFolderAsked = [dataFolder] { QDesktopServices::openUrl(QUrl::fromLocalFile(dataFolder)); };
     initPages();
     setObjectName("help");
     setWindowTitle("Tallybrook Help");

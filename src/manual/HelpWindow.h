@@ -12,7 +12,8 @@ class HelpBrowser;
 /// The help, from the program's own pages alone, with a search over all of them.
 class HelpWindow : public QMainWindow {
 public:
-    HelpWindow();
+    /// `dataFolder` is what the pages can open.
+    explicit HelpWindow(const QString& dataFolder = {});
     /// Shows a page by its name, as in "index", in front.
     void open(const QString& page);
 

@@ -1,5 +1,6 @@
 #include "viewer/ReportWindow.h"
 
+#include "runtime/DataHome.h"
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
 #include "viewer/FileFailure.h"
@@ -217,7 +218,7 @@ void ReportWindow::addHelpMenu() {
 
 void ReportWindow::showHelp(const QString& page) {
     if (!help_)
-        help_ = std::make_unique<HelpWindow>();
+        help_ = std::make_unique<HelpWindow>(QString::fromStdU16String(defaultDataFolder().u16string()));
     help_->open(page);
 }
 

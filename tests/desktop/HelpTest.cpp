@@ -1,5 +1,6 @@
 #include "desktop/DesktopDisplay.h"
 #include "manual/HelpBrowser.h"
+#include "support/TemporaryFolder.h"
 
 #include <QApplication>
 #include <QImage>
@@ -70,6 +71,17 @@ TEST_F(HelpTest, EveryTopicHasItsPage) {
     }
 }
 
+TEST_F(HelpTest, LinkToTheDataFolderOpensIt) {
+    HelpBrowser browser;
+    int asked = 0;
+    browser.whenFolderAsked = [&asked] { ++asked; };
+    browser.setSource(QUrl("qrc:/help/moving.html"));
+    browser.setSource(QUrl("folder:"));
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(browser.source(), QUrl("qrc:/help/moving.html"));
+    EXPECT_TRUE(browser.toHtml().contains("href=\"folder:\""));
+}
+
 TEST_F(HelpTest, GoesBackAndForwardAndToTheContents) {
     help.open("232");
     EXPECT_FALSE(action("Back")->isEnabled());
@@ -98,6 +110,10 @@ TEST_F(HelpTest, LoadsNothingFromElsewhere) {
 }
 
 TEST_F(HelpTest, DisplayOpensOneWindow) {
+    const TemporaryFolder folder;
+    const SystemClock clock;
+    Program program(display, clock, folder.path());
+    display.attach(program);
     const auto windows = [] {
         qsizetype count = 0;
         for (const QWidget* const top : QApplication::topLevelWidgets())

@@ -109,7 +109,7 @@ TEST_F(LargeScreensTest, FramesNeedNoMoreThanASmallLaptop) {
     beginFrames();
     const QWidget& content = *dynamic_cast<const QScrollArea&>(*window().centralWidget()).widget();
     constexpr int kWidth = 113;  // of the display, in characters of twice the usual size
-    EXPECT_LE(content.minimumSizeHint().width(), kWidth * content.fontMetrics().averageCharWidth());
+    EXPECT_LE(content.minimumSizeHint().width(), kWidth * window().fontMetrics().averageCharWidth());
 }
 
 TEST_F(OwnScreensTest, FocusIsSeenOnEveryControl) {

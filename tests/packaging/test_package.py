@@ -189,7 +189,7 @@ class Installed(PackageTest):
         seen = run.stdout.splitlines()
         self.assertTrue(seen[0].startswith("box: No configuration file was found."), seen)
         self.assertTrue(seen[1].startswith("box: Check database consistency?"), seen)
-        self.assertEqual(seen[-2:], ["window: Main Menu", "box: Exit Tallybrook?"])
+        self.assertEqual(seen[-2:], ["window: Main Menu - Tallybrook", "box: Exit Tallybrook?"])
         self.assertEqual((self.home / "data/Tallybrook/Tallybrook_DB.mdb").read_bytes()[:15], b"SQLite format 3")
 
     def test_viewer_opens_the_report_it_is_given(self):
