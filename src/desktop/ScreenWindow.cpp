@@ -237,10 +237,8 @@ void ScreenWindow::showEvent(QShowEvent* event) {
     windowHandle()->installEventFilter(this);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    if (!usual_.isValid()) {
+    if (!usual_.isValid())
         usual_ = area_->widget()->sizeHint();
-        least_ = area_->widget()->minimumSizeHint();
-    }
     if (!isMaximized() && !event->spontaneous())
         takePlace();
     useRoom();
@@ -303,18 +301,13 @@ void ScreenWindow::useRoom() {
     }
 }
 
-/// How large the letters of a rack can be: larger than usual where all of it finds room, smaller where it
-/// would have to be scrolled sideways as well as down.
+/// How much larger than usual the letters of a rack can be.
 double ScreenWindow::fittingScale() const {
     constexpr double kStep = 8;  // parts of the usual size
-    constexpr double kLeast = 0.75;
     constexpr double kMost = 1.75;
-    const auto steps = [](double share) { return std::floor(share * kStep) / kStep; };
     const double wide = static_cast<double>(area_->width()) / usual_.width();
     const double high = static_cast<double>(area_->height()) / usual_.height();
-    const int beside = area_->verticalScrollBar()->sizeHint().width();
-    const double least = static_cast<double>(area_->width() - beside) / least_.width();
-    return least < 1 ? std::max(steps(least), kLeast) : std::clamp(steps(std::min(wide, high)), 1.0, kMost);
+    return std::clamp(std::floor(std::min(wide, high) * kStep) / kStep, 1.0, kMost);
 }
 
 void ScreenWindow::enlarge(double scale) {
