@@ -100,7 +100,6 @@ private:
     QSize size_;        // that the window has taken by itself; invalid before
     QPoint place_;      // where it has put itself
     QSize usual_;       // of the content in letters of the usual size; invalid before the window was shown
-    QSize least_;       // that it can do with in such letters
     double scale_ = 1;  // of the content's letters
 
     QObject* swallowed_ = nullptr;      // where the mouse was pressed, if the widget has not seen it
