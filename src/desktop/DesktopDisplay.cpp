@@ -241,8 +241,9 @@ void DesktopDisplay::pointer(Pointer pointer) {
 }
 
 void DesktopDisplay::help(HelpTopic topic) {
+    const std::filesystem::path folder = program_ == nullptr ? "" : program_->dataFolder;
     if (!help_)
-        help_ = std::make_unique<HelpWindow>(QString::fromStdU16String(program_->dataFolder.u16string()));
+        help_ = std::make_unique<HelpWindow>(QString::fromStdU16String(folder.u16string()));
     help_->open(topic == HelpTopic::Contents ? "index" : QString::number(static_cast<int>(topic)));
 }
 

@@ -1,6 +1,5 @@
 #include "desktop/DesktopDisplay.h"
 #include "manual/HelpBrowser.h"
-#include "support/TemporaryFolder.h"
 
 #include <QApplication>
 #include <QImage>
@@ -110,10 +109,6 @@ TEST_F(HelpTest, LoadsNothingFromElsewhere) {
 }
 
 TEST_F(HelpTest, DisplayOpensOneWindow) {
-    const TemporaryFolder folder;
-    const SystemClock clock;
-    Program program(display, clock, folder.path());
-    display.attach(program);
     const auto windows = [] {
         qsizetype count = 0;
         for (const QWidget* const top : QApplication::topLevelWidgets())

@@ -3,8 +3,6 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QStatusBar>
 #include <QTableView>
 
@@ -130,15 +128,6 @@ TEST_F(LedTest, RackGrowsWithItsWindow) {
     window().resize(window().size() / 3);
     QTest::qWait(1);
     EXPECT_EQ(place("chkFirstPinfall(7)").width(), usual);
-}
-
-TEST_F(LedTest, RackIsScrolledOneWayAtMost) {
-    beginEvent();
-    beginFrames();
-    window().resize(683, 384);  // a small display whose texts are twice as large as usual
-    QTest::qWait(1);
-    const auto& area = dynamic_cast<const QScrollArea&>(*window().centralWidget());
-    EXPECT_EQ(area.horizontalScrollBar()->maximum(), 0);
 }
 
 TEST_F(LedTest, FormsStayReadableInTheMiddle) {
