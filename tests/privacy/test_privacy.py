@@ -14,12 +14,13 @@ from pathlib import Path
 
 SCRIPTS = Path(__file__).resolve().parents[1] / "scripts"
 BUILT = Path(os.environ["TALLYBROOK_PROGRAMS"])
-PROGRAMS = {name: BUILT / name for name in ("tallybrook", "tallybrook-viewer", "tallybrook-play", "tallybrook-sample", "tallybrook-keeper")}
+PROGRAMS = {name: BUILT / name for name in ("tallybrook", "tallybrook-viewer", "tallybrook-play", "tallybrook-sample",
+                                            "tallybrook-keeper")}
 HANDS = {"QT_PLUGIN_PATH": os.environ["TALLYBROOK_HANDS"], "QT_QPA_GENERIC_PLUGINS": "hands"}  # they close windows
 
 # What a program may be linked to by name; what these bring along is theirs.
 LIBRARIES = re.compile(
-    r"lib(asan|ubsan|stdc\+\+|m|gcc_s|c|fmt|utf8proc|sqlite3|OpenGL|GLX"
+    r"lib(asan|ubsan|stdc\+\+|m|gcc_s|c|fmt|utf8proc|sqlite3|nettle|xlsxwriter|minizip|mdb|OpenGL|GLX"
     r"|Qt6(Core|Gui|Widgets|Svg|SvgWidgets|PrintSupport|Test))\.so\.\d+"
 )
 
@@ -69,6 +70,11 @@ class Network(unittest.TestCase):
     def test_is_not_used_by_the_windows(self):
         script = SCRIPTS / "odd-names.txt"
         self.assertEqual(remote_calls([PROGRAMS["tallybrook-play"], "--display", "desktop", script], self.folder), [])
+
+    def test_is_not_used_by_the_keeper(self):
+        (self.folder / "Tallybrook").mkdir()
+        for arguments in (["--window"], ["backups"]):
+            self.assertEqual(remote_calls([PROGRAMS["tallybrook-keeper"], *arguments], self.folder, **HANDS), [])
 
     def test_is_not_used_by_the_program(self):
         self.assertEqual(remote_calls([PROGRAMS["tallybrook"]], self.folder, **HANDS), [])
