@@ -1,21 +1,33 @@
 #pragma once
 
+#include "viewer/Pages.h"
 #include "viewer/ReportPicture.h"
 
 #include <QSizeF>
+#include <memory>
 
 namespace tallybrook {
 
-/// The pictures of a report laid out on pages. A picture that fits on a page is not parted.
+/// The room for pictures on pages, in the device's units.
+struct PictureRoom {
+    QSizeF page;
+    double begin = 0;  ///< what is taken already of the first page, from its top
+};
+
+/// The pictures of a report laid out on pages. A picture that fits on a page is not parted. Where the last
+/// page would be almost empty all are drawn a little smaller, if that saves the page.
 class PicturePages {
 public:
-    /// `page` is the room on a page, in the device's units.
     PicturePages(const std::vector<ReportPicture>& pictures, const QFont& font, const QPaintDevice& device,
-                 QSizeF page);
+                 const PictureRoom& room);
     PicturePages(const PicturePages&) = delete;
     PicturePages& operator=(const PicturePages&) = delete;
 
     [[nodiscard]] std::size_t count() const { return pages_.size(); }
+    /// Whether there is anything on the first page, below what was taken of it.
+    [[nodiscard]] bool usesFirst() const { return !pages_.empty() && !pages_.front().empty(); }
+    /// Where each picture begins: its name, and the page, from 0.
+    [[nodiscard]] const std::vector<SectionPlace>& sections() const { return sections_; }
     /// Draws a page, from 0, with its upper left corner at the painter's origin.
     void draw(QPainter& painter, std::size_t page) const;
 
@@ -25,12 +37,15 @@ private:
         Strip strip;
     };
 
-    void add(Strips strips);
+    void layOut(const std::vector<ReportPicture>& pictures);
+    void add(const QString& name, Strips strips);
+    [[nodiscard]] bool isLastAlmostEmpty() const;
 
-    PictureLook look_;  // the strips keep hold of it
-    double roomOfPage_;
+    std::unique_ptr<PictureLook> look_;  // the strips keep hold of it
+    PictureRoom room_;
     double top_ = 0;  // of what comes next
     std::vector<std::vector<Placed>> pages_;
+    std::vector<SectionPlace> sections_;
 };
 
 }  // namespace tallybrook

@@ -31,7 +31,7 @@ void setUp(QPrinter& printer, const ReportText& report) {
 
 bool drawBusily(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer) {
     const BusyPointer busy;
-    return drawPages(report, pictures, printer);
+    return drawPages(report, pictures, printer).has_value();
 }
 
 void drawOrTell(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer,
@@ -106,7 +106,8 @@ void previewReport(const ReportText& report, const std::vector<ReportPicture>& p
     dialog.exec();
 }
 
-void exportReport(const ReportText& report, const std::vector<ReportPicture>& pictures, QWidget& window) {
+std::optional<QString> exportReport(const ReportText& report, const std::vector<ReportPicture>& pictures,
+                                    QWidget& window) {
     const std::vector<PdfKind> kinds = pdfKinds();
     QStringList filters;
     for (const PdfKind& kind : kinds)
@@ -117,14 +118,16 @@ void exportReport(const ReportText& report, const std::vector<ReportPicture>& pi
     dialog.setDefaultSuffix("pdf");
     dialog.selectFile(pdfBeside(report.file));
     if (dialog.exec() != QDialog::Accepted)
-        return;
+        return std::nullopt;
     const auto kind = std::ranges::find(kinds, dialog.selectedNameFilter(), &PdfKind::filter);
     const QString file = dialog.selectedFiles().value(0);
     try {
         const BusyPointer busy;
         writePdf(report, pictures, kind == kinds.end() ? usersPaper() : kind->paper, file);
+        return file;
     } catch (const FileFailure& failure) {
         tellFailure(&window, "The report cannot be exported as a PDF:", file, failure.reason());
+        return std::nullopt;
     }
 }
 

@@ -10,6 +10,8 @@
 #include "viewer/PrintDialogs.h"
 #include "viewer/SeasonsSideBySide.h"
 
+#include <QDesktopServices>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -131,7 +133,7 @@ void ReportWindow::addFileMenu() {
     QAction* const print = addTo(menu, "&Print...", {Qt::CTRL | Qt::Key_P},
                                  [this] { printReport(report_, printedPictures(), *this); });
     addTo(menu, "Print Pre&view", {}, [this] { previewReport(report_, printedPictures(), *this); });
-    addTo(menu, "&Export as PDF...", {}, [this] { exportReport(report_, printedPictures(), *this); });
+    addTo(menu, "&Export as PDF...", {}, [this] { exportPdf(); });
     menu.addSeparator();
     addTo(menu, "&Close", {Qt::CTRL | Qt::Key_W}, [this] { close(); });
     addTo(*tools_, *choose, "Open");
@@ -253,6 +255,16 @@ void ReportWindow::showZoom() {
 void ReportWindow::showPane() {
     hasPictures_->setEnabled(!pictures_->isEmpty());
     pictures_->setVisible(!pictures_->isEmpty() && hasPictures_->isChecked());
+}
+
+/// Writes a PDF, and tells where it is.
+void ReportWindow::exportPdf() {
+    const std::optional<QString> written = exportReport(report_, printedPictures(), *this);
+    if (!written)
+        return;
+    const QUrl folder = QUrl::fromLocalFile(QFileInfo(*written).absolutePath());
+    notice_->offer("The PDF is written: " + QDir::toNativeSeparators(*written), "Open Folder",
+                   [folder] { QDesktopServices::openUrl(folder); });
 }
 
 /// What is shown is what is printed.

@@ -73,6 +73,7 @@ private:
     void showText(ReportText report);
     void showPictures(std::vector<ReportPicture> pictures);
     void leave();
+    void exportPdf();
     void showHelp(const QString& page);
     void showZoom();
     void showPane();

@@ -87,7 +87,7 @@ double TrendPlot::height() const {
 /// All averages of the whole time are in it, so that the scale stays while the range moves.
 TrendPlot::Scale TrendPlot::scaleOf() const {
     const auto [low, high] = std::ranges::minmax(series_.events, {}, &BowledEvent::average);
-    constexpr std::array kSteps{1.0, 2.0, 5.0, 10.0, 20.0, 25.0, 50.0, 100.0};
+    constexpr std::array kSteps{5.0, 10.0, 20.0, 25.0, 50.0, 100.0};
     constexpr double kMostSteps = 8;
     constexpr double kLeastSpan = 4;
     const double span = std::max(high.average - low.average, kLeastSpan);

@@ -9,10 +9,10 @@ namespace tallybrook::test {
 
 /// Whether the pages of a PDF have the size of a paper.
 inline bool isOnPaper(const QByteArray& pdf, QPageSize::PageSizeId paper) {
-    const QByteArray begin = "/MediaBox [0 0 ";
+    const QByteArray begin = "/MediaBox [";
     const qsizetype at = pdf.indexOf(begin) + begin.size();
-    const QList<QByteArray> sides = pdf.mid(at, pdf.indexOf(']', at) - at).split(' ');
-    return QSizeF(sides.value(0).toDouble(), sides.value(1).toDouble()) ==
+    const QList<QByteArray> sides = pdf.mid(at, pdf.indexOf(']', at) - at).simplified().split(' ');
+    return QSizeF(sides.value(2).toDouble(), sides.value(3).toDouble()) ==
            QSizeF(QPageSize::sizePoints(paper));
 }
 

@@ -75,10 +75,56 @@ TEST(Pages, LastLineEndStartsNoRow) {
     EXPECT_EQ(printedRows("\n", 80), Rows{""});
 }
 
+TEST(Pages, RowsBreakAtBlanks) {
+    EXPECT_EQ(printedRows("Comment: dry lanes", 13), (Rows{"Comment: dry ", "lanes"}));
+    EXPECT_EQ(printedRows("    abcdefgh", 6), (Rows{"    ab", "cdefgh"}));
+    EXPECT_EQ(printedRows("ab cdefghijkl", 5), (Rows{"ab ", "cdefg", "hijkl"}));
+}
+
+TEST(Pages, LongCommentsAreNoReasonToPrintSmaller) {
+    EXPECT_EQ(widestLine(QString(kWidestFitted, 'x')), kWidestFitted);
+    EXPECT_EQ(widestLine("abc\n" + QString(kWidestFitted + 1, 'x')), 3);
+}
+
 TEST(Pages, AreFilledOneAfterAnother) {
-    EXPECT_EQ(paginated({"a", "b", "c", "d", "e"}, 2), (std::vector<Rows>{{"a", "b"}, {"c", "d"}, {"e"}}));
-    EXPECT_EQ(paginated({"a", "b"}, 2), (std::vector<Rows>{{"a", "b"}}));
-    EXPECT_EQ(paginated({""}, 50), std::vector<Rows>{Rows{""}});
+    EXPECT_EQ(paginated({{"a", "b", "c", "d", "e"}}, 2), (std::vector<Rows>{{"a", "b"}, {"c", "d"}, {"e"}}));
+    EXPECT_EQ(paginated({{"a"}, {"b"}}, 2), (std::vector<Rows>{{"a", "b"}}));
+    EXPECT_EQ(paginated({{""}}, 50), std::vector<Rows>{Rows{""}});
+    EXPECT_EQ(paginated({}, 50), std::vector<Rows>{Rows{}});
+}
+
+TEST(Pages, BlocksStayTogether) {
+    EXPECT_EQ(paginated({{"a", "b", ""}, {"c", "d", ""}, {"e"}}, 4),
+              (std::vector<Rows>{{"a", "b", ""}, {"c", "d", "", "e"}}));
+    EXPECT_EQ(paginated({{"a", "b", ""}, {"c", "d", ""}}, 3),
+              (std::vector<Rows>{{"a", "b", ""}, {"c", "d", ""}}));
+    EXPECT_EQ(paginated({{"a", "b", "", ""}, {"c"}}, 3),
+              (std::vector<Rows>{{"a", "b", ""}, {"c"}}));  // none begins empty
+}
+
+TEST(Pages, EventsAndFramesAreBlocks) {
+    EXPECT_EQ(printedBlocks("Event: A\nComment:\n\nEvent: B\n", 80),
+              (std::vector<Block>{{"Event: A", "Comment:", ""}, {"Event: B"}}));
+    const QString frame = QString(20, '-');
+    EXPECT_EQ(printedBlocks("Frame 1\n" + frame + "\nFrame 2\n" + frame, 80),
+              (std::vector<Block>{{"Frame 1", frame}, {"Frame 2", frame}}));
+}
+
+TEST(Pages, HeadingsBelongToWhatFollows) {
+    EXPECT_EQ(printedBlocks("Spare Statistics\n----------\n\n7  1\n\nnext", 80),
+              (std::vector<Block>{{"Spare Statistics", "----------", "", "7  1", ""}, {"next"}}));
+    EXPECT_EQ(printedBlocks("Game 1   Game Score: 9\n\nLine Score:\n---\n81\n\nGame 2   Game Score: 1\nGame "
+                            "score only\n\nend",
+                            80),
+              (std::vector<Block>{{"Game 1   Game Score: 9", "", "Line Score:", "---", "81", ""},
+                                  {"Game 2   Game Score: 1", "Game score only", ""},
+                                  {"end"}}));
+}
+
+TEST(Pages, SectionsAreFound) {
+    const std::vector<Rows> pages{{"Event Summary", "-------------", "x"},
+                                  {"Game 2   Game Score: 117", "Comment: ", QString(20, '-')}};
+    EXPECT_EQ(sectionsOf(pages), (std::vector<SectionPlace>{{"Event Summary", 0}, {"Game 2", 1}}));
 }
 
 }  // namespace tallybrook::test

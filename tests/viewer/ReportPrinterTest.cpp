@@ -2,7 +2,9 @@
 #include "Golden.h"
 #include "Media.h"
 #include "viewer/FileFailure.h"
+#include "viewer/PdfOutline.h"
 #include "viewer/Pictures.h"
+#include "viewer/ReportHead.h"
 #include "viewer/ReportPrinter.h"
 
 #include <QBuffer>
@@ -13,6 +15,9 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
+
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFOutlineDocumentHelper.hh>
 
 namespace tallybrook::test {
 
@@ -39,7 +44,7 @@ struct Print {
             QPdfWriter writer(&bytes);
             writer.setPageSize(QPageSize(paper));
             writer.setPageRanges(QPageRanges::fromString(ranges));
-            EXPECT_TRUE(drawPages({"report.txt", text}, pictures, writer));
+            EXPECT_TRUE(drawPages({"report.txt", text}, pictures, writer).has_value());
         }
         return bytes.data().count("/Type /Page\n");
     }
@@ -71,11 +76,12 @@ TEST(ReportPrinter, TakesAsManyPagesAsTheTextNeeds) {
     EXPECT_LT(Print{QPageSize::Letter}.linesOfPage(), Print{QPageSize::A4}.linesOfPage());
 }
 
-TEST(ReportPrinter, ScalesAndWrapsWideLines) {
+TEST(ReportPrinter, WrapsCommentsAndPrintsNothingSmallerForThem) {
     const Print print;
-    EXPECT_LT(print.pagesOf(lines(400) + QString(300, 'x')), print.pagesOf(lines(400)));  // smaller rows
+    EXPECT_EQ(print.pagesOf(lines(400) + QString(208, 'x')), print.pagesOf(lines(400)));
     EXPECT_GT(print.pagesOf(QString(1000, 'x').append('\n').repeated(100)),
               print.pagesOf(lines(100)));  // more rows than one for a line
+    EXPECT_LT(print.pagesOf(lines(400) + QString(99, 'x')), print.pagesOf(lines(400)));  // a line of a table
 }
 
 TEST(ReportPrinter, PicturesFollowTheText) {
@@ -88,8 +94,12 @@ TEST(ReportPrinter, PicturesFollowTheText) {
         EXPECT_EQ((Print{paper, QString("%1-%2").arg(ofText + 1).arg(ofAll)}.pagesOf(report)),
                   ofAll - ofText);
     }
-    const QString summary = goldenReport("summary.txt");
-    EXPECT_EQ(Print().pagesOf(summary), (Print{QPageSize::A4, {}, false}.pagesOf(summary)) + 1);
+}
+
+TEST(ReportPrinter, PicturesBeginOnTheLastPageOfTheText) {
+    const QString game = kGameReport;
+    EXPECT_EQ(Print().pagesOf(game), 1);
+    EXPECT_FALSE(picturesOf(readFigures(game)).empty());
 }
 
 TEST(ReportPrinter, DrawsOnlyTheWantedPages) {
@@ -128,6 +138,42 @@ TEST(ReportPrinter, TellsWhyAPdfCannotBeWritten) {
         }
     }
     EXPECT_TRUE(isPipe(files.path("pipe.pdf")));
+}
+
+TEST(ReportPrinter, PdfHasATitleAndAnOutline) {
+    Files files;
+    const ReportText report{"report.txt", goldenReport("statistics.txt")};
+    writePdf(report, picturesOf(readFigures(report.text)), QPageSize(QPageSize::A4),
+             files.path("report.pdf"));
+    QPDF pdf;
+    pdf.processFile(files.path("report.pdf").toStdString().c_str());
+    EXPECT_EQ(pdf.getTrailer().getKey("/Info").getKey("/Title").getUTF8Value(),
+              "Statistical Report - All Events");
+    QStringList names;
+    for (QPDFOutlineObjectHelper entry : QPDFOutlineDocumentHelper(pdf).getTopLevelOutlines()) {
+        names += QString::fromStdString(entry.getTitle());
+        EXPECT_TRUE(entry.getDestPage().isPageObject());
+    }
+    EXPECT_EQ(names.mid(0, 3),
+              (QStringList{"Event Summary", "Event Listing (12 events found):", "Game Statistics"}));
+    EXPECT_TRUE(names.contains("Averages over time"));
+    EXPECT_EQ(names.last(), "Spares, by attempts");
+}
+
+TEST(ReportPrinter, OutlineOfNoPdfLeavesItAsItIs) {
+    EXPECT_EQ(withOutline("no PDF", {{"Games", 0}}), "no PDF");
+}
+
+TEST(ReportPrinter, HeadTellsWhatTheReportIs) {
+    const auto head = [](const QString& text) {
+        const ReportHead found = headOf({"night.txt", text});
+        return found.title + " | " + found.date;
+    };
+    EXPECT_EQ(head(goldenReport("statistics.txt")),
+              "Statistical Report - All Events | 11/14/2026, 9:55:00 PM");
+    EXPECT_EQ(head(goldenReport("full.txt")), "Event Report - Season | 11/14/2026, 9:55:00 PM");
+    EXPECT_EQ(head(kGameReport), "Game Report - Season | 11/14/2026 9:55:00 PM");
+    EXPECT_EQ(head("notes"), "night.txt | ");
 }
 
 }  // namespace tallybrook::test

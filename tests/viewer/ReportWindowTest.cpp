@@ -172,6 +172,9 @@ TEST_F(ReportWindowTest, ExportsAPdfBesideTheReport) {
     });
     action("Export as PDF...")->trigger();
     EXPECT_TRUE(Files::read(files.path("League Night.pdf")).startsWith("%PDF"));
+    auto& notice = *window->findChild<QFrame*>("notice");
+    EXPECT_EQ(notice.accessibleName(), "The PDF is written: " + files.path("League Night.pdf"));
+    EXPECT_TRUE(notice.isVisible());
 }
 
 TEST_F(ReportWindowTest, ExportsTheUsersPaperAndOffersTheOther) {
