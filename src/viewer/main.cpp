@@ -1,5 +1,7 @@
 #include "runtime/OwnFiles.h"
 #include "style/OutlinedStyle.h"
+#include "viewer/Boxes.h"
+#include "viewer/RecentReports.h"
 #include "viewer/ReportWindow.h"
 
 #include <QApplication>
@@ -13,11 +15,30 @@ namespace {
 constexpr int kCannotBeShown = 1;
 constexpr int kWrongUsage = 2;
 
+/// The files that the program was started with. Their names are taken as they stand.
+QStringList namedFiles(int argc, char** argv) {
+    QStringList files;
+    for (int argument = 1; argument < argc; ++argument)
+        files += QFile::decodeName(argv[argument]);
+    return files;
+}
+
+/// The report that was opened last. None, which a box tells, where none ever was.
+QStringList lastReport(QSettings& settings) {
+    QStringList last = tallybrook::RecentReports(settings).files().mid(0, 1);
+    if (last.isEmpty())
+        tallybrook::tell(
+            nullptr,
+            "No report has been opened yet.\n\nIn Tallybrook, choose Data, Reports to write one. "
+            "Then File, Open shows it.");
+    return last;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     if (argc < 2) {
-        std::fputs("Usage: tallybrook-viewer FILE...\n", stderr);
+        std::fputs("Usage: tallybrook-viewer FILE... | --last\n", stderr);
         return kWrongUsage;
     }
     tallybrook::setUpFiles();
@@ -27,10 +48,9 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Tallybrook");
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
     QSettings settings("Tallybrook", "Viewer");
-    QStringList files;
-    for (int argument = 1; argument < argc; ++argument)
-        files += QFile::decodeName(argv[argument]);
-    const bool areShown = tallybrook::ReportWindow::openAll(files, settings);
+    const QStringList named = namedFiles(argc, argv);
+    const QStringList files = named == QStringList("--last") ? lastReport(settings) : named;
+    const bool areShown = !files.isEmpty() && tallybrook::ReportWindow::openAll(files, settings);
     if (!QApplication::topLevelWindows().isEmpty())
         QApplication::exec();
     return areShown ? 0 : kCannotBeShown;

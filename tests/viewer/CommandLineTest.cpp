@@ -83,11 +83,46 @@ TEST(CommandLine, FileThatCannotBeShownIsStatus1) {
     EXPECT_EQ(run({""}, files).status, 1);
 }
 
+TEST(CommandLine, LastReportIsShown) {
+    Files files;
+    for (const char* const name : {"one.txt", "two.txt", "one.txt"})
+        run({files.write(name, "text")}, files);
+    const Outcome outcome = run({"--last"}, files);
+    EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
+    EXPECT_EQ(outcome.output, "window: one.txt - Tallybrook Report\n");
+}
+
+TEST(CommandLine, WhereThereIsNoLastReportItSaysSo) {
+    const Files files;
+    const Outcome outcome = run({"--last"}, files);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(
+        outcome.output,
+        "box: No report has been opened yet.||In Tallybrook, choose Data, Reports to write one. Then File, "
+        "Open shows it.\n");
+}
+
+TEST(CommandLine, LastReportThatIsGoneIsTold) {
+    Files files;
+    const QString report = files.write("one.txt", "text");
+    run({report}, files);
+    ASSERT_TRUE(QFile::remove(report));
+    const Outcome outcome = run({"--last"}, files);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, "box: The report cannot be shown:||" + report + "||There is no such file.\n");
+}
+
+TEST(CommandLine, FileCalledAsAnOptionIsShown) {
+    Files files;
+    files.write("--last", "text");
+    EXPECT_EQ(run({"./--last"}, files).output, "window: --last - Tallybrook Report\n");
+}
+
 TEST(CommandLine, NoFileIsStatus2) {
     const Files files;
     const Outcome outcome = run({}, files);
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.errors, "Usage: tallybrook-viewer FILE...\n");
+    EXPECT_EQ(outcome.errors, "Usage: tallybrook-viewer FILE... | --last\n");
     EXPECT_EQ(outcome.output, "");
 }
 
