@@ -62,6 +62,7 @@ int main(int argc, char** argv) {
     tallybrook::setUpFiles();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("Tallybrook");
+    QApplication::setDesktopFileName("example.tallybrook.tallybrook");
     const Purpose purpose = purposeOf(argc, argv);
     if (purpose == Purpose::ShowFolder)
         return showFolder() ? 0 : 1;

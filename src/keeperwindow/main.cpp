@@ -38,7 +38,7 @@ int showWindow(const std::filesystem::path& dataFolder, const Clock& clock, char
     const QApplication application(ownArguments, argv);
     QApplication::setStyle(new OutlinedStyle);
     QApplication::setApplicationName("Tallybrook");
-    QApplication::setDesktopFileName("tallybrook-keeper");
+    QApplication::setDesktopFileName("example.tallybrook.keeper");
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
     keeper::KeeperWindow window(dataFolder, clock);
     window.show();

@@ -46,6 +46,7 @@ int main(int argc, char** argv) {
     const QApplication application(ownArguments, argv);
     QApplication::setStyle(new tallybrook::OutlinedStyle);
     QApplication::setApplicationName("Tallybrook");
+    QApplication::setDesktopFileName("example.tallybrook.viewer");
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
     QSettings settings("Tallybrook", "Viewer");
     const QStringList named = namedFiles(argc, argv);
