@@ -16,6 +16,7 @@ from pathlib import Path
 from xml.etree import ElementTree
 
 BUILD = Path(os.environ["TALLYBROOK_BUILD"])
+LICENSE = Path(__file__).parents[2] / "LICENSE"
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 PROGRAMS = ("tallybrook", "tallybrook-viewer", "tallybrook-keeper")
 APPLICATION = "example.tallybrook.tallybrook"
@@ -124,6 +125,14 @@ class WhatThePackageHolds(PackageTest):
         for size in SIZES:
             png = (self.folder / f"usr/share/icons/hicolor/{size}x{size}/apps/tallybrook.png").read_bytes()
             self.assertEqual(struct.unpack(">II", png[16:24]), (size, size))
+
+    def test_terms_are_those_of_the_license(self):
+        head, _, *terms = LICENSE.read_text(encoding="utf-8").splitlines()
+        name = head.removeprefix("SPDX-License-Identifier: ")
+        copyright_file = (self.folder / COPYRIGHT).read_text(encoding="utf-8")
+        paragraph = "".join(f" {line or '.'}\n" for line in terms)
+        self.assertTrue(copyright_file.endswith(f"\nLicense: {name}\n\nLicense: {name}\n{paragraph}"), copyright_file)
+        self.assertEqual(ElementTree.parse(self.folder / METAINFO).findtext("project_license"), name)
 
     def test_desktop_knows_the_programs_by_their_entries(self):
         metainfo = ElementTree.parse(self.folder / METAINFO)
