@@ -4,6 +4,7 @@
 #include "desktop/DesktopDisplay.h"
 #include "runtime/DataHome.h"
 #include "runtime/OwnFiles.h"
+#include "shell/TBK_Globals.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -12,7 +13,10 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <filesystem>
+#include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -36,9 +40,28 @@ void recordNight(tallybrook::Program& program) {
         tallybrook::person::click(*first->primary());
 }
 
+void tellFailure(std::string text) {
+    tallybrook::BoxWindow({.text = std::move(text), .icon = tallybrook::Icon::Critical}, nullptr).ask();
+}
+
+/// Opens a folder in the file manager. Returns what hinders that, or nothing.
+std::string openFolder(const std::filesystem::path& folder) {
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(folder, ignored))
+        return "It is not there yet. Tallybrook makes it when you start it for the first time.";
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdU16String(folder.u16string()))))
+        return "No file manager was found that opens it.";
+    return {};
+}
+
+/// Shows the data folder; where that cannot be, a box tells why, and the function returns false.
 bool showFolder() {
-    const QString folder = QString::fromStdU16String(tallybrook::defaultDataFolder().u16string());
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+    const std::filesystem::path folder = tallybrook::defaultDataFolder();
+    const std::string hindrance = openFolder(folder);
+    if (!hindrance.empty())
+        tellFailure(tallybrook::lines(
+            {"The folder of the logbook cannot be opened:", "", folder.string(), "", hindrance}));
+    return hindrance.empty();
 }
 
 /// Runs the program to its end; what nothing has caught leaves it.
@@ -74,7 +97,7 @@ int main(int argc, char** argv) {
         run(program, display, purpose);
         return 0;
     } catch (const std::exception& failure) {
-        tallybrook::BoxWindow({.text = failure.what(), .icon = tallybrook::Icon::Critical}, nullptr).ask();
+        tellFailure(failure.what());
         return 1;
     }
 }

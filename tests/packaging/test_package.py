@@ -223,6 +223,21 @@ class Installed(PackageTest):
         self.assertEqual((run.returncode, complaints(run)), (0, []))
         self.assertEqual(run.stdout, "window: League  Night.txt - Tallybrook Report\n")
 
+    def test_night_is_recorded_from_the_menu(self):
+        run = self.start("tallybrook", action="record")
+        self.assertEqual((run.returncode, complaints(run)), (0, []))
+        windows = [line for line in run.stdout.splitlines() if line.startswith("window: ")]
+        self.assertEqual(windows[0], "window: Event Information - Tallybrook")
+
+    def test_folder_that_cannot_be_opened_is_told(self):
+        folder = self.home / "data/Tallybrook"
+        for why in ("It is not there yet. Tallybrook makes it when you start it for the first time.",
+                    "No file manager was found that opens it."):
+            run = self.start("tallybrook", action="folder")
+            self.assertEqual((run.returncode, complaints(run)), (1, []))
+            self.assertEqual(run.stdout, f"box: The folder of the logbook cannot be opened:||{folder}||{why}\n")
+            folder.mkdir(parents=True, exist_ok=True)
+
     def test_last_report_is_opened_from_the_menu(self):
         report = self.home / "League Night.txt"
         report.write_bytes(b"Game\tScore\r\n1\t170\r\n")
