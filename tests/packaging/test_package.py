@@ -1,7 +1,8 @@
 """Tests of the Debian package, as it stands and installed below a root of its own.
 
 The environment tells what is tested: TALLYBROOK_BUILD is the folder of the build that the package was made from and
-lies in, TALLYBROOK_HANDS a folder of plugins with the one that answers boxes and closes windows."""
+lies in, TALLYBROOK_NOT_SHIPPED what lintian may find since it is no build that is shipped, TALLYBROOK_HANDS a folder of
+plugins with the one that answers boxes and closes windows."""
 
 import configparser
 import gzip
@@ -16,6 +17,7 @@ from pathlib import Path
 from xml.etree import ElementTree
 
 BUILD = Path(os.environ["TALLYBROOK_BUILD"])
+NOT_SHIPPED = os.environ["TALLYBROOK_NOT_SHIPPED"]
 LICENSE = Path(__file__).parents[2] / "LICENSE"
 SIZES = (16, 22, 24, 32, 48, 64, 128, 256, 512)
 PROGRAMS = ("tallybrook", "tallybrook-viewer", "tallybrook-keeper")
@@ -153,7 +155,8 @@ class WhatOthersSayOfIt(PackageTest):
         output("dpkg-deb", "--extract", package(), self.folder)
 
     def test_lintian_finds_nothing(self):
-        self.assertEqual(output("lintian", "--allow-root", "--fail-on", "error,warning", package()), "")
+        ignored = ["--suppress-tags", NOT_SHIPPED] if NOT_SHIPPED else []
+        self.assertEqual(output("lintian", "--allow-root", "--fail-on", "error,warning", *ignored, package()), "")
 
     def test_desktop_files_are_valid(self):
         for entry in ENTRIES.values():
