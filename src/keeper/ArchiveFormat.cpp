@@ -169,11 +169,21 @@ std::vector<const Column*> columnsCalled(const ordered_json& names, const Table&
     return columns;
 }
 
+constexpr const char* kWrongNumber = "A number in its first line cannot be right.";
+
 /// A whole number from 0 to `most`.
 std::int64_t numberUpTo(std::int64_t most, const ordered_json& json) {
     if (!json.is_number_unsigned() || std::cmp_greater(json.get<std::uint64_t>(), most))
-        throw ArchiveFault("A number in its first line cannot be right.");
+        throw ArchiveFault(kWrongNumber);
     return json.get<std::int64_t>();
+}
+
+/// A number of a version or a schema: from 1 to the newest that is known.
+void requireKnown(const ordered_json& number, int newest) {
+    if (!number.is_number_unsigned() || number < 1)
+        throw ArchiveFault(kWrongNumber);
+    if (number > newest)
+        throw ArchiveFault("It was written by a newer version of Tallybrook. Please update the program.");
 }
 
 ArchiveHead headFrom(const ordered_json& json) {
@@ -181,8 +191,8 @@ ArchiveHead headFrom(const ordered_json& json) {
     constexpr std::int64_t kLastKey = std::numeric_limits<std::int64_t>::max();
     if (!json.is_object() || json.value("format", "") != kArchiveFormat)
         throw ArchiveFault("It is no archive of Tallybrook.");
-    if (json.at("version") != kArchiveVersion || json.at("schema") > newestSchema(schemaSteps()))
-        throw ArchiveFault("It was written by a newer version of Tallybrook. Please update the program.");
+    requireKnown(json.at("version"), kArchiveVersion);
+    requireKnown(json.at("schema"), newestSchema(schemaSteps()));
     ArchiveHead head{.schema = json.at("schema").get<int>()};
     for (std::size_t kind = 0; kind < kKinds; ++kind) {
         const std::string name(kRowKinds[kind].name);

@@ -31,6 +31,10 @@ inline constexpr int kArchiveVersion = 1;
 /// The longest line that is written or read, in bytes.
 inline constexpr std::size_t kLongestLine = std::size_t{64} << 20U;
 
+/// The highest key that may have been given to a row that is gone. It leaves room below the last key that the
+/// program counts to.
+inline constexpr std::int64_t kHighestGoneKey = 2'000'000'000;
+
 /// A kind of rows, as its lines call it.
 struct RowKind {
     std::string_view name;

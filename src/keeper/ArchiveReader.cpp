@@ -2,6 +2,8 @@
 
 #include "keeper/ExitStatus.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -41,16 +43,25 @@ public:
             throw ArchiveFault("The rows are not in their order.");
         kind_ = kind;
         key_ = *key;
+        highest_[kind] = std::max(highest_[kind], *key);
         hasKey_ = true;
         ++(counts_.*kRowKinds[kind].count);
     }
     [[nodiscard]] const Counts& counts() const { return counts_; }
+
+    /// Whether these can be the highest keys that there have ever been.
+    [[nodiscard]] bool allows(const std::array<std::int64_t, kKinds>& lastKeys) const {
+        return std::ranges::equal(lastKeys, highest_, [](std::int64_t last, std::int64_t highest) {
+            return last >= highest && last <= std::max(highest, kHighestGoneKey);
+        });
+    }
 
 private:
     std::size_t kind_ = 0;
     std::int64_t key_ = 0;
     bool hasKey_ = false;
     Counts counts_;
+    std::array<std::int64_t, kKinds> highest_ = {};
 };
 
 bool isLast(const std::string& line) {
@@ -155,6 +166,8 @@ void ArchiveReader::readRows(std::string_view what, Progress& progress,
                                        inWords(order.counts())));
     if (line != lastLine(order.counts().all(), checksum))
         throw ArchiveFault("The checksum is not that of the archive: it was changed or is damaged.");
+    if (!order.allows(head_.lastKeys))
+        throw ArchiveFault("The last keys in the first line are not those of such rows.");
     if (nextLine(line))
         throw ArchiveFault("There is more behind its end.");
     if (!lastChecksum_.empty() && lastChecksum_ != checksum)

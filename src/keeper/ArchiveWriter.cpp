@@ -43,18 +43,24 @@ private:
     Checksum checksum_;
 };
 
-/// The highest key that a table has ever had.
-std::int64_t lastKey(const SQLite::Database& logbook, const Table& table) {
-    const bool isKept = logbook.tableExists("sqlite_sequence");
-    Statement key(
-        logbook,
-        fmt::format("SELECT max(coalesce((SELECT max({}) FROM {}), 0){})", table.key().name, table.name,
-                    isKept ? fmt::format(", coalesce((SELECT max(seq) FROM sqlite_sequence "
-                                         "WHERE name = '{}'), 0)",
-                                         table.name)
-                           : ""));
+/// A key out of a logbook; 0 where the statement gives none.
+std::int64_t keyFrom(const SQLite::Database& logbook, const std::string& select) {
+    Statement key(logbook, fmt::format("SELECT coalesce(({}), 0)", select));
     key.executeStep();
     return std::max<std::int64_t>(key.number(0), 0);
+}
+
+/// The highest key that a table has ever had. Of what another program has noted only as much is believed as
+/// leaves room for further keys.
+std::int64_t lastKey(const SQLite::Database& logbook, const Table& table) {
+    const std::int64_t present =
+        keyFrom(logbook, fmt::format("SELECT max({}) FROM {}", table.key().name, table.name));
+    if (!logbook.tableExists("sqlite_sequence"))
+        return present;
+    const std::int64_t noted = keyFrom(
+        logbook,
+        fmt::format("SELECT max(CAST(seq AS INTEGER)) FROM sqlite_sequence WHERE name = '{}'", table.name));
+    return std::max(present, std::min(noted, kHighestGoneKey));
 }
 
 ArchiveHead headOf(const SQLite::Database& logbook) {
