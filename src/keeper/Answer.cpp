@@ -11,6 +11,11 @@ void answer(const Errand& errand, const std::string& text, const Json& json) {
         errand.out << text;
 }
 
+void tellNote(const Errand& errand, const std::string& note) {
+    if (!note.empty())
+        errand.notes << note << '\n';
+}
+
 Json jsonOf(const Counts& counts) {
     return {{"events", counts.events}, {"games", counts.games}, {"frames", counts.frames}};
 }

@@ -16,6 +16,9 @@ using Json = nlohmann::ordered_json;
 /// Writes the one of both that was asked for.
 void answer(const Errand& errand, const std::string& text, const Json& json);
 
+/// Writes what a person should know besides the answer, if there is anything.
+void tellNote(const Errand& errand, const std::string& note);
+
 Json jsonOf(const Counts& counts);
 
 /// A whole number that a person has typed; throws WrongUsage, which names `what` it is.

@@ -8,6 +8,8 @@
 #include "runtime/TextForms.h"
 #include "store/sql/FieldValue.h"
 
+#include <set>
+
 #include <fmt/format.h>
 
 namespace tallybrook::keeper {
@@ -15,11 +17,6 @@ namespace tallybrook::keeper {
 namespace {
 
 constexpr double kMegabyte = 1e6;
-
-void tellNote(const Errand& errand, const std::string& note) {
-    if (!note.empty())
-        errand.notes << note << '\n';
-}
 
 Json jsonOf(const Difference& difference) {
     return {{"words", inWords(difference)},
@@ -167,11 +164,11 @@ void restoreBackup(const Errand& errand) {
 
 void takeFromBackup(const Errand& errand) {
     const std::filesystem::path backup = backupOf(errand);
-    std::vector<std::int64_t> keys;
+    std::set<std::int64_t> keys;  // one that is named twice is meant once
     for (std::size_t word = 1; word < errand.options.words.size(); ++word)
-        keys.push_back(numberIn(errand.options.words[word], "an event"));
+        keys.insert(numberIn(errand.options.words[word], "an event"));
     const HeldLogbook held(errand.options.data);
-    const Counts added = takeEvents(held, backup, keys, errand.clock, errand.progress);
+    const Counts added = takeEvents(held, backup, {keys.begin(), keys.end()}, errand.clock, errand.progress);
     answer(errand, fmt::format("Added to the logbook: {}.\n", inWords(added)), {{"added", jsonOf(added)}});
 }
 

@@ -15,8 +15,7 @@ std::filesystem::path placeOf(const Errand& errand) {
 }
 
 void tell(const Errand& errand, const Exported& exported) {
-    if (!exported.note.empty())
-        errand.notes << exported.note << '\n';
+    tellNote(errand, exported.note);
     const std::string place = placeOf(errand).string();
     answer(errand, fmt::format("Written to {}: {}.\n", place, inWords(exported.counts)),
            {{"place", place}, {"holds", jsonOf(exported.counts)}, {"note", exported.note}});

@@ -10,6 +10,10 @@
 #include "store/file/Journal.h"
 #include "store/file/UnlockedFile.h"
 
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
 #include <fcntl.h>
 #include <fmt/format.h>
 
@@ -53,10 +57,8 @@ Contents copyProved(const fs::path& backup, const fs::path& copy, Progress& prog
     return contents;
 }
 
-/// Copies a logbook that cannot be backed up as it is, with what lies beside it, into the folder of the
-/// backups. Returns where.
-fs::path putAside(const fs::path& logbook, const Clock& clock) {
-    const BackupFolder folder(logbook);
+/// Copies a logbook as it is, with what lies beside it, into the folder of the backups. Returns where.
+fs::path copyAside(const fs::path& logbook, const BackupFolder& folder, const Clock& clock) {
     folder.make();
     fs::path aside =
         folder.path() / fmt::format("{} put aside {}{}", logbook.stem().string(),
@@ -70,19 +72,53 @@ fs::path putAside(const fs::path& logbook, const Clock& clock) {
     return aside;
 }
 
+/// The same for a logbook that cannot be backed up; says so where that fails, too.
+fs::path putAside(const fs::path& logbook, const Clock& clock) {
+    const BackupFolder folder(logbook);
+    try {
+        return copyAside(logbook, folder, clock);
+    } catch (const std::exception& failure) {
+        throw Refused(
+            ExitStatus::Failed,
+            fmt::format("The present logbook could neither be backed up nor copied, so it was left "
+                        "as it is.\nFolder of the backups: {}\n{}. Please see that there is room on "
+                        "the disk, and that the folder can be written.",
+                        folder.path().string(), failure.what()));
+    }
+}
+
+/// The backup that was made after these were there. It need not have the latest date: a clock can be set
+/// back.
+fs::path backupBeside(const std::vector<DateTime>& earlier, const BackupFolder& folder) {
+    std::vector<DateTime> made;
+    std::ranges::set_difference(folder.times(), earlier, std::back_inserter(made));
+    if (made.empty())
+        throw Refused(ExitStatus::Failed, "The backup that was made is gone. Please check the disk.");
+    return folder.existing(made.back());
+}
+
 /// Keeps the present logbook where it can be found again; returns where. Nothing that was cut off is left
 /// beside it afterwards, unless it is damaged.
 fs::path keepPresent(const HeldLogbook& held, const Clock& clock) {
     if (!held.exists())
         return {};
+    const BackupFolder folder(held.file());
+    std::vector<DateTime> earlier;
     try {
         const std::unique_ptr<Connection> connection = held.open(clock);
+        earlier = folder.times();
         backUpNow(held.file(), clock);
     } catch (const std::exception&) {
         return putAside(held.file(), clock);
     }
-    const BackupFolder folder(held.file());
-    return folder.existing(folder.times().back());
+    return backupBeside(earlier, folder);
+}
+
+void requireEvent(const SQLite::Database& backup, std::int64_t key) {
+    Statement event(backup, "SELECT 1 FROM tblEventInfo WHERE fldSessionNum = ?");
+    event.bind(1, key);
+    if (!event.executeStep())
+        throw Refused(ExitStatus::BadInput, fmt::format("The backup has no event {}.", key));
 }
 
 void requireSame(const fs::path& logbook, const Contents& wanted, const fs::path& before) {
@@ -114,6 +150,8 @@ Counts takeEvents(const HeldLogbook& held, const fs::path& backup, const std::ve
     const SQLite::Database source = openCopy(backup);  // before a backup more makes this one go
     progress.begin("Checking the backup");
     requireSound(source, backup, progress);
+    for (const std::int64_t key : keys)
+        requireEvent(source, key);
     progress.begin("Backing up the present logbook");
     const bool isNew = !held.exists();
     const std::unique_ptr<Connection> connection = held.open(clock);
@@ -124,8 +162,7 @@ Counts takeEvents(const HeldLogbook& held, const fs::path& backup, const std::ve
     EventAdder adder(logbook);
     progress.begin("Adding the events", static_cast<std::int64_t>(keys.size()));
     for (const std::int64_t key : keys) {
-        if (!copyEvent(source, key, adder))
-            throw Refused(ExitStatus::BadInput, fmt::format("The backup has no event {}.", key));
+        copyEvent(source, key, adder);
         progress.reach(adder.added().events);
     }
     transaction.commit();
