@@ -23,6 +23,8 @@ void requireExportable(const fs::path& dataFolder, const fs::path& file) {
         throw Refused(ExitStatus::Failed, "There is no such folder: " + folder.string());
     if (fs::is_directory(file))
         throw Refused(ExitStatus::Failed, "This is a folder; please name a file: " + file.string());
+    if (fs::exists(file) && !fs::is_regular_file(file))
+        throw Refused(ExitStatus::Failed, "This is no file that can be written over: " + file.string());
 }
 
 namespace {

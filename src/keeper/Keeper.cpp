@@ -19,9 +19,13 @@ const Command& commandCalled(const std::string& name) {
     return *found;
 }
 
-void requireWords(const Command& command, std::size_t count) {
+/// A script gives an empty word where something is missing, which is not to mean any backup or file.
+void requireWords(const Command& command, const std::vector<std::string>& words) {
+    const std::size_t count = words.size();
     if (count < command.leastWords)
         throw WrongUsage(std::string(command.name) + " needs " + std::string(command.words));
+    if (std::ranges::any_of(words, &std::string::empty))
+        throw WrongUsage("a word after " + std::string(command.name) + " is empty");
     if (count > command.mostWords)
         throw WrongUsage("too many words after " + std::string(command.name));
 }
@@ -36,7 +40,7 @@ void carryOut(const Options& options, const Errand& errand) {
         return;
     }
     const Command& command = commandCalled(options.command);
-    requireWords(command, options.words.size());
+    requireWords(command, options.words);
     command.run(errand);
 }
 
