@@ -123,7 +123,9 @@ std::vector<DateTime> newestFirst(const BackupFolder& folder) {
 
 DateTime backupCalled(const std::string& name, const BackupFolder& folder) {
     std::vector<DateTime> times = folder.times();
-    if (name == "newest" && !times.empty())
+    if (times.empty())
+        throw Refused(ExitStatus::BadInput, "There are no backups yet in " + folder.path().string());
+    if (name == "newest")
         return times.back();
     const auto isCalledSo = [&](DateTime time) { return BackupFolder::shortName(time).starts_with(name); };
     std::erase_if(times, [&](DateTime time) { return !isCalledSo(time); });

@@ -73,6 +73,8 @@ void lookIntoArchive(const Errand& errand) {
     const bool isThere = fs::exists(logbookIn(errand.options.data));
     const auto logbook =
         isThere ? std::make_unique<ReadableLogbook>(errand.options.data, errand.clock) : nullptr;
+    const std::string note = logbook ? logbook->note() : std::string();
+    tellNote(errand, note);
     const ArchiveContents contents =
         checkArchive(archive, logbook ? &logbook->database() : nullptr, errand.progress);
     std::string text = fmt::format("The archive is sound. It holds {}.\n", inWords(contents.counts));
@@ -83,7 +85,7 @@ void lookIntoArchive(const Errand& errand) {
                             event.present ? "  (in the logbook already)" : "");
         events.push_back(jsonOf(event));
     }
-    answer(errand, text, {{"holds", jsonOf(contents.counts)}, {"events", events}});
+    answer(errand, text, {{"holds", jsonOf(contents.counts)}, {"events", events}, {"note", note}});
 }
 
 void readArchiveFile(const Errand& errand) {

@@ -34,11 +34,10 @@ std::span<const Command> commands() {
         Command{"look-archive", "FILE", "checks an archive and lists its events", 1, 1, lookIntoArchive},
         Command{"read-archive", "FILE", "reads an archive into the logbook, or makes the logbook from it", 1,
                 1, readArchiveFile},
-        Command{
-            "carry-over", "[FILE]",
-            "makes the logbook from an old one, an Access database (.mdb): the named one, or the one in the "
-            "logbook's place",
-            0, 1, carryOldLogbookOver},
+        Command{"carry-over", "[FILE]",
+                "makes the logbook from an old one, an Access database (.mdb): FILE, or\n"
+                "        the one in the logbook's place",
+                0, 1, carryOldLogbookOver},
     };
     return kCommands;
 }

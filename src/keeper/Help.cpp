@@ -9,7 +9,7 @@ namespace tallybrook::keeper {
 namespace {
 
 constexpr std::string_view kBeginning = R"(NAME
-    tallybrook-keeper - keeps a logbook of Tallybrook safe, and carries it in and out
+    tallybrook-keeper - keeps a logbook safe, and carries it in and out
 
 SYNOPSIS
     tallybrook-keeper [--window] [--data DIR]
@@ -23,7 +23,8 @@ COMMANDS
 
 constexpr std::string_view kEnding = R"(
     BACKUP is the beginning of a backup's date and time as they are listed, such
-    as "2026-11-21" or "2026-11-21 20.15.03", or newest. EVENT is its number.
+    as "2026-11-21" or "2026-11-21 20.15.03", or newest. EVENT is the number
+    of an event, as look and look-archive list it.
     While Tallybrook runs, the keeper shows and exports, and changes nothing.
 
 OPTIONS
@@ -37,8 +38,8 @@ OPTIONS
     --event EVENT=keep|take|both
         The same for one event, by its number in the archive; may be repeated.
     --verbatim
-        Lets csv write every text as it is. Otherwise one that a spreadsheet would
-        take for a formula, such as =1+1, gets an apostrophe in front.
+        Lets csv write every text as it is. Otherwise one that a spreadsheet
+        would take for a formula, such as =1+1, gets an apostrophe in front.
     --json
         Writes the answer for a program, as one line of JSON.
     --help, --version

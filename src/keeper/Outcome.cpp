@@ -15,12 +15,14 @@ namespace tallybrook::keeper {
 
 namespace {
 
+constexpr const char* kSeeDisk =
+    "Please see that there is room on the disk, and that the folder can be written.";
+
 Outcome outcomeOf(const SQLite::Exception& failure) {
     const bool isDamage = failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB;
     return {isDamage ? ExitStatus::BadInput : ExitStatus::Failed,
             fmt::format("The database reports: {}. {}", failure.what(),
-                        isDamage ? "The file is damaged; please go back to a backup."
-                                 : "Please check the disk and the permissions.")};
+                        isDamage ? "The file is damaged; please go back to a backup." : kSeeDisk)};
 }
 
 }  // namespace
@@ -38,9 +40,7 @@ Outcome outcomeOf(const std::function<void()>& work) {
     } catch (const SQLite::Exception& failure) {
         return outcomeOf(failure);
     } catch (const std::system_error& failure) {
-        return {ExitStatus::Failed, failure.code().message() +
-                                        ". Please see that there is room on the disk, and that the folder "
-                                        "can be written."};
+        return {ExitStatus::Failed, failure.code().message() + ". " + kSeeDisk};
     } catch (const std::bad_alloc&) {
         return {ExitStatus::Failed, RunTimeError(error::kOutOfMemory).what()};
     } catch (const std::exception& failure) {

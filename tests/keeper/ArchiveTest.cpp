@@ -10,6 +10,7 @@
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <limits>
@@ -39,6 +40,17 @@ protected:
         const HeldLogbook held(into);
         ArchiveReader archive(file);
         return takeInArchive(held, archive, choices, clock, nobody);
+    }
+    /// The archive with something in its first place changed, and a checksum that is right again.
+    [[nodiscard]] std::string forged(const std::string& old, const std::string& fresh) const {
+        std::string text = bytesOf(file);
+        const std::string end = text.substr(text.rfind("{\"end\""));
+        text.resize(text.size() - end.size());
+        text.replace(text.find(old), old.size(), fresh);
+        Checksum checksum;
+        checksum.add(text);
+        const std::int64_t rows = std::count(text.begin(), text.end(), '\n') - 1;
+        return text + lastLine(rows, checksum.take()) + '\n';
     }
     /// Writes this in place of the archive; why it is refused, and nothing is there of it.
     std::string refusalOf(const std::string& bytes) {
@@ -242,6 +254,10 @@ TEST_F(Archive, TellsWhatIsWrongWithIt) {
               "It was written by a newer version of Tallybrook. Please update the program.");
     EXPECT_EQ(with("\"schema\":1", "\"schema\":2"),
               "It was written by a newer version of Tallybrook. Please update the program.");
+    for (const std::string schema : {"0", "-3", "0.5", "\"1\"", "null"})
+        EXPECT_EQ(with("\"schema\":1", "\"schema\":" + schema),
+                  "A number in its first line cannot be right.");
+    EXPECT_EQ(with("\"version\":1", "\"version\":\"1\""), "A number in its first line cannot be right.");
     EXPECT_EQ(with("fldEventName", "fldTeamName"), "Its columns are not those of a logbook.");
     EXPECT_EQ(
         with("\"event\":1,", "\"event\":2,"),
@@ -259,6 +275,51 @@ TEST_F(Archive, TellsWhatIsWrongWithIt) {
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[\"1\","), "Line 2: The key of the row is no whole number.");
     EXPECT_EQ(with("{\"event\":[1,", "{\"lane\":[1,"), "Line 2: The line is no row of the logbook.");
     EXPECT_EQ(refusalOf(good + "{}\n"), "Line 15: There is more behind its end.");
+}
+
+TEST_F(Archive, IsRefusedWhereItsLastKeysLeaveNoneToGive) {
+    test::addEvent(data, "Tuesday", 1);
+    write();
+    const std::string good = bytesOf(file);
+    for (const std::string last : {"9223372036854775807", "2147483647", "2000000001", "0"}) {
+        std::ofstream(file, std::ios::binary) << good;
+        EXPECT_EQ(refusalOf(forged("\"lastKeys\":{\"event\":1,", "\"lastKeys\":{\"event\":" + last + ",")),
+                  "Line 14: The last keys in the first line are not those of such rows.");
+    }
+    std::ofstream(file, std::ios::binary) << good;
+    const std::string allowed = forged("\"lastKeys\":{\"event\":1,", "\"lastKeys\":{\"event\":2000000000,");
+    std::ofstream(file, std::ios::binary) << allowed;
+    EXPECT_TRUE(read(other).isNew);
+}
+
+TEST_F(Archive, CanBeReadWhateverAnotherProgramHasNotedForTheLastKeys) {
+    for (const std::string noted : {"9223372036854775807", "'x'", "-1", "NULL", "2.5", "x'ff'"}) {
+        fs::remove_all(other);
+        fs::create_directory(other);
+        test::change(data, {"INSERT INTO tblEventInfo (fldEventName) VALUES ('Tuesday')",
+                            "UPDATE sqlite_sequence SET seq = " + noted, "DELETE FROM tblGameInfo"});
+        write();
+        EXPECT_TRUE(read(other).isNew) << noted;
+        test::addEvent(other, "Friday");
+        test::change(data, {"DELETE FROM tblEventInfo", "DELETE FROM sqlite_sequence"});
+    }
+}
+
+TEST_F(Archive, KeepsAKeyBeyondAllThatTheProgramGives) {
+    test::change(data, {"INSERT INTO tblEventInfo (fldSessionNum) VALUES (9223372036854775807), (-7)"});
+    write();
+    read(other);
+    EXPECT_EQ(rowsOf(logbookIn(other)), rowsOf(logbookIn(data)));
+}
+
+TEST_F(Archive, IsNotWrittenOverWhatIsNoFile) {
+    test::addEvent(data, "Tuesday");
+    ASSERT_EQ(mkfifo(file.c_str(), S_IRUSR | S_IWUSR), 0);
+    fs::create_symlink(file, folder.path() / "link");
+    for (const fs::path& place : {file, folder.path() / "link"})
+        EXPECT_THROW(exportArchive(data, place, clock, nobody), Refused);
+    EXPECT_TRUE(fs::is_fifo(file));
+    EXPECT_TRUE(fs::is_symlink(folder.path() / "link"));
 }
 
 TEST_F(Archive, DoesNotReadLinesWithoutEnd) {

@@ -27,6 +27,10 @@ TEST_F(KeeperCommandLine, TellsOfEveryCommandAndStatus) {
     for (const Command& command : commands())
         EXPECT_NE(out.str().find("    " + std::string(command.name)), std::string::npos) << command.name;
     EXPECT_NE(out.str().find("\n    5   Cancelled"), std::string::npos);
+    constexpr std::size_t kTerminal = 80;
+    std::istringstream lines(out.str());
+    for (std::string line; std::getline(lines, line);)
+        EXPECT_LE(line.size(), kTerminal) << line;
     EXPECT_EQ(notes.str(), "");
 }
 
@@ -46,6 +50,8 @@ TEST_F(KeeperCommandLine, RefusesWhatItDoesNotUnderstand) {
         {{"read-archive", "a", "--event", "12"}, "--event takes an event and a choice, as in 12=take"},
         {{"read-archive", "a", "--event", "x=take"}, "an event is a whole number, not x"},
         {{"restore"}, "restore needs BACKUP"},
+        {{"restore", ""}, "a word after restore is empty"},
+        {{"archive", ""}, "a word after archive is empty"},
         {{"--fast"}, "there is no option --fast"},
     };
     for (const auto& [arguments, why] : cases) {

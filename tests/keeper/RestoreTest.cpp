@@ -73,6 +73,14 @@ TEST_F(Restore, IsPrecededByABackupOfThePresentLogbook) {
     EXPECT_EQ(difference(), "the same as today's logbook");
 }
 
+TEST_F(Restore, TellsWhereTheLogbookIsWithAClockThatWasSetBack) {
+    test::deleteEvent(data, 1);
+    const auto before = rowsOf(logbookIn(data));
+    clock.set(clock.now() - std::chrono::hours{24 * 30});
+    EXPECT_EQ(rowsOf(restoreAll(HeldLogbook(data), newest(), clock, nobody).keptBefore), before);
+    EXPECT_EQ(rowsOf(logbookIn(data)), backedUp);
+}
+
 TEST_F(Restore, WorksWhereThereIsNoLogbookOrOneThatIsNone) {
     fs::remove(logbookIn(data));
     EXPECT_EQ(restoreAll(HeldLogbook(data), first(), clock, nobody).keptBefore, fs::path());
@@ -87,6 +95,25 @@ TEST_F(Restore, WorksWhereThereIsNoLogbookOrOneThatIsNone) {
     EXPECT_FALSE(fs::exists(logbookIn(data).string() + "-journal"));
     const BackupFolder backups = backupsIn(data);
     EXPECT_EQ(backups.times().size(), 1U) << "what was put aside is no backup";
+}
+
+TEST_F(Restore, ChangesNothingWhereThePresentLogbookCannotBeKept) {
+    test::deleteEvent(data, 1);
+    const auto before = rowsOf(logbookIn(data));
+    const test::TemporaryFolder elsewhere;
+    fs::copy_file(first(), elsewhere.path() / "backup.mdb");
+    fs::remove_all(data / "Backups");
+    std::ofstream(data / "Backups") << "no folder";
+    try {
+        restoreAll(HeldLogbook(data), elsewhere.path() / "backup.mdb", clock, nobody);
+        ADD_FAILURE() << "it was restored";
+    } catch (const Refused& refused) {
+        EXPECT_TRUE(std::string(refused.what())
+                        .starts_with("The present logbook could neither be backed up nor copied, so it was "
+                                     "left as it is.\nFolder of the backups: "))
+            << refused.what();
+    }
+    EXPECT_EQ(rowsOf(logbookIn(data)), before);
 }
 
 TEST_F(Restore, KeepsALinkToTheLogbook) {
@@ -132,6 +159,21 @@ TEST_F(Restore, OfEventsIsDoneWhollyOrNotAtAll) {
     EXPECT_EQ(rowsOf(logbookIn(data)), before);
 }
 
+TEST_F(Restore, OfAnEventThatIsNotInTheBackupMakesNothing) {
+    EXPECT_EQ(run({"take", "newest", "77"}), ExitStatus::BadInput);
+    EXPECT_EQ(notes.str(), "The backup has no event 77.\n");
+    EXPECT_EQ(backupsIn(data).times().size(), 1U);
+    fs::remove(logbookIn(data));
+    EXPECT_EQ(run({"take", "newest", "1", "77"}), ExitStatus::BadInput);
+    EXPECT_FALSE(fs::exists(logbookIn(data)));
+}
+
+TEST_F(Restore, OfAnEventThatIsNamedTwiceAddsItOnce) {
+    test::deleteEvent(data, 1);
+    EXPECT_EQ(run({"take", "newest", "1", "01", "1"}), ExitStatus::Done);
+    EXPECT_EQ(out.str(), "Added to the logbook: 1 event, 2 games and 20 frames.\n");
+}
+
 TEST_F(Restore, OutlivesABackupThatGoesToMakeRoom) {
     for (int old = 0; old < 3; ++old) {
         clock.set(clock.now() + std::chrono::hours{24 * 40});
@@ -175,6 +217,9 @@ TEST_F(Restore, IsForNobodyWhileTallybrookRuns) {
     EXPECT_EQ(notes.str(),
               "Tallybrook is running. This is from its newest backup, of 11/22/2026 8:00:00 PM.\n");
     EXPECT_TRUE(out.str().ends_with(": 2 events, 4 games and 40 frames.\n")) << out.str();
+    EXPECT_EQ(run({"look-archive", (data / "out").string(), "--json"}), ExitStatus::Done);
+    EXPECT_EQ(nlohmann::json::parse(out.str())["note"],
+              "Tallybrook is running. This is from its newest backup, of 11/22/2026 8:00:00 PM.");
     EXPECT_EQ(run({"read-archive", (data / "out").string()}), ExitStatus::Busy);
     EXPECT_EQ(run({"backups"}), ExitStatus::Done);
     EXPECT_EQ(rowsOf(logbookIn(data)), before);
@@ -195,6 +240,9 @@ TEST_F(Restore, IsCalledByTheBeginningOfADate) {
     EXPECT_TRUE(out.str().starts_with("Game 1  score 150\n    1: 7-10\n")) << out.str();
     EXPECT_EQ(run({"look", "newest", "9"}), ExitStatus::BadInput);
     EXPECT_EQ(run({"look", "newest", "nine"}), ExitStatus::WrongUsage);
+    fs::remove_all(data / "Backups");
+    EXPECT_EQ(run({"look", "newest"}), ExitStatus::BadInput);
+    EXPECT_EQ(notes.str(), "There are no backups yet in " + (data / "Backups").string() + "\n");
 }
 
 TEST_F(Restore, WritesNothingThatATerminalWouldObey) {
