@@ -377,6 +377,8 @@ bool ScreenWindow::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusIn:
             if (control != nullptr && !control->hasFocus())
                 focusMoved(*controls_.value(watched), static_cast<const QFocusEvent&>(*event).reason());
+            else if (watched == this)
+                refreshSoon();  // the window came to the front, and not yet what has the focus on it
             return false;
         default:
             return false;
@@ -507,11 +509,16 @@ void ScreenWindow::focusMoved(Control& control, Qt::FocusReason reason) {
     QMetaObject::invokeMethod(
         this,
         [this, &control, isMeant] {
-            if (screen_ != nullptr && isMeant && focusWidget() == widgetOf(control))
+            if (screen_ != nullptr && isMeant && !control.hasFocus() && focusWidget() == widgetOf(control))
                 arriveAt(control);
             refresh();
         },
         Qt::QueuedConnection);
+}
+
+void ScreenWindow::refreshSoon() {
+    QMetaObject::invokeMethod(
+        this, [this] { refresh(); }, Qt::QueuedConnection);
 }
 
 /// A list or grid was clicked twice: what most come for is done.

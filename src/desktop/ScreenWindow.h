@@ -65,6 +65,7 @@ private:
     void remember();
     void followFocus();
     void focusMoved(Control& control, Qt::FocusReason reason);
+    void refreshSoon();
 
     // What the views tell.
     void clicked(Control& control) override;

@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -69,7 +70,8 @@ private:
     /// Where one look shows that there is nothing to tell of the event's games and nothing to change, all is
     /// as a walk over them would have left it.
     bool passGamesInOrder() {
-        const auto games = gamesAtOneLook(run_.program.store(), eventKey_);
+        std::optional<std::vector<GameOverview>> games;
+        step_([&] { games = gamesAtOneLook(run_.program.store(), eventKey_); });
         if (!games || games->empty() || !std::ranges::all_of(*games, isInOrder))
             return false;
         gameNumber_ = std::get<std::int64_t>(games->back().number);

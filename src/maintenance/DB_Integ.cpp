@@ -3,6 +3,8 @@
 #include "store/CommitAtEnd.h"
 #include "store/WalkRows.h"
 
+#include <optional>
+
 #include <fmt/format.h>
 
 namespace tallybrook {
@@ -26,8 +28,10 @@ public:
         : run_(run), step_(step), child_(child), rows_(run.*child.rows) {}
 
     void deleteOrphans() {
-        if (const auto rows = rowsAllOfEvents(run_.program.store(), child_.table)) {
-            checked_ = *rows;
+        std::optional<int> sound;
+        step_([&] { sound = rowsAllOfEvents(run_.program.store(), child_.table); });
+        if (sound) {
+            checked_ = *sound;
             return report();
         }
         step_([&] { rows_->Open(fmt::format("SELECT * from {}", child_.table)); });

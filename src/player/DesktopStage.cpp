@@ -164,6 +164,7 @@ Arrival DesktopStage::act(const std::function<void()>& action) {
 
 void DesktopStage::settle() {
     QCoreApplication::processEvents();
+    QCoreApplication::processEvents();  // what the events of the window system have posted
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (const std::exception_ptr escaped = display_.takeFailure(); escaped != nullptr)
         std::rethrow_exception(escaped);

@@ -13,15 +13,22 @@ namespace tallybrook {
 
 namespace {
 
-/// What `look` finds; nothing where something fails.
+/// What `look` finds; nothing where something fails. A failure that has undone what was stored before must not
+/// be passed over, and is raised.
 template <typename Look>
-std::invoke_result_t<Look> unlessItFails(const Store& store, Look look) {
+std::invoke_result_t<Look> unlessItFails(Store& store, Look look) {
     store.noteWork();
-    try {
-        return look();
-    } catch (const std::exception&) {
-        return std::nullopt;
-    }
+    const Connection& connection = store.connection();
+    const bool wasWithin = connection.isWithinTransaction();
+    return onFile([&]() -> std::invoke_result_t<Look> {
+        try {
+            return look();
+        } catch (const std::exception&) {
+            if (wasWithin && !connection.isWithinTransaction())
+                throw;
+            return std::nullopt;
+        }
+    });
 }
 
 GameOverview gameIn(const Statement& row) {
