@@ -16,7 +16,7 @@ void RoomyButton::setStandsOut(bool standsOut) {
 /// would hide the mark of the focus, so it has one inside.
 void RoomyButton::paintEvent(QPaintEvent* event) {
     constexpr double kCorner = 3;
-    constexpr double kInset = 3.5;
+    constexpr double kRoom = 3.5;
     constexpr double kHovered = 0.12;
     constexpr double kDown = 0.3;
     if (!standsOut_ || !isEnabled())
@@ -34,7 +34,7 @@ void RoomyButton::paintEvent(QPaintEvent* event) {
         return;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(ink, 1.5));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset), kCorner, kCorner);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(kRoom, kRoom, -kRoom, -kRoom), kCorner, kCorner);
 }
 
 }  // namespace tallybrook

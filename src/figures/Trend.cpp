@@ -92,6 +92,7 @@ std::vector<NightOfGames> nightsOf(const BowledEvents& events) {
 
 std::vector<double> classBounds(const std::vector<NightOfGames>& nights, std::size_t classes) {
     std::vector<double> averages;
+    averages.reserve(nights.size());
     for (const NightOfGames& night : nights)
         averages.push_back(night.total.average());
     std::ranges::sort(averages);

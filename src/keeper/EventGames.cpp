@@ -12,6 +12,7 @@ namespace {
 
 std::vector<const Column*> columnsCalled(const Table& table, const std::vector<std::string>& names) {
     std::vector<const Column*> columns;
+    columns.reserve(names.size());
     for (const std::string& name : names)
         columns.push_back(table.find(name));
     return columns;

@@ -13,8 +13,8 @@ namespace tallybrook {
 
 namespace {
 
-/// What `look` finds; nothing where something fails. A failure that has undone what was stored before must not
-/// be passed over, and is raised.
+/// What `look` finds; nothing where something fails. A failure that has undone what was stored before must
+/// not be passed over, and is raised.
 template <typename Look>
 std::invoke_result_t<Look> unlessItFails(Store& store, Look look) {
     store.noteWork();

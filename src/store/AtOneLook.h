@@ -12,8 +12,8 @@
 namespace tallybrook {
 
 /// How many rows a table has, if it has any and each of them holds in fldSessionNum the key of an event, as a
-/// whole number of 32 bits. Nothing where one does not, or where the tables cannot be read. The engine's error where
-/// its failure has ended a transaction and undone what was stored in it.
+/// whole number of 32 bits. Nothing where one does not, or where the tables cannot be read. The engine's
+/// error where its failure has ended a transaction and undone what was stored in it.
 std::optional<int> rowsAllOfEvents(Store& store, const std::string& table);
 
 /// What is stored of a game and of the frames that bear its number.

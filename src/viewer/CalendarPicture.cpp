@@ -190,11 +190,13 @@ Strip legendStrip(const SharedCalendar& calendar, const PictureLook& look, doubl
     const double entry = look.widthOf("141.2 to 150.3", false) + 3.5 * look.digit();
     const auto perRow = std::max(static_cast<std::size_t>(width / entry), std::size_t{1});
     const std::size_t count = calendar->bounds.size() + 1;
-    const auto rows = static_cast<double>((count + perRow - 1) / perRow);
-    return {(rows + 0.5) * line, [calendar, &look, line, entry, perRow, count](QPainter& painter) {
+    const std::size_t rows = (count + perRow - 1) / perRow;
+    return {(static_cast<double>(rows) + 0.5) * line,
+            [calendar, &look, line, entry, perRow, count](QPainter& painter) {
                 for (std::size_t number = 0; number < count; ++number) {
+                    const std::size_t row = number / perRow;
                     const QPointF corner(static_cast<double>(number % perRow) * entry,
-                                         static_cast<double>(number / perRow) * line);
+                                         static_cast<double>(row) * line);
                     const double side = 1.7 * look.digit();
                     drawNight(painter, number, QRectF(corner, QSizeF(side, line)), look);
                     drawText(painter, {corner.x() + side + look.digit() / 2, corner.y(), entry, line},

@@ -394,7 +394,7 @@ void ReportWindow::chooseFile() {
 }
 
 /// The files that are shown, and others.
-QStringList ReportWindow::withShown(QStringList files) const {
+QStringList ReportWindow::withShown(const QStringList& files) const {
     QStringList all = files_ + files;
     all.removeDuplicates();
     return all;

@@ -66,7 +66,7 @@ private:
     void loadSideBySide(const QStringList& files);
     void watch(const std::vector<FileStamp>& stamps);
     void chooseOthers();
-    [[nodiscard]] QStringList withShown(QStringList files) const;
+    [[nodiscard]] QStringList withShown(const QStringList& files) const;
     void reload();
     void reloadQuietly();
     void showReport(ReportText report);
