@@ -46,12 +46,15 @@ bool isSecondOfTwo(char16_t unit) {
 /// The units as characters.
 std::u32string charactersIn(const std::u16string& units) {
     constexpr char32_t kReplacement = 0xFFFD;
+    constexpr char32_t kFirst = 0xD800;
+    constexpr char32_t kSecond = 0xDC00;
+    constexpr char32_t kBeyond = 0x10000;
     std::u32string characters;
     for (std::size_t at = 0; at < units.size(); ++at) {
         if (isFirstOfTwo(units[at]) && at + 1 < units.size() && isSecondOfTwo(units[at + 1])) {
-            const char32_t beyond =
-                ((char32_t{units[at]} - 0xD800) << 10U) + (char32_t{units[at + 1]} - 0xDC00);
-            characters += char32_t{0x10000 + beyond};
+            const char32_t high = char32_t{units[at]} - kFirst;
+            const char32_t low = char32_t{units[at + 1]} - kSecond;
+            characters += kBeyond + (high << 10U) + low;
             ++at;
         } else {
             const bool isAlone = isFirstOfTwo(units[at]) || isSecondOfTwo(units[at]);

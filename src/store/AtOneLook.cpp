@@ -24,6 +24,8 @@ std::invoke_result_t<Look> unlessItFails(Store& store, Look look) {
         try {
             return look();
         } catch (const std::exception&) {
+            // The failure has changed it meanwhile.
+            // cppcheck-suppress incorrectLogicOperator
             if (wasWithin && !connection.isWithinTransaction())
                 throw;
             return std::nullopt;

@@ -22,7 +22,7 @@ std::vector<std::vector<Read>> readCsv(const std::string& bytes) {
     std::vector<std::vector<Read>> lines;
     std::size_t at = 0;
     while (at < bytes.size()) {
-        std::vector<Read>& line = lines.emplace_back();
+        std::vector<Read> line;
         for (bool goesOn = true; goesOn;) {
             Read field;
             if (bytes.at(at) == '"') {
@@ -47,6 +47,7 @@ std::vector<std::vector<Read>> readCsv(const std::string& bytes) {
             else
                 at += 2;
         }
+        lines.push_back(line);
     }
     return lines;
 }
