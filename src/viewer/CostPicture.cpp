@@ -66,6 +66,7 @@ CostRow rowOfAll(const std::vector<SettledGame>& games) {
 
 std::vector<CostRow> rowsOf(const std::vector<SettledGame>& games) {
     std::vector<CostRow> rows;
+    rows.reserve(games.size() + 1);
     for (const SettledGame& game : games)
         rows.push_back(rowOf(game));
     if (games.size() > 1)
@@ -187,6 +188,7 @@ std::vector<RecordedGame> recordedGames(const std::vector<GameFigures>& games) {
         return cells;
     };
     std::vector<RecordedGame> recorded;
+    recorded.reserve(games.size());
     for (const GameFigures& game : games)
         recorded.push_back({cellsOf(game.frames.value_or(SheetMarks())), cellsOf(game.leaves)});
     return recorded;

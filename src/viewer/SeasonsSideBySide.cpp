@@ -35,6 +35,7 @@ SeasonRecord recordOf(const ReportFigures& figures) {
 
 Comparison comparisonOf(const std::vector<ComparedReport>& reports) {
     std::vector<SeasonRecord> records;
+    records.reserve(reports.size());
     for (const ComparedReport& report : reports)
         records.push_back(recordOf(report.figures));
     return compared(records);

@@ -154,7 +154,9 @@ void TrendPlot::drawAxes(QPainter& painter) const {
     QColor grid = look_.line();
     grid.setAlphaF(kFaint);
     const double line = look_.lineHeight();
-    for (double average = scale_.low; average <= scale_.high + scale_.step / 2; average += scale_.step) {
+    const auto steps = std::lround((scale_.high - scale_.low) / scale_.step);
+    for (long step = 0; step <= steps; ++step) {
+        const double average = scale_.low + static_cast<double>(step) * scale_.step;
         const double height = heightOf(average);
         painter.setPen(QPen(grid, look_.hair()));
         painter.drawLine(QPointF(averages_.left(), height), QPointF(averages_.right(), height));
