@@ -54,11 +54,11 @@ std::u32string charactersIn(const std::u16string& units) {
         if (isFirstOfTwo(units[at]) && at + 1 < units.size() && isSecondOfTwo(units[at + 1])) {
             const char32_t high = char32_t{units[at]} - kFirst;
             const char32_t low = char32_t{units[at + 1]} - kSecond;
-            characters += kBeyond + (high << 10U) + low;
+            characters.push_back(kBeyond + (high << 10U) + low);
             ++at;
         } else {
             const bool isAlone = isFirstOfTwo(units[at]) || isSecondOfTwo(units[at]);
-            characters += isAlone ? kReplacement : char32_t{units[at]};
+            characters.push_back(isAlone ? kReplacement : char32_t{units[at]});
         }
     }
     return characters;
