@@ -1,6 +1,6 @@
 #include "reports/ScoreSummary.h"
 
-#include "reports/ReportFigures.h"
+#include "reports/CountedFigures.h"
 #include "reports/ReportRun.h"
 
 #include <algorithm>

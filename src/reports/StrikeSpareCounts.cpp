@@ -1,7 +1,7 @@
 #include "reports/StrikeSpareCounts.h"
 
 #include "bowling/Marks.h"
-#include "reports/ReportFigures.h"
+#include "reports/CountedFigures.h"
 #include "reports/ReportRun.h"
 #include "runtime/TextForms.h"
 

@@ -1,7 +1,7 @@
 #include "reports/modTBKReports.h"
 
+#include "reports/CountedFigures.h"
 #include "reports/EventReport.h"
-#include "reports/ReportFigures.h"
 #include "reports/ReportRun.h"
 #include "reports/ScoreSummary.h"
 #include "reports/SpareMatrix.h"
@@ -175,7 +175,7 @@ private:
     ReportRun run_;
     const ReportRequest& request_;
     DateTime now_;
-    ReportFigures figures_;
+    CountedFigures figures_;
 };
 
 }  // namespace

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Checks the structure of the house: src/rooms.txt says what the rooms use and no more, every include is one that it
-allows, there is no circle between files or folders, only rooms that may use a library of Qt know it, no file holds a
-path of one machine, and the README opens with the two commands. Call it with the root of the source tree."""
+allows, there is no circle between files or folders, rooms of one program give no name to two types, only rooms that may
+use a library of Qt know it, no file holds a path of one machine, and the README opens with the two commands. Call it
+with the root of the source tree."""
 
 import re
 import sys
@@ -14,6 +15,7 @@ CHECKED_FOLDERS = ["src", "tests", "cmake", "scripts", ".ci", "docs", "help", "p
 CHECKED_FILES = ["CMakeLists.txt", "CMakePresets.json", "README.md", "CHANGELOG.md"]
 TEXTS = {".h", ".cpp", ".txt", ".transcript", ".py", ".cmake", ".md", ".html", ".svg", ".qrc", ".json", ".sh", ""}
 FIRST_COMMANDS = ["scripts/run", "scripts/test"]
+TYPE = re.compile(r"^(?:namespace ([\w:]+) \{|(?:struct|class|enum class) (\w+)\b[^;\n]*\{)", re.MULTILINE)
 INCLUDE = re.compile(r'^\s*#\s*include\s*(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
 
@@ -116,9 +118,34 @@ def folders_of(graph):
     return {name: sorted(targets) for name, targets in folders.items()}
 
 
+def types_in(text):
+    """The types that a header defines, by their full names."""
+    found, namespace = set(), ""
+    for opened, name in TYPE.findall(text):
+        namespace = opened or namespace
+        if name:
+            found.add(f"{namespace}::{name}")
+    return found
+
+
+def faults_of_types(rooms, files):
+    """The names that two rooms give to types of their own, and that meet in one room or program: the compiler sees only
+    one of them at a time, and the linker takes either."""
+    makers = {}
+    for name, text in files.items():
+        for kind in types_in(text) if name.endswith(".h") else ():
+            makers.setdefault(kind, set()).add(room_of(name))
+    meeting = [{name} | within_reach(rooms, name) for name in rooms]
+    return [
+        f"{kind} is a type of its own in each of {', '.join(sorted(made))}"
+        for kind, made in sorted(makers.items())
+        if any(len(made & room) > 1 for room in meeting)
+    ]
+
+
 def faults_of_tree(rooms, files):
     """What is wrong with a tree, given as its list of rooms and a dictionary of paths below src and their texts."""
-    faults = faults_of_list(rooms, files)
+    faults = faults_of_list(rooms, files) + faults_of_types(rooms, files)
     for name, text in sorted(files.items()):
         if room_of(name) in rooms:
             faults += faults_of_file(rooms, name, text)

@@ -69,6 +69,16 @@ class Tree(unittest.TestCase):
         faults = faults_with({"kitchen/Table.h": '#include "kitchen/shelf/Cup.h"\n'})
         self.assertEqual(faults, ["a circle of folders: kitchen -> kitchen/shelf -> kitchen"])
 
+    def test_finds_two_types_of_one_name_in_rooms_that_meet(self):
+        cup = "namespace house {\nstruct Cup : Dish {\n};\nstruct Saucer;\n}\n"
+        other = cup + "\nstruct Saucer {};\n"
+        faults = faults_with({"kitchen/Cup.h": cup, "hall/Cup.h": other})
+        self.assertEqual(faults, [])
+        faults = faults_with({"kitchen/Cup.h": cup, "roof/Cup.h": other})
+        self.assertEqual(faults, ["house::Cup is a type of its own in each of kitchen, roof"])
+        faults = faults_with({"kitchen/Cup.h": cup, "roof/Cup.h": other.replace("house", "garden")})
+        self.assertEqual(faults, [])
+
     def test_finds_qt_where_no_library_of_qt_may_be_used(self):
         faults = faults_with({"hall/A.h": "#include <QtGlobal>\n", "stairs/B.h": "#include <QString>\n"})
         self.assertIn("hall/A.h: includes Qt's QtGlobal", faults)

@@ -1,5 +1,5 @@
 #include "ReportPlay.h"
-#include "reports/ReportFigures.h"
+#include "reports/CountedFigures.h"
 #include "reports/ReportRun.h"
 #include "store/file/Connection.h"
 
@@ -191,7 +191,7 @@ TEST_F(ReportFailure, OfTheMatrixItselfComesWithTwoBoxes) {
     play.addEvent({});
     play.addGame("P");
     play.addFrame("9/", "one leave too many", "/");
-    ReportFigures figures;
+    CountedFigures figures;
     for (int leave = 1; leave <= 32767; ++leave)
         figures.spares.figures.matrix.count(std::to_string(leave), false);
     ReportRun run(play.program());

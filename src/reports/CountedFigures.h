@@ -40,7 +40,7 @@ private:
 };
 
 /// What a report counts over its events, their games and their frames.
-struct ReportFigures {
+struct CountedFigures {
     Counted<ScoringModes> modes;
     Counted<StrikeSpareCounts> strikes;
     Counted<SpareFigures> spares;
@@ -49,6 +49,6 @@ struct ReportFigures {
 
 /// Counts all figures; the scores only if they are wanted. A selection of no events is a failure of the
 /// modes.
-void countFigures(ReportRun& run, ReportFigures& figures, bool withScores);
+void countFigures(ReportRun& run, CountedFigures& figures, bool withScores);
 
 }  // namespace tallybrook

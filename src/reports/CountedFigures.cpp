@@ -1,4 +1,4 @@
-#include "reports/ReportFigures.h"
+#include "reports/CountedFigures.h"
 
 #include "reports/ReportRun.h"
 #include "store/EventRows.h"
@@ -17,7 +17,7 @@ std::int64_t keyIn(const Value& value) {
 /// The walk over the events.
 class FigureWalk {
 public:
-    FigureWalk(ReportRun& run, ReportFigures& figures, bool withScores)
+    FigureWalk(ReportRun& run, CountedFigures& figures, bool withScores)
         : run_(run), figures_(figures), withScores_(withScores), rows_(run.program.store()) {}
 
     void walk(ScoringModes& modes) {
@@ -53,7 +53,7 @@ private:
     }
 
     ReportRun& run_;
-    ReportFigures& figures_;
+    CountedFigures& figures_;
     bool withScores_;
     EventRows rows_;
 };
@@ -71,7 +71,7 @@ Int32 longestSeries(ReportRun& run) {
 
 }  // namespace
 
-void countFigures(ReportRun& run, ReportFigures& figures, bool withScores) {
+void countFigures(ReportRun& run, CountedFigures& figures, bool withScores) {
     if (withScores)
         figures.scores.count([&](ScoreSummary& scores) {
             if (const Int32 longest = longestSeries(run); longest > 0)
