@@ -10,16 +10,15 @@ Finder::Finder(ReportView& view, FindBar& bar) : view_(view), bar_(bar) {
     bar_.hide();
 }
 
-void Finder::setText(const QString& text) {
-    text_ = text;
+void Finder::renew() {
     if (bar_.isVisible())
         searchAsTyped();
 }
 
 void Finder::open() {
-    const QString selected = view_.textCursor().selectedText();
+    const QString selected = view_.selectedText();
     bar_.show();
-    if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator))
+    if (!selected.isEmpty() && !selected.contains('\n'))
         bar_.setSought(selected);
     searchAsTyped();
     bar_.focusText();
@@ -43,13 +42,13 @@ void Finder::previous() {
 }
 
 void Finder::search() {
-    view_.mark(Matches(text_, bar_.sought(), bar_.sensitivity()));
+    view_.mark(Matches(view_.text(), bar_.sought(), bar_.sensitivity()));
 }
 
 /// What is selected may stay selected while more of it is typed.
 void Finder::searchAsTyped() {
     search();
-    go(view_.marked().from(view_.textCursor().selectionStart()), {});
+    go(view_.marked().from(view_.selected().begin), {});
 }
 
 void Finder::step(bool isForward) {
@@ -61,11 +60,10 @@ void Finder::step(bool isForward) {
         bar_.show();
         search();
     }
-    const QTextCursor cursor = view_.textCursor();
     if (isForward)
-        go(view_.marked().from(cursor.selectionEnd()), ", from the top again");
+        go(view_.marked().from(view_.selected().end), ", from the top again");
     else
-        go(view_.marked().before(cursor.selectionStart()), ", from the end again");
+        go(view_.marked().before(view_.selected().begin), ", from the end again");
 }
 
 /// Selects what was found and tells which one it is; `wrapped` is added where the search went round. Where
@@ -76,7 +74,7 @@ void Finder::go(const std::optional<Matches::Found>& found, const QString& wrapp
         return;
     }
     if (!found) {
-        view_.select(view_.textCursor().selectionStart(), 0);
+        view_.select(view_.selected().begin, 0);
         bar_.tell("Not found");
         return;
     }

@@ -11,8 +11,8 @@ public:
     /// Both must outlive it. The bar starts hidden.
     Finder(ReportView& view, FindBar& bar);
 
-    /// Another text is in the view from now on.
-    void setText(const QString& text);
+    /// Searches anew: another text is in the view from now on.
+    void renew();
     /// Shows the bar, with what is selected in the view if that is on one line.
     void open();
     /// Hides the bar and the marks; returns false where it was hidden already.
@@ -30,7 +30,6 @@ private:
 
     ReportView& view_;
     FindBar& bar_;
-    QString text_;
 };
 
 }  // namespace tallybrook

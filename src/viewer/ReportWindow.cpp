@@ -164,8 +164,10 @@ void ReportWindow::addEditMenu() {
     QMenu& menu = *menuBar()->addMenu("&Edit");
     QAction* const copy = addTo(menu, "&Copy", {Qt::CTRL | Qt::Key_C}, [this] { view_->copy(); });
     copy->setEnabled(false);
-    connect(view_, &QPlainTextEdit::copyAvailable, copy, &QAction::setEnabled);
-    addTo(menu, "Select &All", {Qt::CTRL | Qt::Key_A}, [this] { view_->selectAll(); });
+    view_->onSelected = [this, copy] { copy->setEnabled(!view_->selected().isEmpty()); };
+    QAction* const all = addTo(menu, "Select &All", {Qt::CTRL | Qt::Key_A}, [this] { view_->selectAll(); });
+    view_->addActions({copy, all});
+    view_->setContextMenuPolicy(Qt::ActionsContextMenu);
     addPictureEntries(menu);
     menu.addSeparator();
     QAction* const find = addTo(menu, "&Find...", {Qt::CTRL | Qt::Key_F}, [this] { finder_.open(); });
@@ -376,7 +378,7 @@ void ReportWindow::showText(ReportText report) {
     const bool isSame = report.file == report_.file;
     report_ = std::move(report);
     view_->showText(report_.text, isSame ? ReportView::Place::Same : ReportView::Place::Beginning);
-    finder_.setText(report_.text);
+    finder_.renew();
     setWindowTitle(unmarked(report_.name()) + " - Tallybrook Report");
 }
 

@@ -17,7 +17,7 @@ protected:
                 QTest::mouseClick(button, Qt::LeftButton);
         }
     }
-    int place() { return view().textCursor().selectionStart(); }
+    int place() { return view().selected().begin; }
 };
 
 TEST_F(FindTest, BarOpensAndCloses) {
@@ -118,7 +118,7 @@ TEST_F(FindTest, DoesNotSeekMoreThanALine) {
     view().selectAll();
     press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_EQ(part<QLineEdit>().text(), "");
-    EXPECT_EQ(selected().size(), view().toPlainText().size());  // and leaves it selected
+    EXPECT_EQ(selected().size(), view().text().size());  // and leaves it selected
 }
 
 TEST_F(FindTest, OpeningAgainKeepsTheText) {

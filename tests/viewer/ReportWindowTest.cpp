@@ -31,9 +31,9 @@ void choose(ModalHands& hands, const QString& title, const QString& file) {
 
 TEST_F(ReportWindowTest, ShowsTheReportUnderItsName) {
     EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
-    EXPECT_EQ(view().toPlainText(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+    EXPECT_EQ(view().text(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
     EXPECT_TRUE(view().hasFocus());
-    EXPECT_EQ(view().textCursor().position(), 0);
+    EXPECT_EQ(view().caret(), 0);
 }
 
 TEST_F(ReportWindowTest, ShowsNamesAsTheyStand) {
@@ -54,7 +54,7 @@ TEST_F(ReportWindowTest, RefusesABinaryFileAndKeepsTheReport) {
 
 TEST_F(ReportWindowTest, ShowsATextWithAStrayCharacter) {
     start("stray.txt", QByteArray("Strike\0Spare\r\n", 14) + QByteArray(200, 'x'));
-    EXPECT_EQ(view().toPlainText().left(7), QString("Strike") + QChar(QChar::ReplacementCharacter));
+    EXPECT_EQ(view().text().left(7), QString("Strike") + QChar(QChar::ReplacementCharacter));
     EXPECT_FALSE(window->grab().isNull());
 }
 
@@ -68,7 +68,7 @@ TEST_F(ReportWindowTest, TellsWhatCannotBeShownAndKeepsTheReport) {
     expectBox("The report cannot be shown:\n\n" + pipe + "\n\nIt is a device and not a file.");
     EXPECT_FALSE(window->open(pipe));
     EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
-    EXPECT_EQ(view().toPlainText(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
+    EXPECT_EQ(view().text(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
@@ -78,7 +78,7 @@ TEST_F(ReportWindowTest, OpensAnotherReport) {
     choose(hands, "Open Report", files.write("other.txt", "another"));
     press(Qt::Key_O, Qt::ControlModifier);
     EXPECT_EQ(window->windowTitle(), "other.txt - Tallybrook Report");
-    EXPECT_EQ(view().toPlainText(), "another");
+    EXPECT_EQ(view().text(), "another");
 }
 
 TEST_F(ReportWindowTest, OpeningBeginsInTheReportsFolderAndMayBeCancelled) {

@@ -106,7 +106,7 @@ TEST_F(SeasonsTest, LeavesThatCostMostComeFirst) {
 TEST_F(SeasonsTest, DroppedStatisticalReportsAreCompared) {
     drop({earlier, later});
     EXPECT_EQ(window->windowTitle(), "Seasons Side by Side - Tallybrook Report");
-    EXPECT_TRUE(view().toPlainText().startsWith("Seasons Side by Side\n\nReport 1: earlier.txt"));
+    EXPECT_TRUE(view().text().startsWith("Seasons Side by Side\n\nReport 1: earlier.txt"));
     EXPECT_EQ(pictures().size(), 3U);
     for (PictureWidget* const picture : pictures())
         EXPECT_FALSE(picture->grab().isNull());
@@ -120,7 +120,7 @@ TEST_F(SeasonsTest, ChosenReportIsComparedWithTheOneShown) {
         dialog.accept();
     });
     press(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(view().toPlainText().contains("Report 2: later.txt"));
+    EXPECT_TRUE(view().text().contains("Report 2: later.txt"));
 }
 
 TEST_F(SeasonsTest, ReportOfAnotherKindIsRefused) {
@@ -134,7 +134,7 @@ TEST_F(SeasonsTest, ReportOfAnotherKindIsRefused) {
 TEST_F(SeasonsTest, ComparisonFollowsItsFiles) {
     ASSERT_TRUE(window->compare({earlier, later}));
     files.write("earlier.txt", reportOf(weeklyEvents(41)).toUtf8());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return view().toPlainText().contains("9/6/1990 to 6/13/1991"); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view().text().contains("9/6/1990 to 6/13/1991"); }));
 }
 
 // --- Pictures that leave the window ------------------------------------------------------------------------

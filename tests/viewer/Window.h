@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QSettings>
+#include <QSplitter>
 #include <QTest>
 #include <memory>
 
@@ -33,7 +34,7 @@ protected:
     Widget& part() {
         return *window->findChild<Widget*>();
     }
-    ReportView& view() { return *dynamic_cast<ReportView*>(window->findChild<QPlainTextEdit*>()); }
+    ReportView& view() { return *dynamic_cast<ReportView*>(window->findChild<QSplitter*>()->widget(0)); }
     FindBar& findBar() {
         QWidget* const field = window->findChild<QLineEdit*>();
         return *dynamic_cast<FindBar*>(field->parentWidget());
@@ -52,7 +53,7 @@ protected:
         QTest::keyClick(focus == nullptr ? window.get() : focus, key, modifiers);
     }
     void type(const QString& text) { QTest::keyClicks(window->focusWidget(), text); }
-    QString selected() { return view().textCursor().selectedText(); }
+    QString selected() { return view().selectedText(); }
 
     /// Answers the next box, which must say this.
     void expectBox(const QString& text) {
