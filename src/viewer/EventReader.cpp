@@ -8,6 +8,8 @@ namespace tallybrook {
 
 namespace {
 
+constexpr QStringView kEvent = u"Event: ";
+
 /// A day as reports write it, as in "11/14/2026".
 std::optional<std::chrono::local_days> dayIn(QStringView text) {
     const QList<QStringView> parts = text.split('/');
@@ -24,7 +26,7 @@ std::optional<std::chrono::local_days> dayIn(QStringView text) {
 std::optional<BowledEvent> beginningIn(QStringView line) {
     constexpr QStringView kDate = u"\t\tDate Bowled: ";
     const qsizetype date = line.lastIndexOf(kDate);
-    const Field name = behind(u"Event: ", line.first(std::max(date, qsizetype{0})));
+    const Field name = behind(kEvent, line.first(std::max(date, qsizetype{0})));
     const auto day = name ? dayIn(line.sliced(date + kDate.size()).trimmed()) : std::nullopt;
     if (!day)
         return std::nullopt;
@@ -54,6 +56,8 @@ bool isScored(const BowledEvent& event) {
 /// a bowler may write anything.
 class ListReader {
 public:
+    explicit ListReader(std::size_t mostEvents) { figures_.bowled.reserve(mostEvents); }
+
     void read(QStringView line) {
         if (const auto begun = linesOfComment_ < 2 ? beginningIn(line) : std::nullopt)
             event_ = begun;
@@ -86,8 +90,10 @@ private:
 }  // namespace
 
 EventFigures eventsIn(const ReportLines& report) {
-    ListReader list;
-    for (const QStringView line : report.above(heading::kScores))
+    const ReportLines lines = report.above(heading::kScores);
+    const auto isBeginning = [](QStringView line) { return line.startsWith(kEvent); };
+    ListReader list(static_cast<std::size_t>(std::ranges::count_if(lines, isBeginning)));
+    for (const QStringView line : lines)
         list.read(line);
     return list.take();
 }

@@ -1,6 +1,7 @@
 #include "viewer/FiguresReader.h"
 
 #include <memory>
+#include <utility>
 
 namespace tallybrook {
 
@@ -36,7 +37,7 @@ void FiguresReader::readAside(const QString& text) {
     QThread* const thread = QThread::create([text, figures] { *figures = readFigures(text); });
     QObject::connect(thread, &QThread::finished, &here_, [this, thread, figures] {
         if (thread == thread_)  // another text may have come meanwhile
-            onRead(*figures);
+            onRead(std::move(*figures));
     });
     QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
     thread_ = thread;

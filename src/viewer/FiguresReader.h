@@ -17,7 +17,7 @@ public:
     FiguresReader& operator=(const FiguresReader&) = delete;
 
     /// Called with the figures of the text that was given last.
-    std::function<void(const ReportFigures& figures)> onRead;
+    std::function<void(ReportFigures figures)> onRead;
     void read(const QString& text);
 
 private:

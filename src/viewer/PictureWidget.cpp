@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace tallybrook {
 
@@ -34,6 +35,13 @@ double distance(const QPointF& place, const QRectF& rectangle) {
     const double x = std::max({rectangle.left() - place.x(), 0.0, place.x() - rectangle.right()});
     const double y = std::max({rectangle.top() - place.y(), 0.0, place.y() - rectangle.bottom()});
     return std::hypot(x, y);
+}
+
+std::size_t countOfSpots(const Strips& strips) {
+    std::size_t count = 0;
+    for (const Strip& strip : strips)
+        count += strip.spots.size();
+    return count;
 }
 
 constexpr double kZoomStep = 2;
@@ -96,8 +104,9 @@ const PictureWidget::Laid& PictureWidget::laidFor(int width) const {
     laid_ = std::make_unique<Laid>(Laid{PictureLook(font(), palette()), width, {}, {}, {}});
     laid_->strips = picture_.strips(laid_->look, width, view_);  // which keep hold of the look
     double top = 0;
-    for (const Strip& strip : laid_->strips) {
-        for (const Spot& spot : strip.spots)
+    laid_->spots.reserve(countOfSpots(laid_->strips));
+    for (Strip& strip : laid_->strips) {
+        for (const Spot& spot : std::exchange(strip.spots, {}))
             laid_->spots.push_back({spot.place.translated(0, top), spot.row});
         if (strip.plot)
             laid_->plot = strip.plot->translated(0, top);

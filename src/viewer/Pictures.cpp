@@ -1,6 +1,7 @@
 #include "viewer/Pictures.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tallybrook {
 
@@ -56,15 +57,16 @@ void addCosts(const std::vector<GameFigures>& games, std::vector<ReportPicture>&
 
 }  // namespace
 
-std::vector<ReportPicture> picturesOf(const ReportFigures& figures) {
+std::vector<ReportPicture> picturesOf(ReportFigures figures) {
     std::vector<ReportPicture> pictures;
     const Ranks ranks(figures.games);
     for (const GameFigures& game : figures.games)
         pictures.push_back(sheetPicture(game, ranks.of(game)));
     addCosts(figures.games, pictures);
     if (!figures.events.bowled.empty()) {
-        pictures.push_back(trendPicture(figures.events));
-        pictures.push_back(calendarPicture(figures.events.bowled));
+        ReportPicture calendar = calendarPicture(figures.events.bowled);
+        pictures.push_back(trendPicture(std::move(figures.events)));
+        pictures.push_back(std::move(calendar));
     }
     if (figures.scores)
         pictures.push_back(scoresPicture(*figures.scores));

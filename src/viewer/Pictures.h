@@ -8,11 +8,11 @@
 namespace tallybrook {
 
 /// All pictures of a report, in the order of its text; none where there are no figures.
-std::vector<ReportPicture> picturesOf(const ReportFigures& figures);
+std::vector<ReportPicture> picturesOf(ReportFigures figures);
 
 /// The averages of events over their dates, moving averages, and the games of each month. There is at least
 /// one event.
-ReportPicture trendPicture(const EventFigures& events);
+ReportPicture trendPicture(EventFigures events);
 
 /// The days of each year with the nights bowled, shaded by their averages. There is at least one event.
 ReportPicture calendarPicture(const BowledEvents& events);

@@ -2,9 +2,10 @@
 
 #include "viewer/FigureReaders.h"
 
-#include <QList>
+#include <QStringTokenizer>
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace tallybrook {
 
@@ -61,6 +62,15 @@ Reader readerOf(const ReportLines& text) {
     return nullptr;
 }
 
+/// A long report has many lines: room for all of them is made once.
+std::vector<QStringView> viewsOfLines(const QString& text) {
+    std::vector<QStringView> lines;
+    lines.reserve(static_cast<std::size_t>(text.count('\n')) + 1);
+    for (const QStringView line : QStringView(text).tokenize(u'\n'))
+        lines.push_back(line);
+    return lines;
+}
+
 }  // namespace
 
 bool ReportFigures::isEmpty() const {
@@ -70,8 +80,8 @@ bool ReportFigures::isEmpty() const {
 ReportFigures readFigures(const QString& text) {
     if (text.size() > kLongestPictured)
         return {};
-    const QList<QStringView> lines = QStringView(text).split('\n');
-    const ReportLines report{{lines.data(), static_cast<std::size_t>(lines.size())}};
+    const std::vector<QStringView> lines = viewsOfLines(text);
+    const ReportLines report(lines);
     const Reader read = readerOf(report);
     return read == nullptr ? ReportFigures() : read(report);
 }

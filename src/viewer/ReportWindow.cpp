@@ -113,7 +113,7 @@ ReportWindow::ReportWindow(QSettings& settings)
     addHelpMenu();
     addCentre();
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, [this] { leave(); });
-    figures_.onRead = [this](const ReportFigures& figures) { showPictures(picturesOf(figures)); };
+    figures_.onRead = [this](ReportFigures figures) { showPictures(picturesOf(std::move(figures))); };
     view_->onZoomed = [this] { showZoom(); };
     pictures_->onZoomWanted = [this](Zoom zoom) { view_->setZoom(zoom); };
     restore();

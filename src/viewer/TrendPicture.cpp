@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <memory>
+#include <utility>
 
 namespace tallybrook {
 
@@ -145,8 +146,8 @@ QString summaryOf(const TrendSeries& series, int unscored) {
 
 }  // namespace
 
-ReportPicture trendPicture(const EventFigures& events) {
-    const auto choices = std::make_shared<TrendChoices>(events.bowled);
+ReportPicture trendPicture(EventFigures events) {
+    const auto choices = std::make_shared<TrendChoices>(std::move(events.bowled));
     return {kTrendHeading, summaryOf(*choices->at(0), events.unscored),
             [choices, unscored = events.unscored](const PictureLook& look, double width,
                                                   const PictureView& view) {

@@ -127,6 +127,7 @@ std::vector<Spot> TrendPlot::spots() const {
     const auto [first, end] = inSight(0);
     const double reach = reach_;
     std::vector<Spot> spots;
+    spots.reserve(end - first);
     for (std::size_t event = first; event < end; ++event) {
         const QPointF place = placeOf(event, series_.events[event].average);
         spots.push_back({QRectF(place - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach)), event});

@@ -3,6 +3,7 @@
 #include "viewer/EventMark.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tallybrook {
 
@@ -19,9 +20,26 @@ QString nameOf(const League& league) {
     return name.isEmpty() ? QString("Without a name") : name;
 }
 
+std::shared_ptr<const TrendSeries> seriesOf(BowledEvents events, std::vector<int> marks) {
+    const auto series = std::make_shared<TrendSeries>();
+    series->events = std::move(events);
+    series->marks = std::move(marks);
+    series->moving = movingAverages(series->events);
+    series->ofSeason = seasonAverages(series->events);
+    series->months = gamesPerMonth(series->events);
+    series->ends = seriesEnds(series->events);
+    return series;
+}
+
 }  // namespace
 
-TrendChoices::TrendChoices(const BowledEvents& events) : events_(events), leagues_(events) {}
+TrendChoices::TrendChoices(BowledEvents events) : leagues_(events) {
+    std::vector<int> marks;
+    marks.reserve(events.size());
+    for (std::size_t event = 0; event < events.size(); ++event)
+        marks.push_back(markOf(leagues_.of(event)));
+    all_ = series_ = seriesOf(std::move(events), std::move(marks));
+}
 
 QStringList TrendChoices::names() const {
     if (leagues_.all().size() < 2)
@@ -32,25 +50,20 @@ QStringList TrendChoices::names() const {
     return names;
 }
 
-TrendSeries TrendChoices::seriesOf(int choice) const {
-    TrendSeries series;
-    for (std::size_t event = 0; event < events_.size(); ++event) {
-        const std::size_t league = leagues_.of(event);
-        if (choice > 0 && league != static_cast<std::size_t>(choice - 1))
-            continue;
-        series.events.push_back(events_[event]);
-        series.marks.push_back(markOf(league));
+std::shared_ptr<const TrendSeries> TrendChoices::leagueOf(int choice) const {
+    const auto league = static_cast<std::size_t>(choice - 1);
+    BowledEvents events;
+    for (std::size_t event = 0; event < all_->events.size(); ++event) {
+        if (leagues_.of(event) == league)
+            events.push_back(all_->events[event]);
     }
-    series.moving = movingAverages(series.events);
-    series.ofSeason = seasonAverages(series.events);
-    series.months = gamesPerMonth(series.events);
-    series.ends = seriesEnds(series.events);
-    return series;
+    std::vector<int> marks(events.size(), markOf(league));
+    return seriesOf(std::move(events), std::move(marks));
 }
 
 std::shared_ptr<const TrendSeries> TrendChoices::at(int choice) const {
     if (choice != shown_) {
-        series_ = std::make_shared<TrendSeries>(seriesOf(choice));
+        series_ = choice == 0 ? all_ : leagueOf(choice);
         shown_ = choice;
     }
     return series_;

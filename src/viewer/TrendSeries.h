@@ -21,7 +21,7 @@ struct TrendSeries {
 /// A list of events and what may be picked out of it: all of them, or one of the leagues with the most.
 class TrendChoices {
 public:
-    explicit TrendChoices(const BowledEvents& events);
+    explicit TrendChoices(BowledEvents events);
 
     /// Their names, all events first; none where there is but one league.
     [[nodiscard]] QStringList names() const;
@@ -37,12 +37,12 @@ public:
     [[nodiscard]] std::vector<Marked> marked(int choice) const;
 
 private:
-    [[nodiscard]] TrendSeries seriesOf(int choice) const;
+    [[nodiscard]] std::shared_ptr<const TrendSeries> leagueOf(int choice) const;
 
-    BowledEvents events_;
     Leagues leagues_;
-    mutable int shown_ = -1;
-    mutable std::shared_ptr<const TrendSeries> series_;
+    std::shared_ptr<const TrendSeries> all_;
+    mutable int shown_ = 0;
+    mutable std::shared_ptr<const TrendSeries> series_;  // of the choice that is shown
 };
 
 }  // namespace tallybrook
