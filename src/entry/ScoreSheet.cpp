@@ -40,6 +40,8 @@ ScoreSheet::ScoreSheet(Screen& screen)
         txtScore(frame).setSpokenName("Frame " + std::to_string(frame) + ", score");
         txtCount(frame).onChange = [this, frame] {
             cells_.at(static_cast<std::size_t>(frame - 1)) = txtCount(frame).text();
+            if (onCell)
+                onCell(frame);
         };
     }
 }

@@ -3,6 +3,7 @@
 #include "bowling/RunningScores.h"
 #include "controls/Screen.h"
 
+#include <functional>
 #include <string>
 
 namespace tallybrook {
@@ -18,6 +19,9 @@ public:
     ControlArray<TextBox> txtCount;
     ControlArray<TextBox> txtScore;
     TextBox txtTotScore;
+
+    /// Somebody has typed into the cell of a frame, or it was filled.
+    std::function<void(int frame)> onCell;
 
     /// What stands in the cells.
     [[nodiscard]] const Cells& cells() const { return cells_; }

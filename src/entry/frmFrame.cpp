@@ -43,6 +43,11 @@ void frmFrame::connect() {
         if (session().gScoreType == "L")
             cell().focus();
     };
+    // The marks of the panels are added to what stands in the cell, whoever wrote it.
+    sheet.onCell = [this](int frame) {
+        if (frameNumber_ == frame)
+            balls.entry.setCell(sheet.cell(frameNumber_));
+    };
     balls.onCell = [this] {
         showCell();
         tellFrame();
@@ -285,8 +290,8 @@ void frmFrame::writeFrame(const Handler& step) {
 /// What has become of the frame that was left, and which one is next; of a game that is complete its score.
 void frmFrame::tellNextFrame(Int16 left) {
     if (frameNumber_ != left)
-        tell("Frame " + text(left) + ": " + inWords(sheet.cell(left)) + ". Frame " + text(frameNumber_) +
-             " is next, lane " + txtLaneNum.text() + ".");
+        tell((ScoreSheet::has(left) ? "Frame " + text(left) + ": " + inWords(sheet.cell(left)) + ". " : "") +
+             "Frame " + text(frameNumber_) + " is next, lane " + txtLaneNum.text() + ".");
     else if (!sheet.txtTotScore.text().empty())
         tell("Score " + sheet.txtTotScore.text());
 }

@@ -610,6 +610,34 @@ TEST_F(FrameScreen, GoesOnWithAFrameNumberThatIsNone) {
     EXPECT_FALSE(play.program().hasEnded());
 }
 
+TEST_F(FrameScreen, GoesOnFromAFrameNumberThatIsNoneToTheNextRow) {
+    for (const auto& [odd, next] : {std::pair{0, 1}, std::pair{11, 12}}) {
+        Play other;
+        other.insertEvent();
+        other.insertGame(1, "P");
+        for (const int frame : {odd, next})
+            other.insertFrame(frame, "X", "X");
+        const Expected failure{"Database Error", Answer::OK};
+        other.handOverTo("frmFrame", {failure, failure});
+        other.click("cmdNextFrame", std::vector<Expected>(next == 1 ? 2 : 4, failure));
+        EXPECT_FALSE(other.program().hasEnded());
+        EXPECT_EQ(other.text("txtFrameNum"), std::to_string(next));
+    }
+}
+
+TEST_F(FrameScreen, AddsTheMarksOfThePanelsToWhatWasTypedIntoTheCell) {
+    play.insertEvent();
+    play.insertGame(1, "L");
+    play.insertFrame(1, "X");
+    play.handOverTo("frmFrame");
+    play.type("txtCount(1)", "7");
+    play.click("cmdReset", {{"Reset Form", Answer::Yes}});
+    play.type("txtLaneNum", "13");
+    play.click("optFirstNo");
+    play.click("optSecondYes");
+    EXPECT_EQ(play.text("txtCount(1)"), "7/");
+}
+
 TEST_F(FrameScreen, StoresTheRestOfAFrameWithAnImpossibleLane) {
     openGame("P", {});
     play.click("optFirstYes");
