@@ -32,11 +32,13 @@ bool differs(const Value& stored, int count) {
     return !isNull(stored) && toDouble(stored) != count;
 }
 
+/// Whether there is nothing to tell of a game and nothing to change. Of anything unusual the walk decides.
 bool isInOrder(const GameOverview& game) {
     const auto* const number = std::get_if<std::int64_t>(&game.number);
-    return number != nullptr && std::in_range<std::int16_t>(*number) &&
-           !differs(game.scoreType, scoreTypeOf(game.firstBall)) &&
-           !differs(game.framesRecorded, game.frames);
+    const bool isCounted =
+        isNull(game.framesRecorded) || game.framesRecorded == Value{std::int64_t{game.frames}};
+    return number != nullptr && std::in_range<std::int16_t>(*number) && isCounted &&
+           !differs(game.scoreType, scoreTypeOf(game.firstBall));
 }
 
 /// The walk over events, games and frames. What cannot be read keeps its value from the row before.

@@ -8,6 +8,8 @@
 
 #include <filesystem>
 
+#include <sqlite3.h>
+
 namespace tallybrook::test {
 
 namespace {
@@ -229,6 +231,54 @@ TEST_F(DatabaseCheck, LeavesNullsAlone) {
     EXPECT_EQ(lines.size(), 3U);
     EXPECT_EQ(play.rows("tblGameInfo", {"fldScoreType", "fldFrmsRecorded"}), Rows{"null|null"});
     EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded"}), Rows{"null"});
+}
+
+TEST_F(DatabaseCheck, TellsOfACountThatIsBeyondAllNumbersAndGoesOn) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "P");
+    addFrame(1, 1, 1, "X");
+    addEvent();
+    addGame(2, std::int64_t{1}, "N");
+    SQLite::Database& logbook = play.program().store().connection().database();
+    logbook.exec("UPDATE tblGameInfo SET fldFrmsRecorded = '1e999x' WHERE fldSessionNum = 1");
+    logbook.exec("UPDATE tblEventInfo SET fldGmsRecorded = '1e999x' WHERE fldSessionNum = 2");
+    const Rows lines =
+        check({failure("Check_ScType", error::kOverflow), failure("Check_ScType", error::kOverflow)});
+    ASSERT_EQ(lines.size(), 5U);
+    EXPECT_EQ(lines[3],
+              "Game number: 1, Event: Thursday League, Date: 11/12/2026, frames recorded changed to 1");
+    EXPECT_EQ(lines[4], "Event: Thursday League, Date: 11/12/2026, games recorded changed to 1");
+    EXPECT_EQ(games(), (Rows{"1|1|P|1", "2|1|N|0"}));
+}
+
+TEST_F(DatabaseCheck, LeavesNothingWaitingForTheDiskWhileAFailureIsTold) {
+    addEvent(std::int64_t{7});
+    addGame(1, std::int64_t{1}, "Q");
+    addEvent();  // without games, which is told
+    addFrame(9, 1, 1, "X");
+    Expected box = failure("Check_ScType", kNoRow);
+    box.meanwhile = [this] {
+        sqlite3* const engine = play.program().store().connection().database().getHandle();
+        EXPECT_NE(sqlite3_txn_state(engine, "main"), SQLITE_TXN_WRITE);
+        EXPECT_EQ(games(), Rows{"1|1|N|0"});
+        EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded"}), (Rows{"1", "0"}));
+    };
+    check({box});
+}
+
+TEST_F(DatabaseCheck, KeepsWhatItHasDoneBeforeAFailureThatUndoesTheTransaction) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    for (const int frame : {1, 2, 3})
+        addFrame(2, 1, frame, "X");
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE DELETE ON tblFrameInfo WHEN OLD.fldFrameNum = 3 "
+        "BEGIN SELECT RAISE(ROLLBACK, 'not this one'); END");
+    const Rows lines =
+        check({{"Database Error", Answer::OK,
+                databaseErrorBox(RunTimeError(-2147467259, "not this one"), "DB_Utils, DB_Integ.").text}});
+    EXPECT_EQ(lines.front(), "3 frames checked, 3 frames deleted.");
+    EXPECT_EQ(play.rows("tblFrameInfo", {"fldFrameNum"}), Rows{"3"});
 }
 
 TEST_F(DatabaseCheck, OfAnEmptyLogbookTellsOfEachEmptyTable) {
