@@ -9,11 +9,19 @@
 namespace tallybrook {
 
 void BoxReporter::databaseError(const RunTimeError& failure, std::string_view module) {
+    try {
+        beforeBox_();
+    } catch (const RunTimeError& lost) {
+        display_.messageBox(databaseErrorBox(lost, module));
+    }
     display_.messageBox(databaseErrorBox(failure, module));
 }
 
 Program::Program(Display& shown, const Clock& time, std::filesystem::path folder)
-    : display(shown), clock(time), dataFolder(std::move(folder)), screens(shown), reporter(shown) {}
+    : display(shown), clock(time), dataFolder(std::move(folder)), screens(shown), reporter(shown, [this] {
+          if (store_)
+              store_->bringToDisk();
+      }) {}
 
 Store& Program::store() {
     if (!store_)

@@ -13,18 +13,22 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tallybrook {
 
-/// Reports the failures of statements in the boxes of the display.
+/// Reports the failures of statements in the boxes of the display. While somebody reads one nothing waits to
+/// be stored: `beforeBox` sees to that, and its failure has a box of its own.
 class BoxReporter : public FailureReporter {
 public:
-    explicit BoxReporter(Display& display) : display_(display) {}
+    BoxReporter(Display& display, std::function<void()> beforeBox)
+        : display_(display), beforeBox_(std::move(beforeBox)) {}
     void databaseError(const RunTimeError& failure, std::string_view module) override;
     void retrying(std::string_view module, int tries) override { display_.retrying(module, tries); }
 
 private:
     Display& display_;
+    std::function<void()> beforeBox_;
 };
 
 /// What every screen can reach, and the outermost frame in which everything runs that a person does.

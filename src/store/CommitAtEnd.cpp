@@ -2,6 +2,8 @@
 
 #include "store/file/Connection.h"
 
+#include <utility>
+
 namespace tallybrook {
 
 CommitAtEnd::CommitAtEnd(Store& store) : connection_(store.connection()) {
@@ -11,7 +13,7 @@ CommitAtEnd::CommitAtEnd(Store& store) : connection_(store.connection()) {
 void CommitAtEnd::begin() {
     if (connection_.isWithinTransaction())
         return;
-    onFile([this] { connection_.database().exec("BEGIN"); });
+    onFile([this] { connection_.transaction().begin(); });
     isOpen_ = true;
 }
 
@@ -24,28 +26,13 @@ CommitAtEnd::~CommitAtEnd() {
 }
 
 void CommitAtEnd::commit() {
-    if (!isOpen_)
-        return;
-    isOpen_ = false;
-    if (!connection_.isWithinTransaction())
-        return;
-    try {
-        onFile([this] { connection_.database().exec("COMMIT"); });
-    } catch (const std::exception&) {
-        giveUp();
-        throw;
-    }
+    if (std::exchange(isOpen_, false))
+        onFile([this] { connection_.transaction().commit(); });
 }
 
 void CommitAtEnd::commitSoFar() {
     commit();
     begin();
-}
-
-/// Ends what cannot be brought to the disk, so that whatever is stored next does not wait for it.
-void CommitAtEnd::giveUp() {
-    if (connection_.isWithinTransaction())
-        connection_.database().tryExec("ROLLBACK");
 }
 
 }  // namespace tallybrook

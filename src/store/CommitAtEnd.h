@@ -8,9 +8,9 @@
 namespace tallybrook {
 
 /// Keeps what is stored meanwhile together, so that it goes to the disk at once at the end instead of row by
-/// row. The end is that of its scope, and it always commits: where a failure leaves the scope too, what was
-/// stored is kept, as it would have been row by row. Only what the disk itself refuses is lost. One inside
-/// another one adds nothing. Errors: -2147467259 for what SQLite reports.
+/// row. The end is that of its scope, and it always commits: where a failure leaves the scope too, or undoes
+/// the transaction, what was stored is kept, as it would have been row by row. Only what the disk itself
+/// refuses is lost. One inside another one adds nothing. Errors: -2147467259 for what SQLite reports.
 class CommitAtEnd {
 public:
     explicit CommitAtEnd(Store& store);
@@ -25,7 +25,6 @@ public:
 
 private:
     void begin();
-    void giveUp();
 
     Connection& connection_;
     bool isOpen_ = false;

@@ -16,6 +16,10 @@ void Store::beforeFirstWrite(std::function<void()> wait) {
     connection_->beforeFirstWrite(std::move(wait));
 }
 
+void Store::bringToDisk() {
+    onFile([this] { connection_->transaction().commitSoFar(); });
+}
+
 void Store::beforeFirstDeletion(std::function<void()> act) {
     connection_->beforeFirstDeletion(std::move(act));
 }

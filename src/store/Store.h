@@ -56,6 +56,10 @@ public:
             whileAtWork_();
     }
 
+    /// Brings to the disk what is being kept together: before somebody is waited for. Errors: -2147467259 for
+    /// what SQLite reports.
+    void bringToDisk();
+
     // What the store's own files work with.
     [[nodiscard]] Connection& connection() { return *connection_; }
     [[nodiscard]] Reading& reading() { return *reading_; }

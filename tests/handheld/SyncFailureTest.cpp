@@ -89,9 +89,22 @@ TEST_P(ReadersThatFail, KeepTheRowsBeforeOneThatIsRefused) {
                                           "run-time error 52", "end program"}));
 }
 
+TEST_P(ReadersThatFail, KeepTheRowsBeforeAFailureThatUndoesThem) {
+    play.program().store().connection().database().exec(
+        std::string("CREATE TRIGGER refusal BEFORE INSERT ON ") + reader().table +
+        " WHEN NEW.fldHHRecordID = '" + reader().refused +
+        "' BEGIN SELECT RAISE(ROLLBACK, 'not this one'); END");
+    play.failingSync(chainFrom(engineFailure(reader().procedure, "not this one")));
+    std::string kept = reader().refused;
+    kept.back() = '1';
+    EXPECT_EQ(stored(), Log{kept});
+    EXPECT_TRUE(play.runLog().find(kept + " added to database") != std::string::npos);
+    expectNoSummary();
+}
+
 TEST_P(ReadersThatFail, SumUpNothingThatCouldNotBeStored) {
-    int commitsBefore = GetParam();  // each reader brings its rows to the disk once
-    const auto refuse = [](void* before) { return (*static_cast<int*>(before))-- == 0 ? 1 : 0; };
+    int commitsBefore = GetParam();  // each reader brings its rows to the disk once; then row by row in vain
+    const auto refuse = [](void* before) { return (*static_cast<int*>(before))-- <= 0 ? 1 : 0; };
     sqlite3_commit_hook(engine(), refuse, &commitsBefore);
     play.failingSync(chainFrom(engineFailure(reader().procedure, "constraint failed")));
     sqlite3_commit_hook(engine(), nullptr, nullptr);

@@ -1,8 +1,15 @@
 #include "runtime/Clock.h"
+#include "runtime/TextForms.h"
 #include "store/CommitAtEnd.h"
 #include "store/Recordset.h"
 #include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -24,6 +31,26 @@ protected:
         rows.AddNew();
         rows["fldComment"] = comment;
         rows.Update();
+    }
+    /// Leaves so many keys for the rows to come.
+    void leaveKeys(std::int64_t left) {
+        SQLite::Database& database = store.connection().database();
+        database.exec("DELETE FROM sqlite_sequence WHERE name = 'tblGameInfo'");
+        SQLite::Statement last(database, "INSERT INTO sqlite_sequence VALUES ('tblGameInfo', ?)");
+        last.bind(1, std::numeric_limits<std::int64_t>::max() - left);
+        last.exec();
+        commits = 0;
+    }
+    /// What is stored, in the order of the keys.
+    std::vector<std::string> comments() {
+        std::vector<std::string> found;
+        for (const Store::Row& row : store.rows("tblGameInfo"))
+            found.push_back(toText(row.values[column("fldComment")]));
+        return found;
+    }
+    static std::size_t column(const std::string& name) {
+        const std::vector<std::string> names = Store::fieldNames("tblGameInfo");
+        return static_cast<std::size_t>(std::ranges::find(names, name) - names.begin());
     }
     int count() {
         Recordset rows(store);
@@ -78,6 +105,92 @@ TEST_F(Commits, InsideOthersAddNothing) {
     EXPECT_TRUE(isWithin());
     outer.commit();
     EXPECT_EQ(commits, 1);
+}
+
+TEST_F(Commits, KeepWhatWasStoredBeforeAFailureThatUndoesTheTransaction) {
+    leaveKeys(2);
+    CommitAtEnd rows(store);
+    add("one");
+    add("two");
+    EXPECT_THROW(add("three"), RunTimeError);
+    EXPECT_FALSE(isWithin());
+    EXPECT_EQ(comments(), (std::vector<std::string>{"one", "two"}));
+    EXPECT_EQ(commits, 2);
+    rows.commitSoFar();
+    EXPECT_TRUE(isWithin());
+}
+
+TEST_F(Commits, KeepChangesAndDeletionsBeforeAFailureThatUndoesTheTransaction) {
+    add("one");
+    add("two");
+    add("three");
+    leaveKeys(0);
+    CommitAtEnd rows(store);
+    Recordset games(store);
+    games.Open("SELECT * FROM tblGameInfo");
+    games["fldComment"] = "changed";
+    games.Update();
+    games.MoveNext();
+    games.Delete();
+    EXPECT_THROW(add("four"), RunTimeError);
+    EXPECT_EQ(comments(), (std::vector<std::string>{"changed", "three"}));
+}
+
+TEST_F(Commits, KeepWhatFitsOnADiskThatGetsFull) {
+    const int pages = store.connection().database().execAndGet("PRAGMA page_count").getInt();
+    limitPages(pages + 1);
+    CommitAtEnd rows(store);
+    add("one");
+    EXPECT_THROW(add(std::string(100000, 'x')), RunTimeError);
+    EXPECT_EQ(comments(), std::vector<std::string>{"one"});
+    add("two");
+    EXPECT_EQ(comments(), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST_F(Commits, GoRowByRowWhereAllAtOnceIsRefused) {
+    CommitAtEnd rows(store);
+    add("one");
+    add("two");
+    int refusals = 1;
+    const auto refuse = [](void* left) { return (*static_cast<int*>(left))-- > 0 ? 1 : 0; };
+    sqlite3_commit_hook(store.connection().database().getHandle(), refuse, &refusals);
+    rows.commit();
+    EXPECT_EQ(refusals, -2);
+    EXPECT_EQ(comments(), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST_F(Commits, LoseWhatIsRefusedEachTimeAndTellIt) {
+    CommitAtEnd rows(store);
+    add("one");
+    add("two");
+    int tries = 0;  // to commit all of it, then each row
+    const auto refuse = [](void* tried) { return ++*static_cast<int*>(tried) == 2 ? 0 : 1; };
+    sqlite3_commit_hook(store.connection().database().getHandle(), refuse, &tries);
+    EXPECT_THROW(rows.commit(), RunTimeError);
+    EXPECT_FALSE(isWithin());
+    EXPECT_EQ(comments(), std::vector<std::string>{"one"});
+}
+
+TEST_F(Commits, KeepNoMoreThanAFewThousandChangesWaiting) {
+    CommitAtEnd rows(store);
+    for (int row = 0; row < 4000; ++row)
+        add("row");
+    EXPECT_EQ(commits, 1);
+    EXPECT_TRUE(isWithin());
+    add("one more");
+    rows.commit();
+    EXPECT_EQ(commits, 2);
+    EXPECT_EQ(count(), 4001);
+}
+
+TEST_F(Commits, BringWhatWaitsToTheDiskBeforeSomebodyIsWaitedFor) {
+    store.bringToDisk();
+    EXPECT_FALSE(isWithin());
+    CommitAtEnd rows(store);
+    add("one");
+    store.bringToDisk();
+    EXPECT_EQ(commits, 1);
+    EXPECT_TRUE(isWithin());
 }
 
 TEST_F(Commits, LeaveNothingOpenOnAFullDisk) {

@@ -42,18 +42,14 @@ Statement& Connection::prepared(const std::string& sql) {
     return ready(sql);
 }
 
-bool Connection::isWithinTransaction() const {
-    return sqlite3_get_autocommit(database_.getHandle()) == 0;
-}
-
 Statement& Connection::ready(const std::string& sql) {
     constexpr std::size_t kMostStatements = 200;
     const auto found = prepared_.find(sql);
     if (found != prepared_.end())
         return *found->second;
     if (prepared_.size() >= kMostStatements)
-        prepared_.clear();
-    return *prepared_.emplace(sql, std::make_unique<Statement>(database_, sql)).first->second;
+        std::erase_if(prepared_, [](const auto& known) { return !known.second->isInUse(); });
+    return *prepared_.emplace(sql, std::make_unique<Statement>(transaction_, sql)).first->second;
 }
 
 std::int64_t Connection::highestKey(const Table& table) {

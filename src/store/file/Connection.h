@@ -2,6 +2,7 @@
 
 #include "runtime/RunTimeError.h"
 #include "store/file/Statement.h"
+#include "store/file/Transaction.h"
 #include "store/sql/Schema.h"
 
 #include <cstdint>
@@ -29,15 +30,17 @@ public:
 
     [[nodiscard]] SQLite::Database& database() { return database_; }
 
-    /// A statement, prepared once and reused, to be run at once with all its parameters bound anew.
+    /// A statement, prepared once and reused, to be run at once with all its parameters bound anew. It stays
+    /// as long as it is in use; others may be dropped for it.
     Statement& prepared(const std::string& sql);
     /// Lets `wait` run once, before the next prepared statement that writes; nothing if it is empty.
     void beforeFirstWrite(std::function<void()> wait) { beforeFirstWrite_ = std::move(wait); }
     /// Lets `act` run once, before the next prepared statement that deletes rows while no transaction is
     /// open; nothing if it is empty.
     void beforeFirstDeletion(std::function<void()> act) { beforeFirstDeletion_ = std::move(act); }
-    /// Whether a transaction is open; a failure that the disk is to blame for can have ended it.
-    [[nodiscard]] bool isWithinTransaction() const;
+    /// What is kept together of what is stored.
+    [[nodiscard]] Transaction& transaction() { return transaction_; }
+    [[nodiscard]] bool isWithinTransaction() const { return transaction_.isOpen(); }
 
     /// The highest key that a table has had; 0 if it never had rows.
     [[nodiscard]] std::int64_t highestKey(const Table& table);
@@ -53,6 +56,7 @@ private:
     static void noteRollback(void* connection);
 
     SQLite::Database database_;
+    Transaction transaction_{database_};
     std::map<std::string, std::unique_ptr<Statement>> prepared_;
     std::unordered_map<const Table*, std::int64_t> highestKeys_;
     std::uint64_t rollbacks_ = 0;

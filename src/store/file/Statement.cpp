@@ -1,5 +1,7 @@
 #include "store/file/Statement.h"
 
+#include "store/file/Transaction.h"
+
 #include <type_traits>
 #include <variant>
 
@@ -40,6 +42,13 @@ Statement::Statement(const SQLite::Database& database, const std::string& sql)
     require(result);
 }
 
+Statement::Statement(Transaction& transaction, const std::string& sql)
+    : Statement(transaction.database(), sql) {
+    transaction_ = &transaction;
+    if (isChange())
+        bound_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(statement_.get())));
+}
+
 void Statement::require(int result) const {
     if (result != SQLITE_OK)
         throw SQLite::Exception(database_, result);
@@ -47,23 +56,36 @@ void Statement::require(int result) const {
 
 void Statement::bind(int index, const Value& value) {
     require(std::visit(Binding{.statement = statement_.get(), .index = index}, value));
+    if (!bound_.empty())
+        bound_[static_cast<std::size_t>(index) - 1] = value;
 }
 
 void Statement::bindWithoutCopy(int index, std::string_view text) {
     require(sqlite3_bind_text(statement_.get(), index, text.data(), static_cast<int>(text.size()),
                               SQLITE_STATIC));
+    if (!bound_.empty())
+        bound_[static_cast<std::size_t>(index) - 1] = std::string(text);
 }
 
 bool Statement::executeStep() {
     const int result = sqlite3_step(statement_.get());
-    if (result != SQLITE_DONE && result != SQLITE_ROW)
-        throw SQLite::Exception(database_, result);
+    if (result != SQLITE_DONE && result != SQLITE_ROW) {
+        const SQLite::Exception failure(database_, result);  // as long as the engine knows what it was
+        if (transaction_ != nullptr)
+            transaction_->noteFailure(isChange());
+        throw failure;
+    }
     return result == SQLITE_ROW;
 }
 
 int Statement::exec() {
+    if (transaction_ != nullptr)
+        transaction_->noteChange(sqlite3_sql(statement_.get()), bound_);
     executeStep();
-    return sqlite3_changes(database_);
+    const int changed = sqlite3_changes(database_);
+    if (transaction_ != nullptr)
+        transaction_->noteSuccess();
+    return changed;
 }
 
 void Statement::reset() {

@@ -8,17 +8,22 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
 namespace tallybrook {
 
+class Transaction;
+
 /// A statement, prepared once and run again and again. It takes columns straight from SQLite, without an
 /// object for each, since rows are read by the thousand. Errors: SQLite::Exception.
 class Statement {
 public:
     Statement(const SQLite::Database& database, const std::string& sql);
+    /// One that takes part in what is kept together.
+    Statement(Transaction& transaction, const std::string& sql);
 
     /// Binds a value to a parameter, counted from 1, in the form in which it is stored. What is bound stays
     /// until it is bound anew.
@@ -52,11 +57,16 @@ public:
         }
     }
 
+    /// Whether somebody runs it at the moment.
+    [[nodiscard]] bool isInUse() const { return uses_ > 0; }
     /// A run of the statement: resets it in the end, however that comes.
     class Use {
     public:
-        explicit Use(Statement& statement) : statement_(statement) {}
-        ~Use() { statement_.reset(); }
+        explicit Use(Statement& statement) : statement_(statement) { ++statement_.uses_; }
+        ~Use() {
+            --statement_.uses_;
+            statement_.reset();
+        }
         Use(const Use&) = delete;
         Use& operator=(const Use&) = delete;
         Statement* operator->() { return &statement_; }
@@ -72,8 +82,13 @@ private:
     };
     void require(int result) const;
 
+    [[nodiscard]] bool isChange() const { return sqlite3_stmt_readonly(statement_.get()) == 0; }
+
     sqlite3* database_;
     std::unique_ptr<sqlite3_stmt, Finalize> statement_;
+    int uses_ = 0;
+    Transaction* transaction_ = nullptr;
+    std::vector<Value> bound_;  // where it changes rows in a transaction
 };
 
 }  // namespace tallybrook

@@ -15,8 +15,8 @@ constexpr std::size_t kLargestKept = 4 << 20;  // of an answer that is kept
 
 }  // namespace
 
-Plan::Plan(SQLite::Database& database, Select select)
-    : database_(database), select_(std::move(select)), text_(select_), wanted_(select_.fields.size()) {
+Plan::Plan(Transaction& transaction, Select select)
+    : transaction_(transaction), select_(std::move(select)), text_(select_), wanted_(select_.fields.size()) {
     // What rows are ordered by is what they are told apart by, and asked for; and an index has it at hand.
     for (std::size_t field = 0; field < fieldCount(); ++field)
         wanted_[field] = std::ranges::find(select_.orderBy, select_.fields[field]) != select_.orderBy.end();
@@ -41,7 +41,7 @@ Plan::Reader Plan::prepare(const std::string& key, const std::vector<bool>& fiel
         list += ", " + select_.fields[field]->name;
     }
     return {.projection = std::make_shared<const Projection>(std::move(projection)),
-            .statement = Statement(database_, "SELECT " + list + rest)};
+            .statement = Statement(transaction_, "SELECT " + list + rest)};
 }
 
 Plan::Reader& Plan::readerOf(bool all) {
@@ -68,7 +68,7 @@ void Plan::bind(Statement& statement, const Question& question) const {
 }
 
 Statement Plan::ready(const std::string& what, const Question& question) const {
-    Statement statement(database_, "SELECT " + what + text_.sql());
+    Statement statement(transaction_, "SELECT " + what + text_.sql());
     bind(statement, question);
     return statement;
 }

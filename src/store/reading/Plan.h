@@ -27,7 +27,7 @@ struct Question {
 class Plan {
 public:
     /// For any statement of the shape.
-    Plan(SQLite::Database& database, Select select);
+    Plan(Transaction& transaction, Select select);
     Plan(const Plan&) = delete;
     Plan& operator=(const Plan&) = delete;
 
@@ -58,7 +58,7 @@ private:
     void bind(Statement& statement, const Question& question) const;
     std::shared_ptr<const PackedRows> run(Reader& reader, const Question& question) const;
 
-    SQLite::Database& database_;
+    Transaction& transaction_;
     Select select_;
     SelectText text_;
     std::vector<bool> wanted_;  // by field

@@ -15,8 +15,9 @@ UnderstoodStatement Reading::understand(const std::string& sql) {
     StatementShape shape = shapeOf(sql);
     auto found = plans_.find(shape.text);
     if (found == plans_.end()) {
-        auto plan = onFile(
-            [&] { return std::make_shared<Plan>(connection_.database(), parseSelect(sql, currentYear())); });
+        auto plan = onFile([&] {
+            return std::make_shared<Plan>(connection_.transaction(), parseSelect(sql, currentYear()));
+        });
         if (plans_.size() >= kMostPlans)
             plans_.clear();
         found = plans_.emplace(std::move(shape.text), std::move(plan)).first;

@@ -104,8 +104,7 @@ void Snapshot::takeOver() {
     if (found_ == Found::TakenOver)
         return;
     readAll();
-    std::vector<OwnRow> rows;
-    rows.reserve(readCount_ + own_.size());
+    std::deque<OwnRow> rows;
     for (std::size_t row = 0; row < readCount_; ++row)
         rows.push_back({.key = read_->key(row), .values = valuesIn(*read_, row, fields().size())});
     firstUnreadOwn_ += rows.size();

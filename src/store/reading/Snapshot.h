@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <memory>
 #include <optional>
@@ -97,7 +98,7 @@ private:
     std::size_t readCount_ = 0;  // of these, until they are taken over
     // Few of these, for somebody who looks at some rows of many: by their place, rows on end.
     std::map<std::size_t, std::shared_ptr<const PackedRows>> glimpses_;
-    std::vector<OwnRow> own_;         // behind those read: the rows added; once taken over, all
+    std::deque<OwnRow> own_;          // behind those read: the rows added; once taken over, all
     std::size_t firstUnreadOwn_ = 0;  // the others were read before a change, if they were there
 };
 

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "runtime/Value.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace tallybrook {
+
+/// Keeps what is stored together, so that it goes to the disk at once instead of row by row. A failure that
+/// the disk or short memory is to blame for makes the engine undo all of it, also what had succeeded. That is
+/// then stored again row by row, under the same keys, as it would have been without a transaction.
+class Transaction {
+public:
+    explicit Transaction(SQLite::Database& database) : database_(database) {}
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    /// Whether what is stored is kept together now; a failure can have ended that.
+    [[nodiscard]] bool isOpen() const;
+    /// Keeps together what is stored from now on. Errors: SQLite::Exception.
+    void begin();
+    /// Brings what was stored to the disk, at once or else row by row; nothing where none is open. Throws
+    /// SQLite::Exception where that fails: what could not be stored, and what was stored behind it, is lost.
+    void commit();
+    /// The same, and keeps together what is stored from then on.
+    void commitSoFar();
+
+    [[nodiscard]] SQLite::Database& database() const { return database_; }
+
+    // What statements tell of themselves.
+
+    /// A statement is about to change rows with these values bound.
+    void noteChange(std::string_view sql, const std::vector<Value>& values);
+    /// It has succeeded: what is kept does not grow without end. Errors as commit() raises them.
+    void noteSuccess();
+    /// It, or one that reads, has failed.
+    void noteFailure(bool isChange) noexcept;
+
+private:
+    struct Change {
+        std::size_t sql;  // among the texts
+        std::vector<Value> values;
+    };
+
+    [[nodiscard]] bool storeAgain();
+
+    SQLite::Database& database_;
+    bool isKept_ = false;
+    std::vector<std::string> texts_;
+    std::vector<Change> changes_;
+};
+
+}  // namespace tallybrook

@@ -1,0 +1,31 @@
+#include "runtime/Clock.h"
+#include "store/Store.h"
+#include "store/file/Connection.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace tallybrook {
+
+namespace {
+
+TEST(Connection, KeepsAStatementThatIsInUseHoweverManyOthersArePrepared) {
+    const test::TemporaryFolder folder;
+    const SettableClock clock{makeDate(2026, 11, 14)};
+    Store store(folder.path() / "Tallybrook_DB.mdb", clock);
+    const auto statement = [&](int number) -> Statement& {
+        return store.connection().prepared("SELECT " + std::to_string(number));
+    };
+    Statement::Use first(statement(0));
+    for (int number = 1; number <= 500; ++number)
+        Statement::Use {
+            statement(number)
+            } -> executeStep();
+    EXPECT_TRUE(first->executeStep());
+    EXPECT_EQ(first->number(0), 0);
+    EXPECT_FALSE(first->executeStep());
+}
+
+}  // namespace
+
+}  // namespace tallybrook
