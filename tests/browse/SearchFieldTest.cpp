@@ -1,43 +1,61 @@
 #include "browse/SearchField.h"
 
+#include <set>
+
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
 namespace tallybrook::test {
 
 namespace {
 
-TEST(SearchField, OffersTheOperatorsOfItsKind) {
-    using Words = std::vector<std::string>;
-    EXPECT_EQ(operatorWords(FieldKind::Date),
-              (Words{"is on", "is on or before", "is on or after", "is before", "is after"}));
-    EXPECT_EQ(operatorWords(FieldKind::Number),
-              (Words{"is equal to", "is less or equal to", "is greater or equal to", "is less than",
-                     "is greater than"}));
-    EXPECT_EQ(operatorWords(FieldKind::Text), (Words{"is", "contains"}));
-    EXPECT_EQ(operatorWords(FieldKind::FreeText), Words{"contains"});
-    EXPECT_EQ(operatorWords(FieldKind::EventType), Words{"is"});
-    EXPECT_EQ(operatorWords(FieldKind::LanePair), Words{"is"});
+bool holds(const std::string& condition) {
+    SQLite::Database engine(":memory:");
+    return engine.execAndGet("SELECT " + condition).getInt() != 0;
 }
 
-TEST(SearchField, TranslatesOperatorsByTheirWordsAlone) {
-    const std::vector<std::pair<std::string, std::string>> cases{{"is equal to", "="},
-                                                                 {"is", "="},
-                                                                 {"is on", "="},
-                                                                 {"is on or before", "<="},
-                                                                 {"is less or equal to", "<="},
-                                                                 {"is on or after", ">="},
-                                                                 {"is greater or equal to", ">="},
-                                                                 {"is less than", "<"},
-                                                                 {"is before", "<"},
-                                                                 {"is after", ">"},
-                                                                 {"is greater than", ">"},
-                                                                 {"contains", "LIKE"},
-                                                                 {"", ""},
-                                                                 {"is not", ""}};
-    for (const auto& [words, sql] : cases)
-        EXPECT_EQ(sqlOperator(words), sql) << words;
-}
+/// What the words of an operator for dates and numbers say of values below, at and above the one that is
+/// looked for.
+struct Kept {
+    explicit Kept(std::string_view words)
+        : below(words.find("less") != words.npos || words.find("before") != words.npos),
+          above(words.find("greater") != words.npos || words.find("after") != words.npos),
+          same((!below && !above) || words.find(" or ") != words.npos) {}
+    bool below;
+    bool above;
+    bool same;
+};
 
 }  // namespace
+
+TEST(SearchField, KeepsOfDatesAndNumbersWhatTheWordsSay) {
+    for (const FieldKind kind : {FieldKind::Date, FieldKind::Number}) {
+        const std::vector<std::string> offered = operatorWords(kind);
+        EXPECT_EQ(std::set(offered.begin(), offered.end()).size(), 5U);
+        for (const std::string& words : offered) {
+            const Kept kept(words);
+            const std::string sql = " " + sqlOperator(words) + " ";
+            EXPECT_EQ(holds("'20261113'" + sql + "'20261114'"), kept.below) << words;
+            EXPECT_EQ(holds("'20261114'" + sql + "'20261114'"), kept.same) << words;
+            EXPECT_EQ(holds("'20261115'" + sql + "'20261114'"), kept.above) << words;
+        }
+    }
+}
+
+TEST(SearchField, KeepsOfTextsWhatTheWordsSay) {
+    for (const FieldKind kind :
+         {FieldKind::Text, FieldKind::FreeText, FieldKind::EventType, FieldKind::LanePair}) {
+        for (const std::string& words : operatorWords(kind)) {
+            const std::string sql = " " + sqlOperator(words) + " ";
+            EXPECT_TRUE(holds("'League'" + sql + (words == "contains" ? "'%eagu%'" : "'League'"))) << words;
+            EXPECT_FALSE(holds("'League'" + sql + "'League night'")) << words;
+        }
+    }
+}
+
+TEST(SearchField, TakesWordsOfNoListForNoOperator) {
+    EXPECT_EQ(sqlOperator(""), "");
+    EXPECT_EQ(sqlOperator("is not"), "");
+}
 
 }  // namespace tallybrook::test

@@ -136,14 +136,17 @@ TEST_F(CutOffSave, IsLeftAloneWhereAPageOfItsJournalIsNonsense) {
 }
 
 TEST_F(CutOffSave, IsUndoneOrLeftAloneWhereverAByteOfTheJournalsHeadsIsWrong) {
+    constexpr int kRounds = 60;
     std::mt19937 random(20261114);
-    for (int round = 0; round < 60; ++round) {
+    int refused = 0;
+    for (int round = 0; round < kRounds; ++round) {
         std::string bytes = journal;
         const std::size_t at = random() % 28;
         bytes[at] = static_cast<char>(bytes[at] ^ (1 << random() % 8));
         put(changed, bytes);
-        static_cast<void>(isLeftAlone());
+        refused += isLeftAlone() ? 1 : 0;
     }
+    EXPECT_GT(refused, kRounds / 2);  // few bits of a head may be wrong and nothing come of it
 }
 
 TEST_F(CutOffSave, IsLeftAloneWhereTheLogbookIsDamagedToo) {

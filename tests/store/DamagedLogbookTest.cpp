@@ -165,7 +165,7 @@ TEST_F(DamagedLogbook, WithAWrongByteAnywhereIsRefusedOrFailsInOrder) {
         bytes[at] = static_cast<char>(bytes[at] ^ (1 << round % 8));
         fs::remove(file);
         write(bytes);
-        static_cast<void>(isRefusedOrFailsInOrder());
+        EXPECT_TRUE(!isRefusedOrFailsInOrder() || at < kPageSize) << at;  // the schema lies on the first page
     }
 }
 
