@@ -79,6 +79,9 @@ public:
 
     // Columns count from 0. A text lives until the next step.
     [[nodiscard]] int columnCount() const { return sqlite3_column_count(statement_); }
+    [[nodiscard]] bool isNull(int column) const {
+        return sqlite3_column_type(statement_, column) == SQLITE_NULL;
+    }
     [[nodiscard]] bool isText(int column) const {
         return sqlite3_column_type(statement_, column) == SQLITE_TEXT;
     }

@@ -53,6 +53,18 @@ void saveEventLimit(State& state, const Place& place);
 void saveFirst(State& state, const Place& place);
 void saveFirstLimit(State& state, const Place& place);
 
+/// The keeper's: the logbook as an archive, as CSV and as a workbook; a new logbook from an archive and from
+/// an old logbook.
+void archiveOut(State& state, const Place& place);
+void csvOut(State& state, const Place& place);
+void textOutLimit(State& state, const Place& place);
+void workbookOut(State& state, const Place& place);
+void workbookOutLimit(State& state, const Place& place);
+void archiveIn(State& state, const Place& place);
+void archiveInLimit(State& state, const Place& place);
+void carryIn(State& state, const Place& place);
+void carryInLimit(State& state, const Place& place);
+
 void start(State& state, const Place& place);
 void startLimit(State& state, const Place& place);
 

@@ -33,6 +33,11 @@ const std::vector<Work>& works() {
         {"save game", saveGame, saveGameLimit, kOne, {{"ms", sameInAllSizes()}, {"commits", twoCommits}}},
         {"save event", saveEvent, saveEventLimit, kOne, {{"ms", sameInAllSizes()}, {"commits", twoCommits}}},
         {"save event at once", saveFirst, saveFirstLimit, kAll, {{"ms wall", none()}}},
+        {"archive out", archiveOut, textOutLimit, kOnce, {{"ms", within(3)}}},
+        {"CSV out", csvOut, textOutLimit, kOnce, {{"ms", within(3)}}},
+        {"workbook out", workbookOut, workbookOutLimit, kOnce, {{"ms", within(3)}}},
+        {"archive in", archiveIn, archiveInLimit, kOnce, {{"ms", within(3)}}},
+        {"old logbook in", carryIn, carryInLimit, kOnce, {{"ms", within(3)}}},
         {"start", start, startLimit, kFresh, {{"ms", both(atMost(300), sameInAllSizes())}}}};
     return works;
 }
