@@ -1,9 +1,13 @@
 # One interface target holds every flag of the house; each room links it.
 add_library(tallybrook_flags INTERFACE)
+# A warning stops whoever works on the program, and nobody who builds it with another compiler for people.
 # -Wrestrict is off since GCC 12 reports it falsely where a literal and a string are joined.
 target_compile_options(tallybrook_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wall -Wextra -Wpedantic $<$<NOT:$<CONFIG:Release>>:-Werror> -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wconversion -Wsign-conversion -Wcast-align -Wimplicit-fallthrough $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+
+# Only libraries that are called are asked for, not all that a library's description names beside it.
+target_link_options(tallybrook_flags INTERFACE LINKER:--as-needed)
 
 # A linker that takes a second where the compiler's own takes ten. What it makes read-only at the start can begin in the
 # middle of a page, at a thread's own variable, and then the program does not start.

@@ -20,7 +20,7 @@ HANDS = {"QT_PLUGIN_PATH": os.environ["TALLYBROOK_HANDS"], "QT_QPA_GENERIC_PLUGI
 
 # What a program may be linked to by name; what these bring along is theirs.
 LIBRARIES = re.compile(
-    r"ld-linux|lib(asan|ubsan|stdc\+\+|m|gcc_s|c|fmt|utf8proc|qpdf|sqlite3|nettle|xlsxwriter|minizip|z|mdb|glib-2\.0|OpenGL|GLX"
+    r"ld-linux|lib(asan|ubsan|stdc\+\+|m|gcc_s|c|fmt|utf8proc|qpdf|sqlite3|nettle|xlsxwriter|minizip|mdb|OpenGL|GLX"
     r"|Qt6(Core|Gui|Widgets|Svg|SvgWidgets|PrintSupport|Test))\.so\.\d+"
 )
 
