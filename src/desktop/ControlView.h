@@ -29,6 +29,8 @@ public:
     virtual void clickedRow(Grid& grid, int row) = 0;
     /// The user has clicked an item of a list or grid twice, or pressed Return on it.
     virtual void activated(Control& control) = 0;
+    /// A widget no longer shows what its control holds.
+    virtual void disturbed() = 0;
 
     /// How the user has left the windows.
     virtual WindowMemory& memory() = 0;

@@ -38,9 +38,11 @@ std::optional<std::string> askForText(const InputBox& box, QWidget* parent) {
     QInputDialog window(parent);
     window.setObjectName("inputBox");
     window.setWindowTitle(toQt(box.title));
-    window.setLabelText(unmarked(linesToQt(box.text)));
-    for (QLabel* const label : window.findChildren<QLabel*>())
+    window.setLabelText(linesToQt(box.text));
+    for (QLabel* const label : window.findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);  // which leaves "&" as it is, too
+    }
     if (window.exec() != QDialog::Accepted)
         return std::nullopt;
     return window.textValue().toStdString();

@@ -45,20 +45,17 @@ public:
     FolderTreeView(FolderList& list, QWidget& parent, ViewListener& listener)
         : ControlView(list), list_(list), listener_(listener), tree_(new FolderTree(parent, list.options())) {
         tree_->whenClicked = [this](const QModelIndex& index, QPoint place) { clicked(index, place); };
+        tree_->whenDisturbed = [&listener] { listener.disturbed(); };
     }
     [[nodiscard]] QWidget& widget() const override { return *tree_; }
     [[nodiscard]] bool takesKey(const person::Key& key) const override { return isKeyOfRows(key); }
 
 protected:
     void refreshContent() override {
-        if (shown_ != list_.rows()) {
-            shown_ = list_.rows();
-            const int scrolled = tree_->verticalScrollBar()->value();
-            build();
-            tree_->doItemsLayout();
-            tree_->verticalScrollBar()->setValue(scrolled);
-        }
-        showChoice();
+        tree_->chooseBy([this] {
+            showFolders();
+            showChoice();
+        });
         drawListGround(*tree_);
     }
 
@@ -70,6 +67,16 @@ private:
             listener_.toggledFolder(list_, row);
         else
             listener_.pickedFolder(list_, row);
+    }
+
+    void showFolders() {
+        if (shown_ == list_.rows())
+            return;
+        shown_ = list_.rows();
+        const int scrolled = tree_->verticalScrollBar()->value();
+        build();
+        tree_->doItemsLayout();
+        tree_->verticalScrollBar()->setValue(scrolled);
     }
 
     void build() {

@@ -253,6 +253,7 @@ public:
         table_->whenArranged = [name, &listener](const QList<int>& widths) {
             listener.memory().keepColumns(name, widths);
         };
+        table_->whenDisturbed = [&listener] { listener.disturbed(); };
         table_->whenActivated = [&grid, &listener] { listener.activated(grid); };
         table_->whenClicked = [&grid, &listener](const QModelIndex& index, QPoint) {
             listener.clickedRow(grid, index.row() + 1);
@@ -274,8 +275,10 @@ protected:
         title_->setText(spoken(grid_.caption()));
         title_->setVisible(!grid_.caption().empty());
         tellName(*table_, spoken(grid_.caption()));
-        model_->refresh();
-        table_->showRow(grid_.currentRow() - 1);
+        table_->chooseBy([this] {
+            model_->refresh();
+            table_->showRow(grid_.currentRow() - 1);
+        });
         table_->viewport()->update();  // the same number of rows may be other rows
         table_->horizontalHeader()->viewport()->update();
         drawListGround(*table_);

@@ -11,6 +11,7 @@
 #include <QStringListModel>
 #include <QWheelEvent>
 #include <algorithm>
+#include <functional>
 
 namespace tallybrook {
 
@@ -31,7 +32,14 @@ public:
         : QComboBox(&parent), characters_(widthOf(options)) {
         setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        connect(
+            view()->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { takeChoice(); },
+            Qt::QueuedConnection);
     }
+
+    /// Called with the position of an item that was chosen by assistive technology, be the list open or not.
+    std::function<void(int index)> whenChosen;
+
     [[nodiscard]] QSize sizeHint() const override { return sizeOf(characters_); }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeOf(std::min(characters_, 10)); }
     void showPopup() override {
@@ -45,6 +53,16 @@ protected:
     void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
 private:
+    /// Mouse and keys lead the current item along, which what is chosen from outside does not.
+    void takeChoice() {
+        const QModelIndex chosen = view()->selectionModel()->selectedIndexes().value(0);
+        if (!chosen.isValid() || chosen == view()->currentIndex())
+            return;
+        view()->clearSelection();
+        hidePopup();
+        whenChosen(chosen.row());
+    }
+
     [[nodiscard]] QSize sizeOf(int characters) const {
         const int height = QComboBox::sizeHint().height();
         return {fontMetrics().averageCharWidth() * characters + 2 * height, height};
@@ -59,6 +77,7 @@ public:
         : ControlView(list), list_(list), combo_(new ListCombo(parent, list.options())) {
         QObject::connect(combo_, &QComboBox::activated, combo_,
                          [&list, &listener](int index) { listener.picked(list, index); });
+        combo_->whenChosen = [&list, &listener](int index) { listener.picked(list, index); };
     }
     [[nodiscard]] QWidget& widget() const override { return *combo_; }
     /// The keys that open it.
@@ -97,6 +116,7 @@ public:
         view_->whenClicked = [&list, &listener](const QModelIndex& index, QPoint) {
             listener.picked(list, index.row());
         };
+        view_->whenDisturbed = [&listener] { listener.disturbed(); };
         view_->whenActivated = [&list, &listener] { listener.activated(list); };
     }
     [[nodiscard]] QWidget& widget() const override { return *view_; }
@@ -104,20 +124,29 @@ public:
 
 protected:
     void refreshContent() override {
-        if (shown_ != list_.items()) {
-            shown_ = list_.items();
-            model_->setStringList(textsOf(shown_));
-        }
+        view_->chooseBy([this] {
+            showItems();
+            showChoice();
+        });
+        drawListGround(*view_);
+    }
+
+private:
+    void showItems() {
+        if (shown_ == list_.items())
+            return;
+        shown_ = list_.items();
+        model_->setStringList(textsOf(shown_));
+    }
+    void showChoice() {
         const std::optional<int> picked = list_.pickedIndex();
         if (!picked)
             view_->clearSelection();
         else if (const QModelIndex index = model_->index(*picked);
                  !view_->selectionModel()->isSelected(index))
             view_->setCurrentIndex(index);
-        drawListGround(*view_);
     }
 
-private:
     ItemList& list_;
     SizedView<QListView>* view_;
     QStringListModel* model_;

@@ -49,7 +49,7 @@ MenuPage::MenuPage(const Screen& screen, const MenuBarView& menus) : screen_(scr
 QBoxLayout* MenuPage::addColumn(const Menu& menu) {
     auto* const column = new QVBoxLayout;
     column->setSpacing(kBetweenEntries);
-    auto* const title = new QLabel(spoken(menu.caption()));
+    auto* const title = new QLabel(spoken(menu.caption()), this);  // is read before what stands below it
     QFont font = title->font();
     font.setWeight(QFont::DemiBold);
     title->setFont(font);

@@ -34,6 +34,14 @@ public:
         : ControlView(control), button_(button) {
         QObject::connect(button, &QAbstractButton::clicked, button,
                          [&control, &listener] { listener.clicked(control); });
+        // Assistive technology turns it on or off without a click; by then a click is over, and shown.
+        QObject::connect(
+            button, &QAbstractButton::toggled, &alive_,
+            [&control, button, &listener] {
+                if (button->isChecked() != isOn(control))
+                    listener.clicked(control);
+            },
+            Qt::QueuedConnection);
     }
     [[nodiscard]] QWidget& widget() const override { return *button_; }
 
@@ -55,6 +63,7 @@ private:
     }
 
     QAbstractButton* button_;
+    QObject alive_;  // as long as the control is asked
 };
 
 class ButtonView : public PressedView {

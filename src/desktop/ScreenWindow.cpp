@@ -66,6 +66,7 @@ ScreenWindow::ScreenWindow(Screen& screen, ActionTaker& taker)
     setCentralWidget(area_);
     nameWidgets();
     menuBar()->setAccessibleName("Menu");
+    menuBar()->setVisible(!screen.menuBar().empty());
     installEventFilter(this);
     addFoot();
     leaveMenusAtOnce();

@@ -76,6 +76,7 @@ private:
     void toggledFolder(FolderList& list, int row) override;
     void clickedRow(Grid& grid, int row) override;
     void activated(Control& control) override;
+    void disturbed() override { refresh(); }
     WindowMemory& memory() override { return taker_.memory(); }
 
     // What the event filter sees; true where the widget must not see it.

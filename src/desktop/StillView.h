@@ -5,7 +5,9 @@
 #include <QAbstractItemView>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QItemSelection>
 #include <QKeyEvent>
+#include <QMetaObject>
 #include <QMouseEvent>
 #include <QPersistentModelIndex>
 #include <QScrollBar>
@@ -20,8 +22,8 @@ inline bool isKeyOfRows(const person::Key& key) {
     return !key.alt && (key.control ? key.name == "C" : key.name == "Return");
 }
 
-/// One of the toolkit's views of items that changes nothing by itself: it tells what was clicked, and selects
-/// what it is told to.
+/// One of the toolkit's views of items that changes nothing by itself: it tells what was clicked, or chosen
+/// by assistive technology, and selects what it is told to.
 template <typename View>
 class StillView : public View {
 public:
@@ -31,6 +33,16 @@ public:
     std::function<void(const QModelIndex& index, QPoint place)> whenClicked;
     /// Called when an item was clicked twice, or Return was pressed.
     std::function<void()> whenActivated = [] {};
+    /// Called when what is selected was taken away by other than chooseBy().
+    std::function<void()> whenDisturbed = [] {};
+
+    /// Lets a function select what is to be seen as chosen.
+    template <typename Select>
+    void chooseBy(Select select) {
+        isShowing_ = true;
+        select();
+        isShowing_ = false;
+    }
 
     /// Brings an item into view; sideways nothing moves.
     virtual void bringIntoView(const QModelIndex& item, QAbstractItemView::ScrollHint hint) {
@@ -83,7 +95,25 @@ protected:
         bringIntoView(this->currentIndex(), QAbstractItemView::PositionAtCenter);
     }
 
+    /// What changes here and not by chooseBy() is chosen from outside, where no mouse or key is, and is taken
+    /// as a click once the change is over.
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override {
+        View::selectionChanged(selected, deselected);
+        if (!isShowing_ && !std::exchange(isDisturbed_, true))
+            QMetaObject::invokeMethod(
+                this, [this] { takeChoice(); }, Qt::QueuedConnection);
+    }
+
 private:
+    void takeChoice() {
+        isDisturbed_ = false;
+        const QModelIndexList chosen = this->selectedIndexes();
+        if (chosen.isEmpty())
+            whenDisturbed();
+        else
+            whenClicked(chosen.front(), this->visualRect(chosen.front()).center());
+    }
+
     /// Puts the texts of the current row on the clipboard, with tabs between them.
     void copyRow() const {
         const QModelIndex current = this->currentIndex();
@@ -97,6 +127,8 @@ private:
     QPersistentModelIndex pressed_;  // where the mouse is down
     QPersistentModelIndex last_;     // where it was pressed last
     bool isTwice_ = false;           // whether that is the second press of a double click
+    bool isShowing_ = true;          // whether what changes is our own doing; before anything is shown it is
+    bool isDisturbed_ = false;       // whether another change has not been taken yet
 };
 
 }  // namespace tallybrook

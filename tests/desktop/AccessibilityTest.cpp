@@ -174,12 +174,51 @@ TEST_F(AccessibilityTest, FocusComesWithWhatHasBecomeOfTheFrame) {
     EXPECT_EQ(descriptionOf("txtBallUsed").toStdString(), control("txtBallUsed").tip());
 }
 
+TEST_F(AccessibilityTest, FullGameComesWithItsScore) {
+    beginEvent();
+    beginFrames();
+    for (int frame = 1; frame <= 9; ++frame) {
+        click("optFirstYes");
+        click("cmdNextFrame");
+    }
+    for (const char* const strike : {"optFirstYes", "optSecondYes", "optFillYes"})
+        click(strike);
+    click("cmdNextFrame", {Answer::Yes, Answer::No});  // the score is worked out, and not taken over
+    click("cmdUpdFrame", {Answer::Yes});
+    for (int frame = 1; frame <= 9; ++frame)
+        click("cmdNextFrame");
+    const Heard heard;
+    click("cmdNextFrame", {Answer::OK, Answer::No});
+    const std::string focused = focusedIn(screen());
+    EXPECT_EQ(descriptionOf(focused), "Score 300");
+    EXPECT_EQ(Heard::take(QAccessible::DescriptionChanged).back(), focused);  // after those of the boxes
+}
+
 TEST_F(AccessibilityTest, FocusFromOutsideGoesTheWayOfTheMouse) {
     click("mnuAddFromForm");
     EXPECT_EQ(focusedIn(screen()), "txtEvent");
     focusFromOutside("txtCenter");
     EXPECT_EQ(focusedIn(screen()), "txtCenter");
     EXPECT_EQ(window().focusWidget(), window().widgetOf(control("txtCenter")));
+}
+
+TEST_F(AccessibilityTest, WhatIsTurnedOnFromOutsideIsOn) {
+    const auto turn = [this](const std::string& name) {
+        told(name).actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+        QTest::qWait(0);
+    };
+    beginEvent();
+    beginFrames();
+    turn("optFirstNo");
+    EXPECT_TRUE(told("optFirstNo").state().checked);
+    EXPECT_EQ(nameOf("chkFirstPinfall(7)"), "Pin 7, knocked down");
+    turn("chkFirstPinfall(7)");
+    EXPECT_EQ(nameOf("chkFirstPinfall(7)"), "Pin 7, standing");
+    turn("chkFirstPinfall(7)");
+    EXPECT_EQ(nameOf("chkFirstPinfall(7)"), "Pin 7, knocked down");
+    EXPECT_EQ(focusedIn(screen()), "chkFirstPinfall(7)");
+    turn("optFirstNo");
+    EXPECT_TRUE(told("optFirstNo").state().checked);  // as by a click on it
 }
 
 TEST_F(AccessibilityTest, FocusFromOutsideIsKeptWhereTheLeavingKeepsIt) {

@@ -1,4 +1,5 @@
 #include "Desktop.h"
+#include "Heard.h"
 #include "runtime/EndProgram.h"
 
 #include <QElapsedTimer>
@@ -268,6 +269,21 @@ TEST_F(WaitingTest, NoticeTellsWhatIsWaitedForAndStays) {
     EXPECT_TRUE(wasSeen);
     EXPECT_EQ(notice(), nullptr);
     EXPECT_FALSE(program.hasEnded());
+}
+
+TEST_F(WaitingTest, NoticeIsAnnounced) {
+    const Heard heard;
+    display.perform([this] {
+        for (tries = 1; tries <= 20; ++tries)
+            display.retrying("A Screen, A_Procedure.", tries);
+        ASSERT_NE(notice(), nullptr);
+        const QAccessibleInterface& told = *QAccessible::queryAccessibleInterface(notice());
+        EXPECT_EQ(told.role(), QAccessible::Dialog);
+        EXPECT_EQ(told.text(QAccessible::Name), "Tallybrook");
+        EXPECT_EQ(told.text(QAccessible::Description),
+                  "Tallybrook is waiting for a record that is not there.");
+        EXPECT_EQ(Heard::take(QAccessible::Alert), std::vector<std::string>{"retryNotice"});
+    });
 }
 
 TEST_F(WaitingTest, ShortWaitShowsNothing) {
