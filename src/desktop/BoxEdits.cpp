@@ -55,10 +55,10 @@ void LineEdit::keyPressEvent(QKeyEvent* event) {
 }
 
 QSize LineEdit::sizeHint() const {
-    QSize size = QLineEdit::sizeHint();
-    if (characters_ != 0)
-        size.setWidth(fontMetrics().averageCharWidth() * (characters_ + 2) + size.height() / 2);
-    return size;
+    constexpr int kUsual = 40;
+    const int characters = characters_ == 0 ? kUsual : characters_ + 2;
+    const int height = QLineEdit::sizeHint().height();
+    return {fontMetrics().averageCharWidth() * characters + height / 2, height};
 }
 
 /// Where room is short, what stands in the middle of its box keeps some, and a text can do with the

@@ -1,5 +1,7 @@
 #include "desktop/LayoutBuilder.h"
 
+#include "controls/Rack.h"
+
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -12,8 +14,10 @@ namespace {
 
 constexpr int kBeside = 10;  // pixels between parts beside each other
 constexpr int kBelow = 8;    // and below each other
+constexpr int kBelowGroup = 14;
 constexpr int kInTable = 5;
-constexpr int kApart = 10;  // between buttons and those that stand apart, besides what is usual
+constexpr int kInRack = 6;
+constexpr int kApart = 10;  // beside buttons, and between those that stand apart, besides what is usual
 
 Qt::Alignment alignmentOf(const Layout& part) {
     switch (part.align) {
@@ -48,6 +52,25 @@ bool isOneWidget(const Layout& part) {
     return part.kind == Layout::Kind::Item || part.kind == Layout::Kind::Group;
 }
 
+bool isPinRow(const Layout& layout) {
+    return std::ranges::all_of(layout.parts, [](const Layout& part) {
+        return part.kind == Layout::Kind::Item && isPin(*part.control);
+    });
+}
+
+/// Whether the part is a group, or a row that begins with one: it needs room around its title.
+bool isGroup(const Layout& part) {
+    return part.kind == Layout::Kind::Group ||
+           (part.kind == Layout::Kind::Row && !part.parts.empty() && isGroup(part.parts.front()));
+}
+
+/// The pixels between the parts of a row, a column or a column of buttons.
+int spacingOf(const Layout& layout) {
+    if (layout.kind == Layout::Kind::Row)
+        return isPinRow(layout) ? kInRack : kBeside;
+    return std::ranges::any_of(layout.parts, isGroup) ? kBelowGroup : kBelow;
+}
+
 }  // namespace
 
 QLayout* LayoutBuilder::build(const Layout& layout, QWidget& parent) const {
@@ -66,16 +89,23 @@ QLayout* LayoutBuilder::build(const Layout& layout, QWidget& parent) const {
 
 QWidget* LayoutBuilder::widgetOf(const Layout& part, QWidget& parent) const {
     QWidget& widget = widgetFor_(*part.control, parent);
-    if (part.kind == Layout::Kind::Group)
-        widget.setLayout(build(part.parts.front(), widget));
+    if (part.kind == Layout::Kind::Group) {
+        QLayout* const inside = build(part.parts.front(), widget);
+        inside->setAlignment(alignmentOf(part.parts.front()));
+        widget.setLayout(inside);
+    }
     return &widget;
 }
 
 QLayout* LayoutBuilder::buildBox(const Layout& layout, QWidget& parent) const {
     const bool isRow = layout.kind == Layout::Kind::Row;
     auto* const box = new QBoxLayout(isRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    box->setSpacing(isRow ? kBeside : kBelow);
+    if (isRow)
+        box->setObjectName(kRowName);
+    box->setSpacing(spacingOf(layout));
     for (const Layout& part : layout.parts) {
+        if (isRow && part.kind == Layout::Kind::Buttons)
+            box->addSpacing(kApart);
         if (part.kind == Layout::Kind::Space) {
             if (layout.kind == Layout::Kind::Buttons)
                 box->addSpacing(kApart);

@@ -15,6 +15,9 @@ public:
     /// Gives the widget of a control, as a child of the widget that it is to stand in.
     using WidgetFor = std::function<QWidget&(Control& control, QWidget& parent)>;
 
+    /// What the layouts of rows are called, so that they can be found.
+    static constexpr const char* kRowName = "row";
+
     explicit LayoutBuilder(WidgetFor widgetFor) : widgetFor_(std::move(widgetFor)) {}
 
     /// Lays the parts out in `parent`.

@@ -17,8 +17,8 @@ PinButton::PinButton(QWidget* parent) : QCheckBox(parent) {
 }
 
 QSize PinButton::sizeHint() const {
-    constexpr int kAroundNumber = 20;
-    const int side = fontMetrics().height() + kAroundNumber;
+    constexpr double kSide = 2.5;  // of the height of its number
+    const int side = static_cast<int>(kSide * fontMetrics().height());
     return {side, side};
 }
 

@@ -239,7 +239,7 @@ void ScreenWindow::showEvent(QShowEvent* event) {
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     if (!usual_.isValid())
-        usual_ = area_->widget()->sizeHint();
+        measure();
     if (!isMaximized() && !event->spontaneous())
         takePlace();
     useRoom();
@@ -288,27 +288,63 @@ void ScreenWindow::resizeEvent(QResizeEvent* event) {
 }
 
 /// A grid takes all the room that there is, and a rack grows with its window; anything else is no wider than
-/// is read with ease, and stands in the middle.
+/// is read with ease, and stands in the middle. Where all of it is too narrow, parts go below each other.
 void ScreenWindow::useRoom() {
-    constexpr int kReadable = 120;  // characters
+    constexpr int kReadable = 92;   // characters
+    constexpr double kLoose = 1.1;  // of the room that a rack asks for
     if (!usual_.isValid())
         return;
     const bool isGrid = holds([](const Control& control) { return control.kind() == Control::Kind::Grid; });
     if (holds(isPin)) {
         enlarge(fittingScale());
-    } else if (!isGrid) {
+        if (!standBeside())
+            enlarge(1);
+        area_->widget()->setMaximumSize(area_->widget()->sizeHint() * kLoose);
+    } else if (standBeside() && !isGrid) {
         area_->widget()->setMaximumWidth(
             std::max(usual_.width(), kReadable * fontMetrics().averageCharWidth()));
     }
 }
 
-/// How much larger than usual the letters of a rack can be.
+/// Has the parts of each row stand beside each other, or below where the row is too wide. True if none is.
+bool ScreenWindow::standBeside() {
+    const QSize least = area_->widget()->minimumSizeHint();
+    const int bar = least.height() > area_->height() ? area_->verticalScrollBar()->sizeHint().width() : 0;
+    const int room = area_->width() - bar - kMargins.left() - kMargins.right();
+    bool fits = true;
+    for (QBoxLayout* const row : area_->widget()->layout()->findChildren<QBoxLayout*>(
+             LayoutBuilder::kRowName, Qt::FindDirectChildrenOnly)) {
+        row->setDirection(QBoxLayout::LeftToRight);
+        if (row->minimumSize().width() > room) {
+            row->setDirection(QBoxLayout::TopToBottom);
+            fits = false;
+        }
+    }
+    return fits;
+}
+
+/// Takes how much room the content asks for.
+void ScreenWindow::measure() {
+    usual_ = area_->widget()->sizeHint();
+    if (!holds(isPin))
+        return;
+    enlarge(2);
+    twice_ = area_->widget()->sizeHint();
+    enlarge(1);
+}
+
+/// How much larger than usual the letters of a rack can be; a little smaller where that saves the scrolling.
 double ScreenWindow::fittingScale() const {
-    constexpr double kStep = 8;  // parts of the usual size
-    constexpr double kMost = 1.75;
-    const double wide = static_cast<double>(area_->width()) / usual_.width();
-    const double high = static_cast<double>(area_->height()) / usual_.height();
-    return std::clamp(std::floor(std::min(wide, high) * kStep) / kStep, 1.0, kMost);
+    constexpr double kStep = 20;  // parts of the usual size
+    constexpr double kLeast = 0.75;
+    constexpr int kReserve = 8;  // pixels, for letters that are rounded to whole ones
+    constexpr double kMost = 2.5;
+    const auto scaleFor = [](int room, int once, int twice) {
+        return 1 + static_cast<double>(room - once) / (twice - once);
+    };
+    const double wide = scaleFor(area_->width(), usual_.width(), twice_.width());
+    const double high = scaleFor(area_->height() - kReserve, usual_.height(), twice_.height());
+    return std::clamp(std::floor(std::min(wide, high) * kStep) / kStep, kLeast, kMost);
 }
 
 void ScreenWindow::enlarge(double scale) {

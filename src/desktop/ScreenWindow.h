@@ -59,6 +59,8 @@ private:
     void takeUsualSize();
     [[nodiscard]] bool holds(const std::function<bool(const Control&)>& is) const;
     void useRoom();
+    bool standBeside();
+    void measure();
     [[nodiscard]] double fittingScale() const;
     void enlarge(double scale);
     void takePlace();
@@ -102,6 +104,7 @@ private:
     QSize size_;        // that the window has taken by itself; invalid before
     QPoint place_;      // where it has put itself
     QSize usual_;       // of the content in letters of the usual size; invalid before the window was shown
+    QSize twice_;       // in letters of twice that size, where there is a rack
     double scale_ = 1;  // of the content's letters
 
     QObject* swallowed_ = nullptr;      // where the mouse was pressed, if the widget has not seen it

@@ -61,7 +61,8 @@ void BallPanel::namePins(const FrameEntry::Panel& state) {
 }
 
 Layout BallPanel::layout() {
-    std::vector<Layout> panel{layout::row({question, optYes, optNo, layout::space()}), lblPins};
+    std::vector<Layout> panel{layout::row({question, optYes, optNo, layout::space()}), lblPins,
+                              layout::space()};
     for (const std::vector<int>& row : rackRows()) {
         std::vector<Layout> standing;
         standing.reserve(row.size());
@@ -69,6 +70,7 @@ Layout BallPanel::layout() {
             standing.emplace_back(pins(pin));
         panel.push_back(layout::row(std::move(standing)).centred());
     }
+    panel.push_back(layout::space());  // the pins stand close together, however high the panel
     panel.push_back(layout::row({layout::space(), cmdDone}));
     return layout::group(frame, layout::column(std::move(panel)));
 }

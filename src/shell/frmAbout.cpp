@@ -14,9 +14,10 @@ frmAbout::frmAbout(Program& owner) : ProgramScreen(owner, "frmAbout", "About Tal
 
 Layout frmAbout::layout() {
     return layout::column(
-        {layout::row({Layout(Image1).centred(),
+        {layout::space(),
+         layout::row({Layout(Image1).centred(),
                       layout::column({lblProduct, lblVersion, lblMaker, lblMail}).stretched()}),
-         Layout(Text1).stretched(), Layout(cmdAboutOK).centred()});
+         Text1, Layout(cmdAboutOK).centred(), layout::space()});
 }
 
 void frmAbout::onLoad() {

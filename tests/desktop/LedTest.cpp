@@ -3,6 +3,8 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTableView>
 
@@ -20,6 +22,7 @@ protected:
         const QWidget& shown = *window().widgetOf(control(name));
         return {shown.mapTo(&window(), QPoint()), shown.size()};
     }
+    [[nodiscard]] QScrollArea& area() { return dynamic_cast<QScrollArea&>(*window().centralWidget()); }
     void listEvent() {
         beginEvent();
         beginFrames();
@@ -128,6 +131,40 @@ TEST_F(LedTest, RackGrowsWithItsWindow) {
     window().resize(window().size() / 3);
     QTest::qWait(1);
     EXPECT_EQ(place("chkFirstPinfall(7)").width(), usual);
+}
+
+TEST_F(LedTest, RackFitsASmallDisplayWithLargeLetters) {
+    beginEvent();
+    beginFrames();
+    window().resize(683, 340);  // 1366 by 768, where a pixel is as large as two
+    QTest::qWait(1);
+    EXPECT_EQ(area().horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(window().widgetOf(control("lblLaneNum"))->font(), window().font());
+    EXPECT_GT(place("fraFirstPinfall").top(), place("txtComment").bottom());
+    window().resize(911, 480);  // and as large as one and a half
+    QTest::qWait(1);
+    EXPECT_EQ(area().horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(area().verticalScrollBar()->maximum(), 0);
+    EXPECT_GT(place("fraFirstPinfall").left(), place("txtComment").right());
+}
+
+TEST_F(LedTest, RackStaysTogetherOnALargeDisplay) {
+    beginEvent();
+    beginFrames();
+    window().resize(3000, 900);
+    QTest::qWait(1);
+    const QRect head = place("chkFirstPinfall(1)");
+    EXPECT_LT(place("chkFirstPinfall(2)").bottom(), head.top());
+    EXPECT_LT(head.top() - place("chkFirstPinfall(2)").bottom(), head.height() / 2);
+    EXPECT_LT(place("chkFirstPinfall(8)").left() - place("chkFirstPinfall(7)").right(), head.width() / 2);
+    EXPECT_LT(place("txtComment").width(), 2 * place("fraFirstPinfall").width());
+}
+
+TEST_F(LedTest, OptionsOfAGroupStandTogether) {
+    click("mnuHHSetup");
+    window().resize(1600, 900);
+    QTest::qWait(1);
+    EXPECT_LT(place("optHHType(1)").left() - place("optHHType(0)").right(), 30);
 }
 
 TEST_F(LedTest, FormsStayReadableInTheMiddle) {
