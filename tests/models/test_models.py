@@ -7,6 +7,7 @@ import unittest
 from datetime import datetime
 from pathlib import Path
 
+import compare_pictures
 import compare_reports
 import forms
 import game_report
@@ -756,6 +757,35 @@ class ComparisonTest(unittest.TestCase):
         told = subprocess.run([sys.executable, "-B", compare_reports.__file__, "--player", "no-such-player"],
                               capture_output=True, check=False)
         self.assertEqual((told.returncode, told.stdout), (2, b""))
+
+
+class PicturesTest(unittest.TestCase):
+    """What the viewer's pictures must show, on games that can be counted by heart."""
+
+    @staticmethod
+    def costs(*cells):
+        return compare_pictures.costs_of([{"fldLineScore": cell} for cell in cells])
+
+    def test_an_open_frame_costs_its_pins_and_the_next_ball(self):
+        self.assertEqual([0, 2 + 9] + [0] * 8, self.costs("9/", "71", *["9/"] * 7, "9/9"))
+
+    def test_behind_a_strike_its_pins_count_twice(self):
+        self.assertEqual([0, 2 + 2 + 9] + [0] * 8, self.costs("X", "71", *["9/"] * 7, "9/9"))
+
+    def test_the_tenth_frame_earns_no_ball(self):
+        self.assertEqual([0] * 9 + [2], self.costs(*["9/"] * 9, "71"))
+        self.assertEqual([0] * 9 + [3], self.costs(*["9/"] * 9, "X61"))
+
+    def test_a_clean_game_costs_nothing(self):
+        self.assertEqual([0] * 10, self.costs(*["X"] * 9, "XX8"))
+
+    def test_the_season_begins_in_september(self):
+        days = [datetime(2026, month, 1) for month in (5, 6, 8, 9)]
+        self.assertEqual(["2025/26", "Summer 2026", "Summer 2026", "2026/27"],
+                         [compare_pictures.season(day) for day in days])
+
+    def test_halves_are_rounded_away_from_zero(self):
+        self.assertEqual("186.3", compare_pictures.one(186.25))
 
 
 if __name__ == "__main__":
