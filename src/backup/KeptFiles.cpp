@@ -27,11 +27,19 @@ std::vector<fs::path> keptFiles(const fs::path& dataFolder) {
     return files;
 }
 
+/// Where a path leads, also by links to something that is not there.
+fs::path placeOf(fs::path path) {
+    constexpr int kMostLinks = 40;
+    std::error_code ignored;
+    for (int links = 0; links < kMostLinks && fs::is_symlink(path, ignored); ++links)
+        path = path.parent_path() / fs::read_symlink(path, ignored);
+    return fs::weakly_canonical(path, ignored);
+}
+
 /// Whether both are one file; the journal need not be there to be told by its path.
 bool isSameFile(const fs::path& one, const fs::path& other) {
     std::error_code ignored;
-    return fs::equivalent(one, other, ignored) ||
-           fs::weakly_canonical(one, ignored) == fs::weakly_canonical(other, ignored);
+    return fs::equivalent(one, other, ignored) || placeOf(one) == placeOf(other);
 }
 
 }  // namespace

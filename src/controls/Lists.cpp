@@ -1,6 +1,7 @@
 #include "controls/Lists.h"
 
 #include "runtime/RunTimeError.h"
+#include "runtime/TextEncoding.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -10,6 +11,16 @@
 namespace tallybrook {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// Whether a path can be kept as a line of a text file, and read again.
+bool isLineOfText(const std::string& path) {
+    const auto isControl = [](char character) { return static_cast<unsigned char>(character) < ' '; };
+    return encodingOf(path) == Encoding::Utf8 && std::ranges::none_of(path, isControl);
+}
+
+}  // namespace
 
 ItemList::ItemList(Kind kind, Place place, std::string name, const Options& options)
     : Control(kind, place, std::move(name)), options_(options) {
@@ -142,7 +153,7 @@ bool FolderList::reveal(const std::string& path) {
 
 bool FolderList::isFolder(const std::string& path) {
     std::error_code ignored;
-    return fs::path(path).is_absolute() && fs::is_directory(path, ignored);
+    return isLineOfText(path) && fs::path(path).is_absolute() && fs::is_directory(path, ignored);
 }
 
 std::vector<std::string> FolderList::foldersIn(const std::string& path) {
@@ -151,8 +162,10 @@ std::vector<std::string> FolderList::foldersIn(const std::string& path) {
     for (fs::directory_iterator entry(path, fs::directory_options::skip_permission_denied, failure), end;
          !failure && entry != end; entry.increment(failure)) {
         std::error_code ignored;
-        if (!entry->path().filename().string().starts_with('.') && entry->is_directory(ignored))
-            found.push_back(entry->path().string());
+        std::string inside = entry->path().string();
+        if (!entry->path().filename().string().starts_with('.') && isLineOfText(inside) &&
+            entry->is_directory(ignored))
+            found.push_back(std::move(inside));
     }
     std::ranges::sort(found);
     return found;

@@ -390,6 +390,15 @@ TEST_F(GameList, LeavesTheLogbookAloneWhereItIsChosenForAReport) {
     EXPECT_TRUE(isSameText(bytesOf(play.program().logbookFile()), before));
 }
 
+TEST_F(GameList, WritesNoReportThroughALinkToAFileThatTheProgramMayYetHave) {
+    openList();
+    fs::remove(play.dataFolder() / "tbrkcfg.conf");
+    const fs::path link = play.dataFolder() / "game.txt";
+    fs::create_symlink("tbrkcfg.conf", link);
+    reportIntoNothing(link, error::kPathFileAccess);
+    EXPECT_TRUE(fs::is_symlink(link));
+}
+
 TEST_F(GameList, OffersToLoadAnewWhenARecordIsNotThere) {
     openList();
     const Expected retry{"Database Error", Answer::Retry,

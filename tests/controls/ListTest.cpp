@@ -321,6 +321,15 @@ TEST_F(Lists, FoldersAreItemsByTheirFullPaths) {
     EXPECT_EQ(happened(), Log{});
 }
 
+TEST_F(Lists, FolderWhosePathIsNoLineOfTextIsNone) {
+    for (const char* const name : {"two\nlines", "two\rlines", "a\xff"}) {
+        fs::create_directories(folder.path() / name / "inner");
+        EXPECT_FALSE(FolderList::isFolder(at(name)));
+        EXPECT_FALSE(FolderList::isFolder(at(name) + "/inner"));
+    }
+    EXPECT_EQ(FolderList::foldersIn(folder.path().string()), (Log{at("a"), at("b"), at("c")}));
+}
+
 TEST_F(Lists, FolderThatIsNotThereFails) {
     try {
         screen->dirFolder.setPath(at("gone"));

@@ -1,6 +1,7 @@
 #include "store/file/Connection.h"
 
 #include "store/file/Distrust.h"
+#include "store/file/Journal.h"
 #include "store/file/TextFunctions.h"
 
 #include <fmt/format.h>
@@ -28,7 +29,7 @@ Connection::Connection(const fs::path& file)
 /// Takes the empty journal along, as long as the lock keeps others out. One that is not empty is needed by
 /// the next opening.
 Connection::~Connection() {
-    const fs::path journal = database_.getFilename() + "-journal";
+    const fs::path journal = journalOf(database_.getFilename());
     std::error_code ignored;
     if (fs::exists(journal, ignored) && fs::is_empty(journal, ignored))
         fs::remove(journal, ignored);
