@@ -2,6 +2,7 @@
 
 #include "runtime/TextForms.h"
 
+#include <QDateTime>
 #include <QLocale>
 #include <QStringList>
 
