@@ -71,7 +71,7 @@ void addJetRows(MdbHandle* old, const Table& table, PlainDatabase& logbook) {
 }  // namespace
 
 std::int64_t frameCount(PlainDatabase& logbook) {
-    PlainStatement count(logbook, "SELECT count(*) FROM tblFrame");
+    PlainStatement count(logbook, "SELECT count(*) FROM tblFrameInfo");
     count.step();
     return count.number(0);
 }
