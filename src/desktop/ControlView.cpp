@@ -54,10 +54,15 @@ void ControlView::refresh() {
     tellDescription(widget(), toQt(spokenDescription()));
 }
 
-/// News of the screen come with what has the focus.
+/// News of the screen come with what has the focus. A list that opens is called by what is chosen in it, so
+/// what it is for comes here.
 const std::string& ControlView::spokenDescription() const {
     const std::string& news = control_.screen().news();
-    return control_.hasFocus() && !news.empty() ? news : control_.tip();
+    if (control_.hasFocus() && !news.empty())
+        return news;
+    const bool isChosenFrom = control_.kind() == Control::Kind::ComboBox &&
+                              static_cast<const ItemList&>(control_).pickedIndex().has_value();
+    return isChosenFrom && control_.tip().empty() ? control_.spokenName() : control_.tip();
 }
 
 std::unique_ptr<ControlView> makeView(Control& control, QWidget& parent, ViewListener& listener) {

@@ -109,6 +109,15 @@ TEST_F(AccessibilityTest, YesAndNoComeWithTheirQuestion) {
     EXPECT_EQ(nameOf("optSecondNo"), "Strike? No");
 }
 
+TEST_F(AccessibilityTest, ListThatOpensIsToldWithWhatItIsFor) {
+    click("mnuReports");
+    click("mnuRptEvent");
+    EXPECT_EQ(descriptionOf("cboListField(0)"), "");
+    pick("cboListField(0)", "Event Name");
+    EXPECT_EQ(told("cboListField(0)").text(QAccessible::Value), "Event Name");
+    EXPECT_EQ(descriptionOf("cboListField(0)"), "Search For, row 1");
+}
+
 TEST_F(AccessibilityTest, PinsOfABallThatIsNotBowledAreNotDown) {
     beginEvent();
     beginFrames();
