@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <array>
 #include <utility>
@@ -59,13 +60,20 @@ BoxWindow::BoxWindow(const MessageBox& box, QWidget* parent)
     layOut();
 }
 
-/// The text stands beside its icon, whatever room the buttons take below them.
+/// A short text stands beside the middle of its icon, whatever room the buttons take below them. The toolkit
+/// sets it in a little, which is all the room that a text without an icon needs.
 void BoxWindow::layOut() {
     constexpr QMargins kMargins{18, 16, 18, 14};
     auto& grid = dynamic_cast<QGridLayout&>(*layout());
-    grid.setContentsMargins(kMargins);
+    grid.setContentsMargins(icon() == NoIcon ? 0 : kMargins.left(), kMargins.top(), kMargins.right(),
+                            kMargins.bottom());
     grid.setVerticalSpacing(kMargins.top());
     grid.setColumnStretch(grid.columnCount() - 1, 1);
+    auto* const text = findChild<QLabel*>("qt_msgbox_label");
+    const int height = findChild<QLabel*>("qt_msgboxex_icon_label")->sizeHint().height();
+    const bool isShort = icon() != NoIcon && text->sizeHint().height() <= height;
+    text->setAlignment(Qt::AlignLeft | (isShort ? Qt::AlignVCenter : Qt::AlignTop));
+    grid.addWidget(text, 0, grid.columnCount() - 1, 2, 1);  // as the icon
 }
 
 QMessageBox::StandardButton BoxWindow::buttonOf(Answer answer) {

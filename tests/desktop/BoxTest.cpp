@@ -84,9 +84,19 @@ TEST_F(BoxTest, TextStandsBesideItsIcon) {
     const QLabel& icon = *box.findChild<QLabel*>("qt_msgboxex_icon_label");
     const QLabel& text = *box.findChild<QLabel*>("qt_msgbox_label");
     EXPECT_LT(text.geometry().left() - icon.geometry().right(), 40);
+    EXPECT_NEAR(text.geometry().center().y(), icon.geometry().center().y(), 2);
     EXPECT_FALSE(icon.pixmap().isNull());
     for (const QAbstractButton* const button : box.buttons())
         EXPECT_TRUE(button->icon().isNull()) << button->text().toStdString();
+}
+
+TEST_F(BoxTest, TextWithoutIconStandsAtTheEdge) {
+    BoxWindow box({.text = "Well?", .buttons = Buttons::YesNo, .icon = Icon::None}, nullptr);
+    box.resize(box.sizeHint());
+    box.layout()->activate();
+    const QRect text = box.findChild<QLabel*>("qt_msgbox_label")->geometry();
+    const QRect buttons = box.findChild<QDialogButtonBox*>()->geometry();
+    EXPECT_NEAR(text.left(), box.width() - buttons.right(), 8);
 }
 
 TEST_F(BoxTest, ReturnPressesTheDefaultButton) {
