@@ -144,8 +144,8 @@ void TrendPlot::draw(QPainter& painter) const {
     const double reach = 2 * reachOfMarks(look_, 1);
     painter.setClipRect(averages_.adjusted(0, -look_.lineHeight(), reach, reach));
     drawMarks(painter);
-    drawSeasons(painter);
     drawMoving(painter);
+    drawSeasons(painter);  // thinner, and seen on the other where many events make that a band
     drawEnds(painter);
     painter.restore();
 }
@@ -244,6 +244,16 @@ void TrendPlot::drawEnd(QPainter& painter, std::size_t event, const char* name, 
     drawText(painter, box, Qt::AlignCenter, text, look_.boldFont(), look_.ink());
 }
 
+/// The place of the highest bar that a month can have. Where few months are in sight it is no wider for that.
+QRectF TrendPlot::placeOf(const MonthOfGames& month) const {
+    const double left = std::max(axis_.placeOf(Day(month.month / 1)), months_.left());
+    const double right =
+        std::min(axis_.placeOf(Day((month.month + std::chrono::months(1)) / 1)), months_.right());
+    const double gap = std::min(0.15 * (right - left), 2 * look_.hair());
+    const double width = std::clamp(right - left - 2 * gap, look_.hair(), 8 * look_.digit());
+    return {(left + right - width) / 2, months_.top(), width, months_.height()};
+}
+
 void TrendPlot::drawMonths(QPainter& painter) const {
     const int most = std::ranges::max(series_.months, {}, &MonthOfGames::games).games;
     const double line = look_.lineHeight();
@@ -254,13 +264,9 @@ void TrendPlot::drawMonths(QPainter& painter) const {
     painter.setClipRect(months_);
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const MonthOfGames& month : series_.months) {
-        const double left = axis_.placeOf(Day(month.month / 1));
-        const double right = axis_.placeOf(Day((month.month + std::chrono::months(1)) / 1));
+        const QRectF bar = placeOf(month);
         const double height = months_.height() * month.games / most;
-        const double gap = std::min(0.15 * (right - left), 2 * look_.hair());
-        painter.fillRect(QRectF(left + gap, months_.bottom() - height,
-                                std::max(right - left - 2 * gap, look_.hair()), height),
-                         look_.fill());
+        painter.fillRect(bar.adjusted(0, bar.height() - height, 0, 0), look_.fill());
     }
     painter.restore();
     painter.fillRect(QRectF(months_.left(), months_.bottom(), months_.width(), look_.hair()), look_.line());

@@ -40,6 +40,7 @@ private:
     void drawSeasons(QPainter& painter) const;
     void drawEnds(QPainter& painter) const;
     void drawEnd(QPainter& painter, std::size_t event, const char* name, bool isAbove) const;
+    [[nodiscard]] QRectF placeOf(const MonthOfGames& month) const;
     void drawMonths(QPainter& painter) const;
 
     std::shared_ptr<const TrendSeries> shown_;

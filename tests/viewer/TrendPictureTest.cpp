@@ -3,6 +3,7 @@
 #include "viewer/Pictures.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QTest>
 #include <algorithm>
 
@@ -40,6 +41,18 @@ struct Shown {
 
     PictureWidget widget;
 };
+
+constexpr int kWidth = 700;
+
+/// The plot of a picture, drawn in such a width.
+QImage drawnPlot(const std::vector<WrittenEvent>& events, const PictureLook& look) {
+    const Strips strips = trendOf(events).strips(look, kWidth);
+    QImage image(kWidth, static_cast<int>(strips[1].height), QImage::Format_RGB32);
+    image.fill(look.ground());
+    QPainter painter(&image);
+    strips[1].draw(painter);
+    return image;
+}
 
 double number(const QStringList& row, qsizetype column) {
     return row.at(column).toDouble();
@@ -107,6 +120,31 @@ TEST(TrendPicture, OneEventIsEnough) {
     EXPECT_EQ(shown.date(), "9/6/1990");
     shown.press(Qt::Key_Right);
     EXPECT_EQ(shown.date(), "9/6/1990");
+}
+
+TEST(TrendPicture, SeasonIsSeenWhereItLiesOnTheOtherLine) {
+    std::vector<WrittenEvent> events = weeklyEvents(38);
+    for (WrittenEvent& event : events)
+        event.pinfall = 450;
+    const PictureLook look(QApplication::font(), QPalette(Qt::white));
+    const QImage image = drawnPlot(events, look);
+    int darkest = qGray(look.fill().rgb());
+    for (int y = 0; y < image.height() / 2; ++y) {
+        for (int x = kWidth / 2; x < kWidth; ++x)
+            darkest = std::min(darkest, qGray(image.pixel(x, y)));
+    }
+    EXPECT_LT(darkest, qGray(look.fill().rgb()) / 2);
+}
+
+TEST(TrendPicture, BarOfASingleMonthIsNoBlock) {
+    const PictureLook look(QApplication::font(), QPalette(Qt::white));
+    const QImage image = drawnPlot(weeklyEvents(1), look);
+    const int row = image.height() - static_cast<int>(look.lineHeight());
+    int filled = 0;
+    for (int x = 0; x < kWidth; ++x)
+        filled += image.pixelColor(x, row) == look.fill() ? 1 : 0;
+    EXPECT_GT(filled, 0);
+    EXPECT_LT(filled, kWidth / 6);
 }
 
 // --- Reading and looking closer ----------------------------------------------------------------------------
