@@ -1,14 +1,16 @@
 #include "backup/Backup.h"
 
+#include "backup/FileParts.h"
 #include "runtime/RegularFile.h"
 #include "runtime/UnfinishedFile.h"
 #include "store/file/UnlockedFile.h"
 
 #include <chrono>
+#include <span>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
-#include <SQLiteCpp/Backup.h>
 #include <fcntl.h>
 #include <sqlite3.h>
 
@@ -30,15 +32,10 @@ void obey(const std::stop_token& stop, const SQLite::Database& database) {
         const_cast<std::stop_token*>(&stop));  // NOLINT(cppcoreguidelines-pro-type-const-cast): read only
 }
 
-void copyPages(SQLite::Database& source, const fs::path& copy, const std::stop_token& stop) {
-    constexpr int kPagesAtOnce = 1000;
-    SQLite::Database target(copy.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
-    target.exec("PRAGMA trusted_schema = OFF");
-    target.exec("PRAGMA journal_mode = OFF");  // a copy that is cut off is worth nothing anyway
-    target.exec("PRAGMA synchronous = OFF");   // it is brought to the disk as a whole
-    SQLite::Backup pages(target, source);
-    while (!stop.stop_requested() && pages.executeStep(kPagesAtOnce) != SQLITE_DONE) {
-    }
+/// The same for what we read ourselves.
+void obey(const std::stop_token& stop) {
+    if (stop.stop_requested())
+        throw std::runtime_error("The backup was given up.");
 }
 
 struct DamagedLogbook {};
@@ -48,11 +45,11 @@ std::string logbookIsDamaged(const fs::path& logbook) {
            "\r\nPlease end the program, and go back to the newest backup with the Tallybrook Keeper.";
 }
 
-/// Reads from the logbook, or from a copy that is like it.
+/// Reads from a copy that is like the logbook.
 template <typename Read>
-auto fromLogbook(Read read) {
+void fromLogbook(Read read) {
     try {
-        return read();
+        read();
     } catch (const SQLite::Exception& failure) {
         if (failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB)
             throw DamagedLogbook{};
@@ -69,15 +66,20 @@ std::string reasonFor(const std::exception& failure) {
 }
 
 Backup::Backup(BackupJob job)
-    : job_(std::move(job)), thread_([this](const std::stop_token& stop) { work(stop); }) {}
+    : job_(std::move(job)),
+      oldPages_(static_cast<std::int64_t>(fs::file_size(job_.logbook))),
+      thread_([this](const std::stop_token& stop) { work(stop); }) {}
 
 Backup::~Backup() {
-    const bool logbookHasChanged = [this] {
-        const std::scoped_lock lock(mutex_);
-        return isAwaited_;
-    }();
-    if (logbookHasChanged)
-        thread_.join();
+    if (isLogbookWritten_)
+        finish();
+}
+
+bool Backup::keep(std::int64_t at, std::string_view bytes) noexcept {
+    isLogbookWritten_ = true;
+    oldPages_.keep(at, bytes);
+    const std::scoped_lock lock(mutex_);
+    return stage_ == Stage::Reading;
 }
 
 void Backup::waitForLogbook() {
@@ -131,38 +133,49 @@ void Backup::work(const std::stop_token& stop) {
 
 void Backup::make(const std::stop_token& stop) {
     const UnfinishedFile unfinished(job_.folder.fileFor(job_.now));
-    const Contents contents = copyTo(unfinished.path(), stop);
+    const std::uint64_t hash = copyTo(unfinished.path(), stop);
     reach(Stage::Checking);
-    if (stop.stop_requested())
-        return;
-    check(unfinished.path(), contents, stop);
+    check(unfinished.path(), hash, stop);
     fs::last_write_time(unfinished.path(), job_.stamp);
     unfinished.putInPlace();
     job_.folder.thinOut(job_.now);
 }
 
-/// Copies the logbook, and reads it once more for what it holds.
-Contents Backup::copyTo(const fs::path& copy, const std::stop_token& stop) const {
-    return fromLogbook([&] {
-        SQLite::Database source = openAsItStands(job_.logbook);
-        obey(stop, source);
-        copyPages(source, copy, stop);
-        return contentsOf(source);
+/// Copies the logbook as it stood, and reads it once more; returns a hash of it.
+std::uint64_t Backup::copyTo(const fs::path& copy, const std::stop_token& stop) const {
+    const SQLite::Database logbook = openForItsBytes(job_.logbook);
+    const FileBytes file(logbook);
+    const ReadPart asItStood = [&](std::span<char> bytes, std::int64_t at) {
+        obey(stop);
+        file.read(bytes, at);
+        oldPages_.restore(bytes, at);
+    };
+    const RegularFile target(copy, O_WRONLY);
+    forEachPart(asItStood, 0, oldPages_.size(), [&target](std::span<const char> part) {
+        target.write({part.data(), part.size()});
     });
+    return hashOf(asItStood, 0, oldPages_.size());
 }
 
 /// Reads the copy from the disk, and throws what is wrong with it.
-void Backup::check(const fs::path& copy, const Contents& contents, const std::stop_token& stop) const {
+void Backup::check(const fs::path& copy, std::uint64_t hash, const std::stop_token& stop) const {
     RegularFile(copy, O_RDONLY).bringToDisk();
-    const SQLite::Database database = openAsItStands(copy);
-    obey(stop, database);
-    SQLite::Statement check(database, "PRAGMA integrity_check(1)");
-    check.executeStep();
-    const bool isSound = check.getColumn(0).getString() == "ok";
-    if (contentsOf(database) != contents)
+    const SQLite::Database bytes = openForItsBytes(copy);
+    const FileBytes file(bytes);
+    const ReadPart read = [&](std::span<char> part, std::int64_t at) {
+        obey(stop);
+        file.read(part, at);
+    };
+    if (file.size() != oldPages_.size() || hashOf(read, 0, file.size()) != hash)
         throw std::runtime_error("The copy was not like the logbook.");
-    if (!isSound)
-        throw DamagedLogbook{};
+    fromLogbook([&] {
+        const SQLite::Database database = openAsItStands(copy);
+        obey(stop, database);
+        SQLite::Statement check(database, "PRAGMA integrity_check(1)");
+        check.executeStep();
+        if (check.getColumn(0).getString() != "ok")
+            throw DamagedLogbook{};
+    });
 }
 
 }  // namespace tallybrook

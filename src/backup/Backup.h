@@ -1,15 +1,16 @@
 #pragma once
 
 #include "backup/BackupFolder.h"
-#include "backup/Contents.h"
+#include "backup/OldPages.h"
 
 #include <condition_variable>
+#include <cstdint>
 #include <filesystem>
 #include <mutex>
 #include <optional>
-#include <stdexcept>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace tallybrook {
@@ -23,19 +24,23 @@ struct BackupJob {
 };
 
 /// One backup on its way, on a thread of its own. It is made under another name, brought to the disk, opened,
-/// checked and compared with the logbook, and only then gets its name. It begins when the program has had a
-/// moment to start, or when somebody waits for it. From the beginning until waitForLogbook() returns the
-/// logbook must not be written: whoever opened it holds its lock, and writes only after that.
+/// compared with the logbook and checked, and only then gets its name. It begins when the program has had a
+/// moment to start, or when somebody waits for it. Whoever has opened the logbook holds its lock, and may
+/// write meanwhile: the backup is of the logbook as it stood when this was made, as long as keep() has shown
+/// what is written over.
 class Backup {
 public:
     explicit Backup(BackupJob job);
-    /// Gives the backup up where nobody waited for the logbook: it is then as it was, and can be backed up
+    /// Gives the backup up where the logbook was not written: it is then as it was, and can be backed up
     /// another time. Otherwise waits until the backup is made.
     ~Backup();
     Backup(const Backup&) = delete;
     Backup& operator=(const Backup&) = delete;
 
-    /// Waits until the logbook has been read and may be written.
+    /// Takes the bytes from a place of the logbook on before they are written over, or none where they cannot
+    /// be read; returns whether more are wanted.
+    bool keep(std::int64_t at, std::string_view bytes) noexcept;
+    /// Waits until the logbook has been read.
     void waitForLogbook();
     /// Waits to the end.
     void finish();
@@ -48,14 +53,15 @@ private:
     void work(const std::stop_token& stop);
     void waitForQuiet(const std::stop_token& stop);
     void make(const std::stop_token& stop);
-    Contents copyTo(const std::filesystem::path& copy, const std::stop_token& stop) const;
-    void check(const std::filesystem::path& copy, const Contents& contents,
-               const std::stop_token& stop) const;
+    [[nodiscard]] std::uint64_t copyTo(const std::filesystem::path& copy, const std::stop_token& stop) const;
+    void check(const std::filesystem::path& copy, std::uint64_t hash, const std::stop_token& stop) const;
     void reach(Stage stage);
     void waitFor(Stage stage);
 
     const BackupJob job_;
-    std::mutex mutex_;  // for what follows
+    OldPages oldPages_;
+    bool isLogbookWritten_ = false;  // known to the thread that writes it
+    std::mutex mutex_;               // for what follows
     std::condition_variable_any changed_;
     Stage stage_ = Stage::Reading;
     bool isAwaited_ = false;

@@ -25,12 +25,16 @@ fs::file_time_type stampFor(fs::file_time_type written) {
 
 Backups::Backups(Store& store, fs::path logbook, const Clock& clock)
     : store_(store), logbook_(std::move(logbook)), clock_(clock), folder_(logbook_) {
-    store_.beforeFirstDeletion([this] { begin(); });
+    store_.beforeFirstDeletion([this] {
+        begin();
+        if (backup_)
+            backup_->waitForLogbook();
+    });
 }
 
 Backups::~Backups() {
     store_.beforeFirstDeletion({});
-    store_.beforeFirstWrite({});
+    store_.beforeOverwriting({});
 }
 
 void Backups::begin() {
@@ -50,10 +54,8 @@ void Backups::beginChecked() {
     folder_.make();
     backup_ = std::make_unique<Backup>(
         BackupJob{.logbook = logbook_, .folder = folder_, .now = clock_.now(), .stamp = stampFor(written)});
-    store_.beforeFirstWrite([this] {
-        if (backup_)
-            backup_->waitForLogbook();
-    });
+    store_.beforeOverwriting(
+        [this](std::int64_t at, std::string_view bytes) { return backup_ && backup_->keep(at, bytes); });
 }
 
 /// A logbook without any row has nothing to lose. A damaged one is left to the backup to tell of.

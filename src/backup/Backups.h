@@ -12,9 +12,9 @@
 
 namespace tallybrook {
 
-/// Keeps copies of the logbook in the folder `Backups` beside it, made while the program goes on. Only the
-/// first write after begin() waits until the logbook has been read. The first deletion of a run begins one by
-/// itself, so that what is deleted by mistake can be had back as it was.
+/// Keeps copies of the logbook in the folder `Backups` beside it, made while the program goes on and writes.
+/// The first deletion of a run begins one by itself, and waits until the logbook has been read, so that what
+/// is deleted by mistake can be had back as it was.
 class Backups {
 public:
     /// `store` has the logbook open. Both it and `clock` must outlive this.

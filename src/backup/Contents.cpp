@@ -1,11 +1,7 @@
 #include "backup/Contents.h"
 
-#include <algorithm>
-#include <functional>
-#include <string_view>
-#include <vector>
-
-#include <sqlite3.h>
+#include "backup/FileParts.h"
+#include "store/file/UnlockedFile.h"
 
 namespace tallybrook {
 
@@ -36,31 +32,12 @@ std::map<std::string, std::int64_t> countRows(const SQLite::Database& database) 
     return counts;
 }
 
-/// Takes in some bytes; their order counts.
-std::uint64_t withBytes(std::uint64_t hash, std::string_view bytes) {
-    constexpr std::uint64_t kPrime = 0x100000001b3;
-    return (hash ^ std::hash<std::string_view>{}(bytes)) * kPrime;
-}
-
-/// Hashes the file's bytes as its engine reads them: closing the file by other means would take the engine's
-/// lock away. The head is left out, since it counts the changes of each file by itself.
+/// The head is left out, since it counts the changes of each file by itself.
 std::uint64_t hashPages(const SQLite::Database& database) {
     constexpr std::int64_t kHeadSize = 100;
-    constexpr std::int64_t kAtOnce = 1 << 18;
-    const std::int64_t size =
-        numberFrom(database, "SELECT page_count * page_size FROM pragma_page_count, pragma_page_size");
-    sqlite3_file* file = nullptr;
-    sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
-    std::vector<char> bytes(kAtOnce);
-    std::uint64_t hash = 0;
-    for (std::int64_t at = kHeadSize; at < size; at += kAtOnce) {
-        const std::int64_t count = std::min(kAtOnce, size - at);
-        const int result = file->pMethods->xRead(file, bytes.data(), static_cast<int>(count), at);
-        if (result != SQLITE_OK)
-            throw SQLite::Exception("the file cannot be read", result);
-        hash = withBytes(hash, {bytes.data(), static_cast<std::size_t>(count)});
-    }
-    return hash;
+    const FileBytes file(database);
+    const auto read = [&file](std::span<char> bytes, std::int64_t at) { file.read(bytes, at); };
+    return hashOf(read, kHeadSize, file.size());
 }
 
 }  // namespace

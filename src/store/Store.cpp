@@ -12,8 +12,8 @@ Store::Store(const std::filesystem::path& file, const Clock& clock, const Upgrad
 
 Store::~Store() = default;
 
-void Store::beforeFirstWrite(std::function<void()> wait) {
-    connection_->beforeFirstWrite(std::move(wait));
+void Store::beforeOverwriting(std::function<bool(std::int64_t at, std::string_view bytes)> show) {
+    connection_->beforeOverwriting(std::move(show));
 }
 
 void Store::bringToDisk() {

@@ -5,10 +5,12 @@
 #include "store/file/LogbookRefused.h"
 #include "store/file/Upgrade.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tallybrook {
@@ -39,9 +41,10 @@ public:
     /// The stored rows of a table in key order, dates as DateTime.
     [[nodiscard]] std::vector<Row> rows(const std::string& table);
 
-    /// Lets `wait` run once, before the next statement that writes to the logbook; nothing if it is empty. It
-    /// must raise no error.
-    void beforeFirstWrite(std::function<void()> wait);
+    /// Shows the bytes from a place of the logbook's file on before they are written over, or none where they
+    /// cannot be read, as long as `show` returns that it wants to see more; nothing if it is empty. It must
+    /// raise no error.
+    void beforeOverwriting(std::function<bool(std::int64_t at, std::string_view bytes)> show);
 
     /// Lets `act` run once, before the next row is deleted while no transaction is open; nothing if it is
     /// empty. It must raise no error.

@@ -1,5 +1,7 @@
 #include "backup/Backups.h"
+#include "backup/Contents.h"
 #include "store/Recordset.h"
+#include "store/file/Connection.h"
 #include "support/SameText.h"
 #include "support/StoredEvents.h"
 #include "support/TemporaryFolder.h"
@@ -9,6 +11,7 @@
 #include <fstream>
 #include <optional>
 #include <set>
+#include <thread>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -73,6 +76,12 @@ protected:
         Recordset events(*store);
         events.Open("SELECT * FROM tblEventInfo");
         events.Delete();
+    }
+    void changeEvent(int key, const std::string& comment) {
+        Recordset events(*store);
+        events.Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = " + std::to_string(key));
+        events["fldComment"] = comment;
+        events.Update();
     }
     [[nodiscard]] Names names() const {
         Names names;
@@ -193,6 +202,42 @@ TEST_F(BackupTest, HoldsWhatWasThereBeforeTheFirstWrite) {
         makeLogbook(events + 1);
     }
     EXPECT_EQ(names().size(), 27U);
+}
+
+TEST_F(BackupTest, IsTheLogbookAsItStoodToTheByte) {
+    makeLogbook(2000);
+    for (int round = 0; round < 5; ++round) {
+        const std::string before = test::bytesOf(logbook);
+        open();
+        Backup backup({.logbook = logbook, .folder = BackupFolder(logbook), .now = kNow, .stamp = {}});
+        store->connection().database().exec("PRAGMA synchronous = OFF");
+        store->beforeOverwriting(
+            [&backup](std::int64_t at, std::string_view bytes) { return backup.keep(at, bytes); });
+        fs::create_directories(folder());
+        {
+            const std::jthread waits([&backup] { backup.finish(); });
+            for (int write = 0; write < 200; ++write)
+                changeEvent(1 + write * 7919 % 2000, fmt::format("{:*<{}}", round, write + 2));
+        }
+        EXPECT_EQ(backup.failure(), std::nullopt);
+        store->beforeOverwriting({});
+        close();
+        EXPECT_NE(test::bytesOf(logbook), before);
+        EXPECT_EQ(test::bytesOf(folder() / *names().rbegin()), before) << "round " << round;
+        fs::remove_all(folder());
+    }
+}
+
+TEST_F(BackupTest, IsOfTheLogbookAsItStoodWhateverIsSavedBeforeItIsRead) {
+    const std::string before = test::bytesOf(logbook);
+    open();
+    backups->begin();
+    for (int event = 0; event < 20; ++event)
+        addEvent();
+    deleteFirstEvent();
+    close();
+    EXPECT_EQ(test::bytesOf(folder() / first), before);
+    EXPECT_EQ(eventsIn(logbook), 22);
 }
 
 TEST_F(BackupTest, IsMadeToTheEndOfWhateverWasChanged) {

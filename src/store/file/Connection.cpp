@@ -38,9 +38,13 @@ Connection::~Connection() {
 Statement& Connection::prepared(const std::string& sql) {
     if (beforeFirstDeletion_ && sql.starts_with("DELETE") && !isWithinTransaction())
         std::exchange(beforeFirstDeletion_, {})();
-    if (beforeFirstWrite_ && !sql.starts_with("SELECT"))
-        std::exchange(beforeFirstWrite_, {})();
     return ready(sql);
+}
+
+void Connection::beforeOverwriting(WriteWatch::Show show) {
+    writes_.reset();
+    if (show)
+        writes_ = std::make_unique<WriteWatch>(database_.getHandle(), std::move(show));
 }
 
 Statement& Connection::ready(const std::string& sql) {

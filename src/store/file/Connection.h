@@ -3,6 +3,7 @@
 #include "runtime/RunTimeError.h"
 #include "store/file/Statement.h"
 #include "store/file/Transaction.h"
+#include "store/file/WriteWatch.h"
 #include "store/sql/Schema.h"
 
 #include <cstdint>
@@ -33,8 +34,8 @@ public:
     /// A statement, prepared once and reused, to be run at once with all its parameters bound anew. It stays
     /// as long as it is in use; others may be dropped for it.
     Statement& prepared(const std::string& sql);
-    /// Lets `wait` run once, before the next prepared statement that writes; nothing if it is empty.
-    void beforeFirstWrite(std::function<void()> wait) { beforeFirstWrite_ = std::move(wait); }
+    /// Shows what stands in the file before it is written over; nothing if it is empty.
+    void beforeOverwriting(WriteWatch::Show show);
     /// Lets `act` run once, before the next prepared statement that deletes rows while no transaction is
     /// open; nothing if it is empty.
     void beforeFirstDeletion(std::function<void()> act) { beforeFirstDeletion_ = std::move(act); }
@@ -57,10 +58,10 @@ private:
 
     SQLite::Database database_;
     Transaction transaction_{database_};
+    std::unique_ptr<WriteWatch> writes_;
     std::map<std::string, std::unique_ptr<Statement>> prepared_;
     std::unordered_map<const Table*, std::int64_t> highestKeys_;
     std::uint64_t rollbacks_ = 0;
-    std::function<void()> beforeFirstWrite_;
     std::function<void()> beforeFirstDeletion_;
 };
 

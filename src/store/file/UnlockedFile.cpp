@@ -26,15 +26,38 @@ std::string encodedPath(const std::filesystem::path& path) {
     return encoded;
 }
 
+void require(int result) {
+    if (result != SQLITE_OK)
+        throw SQLite::Exception("the file cannot be read", result);
+}
+
 }  // namespace
 
-SQLite::Database openAsItStands(const std::filesystem::path& file) {
+SQLite::Database openForItsBytes(const std::filesystem::path& file) {
     if (!fileExists(file))  // the engine would wait for whatever else is there
         throw SQLite::Exception("There is no such file: " + file.string(), SQLITE_CANTOPEN);
-    SQLite::Database database("file://" + encodedPath(std::filesystem::absolute(file)) + "?immutable=1",
-                              SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX);
+    return {"file://" + encodedPath(std::filesystem::absolute(file)) + "?immutable=1",
+            SQLite::OPEN_READONLY | SQLite::OPEN_URI | SQLite::OPEN_NOMUTEX};
+}
+
+SQLite::Database openAsItStands(const std::filesystem::path& file) {
+    SQLite::Database database = openForItsBytes(file);
     distrust(database);
     return database;
+}
+
+FileBytes::FileBytes(const SQLite::Database& database) {
+    require(sqlite3_file_control(database.getHandle(), "main", SQLITE_FCNTL_FILE_POINTER, &file_));
+}
+
+std::int64_t FileBytes::size() const {
+    sqlite3_int64 size = 0;
+    require(file_->pMethods->xFileSize(file_, &size));
+    return size;
+}
+
+void FileBytes::read(std::span<char> bytes, std::int64_t at) const {
+    require(file_->pMethods->xRead(file_, bytes.data(), static_cast<int>(bytes.size()), at));
 }
 
 }  // namespace tallybrook
