@@ -1,10 +1,15 @@
 #include "bowling/Marks.h"
 
+#include "runtime/Ascii.h"
 #include "runtime/TextCompare.h"
+
+#include <algorithm>
 
 namespace tallybrook {
 
 std::string_view markOf(std::string_view cell, std::size_t number) {
+    if (number <= cell.size() && std::ranges::all_of(cell.substr(0, number), isAscii))
+        return cell.substr(number - 1, 1);
     cell.remove_prefix(firstCharacters(cell, number - 1).size());
     return firstCharacters(cell, 1);
 }

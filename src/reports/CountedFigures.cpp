@@ -4,6 +4,9 @@
 #include "store/EventRows.h"
 #include "store/RowStream.h"
 
+#include <cstdint>
+#include <utility>
+
 namespace tallybrook {
 
 namespace {
@@ -17,10 +20,11 @@ std::int64_t keyIn(const Value& value) {
 /// The walk over the events.
 class FigureWalk {
 public:
-    FigureWalk(ReportRun& run, CountedFigures& figures, bool withScores)
-        : run_(run), figures_(figures), withScores_(withScores), rows_(run.program.store()) {}
+    FigureWalk(ReportRun& run, CountedFigures& figures, bool withScores, WalkBy by)
+        : run_(run), figures_(figures), withScores_(withScores), rows_(run.program.store(), by) {}
 
-    void walk(ScoringModes& modes) {
+    /// Returns whether all has been found.
+    bool walk(ScoringModes& modes) {
         RowStream events = run_.events({"fldSessionNum", "fldSeriesTot", "fldNumGames", "fldDateBowled"});
         // A selection of no events ends here.
         if (!events.next())
@@ -30,6 +34,7 @@ public:
             modes.countGames(rows_);
             countEvent(events);
         } while (events.next());
+        return rows_.isWhole();
     }
 
 private:
@@ -69,15 +74,39 @@ Int32 longestSeries(ReportRun& run) {
     return longest;
 }
 
-}  // namespace
-
-void countFigures(ReportRun& run, CountedFigures& figures, bool withScores) {
+/// Returns whether all has been found and counted.
+bool count(ReportRun& run, CountedFigures& figures, bool withScores, WalkBy by) {
+    bool isWhole = false;
     if (withScores)
         figures.scores.count([&](ScoreSummary& scores) {
             if (const Int32 longest = longestSeries(run); longest > 0)
                 scores.allow(longest);
         });
-    figures.modes.count([&](ScoringModes& modes) { FigureWalk(run, figures, withScores).walk(modes); });
+    figures.modes.count(
+        [&](ScoringModes& modes) { isWhole = FigureWalk(run, figures, withScores, by).walk(modes); });
+    return isWhole && !figures.modes.hasFailed() && !figures.strikes.hasFailed() &&
+           !figures.spares.hasFailed() && !figures.scores.hasFailed();
+}
+
+/// Whether a walk by the tables costs less than one by the index, as far as can be told.
+bool coversMostEvents(const ReportRun& run) {
+    try {
+        const std::int64_t covered = run.gReportCount.value();
+        return 2 * covered >= countRows(run.program.store(), "SELECT * FROM tblEventInfo");
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+/// What a walk by the tables can have missed, or has failed in, is counted anew by the index.
+void countFigures(ReportRun& run, CountedFigures& figures, bool withScores) {
+    CountedFigures quick;
+    if (coversMostEvents(run) && count(run, quick, withScores, WalkBy::Table))
+        figures = std::move(quick);
+    else
+        count(run, figures, withScores, WalkBy::Index);
 }
 
 }  // namespace tallybrook

@@ -29,6 +29,7 @@ public:
             failure_ = failure;
         }
     }
+    [[nodiscard]] bool hasFailed() const { return failure_.has_value(); }
     /// Raises what the counting failed with, if it did.
     void raiseFailure() const {
         if (failure_)

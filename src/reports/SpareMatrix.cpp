@@ -73,7 +73,8 @@ void SpareFigures::countFrame(const StoredFrame& frame, bool isPinfall) {
 void SpareFigures::countUpToNinth(const StoredFrame& frame, bool isPinfall) {
     if (resultOf(frame.firstBall) == BallResult::Strike)
         return addFirstBalls(1, 10);
-    const std::string lineScore = toText(frame.lineScore);
+    std::string made;
+    const std::string& lineScore = toText(frame.lineScore, made);
     const std::string_view first = markOf(lineScore, 1);
     const bool converted = isSpare(markOf(lineScore, 2));
     addFirstBalls(1, countOf(first));
@@ -88,7 +89,8 @@ void SpareFigures::countUpToNinth(const StoredFrame& frame, bool isPinfall) {
 
 /// An open tenth frame counts nothing here.
 void SpareFigures::countTenth(const StoredFrame& frame, bool isPinfall) {
-    const std::string lineScore = toText(frame.lineScore);
+    std::string made;
+    const std::string& lineScore = toText(frame.lineScore, made);
     const auto pins = [&](std::size_t n) { return countOf(markOf(lineScore, n)); };
     const auto addSpared = [&](const Value& leave) {
         if (isPinfall)
@@ -121,7 +123,8 @@ void SpareFigures::addFirstBalls(int balls, int pins) {
 
 void SpareFigures::addLeave(const Value& leave, bool converted) {
     isMatrixFull = true;
-    matrix.count(toText(leave), converted);
+    std::string made;
+    matrix.count(toText(leave, made), converted);
     isMatrixFull = false;
 }
 

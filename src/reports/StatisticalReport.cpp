@@ -4,6 +4,7 @@
 #include "runtime/TextForms.h"
 
 #include <string>
+#include <string_view>
 
 #include <fmt/format.h>
 
@@ -60,11 +61,21 @@ private:
     }
 
     [[nodiscard]] std::string entryOf(const RowStream& event) const {
-        const auto field = [&](std::size_t n) { return toText(event[n]); };
-        return "Event: " + field(0) + "\t\tDate Bowled: " + field(1) + "\r\n" +
-               (listsTypes_ ? "Event Type: " + field(2) + "\r\n" : "") + "Games Bowled: " + field(3) +
-               "\t\tPinfall: " + field(4) + "\tEvent Average: " + field(5) + "\r\nComment: " + field(6) +
-               "\r\n";
+        std::string entry;
+        const auto add = [&](std::string_view label, std::size_t field, std::string_view behind) {
+            const Value value = event[field];
+            std::string made;
+            entry.append(label).append(toText(value, made)).append(behind);
+        };
+        add("Event: ", 0, "\t\t");
+        add("Date Bowled: ", 1, "\r\n");
+        if (listsTypes_)
+            add("Event Type: ", 2, "\r\n");
+        add("Games Bowled: ", 3, "\t\t");
+        add("Pinfall: ", 4, "\t");
+        add("Event Average: ", 5, "\r\n");
+        add("Comment: ", 6, "\r\n");
+        return entry;
     }
 
     void writeGames() {

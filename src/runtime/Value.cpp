@@ -44,6 +44,13 @@ std::string toText(const Value& value) {
                       value);
 }
 
+const std::string& toText(const Value& value, std::string& made) {
+    if (const auto* const text = std::get_if<std::string>(&value); text != nullptr)
+        return *text;
+    made = toText(value);
+    return made;
+}
+
 double toDouble(const Value& value) {
     return std::visit(Overloaded{[](Null) -> double { throw RunTimeError(error::kInvalidUseOfNull); },
                                  [](std::int64_t number) { return static_cast<double>(number); },

@@ -34,6 +34,9 @@ bool isText(const Value& value, std::string_view text);
 /// The value as text: empty for a Null, the usual text forms for numbers and dates.
 std::string toText(const Value& value);
 
+/// The same without a copy of a text: the value's own, or else `made`, which takes the text form.
+const std::string& toText(const Value& value, std::string& made);
+
 /// The value as a number. A text gives its leading number (0 where there is none), a date the days since
 /// the zero date; error 94 for a Null.
 double toDouble(const Value& value);

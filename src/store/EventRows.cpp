@@ -4,10 +4,8 @@
 #include "store/file/StoredValue.h"
 
 #include <algorithm>
-#include <limits>
-#include <string>
-#include <tuple>
-#include <utility>
+#include <array>
+#include <variant>
 
 #include <fmt/format.h>
 
@@ -15,199 +13,187 @@ namespace tallybrook {
 
 namespace {
 
-constexpr std::uint64_t kNear = 16;  // the next event of a walk is at most so many keys on: some are deleted
-constexpr std::int64_t kLongestReach = 64;
-constexpr std::uint64_t kMostRowsOfEvent = 100;  // on the average, where it is worth to read rows as they lie
-
-/// How far a key is behind a lower one.
-std::uint64_t distance(std::int64_t lower, std::int64_t key) {
-    return static_cast<std::uint64_t>(key) - static_cast<std::uint64_t>(lower);
-}
-
 /// A table whose rows belong to events.
 struct Source {
-    std::string table;
-    std::string key;
-    std::string order;     // of the rows; the event comes first
-    std::string backward;  // the same
-    std::string columns;   // to be read
+    const char* table;
+    const char* columns;  // to be read
+    const char* key;
+    const char* order;  // of the rows of an event
 };
 
-const Source& sourceOf(const std::vector<StoredGame>&) {
-    static const Source kGames{.table = "tblGameInfo",
-                               .key = "fldGameKey",
-                               .order = "fldSessionNum, fldGameNum, fldGameKey",
-                               .backward = "fldSessionNum DESC, fldGameNum DESC, fldGameKey DESC",
-                               .columns = "fldSessionNum, fldGameNum, fldGameScore, fldScoreType"};
-    return kGames;
+constexpr Source sourceOf(const StoredGame&) {
+    return {.table = "tblGameInfo",
+            .columns = "fldSessionNum, fldGameNum, fldGameScore, fldScoreType",
+            .key = "fldGameKey",
+            .order = "fldGameNum, fldGameKey"};
+}
+constexpr Source sourceOf(const StoredFrame&) {
+    return {.table = "tblFrameInfo",
+            .columns =
+                "fldSessionNum, fldGameNum, fldFrameNum, fldFirstBallRes, fldSecondBallRes, "
+                "fldLineScore, fldFillBallRes",
+            .key = "fldFrameKey",
+            .order = "fldGameNum, fldFrameNum, fldFrameKey"};
 }
 
-const Source& sourceOf(const std::vector<StoredFrame>&) {
-    static const Source kFrames{
-        .table = "tblFrameInfo",
-        .key = "fldFrameKey",
-        .order = "fldSessionNum, fldGameNum, fldFrameNum, fldFrameKey",
-        .backward = "fldSessionNum DESC, fldGameNum DESC, fldFrameNum DESC, fldFrameKey DESC",
-        .columns =
-            "fldSessionNum, fldGameNum, fldFrameNum, fldFirstBallRes, fldSecondBallRes, fldFillBallRes, "
-            "fldLineScore"};
-    return kFrames;
+/// Whether a frame is one of those before the tenth.
+bool isEarly(const Value& number) {
+    constexpr std::int64_t kTenth = 10;
+    const auto* const whole = std::get_if<std::int64_t>(&number);
+    return whole != nullptr && *whole < kTenth;
 }
 
-/// Adds a row whose event is a whole number.
-void add(std::vector<StoredGame>& games, const Statement& row) {
+/// Takes a row over; false where it belongs to no event, or to no game, that figures ask for.
+bool take(StoredGame& game, const Statement& row) {
     const auto event = row.wholeNumber(0);
     if (!event)
-        return;
-    StoredGame& game = games.emplace_back();
+        return false;
     game.event = *event;
     assign(game.number, row.column(1), FieldType::Number16);
     assign(game.score, row.column(2), FieldType::Number16);
     assign(game.scoreType, row.column(3), FieldType::Text);
+    return true;
 }
-
-/// Adds a row whose event and game are whole numbers.
-void add(std::vector<StoredFrame>& frames, const Statement& row) {
+bool take(StoredFrame& frame, const Statement& row) {
     const auto event = row.wholeNumber(0);
     const auto game = row.wholeNumber(1);
     if (!event || !game)
-        return;
-    StoredFrame& frame = frames.emplace_back();
+        return false;
     frame.event = *event;
     frame.game = *game;
     assign(frame.number, row.column(2), FieldType::Number16);
     assign(frame.firstBall, row.column(3), FieldType::Text);
     assign(frame.secondBall, row.column(4), FieldType::Text);
-    assign(frame.fillBall, row.column(5), FieldType::Text);
-    assign(frame.lineScore, row.column(6), FieldType::Text);
+    assign(frame.lineScore, row.column(5), FieldType::Text);
+    if (isEarly(frame.number))
+        frame.fillBall = Null{};
+    else
+        assign(frame.fillBall, row.column(6), FieldType::Text);
+    return true;
 }
 
-/// Where a row stands among the others.
-auto placeOf(const StoredGame& game) {
-    return std::tuple(game.event, std::get<std::int64_t>(game.number));
+using Place = std::array<std::int64_t, 3>;
+
+/// Where a row of that number stands among the others.
+Place placeOf(const StoredGame& game, std::int64_t number) {
+    return {game.event, number, 0};
 }
-auto placeOf(const StoredFrame& frame) {
-    return std::tuple(frame.event, frame.game, std::get<std::int64_t>(frame.number));
+Place placeOf(const StoredFrame& frame, std::int64_t number) {
+    return {frame.event, frame.game, number};
 }
 
-/// Whether the rows are in the order of their numbers, as far as plain numbers tell.
 template <typename Row>
-bool areInOrder(const std::vector<Row>& rows) {
-    return std::ranges::all_of(
-               rows, [](const Row& row) { return std::holds_alternative<std::int64_t>(row.number); }) &&
-           std::ranges::is_sorted(rows, {}, [](const Row& row) { return placeOf(row); });
-}
-
-/// Reads the rows of some events on end.
-class Block {
-public:
-    Block(Connection& connection, std::int64_t firstEvent, std::int64_t lastEvent)
-        : connection_(connection), first_(firstEvent), last_(lastEvent) {}
-
-    /// Rows that were entered in order lie in order, and are read from their table without a look-up of each.
-    template <typename Row>
-    void read(std::vector<Row>& rows) const {
-        const bool isRead = last_ > first_ && readAsTheyLie(rows) && areInOrder(rows);
-        if (!isRead)
-            readByTheIndex(rows);
-    }
-
-private:
-    /// Reads what lies from the first of the rows to the last; false where that would be much more, or not
-    /// all of them.
-    template <typename Row>
-    bool readAsTheyLie(std::vector<Row>& rows) const {
-        const Source& source = sourceOf(rows);
-        Statement::Use ends(prepared(
-            "SELECT (SELECT {1} FROM {0} WHERE fldSessionNum BETWEEN ?1 AND ?2 ORDER BY {2} LIMIT 1), "
-            "(SELECT {1} FROM {0} WHERE fldSessionNum BETWEEN ?1 AND ?2 ORDER BY {3} LIMIT 1)",
-            source, first_, last_));
-        ends->executeStep();
-        const std::int64_t firstKey = ends->number(0);
-        const std::int64_t lastKey = ends->number(1);
-        if (lastKey < firstKey || distance(firstKey, lastKey) > distance(first_, last_) * kMostRowsOfEvent)
-            return false;
-        collect(rows, prepared("SELECT {4} FROM {0} WHERE {1} BETWEEN ?1 AND ?2 ORDER BY {1}", source,
-                               firstKey, lastKey));
-        std::erase_if(rows, [this](const Row& row) { return row.event < first_ || row.event > last_; });
-        return areAll(rows);
-    }
-
-    /// Whether the index has as many rows of these events. To skip in it costs less than to count.
-    template <typename Row>
-    bool areAll(const std::vector<Row>& rows) const {
-        Statement::Use last(prepared(
-            "SELECT fldSessionNum FROM {0} WHERE fldSessionNum >= ?1 ORDER BY {2} LIMIT 2 OFFSET ?2 - 1",
-            sourceOf(rows), first_, std::ssize(rows)));
-        return !rows.empty() && last->executeStep() && last->number(0) <= last_ &&
-               (!last->executeStep() || last->number(0) > last_);
-    }
-
-    template <typename Row>
-    void readByTheIndex(std::vector<Row>& rows) const {
-        collect(rows, prepared("SELECT {4} FROM {0} WHERE fldSessionNum BETWEEN ? AND ? ORDER BY {2}",
-                               sourceOf(rows), first_, last_));
-    }
-
-    template <typename Row>
-    void collect(std::vector<Row>& rows, Statement& statement) const {
-        rows.clear();
-        Statement::Use row(statement);
-        while (row->executeStep())
-            add(rows, *row);
-    }
-
-    Statement& prepared(const char* sql, const Source& source, std::int64_t from, std::int64_t to) const {
-        Statement& statement = connection_.prepared(fmt::format(
-            fmt::runtime(sql), source.table, source.key, source.order, source.backward, source.columns));
-        statement.bind(1, from);
-        statement.bind(2, to);
-        return statement;
-    }
-
-    Connection& connection_;
-    std::int64_t first_;
-    std::int64_t last_;
-};
-
-/// Those of the rows that stand at a place.
-template <typename Row, typename Place, typename PlaceOf>
-std::span<const Row> rowsAt(const std::vector<Row>& rows, const Place& place, PlaceOf placeOf) {
-    return {std::ranges::lower_bound(rows, place, {}, placeOf),
-            std::ranges::upper_bound(rows, place, {}, placeOf)};
+std::string selectBy(WalkBy by) {
+    const Source source = sourceOf(Row());
+    if (by == WalkBy::Index)
+        return fmt::format("SELECT {} FROM {} WHERE fldSessionNum = ? ORDER BY {}", source.columns,
+                           source.table, source.order);
+    return fmt::format("SELECT {} FROM {} ORDER BY {}", source.columns, source.table, source.key);
 }
 
 }  // namespace
 
-void EventRows::goTo(std::int64_t eventKey) {
+template <typename Row>
+RowsOfEvents<Row>::RowsOfEvents(Store& store, WalkBy by) : store_(store), by_(by), sql_(selectBy<Row>(by)) {}
+
+template <typename Row>
+void RowsOfEvents<Row>::goTo(std::int64_t eventKey) {
     event_ = eventKey;
-    if (eventKey >= first_ && eventKey <= last_)
-        return;
-    const bool goesOn = eventKey > last_ && distance(last_, eventKey) <= kNear;
-    reach_ = goesOn ? std::min(2 * reach_, kLongestReach) : 1;
-    first_ = eventKey;
-    last_ = eventKey > std::numeric_limits<std::int64_t>::max() - reach_ ? eventKey : eventKey + reach_ - 1;
-    hasGames_ = hasFrames_ = false;
-}
-
-std::span<const StoredGame> EventRows::games() {
-    read(games_, hasGames_);
-    return rowsAt(games_, event_, &StoredGame::event);
-}
-
-std::span<const StoredFrame> EventRows::framesOf(std::int64_t game) {
-    read(frames_, hasFrames_);
-    return rowsAt(frames_, std::pair(event_, game),
-                  [](const StoredFrame& frame) { return std::pair(frame.event, frame.game); });
+    isRead_ = false;
 }
 
 template <typename Row>
-void EventRows::read(std::vector<Row>& rows, bool& isRead) {
-    if (isRead)
-        return;
+std::span<const Row> RowsOfEvents<Row>::rows() {
+    if (!isRead_)
+        read();
+    return std::span(rows_).first(count_);
+}
+
+template <typename Row>
+void RowsOfEvents<Row>::read() {
     store_.noteWork();
-    onFile([&] { Block(store_.connection(), first_, last_).read(rows); });
-    isRead = true;
+    count_ = 0;
+    onFile([this] { by_ == WalkBy::Index ? readByIndex() : readOn(); });
+    isRead_ = true;
+}
+
+template <typename Row>
+void RowsOfEvents<Row>::readByIndex() {
+    Statement::Use row(store_.connection().prepared(sql_));
+    row->bind(1, event_);
+    while (row->executeStep()) {
+        if (take(spare(), *row))
+            ++count_;
+    }
+}
+
+/// Goes on through the table, past the events that nobody has asked for, to the first row of a later one.
+template <typename Row>
+void RowsOfEvents<Row>::readOn() {
+    while (isAhead_ || isOnNextRow()) {
+        isAhead_ = false;
+        Row& row = spare();
+        if (!take(row, *table_))
+            continue;
+        noteOrder(row);
+        isAhead_ = row.event > event_;
+        if (isAhead_)
+            return;
+        if (row.event == event_)
+            ++count_;
+    }
+}
+
+template <typename Row>
+bool RowsOfEvents<Row>::areInOrder() {
+    return !table_ || onFile([this] {
+        while (isInOrder_ && (isAhead_ || isOnNextRow())) {
+            isAhead_ = false;
+            if (Row& row = spare(); take(row, *table_))
+                noteOrder(row);
+        }
+        return isInOrder_;
+    });
+}
+
+/// Goes to the next row of the table, if there is one.
+template <typename Row>
+bool RowsOfEvents<Row>::isOnNextRow() {
+    if (!table_)
+        table_.emplace(store_.connection().database(), sql_);
+    isAtEnd_ = isAtEnd_ || !table_->executeStep();
+    return !isAtEnd_;
+}
+
+/// Where the next row of the event has room.
+template <typename Row>
+Row& RowsOfEvents<Row>::spare() {
+    if (count_ == rows_.size())
+        rows_.emplace_back();
+    return rows_[count_];
+}
+
+/// The order of the numbers is known where they are plain ones.
+template <typename Row>
+void RowsOfEvents<Row>::noteOrder(const Row& row) {
+    const auto* const number = std::get_if<std::int64_t>(&row.number);
+    const Place place = placeOf(row, number == nullptr ? 0 : *number);
+    isInOrder_ = isInOrder_ && number != nullptr && last_ <= place;
+    last_ = place;
+}
+
+template class RowsOfEvents<StoredGame>;
+template class RowsOfEvents<StoredFrame>;
+
+void EventRows::goTo(std::int64_t eventKey) {
+    games_.goTo(eventKey);
+    frames_.goTo(eventKey);
+}
+
+std::span<const StoredFrame> EventRows::framesOf(std::int64_t game) {
+    const std::span<const StoredFrame> frames = frames_.rows();
+    return {std::ranges::lower_bound(frames, game, {}, &StoredFrame::game),
+            std::ranges::upper_bound(frames, game, {}, &StoredFrame::game)};
 }
 
 }  // namespace tallybrook

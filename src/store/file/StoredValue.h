@@ -44,10 +44,12 @@ auto decode(sqlite3_value* stored, FieldType type, Take&& take) {
 /// Puts what a stored value means into a value.
 inline void assign(Value& value, sqlite3_value* stored, FieldType type) {
     decode(stored, type, [&value](auto meant) {
-        if constexpr (std::is_same_v<decltype(meant), std::string_view>)
-            value.emplace<std::string>(meant);
-        else
+        if constexpr (!std::is_same_v<decltype(meant), std::string_view>)
             value = meant;
+        else if (auto* const text = std::get_if<std::string>(&value); text != nullptr)
+            text->assign(meant);
+        else
+            value.emplace<std::string>(meant);
     });
 }
 
