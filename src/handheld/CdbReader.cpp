@@ -34,11 +34,13 @@ public:
 
 private:
     void tellFailedCut(const RunTimeError& why) {
-        rows_.commitSoFar();
+        bringToDisk(run_, rows_);
         run_.giveUp(why, "ParseDBLine");
     }
 
     void write(std::string_view text) { Write_Log(text, run_.log.run); }
+    /// The same for a line of which there may be hundreds of thousands: it waits for bringToDisk().
+    void note(std::string_view line) { run_.log.run->writeLine(line); }
 
     void takeHeader(std::string_view line) {
         if (run_.DeleteFromPDA)
@@ -54,7 +56,7 @@ private:
 
     /// The file counts as empty even where the log cannot tell so.
     void endAtNone() {
-        rows_.commitSoFar();
+        bringToDisk(run_, rows_);
         file_.isEmpty = true;
         write(format_.nothing);
     }
@@ -65,7 +67,7 @@ private:
         record_.cut(kFirstCutField, format_.lastBeforeStatus);
         if (record_.isDeleted()) {
             ++inError_;
-            write(fmt::format("Record ID {} marked for deletion, not processed.", record_.id()));
+            note(fmt::format("Record ID {} marked for deletion, not processed.", record_.id()));
         } else {
             addRecord();
         }
@@ -76,11 +78,11 @@ private:
         ++(outcome.isAdded ? added_ : inError_);
         if (outcome.isAdded && run_.DeleteFromPDA)
             file_.out->writeLine(record_.markedLine());
-        write(outcome.logLine);
+        note(outcome.logLine);
     }
 
     void finish() {
-        rows_.commitSoFar();
+        bringToDisk(run_, rows_);
         write(fmt::format("{0} processed: {1}, {0} added: {2}, {0} in error: {3}", format_.title,
                           processed_.value(), added_.value(), inError_.value()));
         file_.tmp.close();
@@ -100,6 +102,11 @@ private:
 };
 
 }  // namespace
+
+void bringToDisk(SyncRun& run, CommitAtEnd& rows) {
+    rows.commitSoFar();
+    run.log.run.flush();
+}
 
 void readExportFile(SyncRun& run, SyncFile& file, CommitAtEnd& rows,
                     const std::function<Outcome(CdbRecord&)>& add) {

@@ -1,9 +1,11 @@
 #include "handheld/CdbRecord.h"
 
+#include "runtime/Ascii.h"
 #include "runtime/TextCompare.h"
 #include "runtime/TextEncoding.h"
 #include "runtime/TextForms.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tallybrook {
@@ -13,11 +15,13 @@ namespace {
 constexpr std::string_view kDeleted = "0x0002";
 
 /// The characters from a column, counted from 1; fewer where the line ends.
-std::string columns(const std::u32string& line, std::size_t first, std::size_t count) {
-    return first > line.size() ? "" : textOf(std::u32string_view(line).substr(first - 1, count));
+template <typename Character>
+std::basic_string_view<Character> columns(std::basic_string_view<Character> line, std::size_t first,
+                                          std::size_t count) {
+    return first > line.size() ? std::basic_string_view<Character>() : line.substr(first - 1, count);
 }
 
-Value converted(const std::string& text, CdbType type) {
+Value converted(std::string text, CdbType type) {
     switch (type) {
         case CdbType::Text:
             return text;
@@ -32,12 +36,26 @@ Value converted(const std::string& text, CdbType type) {
 }  // namespace
 
 CdbRecord::CdbRecord(const CdbFormat& format, std::function<void(const RunTimeError&)> onFailure)
-    : format_(format), onFailure_(std::move(onFailure)), fields_(format.fields.size()) {}
+    : format_(format), onFailure_(std::move(onFailure)) {
+    for (const CdbField& field : format.fields)
+        values_.push_back(converted("", field.type));
+}
 
 void CdbRecord::take(std::string_view line) {
-    line_ = charactersOf(line);
-    id_ = columns(line_, 1, 10);
-    status_ = columns(line_, 12, 6);
+    constexpr std::size_t kId = 1;
+    constexpr std::size_t kIdLength = 10;
+    constexpr std::size_t kStatus = 12;
+    constexpr std::size_t kStatusLength = 6;
+    line_ = line;
+    isAscii_ = std::ranges::all_of(line, isAscii);
+    if (isAscii_) {
+        id_ = columns(line, kId, kIdLength);
+        status_ = columns(line, kStatus, kStatusLength);
+    } else {
+        characters_ = charactersOf(line);
+        id_ = textOf(columns(std::u32string_view(characters_), kId, kIdLength));
+        status_ = textOf(columns(std::u32string_view(characters_), kStatus, kStatusLength));
+    }
 }
 
 bool CdbRecord::isDeleted() const {
@@ -51,18 +69,23 @@ void CdbRecord::cut(int first, int last) {
 
 void CdbRecord::cutField(int number) {
     const CdbField& field = format_.field(number);
-    CutField& target = fields_[at(number)];
     if (field.start == CdbStart::FirstColumn)
         position_.start = format_.firstColumn;
     else if (field.start == CdbStart::StepBack)
         position_.start = position_.end - 1;
+    std::string text;
     try {
-        target.text = withMemoryErrors(
-            [&] { return ParseDBLine(position_, field.form == CdbForm::Bare ? U',' : U'"', line_); });
+        text = withMemoryErrors([&] { return nextField(field.form == CdbForm::Bare ? ',' : '"'); });
     } catch (const RunTimeError& failure) {
-        onFailure_(failure);
+        return onFailure_(failure);
     }
-    target.value = converted(target.text, field.type);
+    values_[at(number)] = converted(std::move(text), field.type);
+}
+
+/// The next field between two delimiters.
+std::string CdbRecord::nextField(char delimiter) {
+    return isAscii_ ? ParseDBLine(position_, delimiter, line_)
+                    : ParseDBLine(position_, static_cast<char32_t>(delimiter), characters_);
 }
 
 std::string CdbRecord::markedLine() const {

@@ -30,29 +30,27 @@ public:
     /// Whether its status is that of a record deleted on the handheld.
     [[nodiscard]] bool isDeleted() const;
     /// A field that is a text, as it was cut.
-    [[nodiscard]] const std::string& text(int field) const { return fields_[at(field)].text; }
+    [[nodiscard]] const std::string& text(int field) const { return std::get<std::string>(value(field)); }
     /// A field as it goes into the logbook: a text, a whole number or a double.
-    [[nodiscard]] const Value& value(int field) const { return fields_[at(field)].value; }
+    [[nodiscard]] const Value& value(int field) const { return values_[at(field)]; }
 
     /// The line that tells the handheld to delete the record.
     [[nodiscard]] std::string markedLine() const;
 
 private:
-    struct CutField {
-        std::string text;
-        Value value;
-    };
-
     static std::size_t at(int field) { return static_cast<std::size_t>(field - kFirstCutField); }
     void cutField(int number);
+    std::string nextField(char delimiter);
 
     const CdbFormat& format_;
     std::function<void(const RunTimeError&)> onFailure_;
-    std::u32string line_;
+    std::string line_;
+    bool isAscii_ = true;        // then the bytes of the line are its characters
+    std::u32string characters_;  // of any other
     CutPosition position_;
     std::string id_;
     std::string status_;
-    std::vector<CutField> fields_;
+    std::vector<Value> values_;
 };
 
 /// The record count that a header line gives: the number in column 10. Error 6 where it does not fit.

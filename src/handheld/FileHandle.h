@@ -25,6 +25,13 @@ public:
     }
     File* operator->() { return &**this; }
 
+    /// Lets what was written be read; errors as the file's own flush() raises them. Does nothing where none
+    /// is open.
+    void flush() {
+        if (file_)
+            file_->flush();
+    }
+
     /// Closes the file; errors as its own close() raises them. Does nothing where none is open.
     void close() {
         if (file_)

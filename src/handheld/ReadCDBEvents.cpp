@@ -23,14 +23,14 @@ constexpr int kSeriesAvg = 11;
 constexpr int kSeriesTot = 12;
 
 /// Whether the user wants the record beside the stored events with its record ID.
-bool isWantedTwice(const SyncRun& run, CommitAtEnd& rows, Recordset& duplicates, const CdbRecord& record) {
+bool isWantedTwice(SyncRun& run, CommitAtEnd& rows, Recordset& duplicates, const CdbRecord& record) {
     std::string text = "Duplicate Event(s) Found:\r\n";
     for (duplicates.MoveFirst(); !duplicates.Eof(); duplicates.MoveNext())
         text += fmt::format("Event: {}\r\nDate Bowled: {}\r\n", toText(duplicates["fldEventName"]),
                             toText(duplicates["fldDateBowled"]));
     text += fmt::format("PDA Record\r\nEvent: {}\r\nDate: {}\r\nAdd record from PDA?",
                         record.text(kEventName), record.text(kDateBowled));
-    rows.commitSoFar();
+    bringToDisk(run, rows);
     return run.program.display.messageBox(question(text, "Duplicate Record ID", Icon::Warning)) ==
            Answer::Yes;
 }

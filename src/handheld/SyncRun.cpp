@@ -58,6 +58,10 @@ void SyncRun::logStamped(std::string_view before, std::string_view behind) {
 
 void SyncRun::giveUp(const RunTimeError& failure, std::string_view procedure) {
     const std::string text = failureText(failure, fmt::format("Sync PDA, {}.", procedure));
+    try {
+        log.run.flush();
+    } catch (const RunTimeError&) {  // NOLINT(bugprone-empty-catch): the failure to be told is the first one
+    }
     program.display.messageBox({.text = text, .title = "Database Error", .icon = Icon::Critical});
     Write_Log(text, log.master);
     leaveForMain();

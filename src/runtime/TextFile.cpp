@@ -106,11 +106,15 @@ std::FILE* streamFor(const fs::path& file, TextWriter::Mode mode) {
     }
 }
 
-/// Where the first line of a text ends.
+/// Where the first line of a text ends. Either sign may be nowhere in all of a long text.
 std::size_t lineEndIn(std::string_view text) {
-    const auto* const end =
-        std::ranges::find_if(text, [](char sign) { return sign == '\r' || sign == '\n'; });
-    return static_cast<std::size_t>(end - text.begin());
+    constexpr std::size_t kAtOnce = 128;
+    for (std::size_t at = 0; at < text.size(); at += kAtOnce) {
+        const std::string_view part = text.substr(at, kAtOnce);
+        if (const std::size_t end = std::min(part.find('\r'), part.find('\n')); end != std::string_view::npos)
+            return at + end;
+    }
+    return text.size();
 }
 
 /// The text with CR LF for whatever ends its lines.
@@ -177,14 +181,20 @@ void TextWriter::requireOpen() const {
 
 void TextWriter::write(std::string_view text) {
     requireOpen();
-    const std::string bytes = encoded(withLineEnds(text), encoding_);
-    if (std::fwrite(bytes.data(), 1, bytes.size(), stream_.get()) != bytes.size())
-        writingFailed();
+    if (lineEndIn(text) == text.size() && encoding_ == Encoding::Utf8)
+        writeBytes(text.data(), text.size());
+    else if (const std::string bytes = encoded(withLineEnds(text), encoding_); !bytes.empty())
+        writeBytes(bytes.data(), bytes.size());
 }
 
 void TextWriter::writeLine(std::string_view line) {
     write(line);
-    write(kLineEnd);
+    writeBytes(kLineEnd.data(), kLineEnd.size());
+}
+
+void TextWriter::writeBytes(const char* bytes, std::size_t count) {
+    if (std::fwrite(bytes, 1, count, stream_.get()) != count)
+        writingFailed();
 }
 
 void TextWriter::flush() {

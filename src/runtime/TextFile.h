@@ -3,6 +3,7 @@
 #include "runtime/DateTime.h"
 #include "runtime/TextEncoding.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -59,6 +60,7 @@ public:
 
 private:
     void requireOpen() const;
+    void writeBytes(const char* bytes, std::size_t count);
 
     struct Closer {
         void operator()(std::FILE* stream) const { std::fclose(stream); }

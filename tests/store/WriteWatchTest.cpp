@@ -43,8 +43,9 @@ protected:
     [[nodiscard]] std::string fileBefore(std::size_t size) const {
         std::string bytes = test::bytesOf(logbook);
         bytes.resize(std::max(bytes.size(), size));
-        for (auto part = shown.rbegin(); part != shown.rend(); ++part)
-            bytes.replace(part->first, part->second.size(), part->second);
+        std::for_each(shown.rbegin(), shown.rend(), [&bytes](const auto& part) {
+            bytes.replace(part.first, part.second.size(), part.second);
+        });
         return bytes.substr(0, size);
     }
     void changeEvents() {
