@@ -1,6 +1,7 @@
 #include "style/BoxIcons.h"
 
 #include <QFont>
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
@@ -43,11 +44,8 @@ QPainterPath pathOf(Shape shape) {
     return path;
 }
 
-QPixmap drawn(const BoxIcon& icon, int side) {
+void draw(const BoxIcon& icon, QPainter& painter, int side) {
     const bool isDisc = icon.shape == Shape::Disc;
-    QPixmap pixmap(side, side);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.save();
     painter.scale(side, side);
@@ -63,8 +61,31 @@ QPixmap drawn(const BoxIcon& icon, int side) {
     painter.setPen(QColor(icon.ink));
     const double top = isDisc ? 0 : 0.2 * side;  // a triangle has its room below
     painter.drawText(QRectF(0, top, side, side - top), Qt::AlignCenter, QString(QChar(icon.sign)));
-    return pixmap;
 }
+
+/// Draws an icon in the sizes that are asked for, and in no others: each takes a font of its own.
+class BoxIconEngine : public QIconEngine {
+public:
+    explicit BoxIconEngine(const BoxIcon& icon) : icon_(icon) {}
+
+    [[nodiscard]] QIconEngine* clone() const override { return new BoxIconEngine(icon_); }
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode, QIcon::State) override {
+        painter->save();
+        painter->translate(place.topLeft());
+        draw(icon_, *painter, std::min(place.width(), place.height()));
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, pixmap.rect(), mode, state);
+        return pixmap;
+    }
+
+private:
+    const BoxIcon& icon_;
+};
 
 }  // namespace
 
@@ -72,10 +93,7 @@ QIcon boxIcon(QStyle::StandardPixmap picture) {
     const auto* const found = std::ranges::find(kIcons, picture, &BoxIcon::picture);
     if (found == kIcons.end() || QIcon::hasThemeIcon(found->desktopName))
         return {};
-    QIcon icon;
-    for (const int side : {24, 32, 48, 64, 96, 128})
-        icon.addPixmap(drawn(*found, side));
-    return icon;
+    return QIcon(new BoxIconEngine(*found));
 }
 
 }  // namespace tallybrook
