@@ -33,9 +33,11 @@ Pairs pairsOf(const Results& results, const std::string& work, const std::string
 }
 
 std::string verdict(const Target& target, const Pairs& pairs) {
+    constexpr std::ptrdiff_t kNeeded = 2;  // sizes, of which every target speaks
     if (!target.isMet)
         return "";
-    if (!std::ranges::all_of(pairs, [](const Pair& pair) { return pair.program && pair.limit; }))
+    if (!std::all_of(pairs.begin(), pairs.begin() + kNeeded,
+                     [](const Pair& pair) { return pair.program.has_value(); }))
         return "not measured";
     return target.isMet(pairs) ? "met" : "NOT MET";
 }
@@ -51,9 +53,12 @@ std::string head() {
         names += fmt::format(" {:>7} | {:>6} | {:>5} |", events, "limit", "ratio");
         rule += fmt::format("{:->8}:|{:->7}:|{:->6}:|", "", "", "");
     }
-    names += fmt::format(" {:>9} | {:>9} | {:<26} | {:<7} |\n", "× 10", "× 10", "target", "");
-    rule += fmt::format("{:->10}:|{:->10}:|{:-<28}|{:-<9}|\n", "", "", "", "");
-    return names + rule;
+    for (std::size_t size = 1; size < kSizes.size(); ++size) {
+        names += fmt::format(" {:>6} |", fmt::format("× {}", kSizes[size] / kSizes[size - 1]));
+        rule += fmt::format("{:->7}:|", "");
+    }
+    return names + fmt::format(" {:<26} | {:<7} |\n", "target", "") + rule +
+           fmt::format("{:-<28}|{:-<9}|\n", "", "");
 }
 
 std::string line(const std::string& name, const Figure& figure, const Pairs& pairs) {
@@ -62,7 +67,7 @@ std::string line(const std::string& name, const Figure& figure, const Pairs& pai
         line += fmt::format(" {:>7} | {:>6} | {:>5} |", told(pair.program), told(pair.limit),
                             quotient(pair.program, pair.limit));
     for (std::size_t size = 1; size < pairs.size(); ++size)
-        line += fmt::format(" {:>9} |", quotient(pairs[size].program, pairs[size - 1].program));
+        line += fmt::format(" {:>6} |", quotient(pairs[size].program, pairs[size - 1].program));
     return line + fmt::format(" {:<26} | {:<7} |\n", figure.target.words, verdict(figure.target, pairs));
 }
 

@@ -32,12 +32,12 @@ void plan(const std::string& name, Run run, const Place& place, int rounds, int 
 
 void planAll(const std::vector<Place>& places) {
     for (const Work& work : works()) {
-        for (std::size_t size = 0; size < places.size(); ++size) {
-            const Place& place = places[size];
+        for (std::size_t size = 0; const Place& place : places) {
             for (const bool isProgram : {true, false})
                 plan(Results::nameOf(work.name, place.events, isProgram),
                      isProgram ? work.program : work.limit, place, work.effort.rounds,
                      work.effort.repetitions.at(size));
+            ++size;
         }
     }
 }
@@ -51,12 +51,16 @@ void doOnce(const Place& place) {
         throw std::runtime_error("no such work");
 }
 
-/// Measures everything with copies of the samples, made in a folder that is left to the caller.
+/// Measures everything with copies of the samples, made in a folder that is left to the caller: of all sizes
+/// up to the first of which there is none.
 void measureAll(const fs::path& samples, const fs::path& folder) {
     std::vector<Place> places;
     places.reserve(kSizes.size());
-    for (const int events : kSizes)
+    for (const int events : kSizes) {
+        if (!fs::exists(samples / std::to_string(events)))
+            break;
         places.push_back(copySample(samples, events, folder));
+    }
     planAll(places);
     Results results;
     benchmark::RunSpecifiedBenchmarks(&results);
