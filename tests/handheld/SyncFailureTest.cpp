@@ -64,6 +64,18 @@ protected:
     /// The record IDs that stand in the reader's table, whatever the program still has open.
     Log stored() { return play.rows(reader().table, {"fldHHRecordID"}); }
     sqlite3* engine() { return play.program().store().connection().database().getHandle(); }
+    /// Lets the engine refuse the second record, and undo as much as `how` says. The first one stays.
+    void refuseTheSecond(const std::string& how) {
+        play.program().store().connection().database().exec(
+            std::string("CREATE TRIGGER refusal BEFORE INSERT ON ") + reader().table +
+            " WHEN NEW.fldHHRecordID = '" + reader().refused + "' BEGIN SELECT RAISE(" + how +
+            ", 'not this one'); END");
+        play.failingSync(chainFrom(engineFailure(reader().procedure, "not this one")));
+        std::string kept = reader().refused;
+        kept.back() = '1';
+        EXPECT_EQ(stored(), Log{kept});
+        EXPECT_TRUE(play.runLog().find(kept + " added to database") != std::string::npos);
+    }
     void expectNoSummary() {
         EXPECT_EQ(play.runLog().find(reader().summary), std::string::npos);
         EXPECT_TRUE(
@@ -74,15 +86,7 @@ protected:
 };
 
 TEST_P(ReadersThatFail, KeepTheRowsBeforeOneThatIsRefused) {
-    play.program().store().connection().database().exec(
-        std::string("CREATE TRIGGER refusal BEFORE INSERT ON ") + reader().table +
-        " WHEN NEW.fldHHRecordID = '" + reader().refused +
-        "' BEGIN SELECT RAISE(ABORT, 'not this one'); END");
-    play.failingSync(chainFrom(engineFailure(reader().procedure, "not this one")));
-    std::string kept = reader().refused;
-    kept.back() = '1';
-    EXPECT_EQ(stored(), Log{kept});
-    EXPECT_TRUE(play.runLog().find(kept + " added to database") != std::string::npos);
+    refuseTheSecond("ABORT");
     EXPECT_EQ(play.runLog().find(reader().refused), std::string::npos);
     expectNoSummary();
     EXPECT_EQ(play.display.events(), (Log{"hide frmSyncPDA", "busy", "unload frmSyncPDA", "show frmMain",
@@ -90,15 +94,7 @@ TEST_P(ReadersThatFail, KeepTheRowsBeforeOneThatIsRefused) {
 }
 
 TEST_P(ReadersThatFail, KeepTheRowsBeforeAFailureThatUndoesThem) {
-    play.program().store().connection().database().exec(
-        std::string("CREATE TRIGGER refusal BEFORE INSERT ON ") + reader().table +
-        " WHEN NEW.fldHHRecordID = '" + reader().refused +
-        "' BEGIN SELECT RAISE(ROLLBACK, 'not this one'); END");
-    play.failingSync(chainFrom(engineFailure(reader().procedure, "not this one")));
-    std::string kept = reader().refused;
-    kept.back() = '1';
-    EXPECT_EQ(stored(), Log{kept});
-    EXPECT_TRUE(play.runLog().find(kept + " added to database") != std::string::npos);
+    refuseTheSecond("ROLLBACK");
     expectNoSummary();
 }
 
