@@ -26,11 +26,12 @@ void Transaction::commit() {
     } catch (const SQLite::Exception&) {
         if (isOpen())
             database_.tryExec("ROLLBACK");
-        if (!storeAgain())
+        if (wasKept() || !storeAgain()) {
+            forget();
             throw;
+        }
     }
-    texts_.clear();
-    changes_.clear();
+    forget();
 }
 
 void Transaction::commitSoFar() {
@@ -50,6 +51,8 @@ void Transaction::noteChange(std::string_view sql, const std::vector<Value>& val
 
 void Transaction::noteSuccess() {
     constexpr std::size_t kMostKept = 4000;  // changes
+    if (isKept_ && !firstRow_)
+        noteAddedRow();
     if (changes_.size() >= kMostKept)
         commitSoFar();
 }
@@ -65,10 +68,32 @@ void Transaction::noteFailure(bool isChange) noexcept {
     static_cast<void>(storeAgain());  // the failure itself is told
 }
 
+void Transaction::noteAddedRow() {
+    constexpr std::string_view kInsert = "INSERT INTO ";
+    const std::string& text = texts_.back();
+    if (text.starts_with(kInsert))
+        firstRow_ = {.table = text.substr(kInsert.size(), text.find(' ', kInsert.size()) - kInsert.size()),
+                     .key = sqlite3_last_insert_rowid(database_.getHandle())};
+}
+
+/// Whether the disk has kept all, which rows tell that were added: to change and to delete once more does no
+/// harm.
+bool Transaction::wasKept() const {
+    try {
+        return firstRow_ && database_
+                                    .execAndGet("SELECT count(*) FROM " + firstRow_->table +
+                                                " WHERE rowid = " + std::to_string(firstRow_->key))
+                                    .getInt() > 0;
+    } catch (const std::exception&) {
+        return true;  // it cannot be read, let alone written
+    }
+}
+
 /// False where a change fails again. Those behind it would get other keys, so they are not tried.
 bool Transaction::storeAgain() {
     const std::vector<std::string> texts = std::exchange(texts_, {});
     const std::vector<Change> changes = std::exchange(changes_, {});
+    firstRow_.reset();
     try {
         for (const Change& change : changes) {
             Statement statement(database_, texts[change.sql]);
@@ -80,6 +105,12 @@ bool Transaction::storeAgain() {
     } catch (const std::exception&) {
         return false;
     }
+}
+
+void Transaction::forget() {
+    texts_.clear();
+    changes_.clear();
+    firstRow_.reset();
 }
 
 }  // namespace tallybrook

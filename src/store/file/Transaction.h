@@ -3,6 +3,8 @@
 #include "runtime/Value.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +28,7 @@ public:
     void begin();
     /// Brings what was stored to the disk, at once or else row by row; nothing where none is open. Throws
     /// SQLite::Exception where that fails: what could not be stored, and what was stored behind it, is lost.
+    /// What the disk has kept although it reported a failure is not stored once more.
     void commit();
     /// The same, and keeps together what is stored from then on.
     void commitSoFar();
@@ -47,12 +50,22 @@ private:
         std::vector<Value> values;
     };
 
+    /// A row that was added.
+    struct AddedRow {
+        std::string table;
+        std::int64_t key;
+    };
+
+    void noteAddedRow();
+    [[nodiscard]] bool wasKept() const;
     [[nodiscard]] bool storeAgain();
+    void forget();
 
     SQLite::Database& database_;
     bool isKept_ = false;
     std::vector<std::string> texts_;
     std::vector<Change> changes_;
+    std::optional<AddedRow> firstRow_;
 };
 
 }  // namespace tallybrook
