@@ -3,6 +3,7 @@
 #include "store/file/Transaction.h"
 
 #include <type_traits>
+#include <utility>
 #include <variant>
 
 namespace tallybrook {
@@ -45,8 +46,7 @@ Statement::Statement(const SQLite::Database& database, const std::string& sql)
 Statement::Statement(Transaction& transaction, const std::string& sql)
     : Statement(transaction.database(), sql) {
     transaction_ = &transaction;
-    if (isChange())
-        bound_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(statement_.get())));
+    isChange_ = sqlite3_stmt_readonly(statement_.get()) == 0;
 }
 
 void Statement::require(int result) const {
@@ -56,15 +56,25 @@ void Statement::require(int result) const {
 
 void Statement::bind(int index, const Value& value) {
     require(std::visit(Binding{.statement = statement_.get(), .index = index}, value));
-    if (!bound_.empty())
-        bound_[static_cast<std::size_t>(index) - 1] = value;
+    if (tellsItsChange())
+        noteBound(index, value);
 }
 
 void Statement::bindWithoutCopy(int index, std::string_view text) {
     require(sqlite3_bind_text(statement_.get(), index, text.data(), static_cast<int>(text.size()),
                               SQLITE_STATIC));
-    if (!bound_.empty())
-        bound_[static_cast<std::size_t>(index) - 1] = std::string(text);
+    if (tellsItsChange())
+        noteBound(index, std::string(text));
+}
+
+bool Statement::tellsItsChange() const {
+    return isChange_ && transaction_->keepsChanges();
+}
+
+void Statement::noteBound(int index, Value value) {
+    if (bound_.empty())
+        bound_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(statement_.get())));
+    bound_[static_cast<std::size_t>(index) - 1] = std::move(value);
 }
 
 bool Statement::executeStep() {
@@ -72,15 +82,15 @@ bool Statement::executeStep() {
     if (result != SQLITE_DONE && result != SQLITE_ROW) {
         const SQLite::Exception failure(database_, result);  // as long as the engine knows what it was
         if (transaction_ != nullptr)
-            transaction_->noteFailure(isChange());
+            transaction_->noteFailure(isChange_);
         throw failure;
     }
     return result == SQLITE_ROW;
 }
 
 int Statement::exec() {
-    if (transaction_ != nullptr)
-        transaction_->noteChange(sqlite3_sql(statement_.get()), bound_);
+    if (tellsItsChange())
+        transaction_->noteChange(sqlite3_sql(statement_.get()), std::exchange(bound_, {}));
     executeStep();
     const int changed = sqlite3_changes(database_);
     if (transaction_ != nullptr)

@@ -82,13 +82,15 @@ private:
     };
     void require(int result) const;
 
-    [[nodiscard]] bool isChange() const { return sqlite3_stmt_readonly(statement_.get()) == 0; }
+    [[nodiscard]] bool tellsItsChange() const;
+    void noteBound(int index, Value value);
 
     sqlite3* database_;
     std::unique_ptr<sqlite3_stmt, Finalize> statement_;
     int uses_ = 0;
     Transaction* transaction_ = nullptr;
-    std::vector<Value> bound_;  // where it changes rows in a transaction
+    bool isChange_ = false;     // in the transaction
+    std::vector<Value> bound_;  // of a change that is to be told
 };
 
 }  // namespace tallybrook

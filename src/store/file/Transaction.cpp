@@ -41,12 +41,10 @@ void Transaction::commitSoFar() {
     begin();
 }
 
-void Transaction::noteChange(std::string_view sql, const std::vector<Value>& values) {
-    if (!isKept_)
-        return;
+void Transaction::noteChange(std::string_view sql, std::vector<Value> values) {
     if (texts_.empty() || texts_.back() != sql)
         texts_.emplace_back(sql);
-    changes_.push_back({.sql = texts_.size() - 1, .values = values});
+    changes_.push_back({.sql = texts_.size() - 1, .values = std::move(values)});
 }
 
 void Transaction::noteSuccess() {

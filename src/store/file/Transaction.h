@@ -37,8 +37,10 @@ public:
 
     // What statements tell of themselves.
 
+    /// Whether changes are to be told now.
+    [[nodiscard]] bool keepsChanges() const { return isKept_; }
     /// A statement is about to change rows with these values bound.
-    void noteChange(std::string_view sql, const std::vector<Value>& values);
+    void noteChange(std::string_view sql, std::vector<Value> values);
     /// It has succeeded: what is kept does not grow without end. Errors as commit() raises them.
     void noteSuccess();
     /// It, or one that reads, has failed.
