@@ -38,13 +38,14 @@ LineEdit::LineEdit(QWidget& parent, const TextBox& box)
         setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
-/// A text from code may be longer than the limit, and stays so until it is typed over.
-void LineEdit::showText(const TextBox& box) {
-    const QString shown = toQt(box.text());
-    const qsizetype limit = box.options().maxLength;
-    limited_->setLimit(limit == 0 ? 0 : std::max(limit, charactersIn(shown)));
-    if (shown != text())
-        setText(shown);
+QString LineEdit::textOf(const TextBox& box) {
+    return toQt(box.text());
+}
+
+void LineEdit::show(const QString& text, qsizetype limit) {
+    limited_->setLimit(limit == 0 ? 0 : std::max(limit, charactersIn(text)));
+    if (text != shown())
+        setText(text);
 }
 
 /// Left leads from what is selected to its beginning, as it does in boxes of several lines.
@@ -71,19 +72,27 @@ QSize LineEdit::minimumSizeHint() const {
     return {std::max(least.width(), fontMetrics().averageCharWidth() * (characters + 1)), least.height()};
 }
 
+void LinesEdit::keyPressEvent(QKeyEvent* event) {
+    wasAllSelected_ = isAllSelected();
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+QString LinesEdit::textOf(const TextBox& box) {
+    return linesToQt(box.text());
+}
+
 /// The text with its own blanks: toPlainText() would make those that do not break to usual ones.
-QString LinesEdit::lines() const {
+QString LinesEdit::shown() const {
     return document()
         ->toRawText()
         .replace(QChar::ParagraphSeparator, '\n')
         .replace(QChar::LineSeparator, '\n');
 }
 
-void LinesEdit::showText(const TextBox& box) {
-    const QString shown = linesToQt(box.text());
-    if (shown == lines())
+void LinesEdit::show(const QString& text, qsizetype /*limit*/) {
+    if (text == shown())
         return;
-    setPlainText(shown);
+    setPlainText(text);
     if (!isReadOnly())
         moveCursor(QTextCursor::End);
 }

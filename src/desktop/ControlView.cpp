@@ -50,7 +50,7 @@ void ControlView::refresh() {
     QWidget& shown = outerWidget();
     shown.setEnabled(isShownAsOn());
     shown.setVisible(control_.isVisible());
-    shown.setToolTip(asTip(control_.tip()));
+    shown.setToolTip(asTip(shownTip()));
     tellDescription(widget(), toQt(spokenDescription()));
 }
 

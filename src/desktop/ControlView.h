@@ -59,6 +59,8 @@ protected:
     virtual void refreshContent() = 0;
     /// Whether it is drawn, and told, as something that can be used.
     [[nodiscard]] virtual bool isShownAsOn() const { return control_.isEnabled(); }
+    /// What is told beside the mouse.
+    [[nodiscard]] virtual std::string shownTip() const { return control_.tip(); }
 
 private:
     [[nodiscard]] const std::string& spokenDescription() const;

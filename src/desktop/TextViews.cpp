@@ -13,7 +13,18 @@ namespace tallybrook {
 
 namespace {
 
-/// What boxes of one and of several lines have in common. `Edit` is the toolkit's widget.
+/// As much of a text as a box shows. The toolkit lays all of it out anew at each key.
+constexpr qsizetype kMostShown = 100'000;
+
+qsizetype endOfBeginning(const QString& text) {
+    if (text.size() <= kMostShown)
+        return text.size();
+    return text[kMostShown].isLowSurrogate() ? kMostShown - 1 : kMostShown;
+}
+
+/// What boxes of one and of several lines have in common. `Edit` is the toolkit's widget, which shows the
+/// beginning of a text that nobody could have typed; what stands behind it belongs to the box, and goes when
+/// all is typed over.
 template <typename Edit>
 class TextBoxView : public ControlView {
 public:
@@ -23,7 +34,9 @@ public:
         edit_->setAcceptDrops(false);
         edit_->whenEdited([this](const QString& text) {
             shown_.reset();
-            listener_.edited(box_, text);
+            if (edit_->hasReplacedAll(box_))
+                behind_.clear();
+            listener_.edited(box_, text + behind_);
         });
         QObject::connect(edit_, &Edit::selectionChanged, edit_, [this] { noteSelection(); });
     }
@@ -44,7 +57,7 @@ protected:
         // A long text takes its time, and most actions leave it alone.
         if (const std::optional<std::uint64_t> changes = box_.changes();
             std::exchange(shown_, changes) != changes)
-            edit_->showText(box_);
+            showText();
         if (!box_.hasFocus())
             edit_->selectNothing();
         else if (box_.isAllSelected())
@@ -52,7 +65,24 @@ protected:
         drawBoxGround(*edit_, box_.options().readOnly || !box_.isEnabled());
     }
 
+    [[nodiscard]] std::string shownTip() const override {
+        return behind_.isEmpty() ? ControlView::shownTip()
+                                 : "Only the beginning of this very long text is shown. What follows stays "
+                                   "as it is, unless all is typed over.";
+    }
+
 private:
+    void showText() {
+        const QString text = Edit::textOf(box_);
+        QString part = edit_->shown();
+        if (text != part + behind_ || (part.isEmpty() && !behind_.isEmpty())) {
+            const qsizetype end = endOfBeginning(text);
+            behind_ = text.sliced(end);
+            part = text.first(end);
+        }
+        edit_->show(part, box_.options().maxLength);
+    }
+
     /// A box that the toolkit deselects because a menu has the keyboard meanwhile keeps its selection.
     void noteSelection() {
         if (edit_->window()->focusWidget() == edit_)
@@ -62,6 +92,7 @@ private:
     TextBox& box_;
     Edit* edit_;
     ViewListener& listener_;
+    QString behind_;  // what follows of the box's text
     std::optional<std::uint64_t>
         shown_;  // which of its texts the widget shows, unless it has been edited since
 };

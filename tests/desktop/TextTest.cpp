@@ -2,6 +2,7 @@
 
 #include <QClipboard>
 #include <QPlainTextEdit>
+#include <functional>
 
 namespace tallybrook::test {
 
@@ -67,6 +68,52 @@ TEST_F(TextTest, TextFromCodeIsNotCut) {
     const std::string endless(100'000, 'x');
     setText(screen().txtName, endless);
     EXPECT_EQ(nameEdit().text().size(), 100'000);
+}
+
+class VeryLongText : public TextTest {
+protected:
+    /// Follows a text of 300,000 characters and what `shown` lays out of it, when its box is entered, typed
+    /// in at its beginning, emptied, and typed over. End goes to the end with these keys.
+    void followInto(TextBox& box, const std::function<QString()>& shown, Qt::KeyboardModifiers toEnd) {
+        const std::string text = std::string(150'000, 'a') + std::string(150'000, 'b');
+        setText(box, text);
+        EXPECT_TRUE(shown() == QString(100'000, 'a'));
+        click(box);
+        EXPECT_TRUE(box.text() == text);
+        press(Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_Left);
+        type("xy");
+        EXPECT_TRUE(box.text() == "xy" + text);
+        EXPECT_TRUE(shown() == "xy" + QString(100'000, 'a'));
+        press(Qt::Key_End, Qt::ShiftModifier | toEnd);
+        press(Qt::Key_Delete);
+        EXPECT_TRUE(box.text() == "xy" + text.substr(100'000));
+        press(Qt::Key_Backspace);
+        press(Qt::Key_Backspace);
+        EXPECT_TRUE(shown() == QString(50'000, 'a') + QString(50'000, 'b'));
+        press(Qt::Key_A, Qt::ControlModifier);
+        type("z");
+        EXPECT_EQ(box.text(), "z");
+        EXPECT_EQ(shown(), "z");
+    }
+};
+
+TEST_F(VeryLongText, IsLaidOutAtItsBeginningOnly) {
+    followInto(
+        screen().txtName, [this] { return nameEdit().text(); }, Qt::NoModifier);
+}
+
+TEST_F(VeryLongText, IsLaidOutAtItsBeginningOnlyInABoxOfSeveralLines) {
+    followInto(
+        screen().txtLines, [this] { return linesEdit().toPlainText(); }, Qt::ControlModifier);
+}
+
+TEST_F(VeryLongText, IsToldAsOneThatGoesOn) {
+    setText(screen().txtName, std::string(100'000, 'a'));
+    EXPECT_FALSE(nameEdit().toolTip().contains("Only the beginning"));
+    setText(screen().txtName, std::string(99'999, 'a') + "\xF0\x9F\x8E\xB3");
+    EXPECT_EQ(nameEdit().text().size(), 99'999) << "half a character is shown";
+    EXPECT_TRUE(nameEdit().toolTip().contains("Only the beginning")) << nameEdit().toolTip().toStdString();
 }
 
 TEST_F(TextTest, TextFromCodeIsNotCutWhenItIsShortened) {
