@@ -4,9 +4,9 @@
 // of.
 
 #include "reliability/Contents.h"
+#include "reliability/DataFolder.h"
 #include "reliability/Fault.h"
 #include "reliability/Operations.h"
-#include "reliability/Rounds.h"
 #include "reliability/TextFiles.h"
 #include "reliability/Visit.h"
 #include "support/FileCalls.h"
@@ -158,6 +158,7 @@ TEST_P(Failing, CostsNothingButWhatItFailsIn) {
         SCOPED_TRACE("failing at call " + std::to_string(calls));
         struck = runFailing(calls);
     }
+    RecordProperty("calls", calls);
     EXPECT_TRUE(calls > 2 || !isWrittenTo()) << "the calls are not counted";
 }
 

@@ -2,10 +2,11 @@
 // the handheld had is in the logbook or still on the handheld, and the program starts again.
 
 #include "reliability/Contents.h"
+#include "reliability/DataFolder.h"
 #include "reliability/Operations.h"
-#include "reliability/Rounds.h"
 #include "reliability/Visit.h"
 #include "support/FileCalls.h"
+#include "support/Rounds.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>

@@ -2,12 +2,13 @@
 // bytes that were not synchronised reached the disk.
 
 #include "reliability/Contents.h"
+#include "reliability/DataFolder.h"
 #include "reliability/Operations.h"
-#include "reliability/Rounds.h"
 #include "reliability/UnsyncedFiles.h"
 #include "reliability/Visit.h"
 #include "store/Store.h"
 #include "support/FileCalls.h"
+#include "support/Rounds.h"
 #include "support/TemporaryFolder.h"
 
 #include <random>
