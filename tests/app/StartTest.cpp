@@ -49,7 +49,7 @@ TEST_F(Start, FinishesAFirstStartThatWasCutOff) {
         fs::create_directories(data());
         for (const char* const made : folders)
             fs::create_directory(data() / made);
-        std::ofstream(data() / "Tallybrook.lock");
+        std::ofstream(data() / "Tallybrook.lock").flush();
         Application program(display, clock, data());
         expectFirstStart(display);
         program.start();

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -16,7 +17,7 @@ namespace {
 
 /// A cell, and what its balls count: a digit its value, anything else nothing.
 struct Sheet {
-    explicit Sheet(const std::string& written) : cell(written) {}
+    explicit Sheet(std::string written) : cell(std::move(written)) {}
 
     [[nodiscard]] char mark(std::size_t ball) const { return ball <= cell.size() ? cell[ball - 1] : '\0'; }
     [[nodiscard]] bool isStrike(std::size_t ball) const { return mark(ball) == 'X'; }

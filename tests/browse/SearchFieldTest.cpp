@@ -18,9 +18,11 @@ bool holds(const std::string& condition) {
 /// looked for.
 struct Kept {
     explicit Kept(std::string_view words)
-        : below(words.find("less") != words.npos || words.find("before") != words.npos),
-          above(words.find("greater") != words.npos || words.find("after") != words.npos),
-          same((!below && !above) || words.find(" or ") != words.npos) {}
+        : below(words.find("less") != std::string_view::npos ||
+                words.find("before") != std::string_view::npos),
+          above(words.find("greater") != std::string_view::npos ||
+                words.find("after") != std::string_view::npos),
+          same((!below && !above) || words.find(" or ") != std::string_view::npos) {}
     bool below;
     bool above;
     bool same;

@@ -481,7 +481,7 @@ TEST_F(AnOldLogbook, DoesNoHarmWithAnEndlessText) {
     std::memcpy(&pointer, bytes.data() + head + 4, sizeof pointer);
     const std::size_t page = std::size_t{pointer >> 8U} * 4096;
     std::uint16_t place = 0;
-    std::memcpy(&place, bytes.data() + page + 14 + 2 * (pointer & 0xFF), sizeof place);
+    std::memcpy(&place, bytes.data() + page + 14 + std::size_t{2} * (pointer & 0xFF), sizeof place);
     std::memcpy(bytes.data() + page + place, &pointer, sizeof pointer);  // the first part is the next one
     for (const std::uint32_t told : {size, 0x3FFFFFFFU}) {
         std::memcpy(bytes.data() + head, &told, sizeof told);

@@ -85,7 +85,7 @@ TEST_F(JetFileOfTables, IsReadByAnotherReaderAlikeWhereItIsLarge) {
     for (int key = 1; key <= 300; ++key) {
         const std::string note(static_cast<std::size_t>(key * 30), static_cast<char>('a' + key % 26));
         table.rows.push_back(row(key, "t" + std::to_string(key), note));
-        expected += std::to_string(key) + ",\"t" + std::to_string(key) + "\",-7,200.25,\"2026-11-04\",\"" +
+        expected += std::to_string(key) + ",\"t" + std::to_string(key) + R"(",-7,200.25,"2026-11-04",")" +
                     note + "\"," + std::to_string(key % 2) + "\n";
     }
     write({table});

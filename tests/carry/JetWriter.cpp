@@ -152,14 +152,15 @@ public:
     /// Adds a row; returns its pointer.
     std::uint32_t add(const std::string& row, std::uint16_t flags = 0) {
         constexpr std::uint16_t kMostRows = 255;
-        if (numbers_.empty() || rows_ == kMostRows || end_ < row.size() + kDataHead + 2 * (rows_ + 1U))
+        if (numbers_.empty() || rows_ == kMostRows ||
+            end_ < row.size() + kDataHead + std::size_t{2} * (rows_ + 1U))
             begin();
         std::string& page = pages_[numbers_.back()];
         end_ -= row.size();
         page.replace(end_, row.size(), row);
-        put(page, kDataHead + 2 * rows_, static_cast<std::uint16_t>(end_ | flags));
+        put(page, kDataHead + std::size_t{2} * rows_, static_cast<std::uint16_t>(end_ | flags));
         put(page, 12, static_cast<std::uint16_t>(++rows_));
-        put(page, 2, static_cast<std::uint16_t>(end_ - kDataHead - 2 * rows_));
+        put(page, 2, static_cast<std::uint16_t>(end_ - kDataHead - std::size_t{2} * rows_));
         return numbers_.back() << 8U | (rows_ - 1U);
     }
     /// What comes next goes on a page of its own.
@@ -243,7 +244,7 @@ private:
     std::string variableBytes(const JetField& field, const Cell& cell) {
         if (std::holds_alternative<Null>(cell))
             return {};
-        const std::string& text = std::get<std::string>(cell);
+        const auto& text = std::get<std::string>(cell);
         switch (field.type) {
             case JetType::Text:
                 return storedText(text, field.isCompressed);
@@ -277,8 +278,9 @@ private:
             return row + mask;
         const std::size_t start = row.size();
         row += variable + bytesOfNumber(static_cast<std::uint16_t>(start + variable.size()));
-        for (auto end = ends.rbegin(); end != ends.rend(); ++end)
-            row += bytesOfNumber(static_cast<std::uint16_t>(start + *end));
+        std::for_each(ends.rbegin(), ends.rend(), [&](std::uint16_t end) {
+            row += bytesOfNumber(static_cast<std::uint16_t>(start + end));
+        });
         return row + bytesOfNumber(static_cast<std::uint16_t>(ends.size())) + mask;
     }
 

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <vector>
 
+// NOLINTNEXTLINE(readability-redundant-declaration): the target may be compiled as one with this
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 int main(int argc, char** argv) {

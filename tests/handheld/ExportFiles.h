@@ -18,7 +18,7 @@ struct EventLine {
     std::string type = "League";
     std::string centerName = "Rolling Lanes";
     std::string centerLoc = "Springfield";
-    std::string comment = "";
+    std::string comment = {};
     std::string games = "3";
     std::string average = "180.33";
     std::string total = "541";
@@ -45,7 +45,7 @@ struct GameLine {
     std::string lanePair = "13-14";
     std::string scoreType = "P";
     std::string laneCond = "dry";
-    std::string comment = "";
+    std::string comment = {};
 
     [[nodiscard]] std::string text() const {
         return recordId + "," + status + "," + gameId + "," + eventId + "," + number + "," + score + "," +
@@ -68,10 +68,10 @@ struct FrameLine {
     std::string foot = "20";
     std::string target = "10";
     std::string first = "X";
-    std::string second = "";
-    std::string fill = "";
+    std::string second = {};
+    std::string fill = {};
     std::string lineScore = "X";
-    std::string comment = "";
+    std::string comment = {};
 
     [[nodiscard]] std::string text() const {
         return recordId + "," + status + "," + frameId + "," + eventId + "," + gameId + "," + number + "," +

@@ -11,6 +11,7 @@
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <map>
 
 #include <gtest/gtest.h>
@@ -88,12 +89,10 @@ protected:
     }
 
     static bool handheldIsAsItWas(const fs::path& folder) {
-        for (const auto& [name, bytes] : exportFiles()) {
-            const fs::path file = folder / (name + ".cdb");
-            if (!fs::exists(file) || bytesOf(file) != bytes)
-                return false;
-        }
-        return true;
+        return std::ranges::all_of(exportFiles(), [&](const auto& exported) {
+            const fs::path file = folder / (exported.first + ".cdb");
+            return fs::exists(file) && bytesOf(file) == exported.second;
+        });
     }
 
     static bool logbookHasAllRows(const fs::path& data) {

@@ -198,13 +198,17 @@ TEST(CdbRecord, FindsEarlierQuotesAgainWhereALineEndsEarly) {
 }
 
 TEST(CdbRecord, FailsWhereALineEndsBeforeItsLastBareField) {
-    for (const auto& [format, line] : std::vector<std::pair<const CdbFormat*, std::string>>{
-             {&kEventFormat, R"(E000000001,0x0000,101,"a","b","c","d","e","f",3)"},
-             {&kGameFormat, "G000000001,0x0000,201,101,1"},
-             {&kFrameFormat, "F000000001,0x0000,301,101"},
-             {&kGameFormat, ""},
-             {&kFrameFormat, ""}})
-        EXPECT_EQ(faultOf([&] { fieldsOf(*format, line); }), error::kInvalidProcedureCall) << line;
+    struct CutLine {
+        const CdbFormat& format;
+        std::string line;
+    };
+    for (const CutLine& cut :
+         std::vector<CutLine>{{kEventFormat, R"(E000000001,0x0000,101,"a","b","c","d","e","f",3)"},
+                              {kGameFormat, "G000000001,0x0000,201,101,1"},
+                              {kFrameFormat, "F000000001,0x0000,301,101"},
+                              {kGameFormat, ""},
+                              {kFrameFormat, ""}})
+        EXPECT_EQ(faultOf([&] { fieldsOf(cut.format, cut.line); }), error::kInvalidProcedureCall) << cut.line;
     // The last bare field itself may end the line, but then the quoted one behind it is asked for.
     EXPECT_EQ(faultOf([] { fieldsOf(kGameFormat, "G000000001,0x0000,201,101,1,187,0,13,14,13"); }),
               error::kInvalidProcedureCall);

@@ -185,7 +185,7 @@ private:
     }
 
     void harmCharacter(std::string& line) {
-        static constexpr std::string_view kSigns = "\",\",\",#  -.059eZ";
+        static constexpr std::string_view kSigns = R"(",",",#  -.059eZ)";
         const char sign = kSigns[static_cast<std::size_t>(pick(0, static_cast<int>(kSigns.size()) - 1))];
         const auto at = static_cast<std::size_t>(pick(0, static_cast<int>(line.size())));
         switch (pick(0, 2)) {

@@ -287,7 +287,7 @@ TEST_F(Archive, IsRefusedWhereItsLastKeysLeaveNoneToGive) {
                   "Line 14: The last keys in the first line are not those of such rows.");
     }
     std::ofstream(file, std::ios::binary) << good;
-    const std::string allowed = forged("\"lastKeys\":{\"event\":1,", "\"lastKeys\":{\"event\":2000000000,");
+    const std::string allowed = forged(R"("lastKeys":{"event":1,)", R"("lastKeys":{"event":2000000000,)");
     std::ofstream(file, std::ios::binary) << allowed;
     EXPECT_TRUE(read(other).isNew);
 }

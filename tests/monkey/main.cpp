@@ -72,11 +72,10 @@ void count(const Ending& ending, std::map<std::string, int>& seen) {
     for (std::size_t end = 0; (end = ending.transcript.find('\n', begin)) != std::string::npos;
          begin = end + 1) {
         const std::string line = ending.transcript.substr(begin, end - begin);
-        if (line.starts_with("show "))
-            ++seen[line];
-        else if (line.starts_with("box "))
+        if (line.starts_with("box "))
             ++seen[line.substr(0, line.find(" icon="))];
-        else if (line.starts_with("retrying ") || line.starts_with("run-time error "))
+        else if (line.starts_with("show ") || line.starts_with("retrying ") ||
+                 line.starts_with("run-time error "))
             ++seen[line];
     }
 }

@@ -42,7 +42,8 @@ std::string formOf(std::string_view fields) {
         const bool isQuoted = fields.starts_with('"');
         const std::size_t end = isQuoted ? fields.find('"', 1) : fields.find(',');
         const std::string_view field = fields.substr(0, end);
-        const bool isNumber = !field.empty() && field.find_first_not_of("0123456789.") == field.npos;
+        const bool isNumber =
+            !field.empty() && field.find_first_not_of("0123456789.") == std::string_view::npos;
         form += isQuoted ? 't' : isNumber ? 'n' : '?';
         fields.remove_prefix(std::min(fields.size(), field.size() + (isQuoted ? 1 : 0)));
         if (!fields.empty() && !fields.starts_with(','))

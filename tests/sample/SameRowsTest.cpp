@@ -57,8 +57,10 @@ TEST(Dice, ComeOutTheSameOnEveryMachine) {
 TEST(Dice, ReachEachNumberAndNoOther) {
     sample::Dice dice(1);
     std::vector<int> counts(5);
-    for (int i = 0; i < 5000; ++i)
-        ++counts.at(static_cast<std::size_t>(dice.between(-2, 2) + 2));
+    for (int i = 0; i < 5000; ++i) {
+        const int place = dice.between(-2, 2) + 2;
+        ++counts.at(static_cast<std::size_t>(place));
+    }
     for (const int count : counts)
         EXPECT_NEAR(count, 1000, 150);
 }

@@ -19,7 +19,7 @@ protected:
             rows.AddNew();
             rows["fldSessionNum"] = std::int64_t{1};
             rows["fldGameNum"] = std::int64_t{game};
-            rows["fldGameScore"] = std::int64_t{game * 100};
+            rows["fldGameScore"] = std::int64_t{100} * game;
             rows.Update();
         }
     }

@@ -64,10 +64,12 @@ TEST_F(Stream, GivesWhatARecordsetHolds) {
 }
 
 TEST_F(Stream, RefusesWhatARecordsetRefuses) {
-    for (const auto& [sql, number] : std::vector<std::pair<std::string, int>>{
+    for (const auto& refused : std::vector<std::pair<std::string, int>>{
              {"SELECT * FROM tblEventInfo WHERE fldEventName = 'O'Hara'", error::kStatementNotUnderstood},
              {"SELECT * FROM tblEventInfo WHERE fldNothing = 1", error::kUnknownColumn},
              {"SELECT * FROM tblEventInfo WHERE fldNumGames = 'x'", error::kCriteriaOfWrongType}}) {
+        const std::string& sql = refused.first;
+        const int number = refused.second;
         EXPECT_EQ(failureOf([&] { RowStream(store, sql, {"fldEventName"}); }), number) << sql;
         EXPECT_EQ(failureOf([&] { countRows(store, sql); }), number) << sql;
     }

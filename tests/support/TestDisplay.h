@@ -101,7 +101,7 @@ public:
     void unloaded(Screen& screen) override;
     void raised(Screen& screen) override;
     void pointer(Pointer pointer) override {
-        events_.push_back(pointer == Pointer::Busy ? "busy" : "default");
+        events_.emplace_back(pointer == Pointer::Busy ? "busy" : "default");
     }
     void help(HelpTopic topic) override {
         events_.push_back("help " + std::to_string(static_cast<int>(topic)));
@@ -120,7 +120,7 @@ public:
     void runTimeError(const RunTimeError& failure) override {
         events_.push_back("run-time error " + std::to_string(failure.number()));
     }
-    void ended() override { events_.push_back("end program"); }
+    void ended() override { events_.emplace_back("end program"); }
 
 private:
     std::deque<Expected> expected_;
