@@ -6,9 +6,7 @@ tells what the pictures of these reports say. Averages, moving averages, seasons
 what open frames and leaves cost, and seasons side by side are worked out here from the rows alone, and never from the
 text of a report. Exit status 0 when all agree, 1 when they differ, 2 when the program is not there."""
 
-import argparse
 import json
-import os
 import subprocess
 import sys
 import tempfile
@@ -20,6 +18,7 @@ from itertools import groupby
 from pathlib import Path
 
 import reports
+from command_line import parser_of, seeds_of
 from logbooks import Season, score_of, write_logbook
 from store import Logbook, fold
 
@@ -348,24 +347,14 @@ def first_difference(expected, found):
 
 
 def main():
-    root = Path(__file__).resolve().parents[2]
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--program", type=Path, default=root / "build/test/tests/tell_pictures")
-    parser.add_argument("--seeds", type=int, default=100, metavar="N", help="how many seeds (100)")
-    parser.add_argument("--first", type=int, default=0, metavar="SEED", help="the first seed (0)")
-    asked = parser.parse_args()
-    program = asked.program.resolve()
-    if not os.access(program, os.X_OK):
-        print(f"{program} is not there.", file=sys.stderr)
-        return 2
-
+    asked = parser_of(__doc__, "--program", "tests/tell_pictures").parse_args()
     reports_compared = differing = 0
-    for seed in range(asked.first, asked.first + asked.seeds):
+    for seed in seeds_of(asked):
         with tempfile.TemporaryDirectory(prefix="tallybrook-pictures-") as folder:
             comparison = Comparison(seed, Path(folder))
             comparison.ask()
             reports_compared += len(comparison.asked)
-            for difference in comparison.differences(program):
+            for difference in comparison.differences(asked.program):
                 differing += 1
                 print(f"seed {seed}, {difference}", flush=True)
     print(f"The pictures of {reports_compared} reports compared; {differing} of their tables differ.")

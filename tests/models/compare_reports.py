@@ -5,8 +5,6 @@ For each seed a logbook is made, and the program's player asks for event reports
 on its own screens. The first difference of each play is shown with its line. Exit status 0 when all agree, 1 when they
 differ, 2 when the player is not there."""
 
-import argparse
-import os
 import random
 import re
 import shutil
@@ -20,6 +18,7 @@ from pathlib import Path
 import game_report
 import reports
 from boxes import ANYTHING, Box, lines, quoted
+from command_line import parser_of, seeds_of
 from forms import RunTimeError, ZERO_DATE, short_date, to_text
 from logbooks import make_logbook
 from store import Logbook, fold, is_of_kind
@@ -408,26 +407,17 @@ def compare(seed, player, wanted, keep, starts):
 
 
 def main():
-    root = Path(__file__).resolve().parents[2]
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--player", type=Path, default=root / "build/test/src/tallybrook-play")
-    parser.add_argument("--seeds", type=int, default=100, metavar="N", help="how many seeds (100)")
-    parser.add_argument("--first", type=int, default=0, metavar="SEED", help="the first seed (0)")
+    parser = parser_of(__doc__, "--player", "src/tallybrook-play")
     parser.add_argument("--only", choices=("events", "statistics", "games"), action="append",
                         help="only these reports; may be given more than once")
     parser.add_argument("--keep", metavar="DIR", help="keeps the logbooks, scripts, transcripts and reports here")
     parser.add_argument("--most", type=int, default=10, metavar="N", help="stops after N differing seeds (10)")
     asked = parser.parse_args()
-    player = asked.player.resolve()
-    if not os.access(player, os.X_OK):
-        print(f"{player} is not there.", file=sys.stderr)
-        return 2
-
     wanted = asked.only or ["events", "statistics", "games"]
-    starts = {configured: start_of(player, configured) for configured in (True, False)}
+    starts = {configured: start_of(asked.player, configured) for configured in (True, False)}
     total = differing_plays = differing_seeds = 0
-    for seed in range(asked.first, asked.first + asked.seeds):
-        count, differing = compare(seed, player, wanted, asked.keep, starts)
+    for seed in seeds_of(asked):
+        count, differing = compare(seed, asked.player, wanted, asked.keep, starts)
         total += count
         differing_plays += differing
         differing_seeds += differing > 0
