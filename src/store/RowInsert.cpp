@@ -34,6 +34,7 @@ std::int64_t RowInsert::insert(std::initializer_list<const Value*> values) {
     Connection& connection = store_.connection();
     return onFile([&] {
         Statement::Use row(connection.prepared(sql_));
+        const int year = store_.reading().currentYear();
         int parameter = 0;
         for (const Value* const value : values) {
             const FieldType type = fields_[static_cast<std::size_t>(parameter++)]->type;
@@ -41,7 +42,7 @@ std::int64_t RowInsert::insert(std::initializer_list<const Value*> values) {
                 text != nullptr && type == FieldType::Text)
                 row->bindWithoutCopy(parameter, *text);
             else
-                row->bind(parameter, toFieldValue(*value, type, store_.reading().currentYear()));
+                row->bind(parameter, toFieldValue(*value, type, year));
         }
         connection.forgetKey(table_);  // until the row is there
         row->exec();

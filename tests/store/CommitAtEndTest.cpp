@@ -2,6 +2,7 @@
 #include "runtime/TextForms.h"
 #include "store/CommitAtEnd.h"
 #include "store/Recordset.h"
+#include "store/RowInsert.h"
 #include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
@@ -134,6 +135,29 @@ TEST_F(Commits, KeepChangesAndDeletionsBeforeAFailureThatUndoesTheTransaction) {
     games.Delete();
     EXPECT_THROW(add("four"), RunTimeError);
     EXPECT_EQ(comments(), (std::vector<std::string>{"changed", "three"}));
+}
+
+TEST_F(Commits, KeepValuesOfAllKindsBeforeAFailureThatUndoesTheTransaction) {
+    leaveKeys(3);
+    const std::string quote(1000, '\'');
+    CommitAtEnd rows(store);
+    RowInsert games(store, "tblGameInfo", {"fldSessionNum", "fldGameNum", "fldGameScore", "fldComment"});
+    games.add(Value{std::int64_t{70000}}, Value{std::int64_t{-1}}, Value{Null{}}, Value{quote});
+    EXPECT_THROW(games.add(Value{std::int64_t{1}}, Value{"two"}, Value{Null{}}, Value{""}), RunTimeError);
+    Recordset events(store);
+    events.Open("SELECT * FROM tblEventInfo");
+    events.AddNew();
+    events["fldDateBowled"] = makeDate(2026, 11, 14);
+    events["fldSeriesAvg"] = 170.25;
+    events.Update();
+    add("two");
+    add("three");
+    const std::vector<Value> event = store.rows("tblEventInfo").at(0).values;
+    const std::vector<Value> game = store.rows("tblGameInfo").at(0).values;
+    EXPECT_THROW(add("four"), RunTimeError);
+    EXPECT_EQ(comments(), (std::vector<std::string>{quote, "two", "three"}));
+    EXPECT_EQ(store.rows("tblEventInfo").at(0).values, event);
+    EXPECT_EQ(store.rows("tblGameInfo").at(0).values, game);
 }
 
 TEST_F(Commits, KeepWhatFitsOnADiskThatGetsFull) {

@@ -56,25 +56,22 @@ void Statement::require(int result) const {
 
 void Statement::bind(int index, const Value& value) {
     require(std::visit(Binding{.statement = statement_.get(), .index = index}, value));
-    if (tellsItsChange())
-        noteBound(index, value);
+    if (isChange_)
+        boundFrom(index).addValue(value);
 }
 
 void Statement::bindWithoutCopy(int index, std::string_view text) {
     require(sqlite3_bind_text(statement_.get(), index, text.data(), static_cast<int>(text.size()),
                               SQLITE_STATIC));
-    if (tellsItsChange())
-        noteBound(index, std::string(text));
+    if (isChange_)
+        boundFrom(index).add(text);
 }
 
-bool Statement::tellsItsChange() const {
-    return isChange_ && transaction_->keepsChanges();
-}
-
-void Statement::noteBound(int index, Value value) {
-    if (bound_.empty())
-        bound_.resize(static_cast<std::size_t>(sqlite3_bind_parameter_count(statement_.get())));
-    bound_[static_cast<std::size_t>(index) - 1] = std::move(value);
+/// What is bound so far, to which that of a parameter is to be added.
+PackedValues& Statement::boundFrom(int index) {
+    if (index == 1)
+        bound_.clear();
+    return bound_;
 }
 
 bool Statement::executeStep() {
@@ -89,13 +86,20 @@ bool Statement::executeStep() {
 }
 
 int Statement::exec() {
-    if (tellsItsChange())
-        transaction_->noteChange(sqlite3_sql(statement_.get()), std::exchange(bound_, {}));
+    if (isChange_)
+        transaction_->noteChange(sqlite3_sql(statement_.get()), bound_);
     executeStep();
     const int changed = sqlite3_changes(database_);
     if (transaction_ != nullptr)
         transaction_->noteSuccess();
     return changed;
+}
+
+void Statement::runWith(PackedValues::Reader& values) {
+    for (int index = 1; index <= sqlite3_bind_parameter_count(statement_.get()); ++index)
+        bind(index, values.take());
+    exec();
+    reset();
 }
 
 void Statement::reset() {

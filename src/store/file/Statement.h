@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/Value.h"
+#include "store/file/PackedValues.h"
 #include "store/sql/FieldValue.h"
 
 #include <cstdint>
@@ -26,7 +27,7 @@ public:
     Statement(Transaction& transaction, const std::string& sql);
 
     /// Binds a value to a parameter, counted from 1, in the form in which it is stored. What is bound stays
-    /// until it is bound anew.
+    /// until it is bound anew; what a change is run with is bound anew from the first parameter on.
     void bind(int index, const Value& value);
     /// The same for a text that stays as it is until the statement has run.
     void bindWithoutCopy(int index, std::string_view text);
@@ -35,6 +36,8 @@ public:
     bool executeStep();
     /// Runs what gives no rows; returns how many rows it has changed.
     int exec();
+    /// Runs such a statement once with the next values, one for each parameter.
+    void runWith(PackedValues::Reader& values);
     /// Ends the run, so that parameters can be bound anew.
     void reset();
 
@@ -82,15 +85,14 @@ private:
     };
     void require(int result) const;
 
-    [[nodiscard]] bool tellsItsChange() const;
-    void noteBound(int index, Value value);
+    PackedValues& boundFrom(int index);
 
     sqlite3* database_;
     std::unique_ptr<sqlite3_stmt, Finalize> statement_;
     int uses_ = 0;
     Transaction* transaction_ = nullptr;
-    bool isChange_ = false;     // in the transaction
-    std::vector<Value> bound_;  // of a change that is to be told
+    bool isChange_ = false;  // in the transaction
+    PackedValues bound_;     // of a change
 };
 
 }  // namespace tallybrook

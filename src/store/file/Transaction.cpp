@@ -41,17 +41,22 @@ void Transaction::commitSoFar() {
     begin();
 }
 
-void Transaction::noteChange(std::string_view sql, std::vector<Value> values) {
-    if (texts_.empty() || texts_.back() != sql)
-        texts_.emplace_back(sql);
-    changes_.push_back({.sql = texts_.size() - 1, .values = std::move(values)});
+void Transaction::noteChange(std::string_view sql, const PackedValues& values) {
+    if (!isKept_)
+        return;
+    if (changes_.empty() || changes_.back().sql != sql)
+        changes_.push_back({.sql = std::string(sql), .count = 0});
+    sizeBeforeLast_ = values_.size();
+    values_.append(values);
+    ++changes_.back().count;
+    ++count_;
 }
 
 void Transaction::noteSuccess() {
     constexpr std::size_t kMostKept = 4000;  // changes
     if (isKept_ && !firstRow_)
         noteAddedRow();
-    if (changes_.size() >= kMostKept)
+    if (count_ >= kMostKept)
         commitSoFar();
 }
 
@@ -59,16 +64,22 @@ void Transaction::noteFailure(bool isChange) noexcept {
     if (!isKept_)
         return;
     if (isChange)
-        changes_.pop_back();
+        dropLast();
     if (isOpen())
         return;
     isKept_ = false;
     static_cast<void>(storeAgain());  // the failure itself is told
 }
 
+void Transaction::dropLast() {
+    values_.cutTo(sizeBeforeLast_);
+    --changes_.back().count;
+    --count_;
+}
+
 void Transaction::noteAddedRow() {
     constexpr std::string_view kInsert = "INSERT INTO ";
-    const std::string& text = texts_.back();
+    const std::string& text = changes_.back().sql;
     if (text.starts_with(kInsert))
         firstRow_ = {.table = text.substr(kInsert.size(), text.find(' ', kInsert.size()) - kInsert.size()),
                      .key = sqlite3_last_insert_rowid(database_.getHandle())};
@@ -89,15 +100,15 @@ bool Transaction::wasKept() const {
 
 /// False where a change fails again. Those behind it would get other keys, so they are not tried.
 bool Transaction::storeAgain() {
-    const std::vector<std::string> texts = std::exchange(texts_, {});
-    const std::vector<Change> changes = std::exchange(changes_, {});
-    firstRow_.reset();
+    const std::vector<Changes> changes = std::exchange(changes_, {});
+    const PackedValues kept = std::exchange(values_, {});
+    forget();
     try {
-        for (const Change& change : changes) {
-            Statement statement(database_, texts[change.sql]);
-            for (std::size_t at = 0; at < change.values.size(); ++at)
-                statement.bind(static_cast<int>(at) + 1, change.values[at]);
-            statement.exec();
+        PackedValues::Reader values(kept);
+        for (const auto& [sql, count] : changes) {
+            Statement statement(database_, sql);
+            for (std::size_t change = 0; change < count; ++change)
+                statement.runWith(values);
         }
         return true;
     } catch (const std::exception&) {
@@ -106,8 +117,9 @@ bool Transaction::storeAgain() {
 }
 
 void Transaction::forget() {
-    texts_.clear();
     changes_.clear();
+    values_.clear();
+    count_ = 0;
     firstRow_.reset();
 }
 

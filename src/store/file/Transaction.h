@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/Value.h"
+#include "store/file/PackedValues.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -37,19 +37,18 @@ public:
 
     // What statements tell of themselves.
 
-    /// Whether changes are to be told now.
-    [[nodiscard]] bool keepsChanges() const { return isKept_; }
     /// A statement is about to change rows with these values bound.
-    void noteChange(std::string_view sql, std::vector<Value> values);
+    void noteChange(std::string_view sql, const PackedValues& values);
     /// It has succeeded: what is kept does not grow without end. Errors as commit() raises them.
     void noteSuccess();
     /// It, or one that reads, has failed.
     void noteFailure(bool isChange) noexcept;
 
 private:
-    struct Change {
-        std::size_t sql;  // among the texts
-        std::vector<Value> values;
+    /// Changes on end that one statement has made.
+    struct Changes {
+        std::string sql;
+        std::size_t count;
     };
 
     /// A row that was added.
@@ -58,6 +57,7 @@ private:
         std::int64_t key;
     };
 
+    void dropLast();
     void noteAddedRow();
     [[nodiscard]] bool wasKept() const;
     [[nodiscard]] bool storeAgain();
@@ -65,8 +65,11 @@ private:
 
     SQLite::Database& database_;
     bool isKept_ = false;
-    std::vector<std::string> texts_;
-    std::vector<Change> changes_;
+    // What is kept.
+    std::vector<Changes> changes_;
+    PackedValues values_;  // that were bound, change after change
+    std::size_t count_ = 0;
+    std::size_t sizeBeforeLast_ = 0;  // of the values
     std::optional<AddedRow> firstRow_;
 };
 

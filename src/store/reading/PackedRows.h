@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/Value.h"
+#include "store/file/PackedValues.h"
 #include "store/file/Statement.h"
 #include "store/sql/Schema.h"
 
@@ -9,8 +10,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -38,16 +37,12 @@ public:
     [[nodiscard]] std::size_t size() const { return starts_.size(); }
     /// The memory in use, in bytes.
     [[nodiscard]] std::size_t bytes() const {
-        return bytes_.capacity() + starts_.capacity() * sizeof(starts_.front());
+        return values_.capacity() + starts_.capacity() * sizeof(starts_.front());
     }
 
     /// Begins a row; its values follow, one for each field of the projection in order.
     void addRow(std::int64_t key);
-    void add(Null);
-    void add(std::int64_t number);
-    void add(double number);
-    void add(DateTime date);
-    void add(std::string_view text);
+    void add(const Value& value) { values_.addValue(value); }
     /// Adds the row that a statement has come to: its key stands in the first column, the fields of the
     /// projection, which are some of these, in the columns from `firstField` on.
     void addRow(const Statement& statement, int firstField, const std::vector<const Column*>& fields);
@@ -57,12 +52,8 @@ public:
     [[nodiscard]] Value value(std::size_t row, std::size_t field) const;
 
 private:
-    void append(std::uint8_t byte);
-    template <typename Number>
-    void append(Number number);
-
     std::shared_ptr<const Projection> projection_;
-    std::string bytes_;
+    PackedValues values_;              // of each row the key, then the fields
     std::vector<std::size_t> starts_;  // of each row
 };
 
