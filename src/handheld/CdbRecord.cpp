@@ -21,16 +21,10 @@ std::basic_string_view<Character> columns(std::basic_string_view<Character> line
     return first > line.size() ? std::basic_string_view<Character>() : line.substr(first - 1, count);
 }
 
-Value converted(std::string text, CdbType type) {
-    switch (type) {
-        case CdbType::Text:
-            return text;
-        case CdbType::WholeNumber:
-            return valueOf(toInt16(leadingNumber(text)));
-        case CdbType::Double:
-            break;
-    }
-    return leadingNumber(text);
+Value emptyOf(CdbType type) {
+    if (type == CdbType::Text)
+        return "";
+    return type == CdbType::WholeNumber ? Value{std::int64_t{0}} : Value{0.0};
 }
 
 }  // namespace
@@ -38,7 +32,7 @@ Value converted(std::string text, CdbType type) {
 CdbRecord::CdbRecord(const CdbFormat& format, std::function<void(const RunTimeError&)> onFailure)
     : format_(format), onFailure_(std::move(onFailure)) {
     for (const CdbField& field : format.fields)
-        values_.push_back(converted("", field.type));
+        values_.push_back(emptyOf(field.type));
 }
 
 void CdbRecord::take(std::string_view line) {
@@ -73,19 +67,28 @@ void CdbRecord::cutField(int number) {
         position_.start = format_.firstColumn;
     else if (field.start == CdbStart::StepBack)
         position_.start = position_.end - 1;
-    std::string text;
+    Value& value = values_[at(number)];
+    std::string_view cut;
     try {
-        text = withMemoryErrors([&] { return nextField(field.form == CdbForm::Bare ? ',' : '"'); });
+        withMemoryErrors([&] {
+            cut = nextField(field.form == CdbForm::Bare ? ',' : '"');
+            if (auto* const text = std::get_if<std::string>(&value))
+                *text = cut;
+        });
     } catch (const RunTimeError& failure) {
         return onFailure_(failure);
     }
-    values_[at(number)] = converted(std::move(text), field.type);
+    if (field.type == CdbType::WholeNumber)
+        value = valueOf(toInt16(leadingNumber(cut)));
+    else if (field.type == CdbType::Double)
+        value = leadingNumber(cut);
 }
 
-/// The next field between two delimiters.
-std::string CdbRecord::nextField(char delimiter) {
-    return isAscii_ ? ParseDBLine(position_, delimiter, line_)
-                    : ParseDBLine(position_, static_cast<char32_t>(delimiter), characters_);
+/// The next field between two delimiters; it stays until the next one is cut.
+std::string_view CdbRecord::nextField(char delimiter) {
+    if (isAscii_)
+        return ParseDBLine(position_, delimiter, line_);
+    return cut_ = ParseDBLine(position_, static_cast<char32_t>(delimiter), characters_);
 }
 
 std::string CdbRecord::markedLine() const {

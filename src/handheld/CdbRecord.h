@@ -40,13 +40,14 @@ public:
 private:
     static std::size_t at(int field) { return static_cast<std::size_t>(field - kFirstCutField); }
     void cutField(int number);
-    std::string nextField(char delimiter);
+    std::string_view nextField(char delimiter);
 
     const CdbFormat& format_;
     std::function<void(const RunTimeError&)> onFailure_;
     std::string line_;
     bool isAscii_ = true;        // then the bytes of the line are its characters
     std::u32string characters_;  // of any other
+    std::string cut_;            // out of these
     CutPosition position_;
     std::string id_;
     std::string status_;

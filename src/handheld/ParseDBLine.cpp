@@ -32,8 +32,8 @@ std::string ParseDBLine(CutPosition& at, char32_t delimiter, std::u32string_view
     return textOf(cut(at, delimiter, line));
 }
 
-std::string ParseDBLine(CutPosition& at, char delimiter, std::string_view line) {
-    return std::string(cut(at, delimiter, line));
+std::string_view ParseDBLine(CutPosition& at, char delimiter, std::string_view line) {
+    return cut(at, delimiter, line);
 }
 
 }  // namespace tallybrook

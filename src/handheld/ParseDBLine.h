@@ -20,7 +20,7 @@ struct CutPosition {
 /// need not know whether the field is a number: that would tell what stands for a Null, and no text that is
 /// cut from a line is one.
 std::string ParseDBLine(CutPosition& at, char32_t delimiter, std::u32string_view line);
-/// The same for a line of plain ASCII, whose bytes are its characters.
-std::string ParseDBLine(CutPosition& at, char delimiter, std::string_view line);
+/// The same for a line of plain ASCII, whose bytes are its characters; the field stands in the line.
+std::string_view ParseDBLine(CutPosition& at, char delimiter, std::string_view line);
 
 }  // namespace tallybrook

@@ -1,7 +1,7 @@
 #include "handheld/CdbReader.h"
 #include "handheld/ReadCDB.h"
 
-#include <fmt/format.h>
+#include <fmt/compile.h>
 
 namespace tallybrook {
 
@@ -42,9 +42,9 @@ Outcome addFrame(SyncRun& run, CdbRecord& record) {
     record.cut(kLaneBowled, kComment);
     storeFrame(run.controls().frames, record, *eventKey);
     return {.isAdded = true,
-            .logLine = fmt::format(
-                "Record ID: {} added to database, Event key: {}, Game number: {}, Frame number: {}",
-                record.id(), eventKey->value(), gameNum, frameNum)};
+            .logLine = fmt::format(FMT_COMPILE("Record ID: {} added to database, Event key: {}, Game number: "
+                                               "{}, Frame number: {}"),
+                                   record.id(), eventKey->value(), gameNum, frameNum)};
 }
 
 }  // namespace
