@@ -5,6 +5,7 @@
 #include "store/WalkRows.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -41,6 +42,8 @@ bool isInOrder(const GameOverview& game) {
            !differs(game.scoreType, scoreTypeOf(game.firstBall));
 }
 
+using Overviews = std::vector<GameOverview>;
+
 /// The walk over events, games and frames. What cannot be read keeps its value from the row before.
 class ScoreTypeCheck {
 public:
@@ -72,12 +75,13 @@ private:
     /// Where one look shows that there is nothing to tell of the event's games and nothing to change, all is
     /// as a walk over them would have left it.
     bool passGamesInOrder() {
-        std::optional<std::vector<GameOverview>> games;
-        step_([&] { games = gamesAtOneLook(run_.program.store(), eventKey_); });
-        if (!games || games->empty() || !std::ranges::all_of(*games, isInOrder))
+        seen_.clear();
+        walked_ = 0;
+        step_([&] { seen_ = gamesAtOneLook(run_.program.store(), eventKey_).value_or(Overviews{}); });
+        if (seen_.empty() || !std::ranges::all_of(seen_, isInOrder))
             return false;
-        gameNumber_ = std::get<std::int64_t>(games->back().number);
-        gameCount_ = static_cast<int>(games->size());
+        gameNumber_ = std::get<std::int64_t>(seen_.back().number);
+        gameCount_ = static_cast<int>(seen_.size());
         return true;
     }
 
@@ -100,7 +104,16 @@ private:
         correctCount(games_, "fldFrmsRecorded", frameCount_, label + ", frames recorded changed to ");
     }
 
+    /// The look has shown the frames of the game, if it was one and has shown this game.
     std::string concludeType() {
+        const GameOverview* const game = walked_ < seen_.size() ? &seen_[walked_++] : nullptr;
+        if (game == nullptr || game->number != Value{std::int64_t{gameNumber_.value()}})
+            return concludeTypeFromFrames();
+        frameCount_ = game->frames;
+        return scoreTypeOf(game->firstBall);
+    }
+
+    std::string concludeTypeFromFrames() {
         std::string scoreType = scoreTypeOf({});
         step_([&] {
             frames_->Open(
@@ -143,6 +156,8 @@ private:
     Int32 eventKey_;
     std::string eventName_;
     DateTime dateBowled_ = kZeroDate;
+    Overviews seen_;  // the games of the event, as one look shows them
+    std::size_t walked_ = 0;
     Int16 gameNumber_;
     int gameCount_ = 0;
     int frameCount_ = 0;
