@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -104,11 +106,14 @@ bool isTable(const SQLite::Database& database, const Table& table) {
     return found.executeStep();
 }
 
-bool hasColumn(const SQLite::Database& database, const Table& table, const Column& column) {
-    SQLite::Statement found(database, "SELECT 1 FROM pragma_table_info(?) WHERE name = ?");
-    found.bind(1, table.name);
-    found.bind(2, column.name);
-    return found.executeStep();
+/// Whether the table has all its columns.
+bool isWhole(const SQLite::Database& database, const Table& table) {
+    SQLite::Statement column(database, "SELECT name FROM pragma_table_info(?)");
+    column.bind(1, table.name);
+    std::set<std::string> found;
+    while (column.executeStep())
+        found.insert(column.getColumn(0).getString());
+    return std::ranges::all_of(table.columns, [&](const Column& one) { return found.contains(one.name); });
 }
 
 bool hasAllTables(const SQLite::Database& database) {
@@ -143,10 +148,8 @@ int schemaOf(const SQLite::Database& database) {
 }
 
 bool hasAllColumns(const SQLite::Database& database) {
-    return hasAllTables(database) && std::ranges::all_of(tables(), [&](const Table& table) {
-               return std::ranges::all_of(
-                   table.columns, [&](const Column& column) { return hasColumn(database, table, column); });
-           });
+    return hasAllTables(database) &&
+           std::ranges::all_of(tables(), [&](const Table& table) { return isWhole(database, table); });
 }
 
 void inspectTables(const fs::path& file, const SQLite::Database& database, int newestSchema) {
