@@ -2,10 +2,12 @@
 
 #include "style/BoxIcons.h"
 #include "style/Colours.h"
+#include "style/LateIcon.h"
 
 #include <QAbstractItemView>
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QStyleOption>
 #include <QTableView>
 #include <algorithm>
@@ -160,9 +162,14 @@ int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-/// The toolkit's own icons of message boxes are small, and coarse in any other size.
+/// The toolkit's own icons of message boxes are small, and coarse in any other size. That for the entries of
+/// a menu bar which have no room takes longer to load than a window to build, and is hardly ever seen.
 QIcon OutlinedStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
                                   const QWidget* widget) const {
+    if (isPlain() && picture == SP_ToolBarHorizontalExtensionButton)
+        return lateIcon([style = QPointer<QStyle>(baseStyle()), picture] {
+            return style == nullptr ? QIcon() : style->standardIcon(picture);
+        });
     const QIcon own = isPlain() ? boxIcon(picture) : QIcon();
     return own.isNull() ? QProxyStyle::standardIcon(picture, option, widget) : own;
 }
