@@ -31,7 +31,7 @@ constexpr std::array<Reply, 14> kReplies{{{"Tallybrook", Answer::OK},
 
 }  // namespace
 
-Answer BenchDisplay::messageBox(const MessageBox& box) {
+Answer answerTo(const MessageBox& box) {
     const auto* const reply = std::ranges::find_if(kReplies, [&](const Reply& known) {
         return known.title == box.title && box.text.starts_with(known.begin);
     });

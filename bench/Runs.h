@@ -3,6 +3,7 @@
 #include "Place.h"
 
 #include <filesystem>
+#include <string>
 
 #include <benchmark/benchmark.h>
 
@@ -64,6 +65,14 @@ void archiveIn(State& state, const Place& place);
 void archiveInLimit(State& state, const Place& place);
 void carryIn(State& state, const Place& place);
 void carryInLimit(State& state, const Place& place);
+
+/// A click or a key on the frame screen until all that it changes is painted, on the real windows; the one
+/// of a hundred that takes longest.
+void frameClicks(State& state, const Place& place);
+void frameClicksLarge(State& state, const Place& place);
+/// The milliseconds of that, on a window of a size such as "2560x1440", or of its usual size where that is
+/// empty. To be called in a process of its own.
+double slowestClicks(const std::filesystem::path& folder, const std::string& size);
 
 void start(State& state, const Place& place);
 void startLimit(State& state, const Place& place);

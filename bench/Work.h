@@ -31,7 +31,7 @@ struct Effort {
 struct Work {
     std::string name;
     Run program;
-    Run limit;
+    Run limit;  // nullptr where nobody could say what the least is
     Effort effort;
     std::vector<Figure> figures;
 };

@@ -38,6 +38,8 @@ const std::vector<Work>& works() {
         {"workbook out", workbookOut, workbookOutLimit, kOnce, {{"ms", within(3)}}},
         {"archive in", archiveIn, archiveInLimit, kOnce, {{"ms", within(3)}}},
         {"old logbook in", carryIn, carryInLimit, kOnce, {{"ms", within(3)}}},
+        {"frame screen", frameClicks, nullptr, kOnce, {{"ms, p99", atMost(8)}}},
+        {"frame screen, large", frameClicksLarge, nullptr, kOnce, {{"ms, p99", atMost(16)}}},
         {"start", start, startLimit, kFresh, {{"ms", both(atMost(25), sameInAllSizes())}}}};
     return works;
 }

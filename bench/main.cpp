@@ -33,10 +33,11 @@ void plan(const std::string& name, Run run, const Place& place, int rounds, int 
 void planAll(const std::vector<Place>& places) {
     for (const Work& work : works()) {
         for (std::size_t size = 0; const Place& place : places) {
-            for (const bool isProgram : {true, false})
-                plan(Results::nameOf(work.name, place.events, isProgram),
-                     isProgram ? work.program : work.limit, place, work.effort.rounds,
-                     work.effort.repetitions.at(size));
+            for (const Run run : {work.program, work.limit}) {
+                if (run != nullptr)
+                    plan(Results::nameOf(work.name, place.events, run == work.program), run, place,
+                         work.effort.rounds, work.effort.repetitions.at(size));
+            }
             ++size;
         }
     }
@@ -74,11 +75,16 @@ int main(int argc, char** argv) {
     try {
         benchmark::Initialize(&argc, argv);
         const std::vector<std::string> arguments(argv + 1, argv + argc);
+        if (arguments.size() == 3 && arguments[0] == "--clicks") {
+            std::cout << slowestClicks(arguments[1], arguments[2]);
+            return 0;
+        }
         if (arguments.size() != 2)
             throw std::runtime_error(
                 "usage: tallybrook-bench SAMPLES FOLDER [--benchmark_filter=WORK]\n"
                 "       tallybrook-bench --once DATA --benchmark_filter=WORK\n"
-                "       tallybrook-bench --peak-of-program|--peak-of-limit DATA");
+                "       tallybrook-bench --peak-of-program|--peak-of-limit DATA\n"
+                "       tallybrook-bench --clicks DATA WIDTHxHEIGHT");
         if (arguments[0] == "--peak-of-program")
             std::cout << peakOfProgram(arguments[1]);
         else if (arguments[0] == "--once")
