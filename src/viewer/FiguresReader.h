@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/ReportFigures.h"
+#include "readers/ReportFigures.h"
 
 #include <QPointer>
 #include <QThread>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "textview/ReportView.h"
 #include "viewer/FindBar.h"
-#include "viewer/ReportView.h"
 
 namespace tallybrook {
 

@@ -1,7 +1,7 @@
 #include "viewer/PictureFiles.h"
 
+#include "readers/Device.h"
 #include "viewer/Boxes.h"
-#include "viewer/Device.h"
 
 #include <QClipboard>
 #include <QFileDialog>

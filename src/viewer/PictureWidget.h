@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/ReportPicture.h"
+#include "pictures/ReportPicture.h"
 
 #include <QWidget>
 #include <memory>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "viewer/ReportPicture.h"
-#include "viewer/WheelTurn.h"
-#include "viewer/Zoom.h"
+#include "pictures/ReportPicture.h"
+#include "textview/WheelTurn.h"
+#include "textview/Zoom.h"
 
 #include <QPointer>
 #include <QScrollArea>

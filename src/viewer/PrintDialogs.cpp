@@ -1,9 +1,9 @@
 #include "viewer/PrintDialogs.h"
 
+#include "paper/Paper.h"
+#include "readers/Device.h"
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
-#include "viewer/Device.h"
-#include "viewer/Paper.h"
 
 #include <QBoxLayout>
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/ReportPrinter.h"
+#include "paper/ReportPrinter.h"
 
 #include <optional>
 

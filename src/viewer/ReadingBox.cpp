@@ -1,6 +1,6 @@
 #include "viewer/ReadingBox.h"
 
-#include "viewer/ReportPicture.h"
+#include "pictures/ReportPicture.h"
 
 #include <QPainter>
 #include <algorithm>

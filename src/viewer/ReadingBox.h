@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/PictureLook.h"
+#include "pictures/PictureLook.h"
 
 #include <QRectF>
 #include <QStringList>

@@ -1,14 +1,14 @@
 #include "viewer/ReportWindow.h"
 
+#include "pictures/Pictures.h"
+#include "pictures/SeasonsSideBySide.h"
+#include "readers/FileFailure.h"
 #include "runtime/DataHome.h"
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
-#include "viewer/FileFailure.h"
 #include "viewer/PictureFiles.h"
 #include "viewer/PictureWidget.h"
-#include "viewer/Pictures.h"
 #include "viewer/PrintDialogs.h"
-#include "viewer/SeasonsSideBySide.h"
 
 #include <QDesktopServices>
 #include <QDir>

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "manual/HelpWindow.h"
+#include "paper/ReportPrinter.h"
+#include "readers/ReportText.h"
 #include "viewer/FiguresReader.h"
 #include "viewer/FileWatch.h"
 #include "viewer/Finder.h"
 #include "viewer/NoticeBar.h"
 #include "viewer/PicturesView.h"
 #include "viewer/RecentReports.h"
-#include "viewer/ReportPrinter.h"
-#include "viewer/ReportText.h"
 
 #include <QKeySequence>
 #include <QMainWindow>

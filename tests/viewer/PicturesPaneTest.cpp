@@ -1,5 +1,5 @@
-#include "Golden.h"
 #include "Window.h"
+#include "readers/Golden.h"
 #include "viewer/PictureWidget.h"
 
 #include <QAccessible>

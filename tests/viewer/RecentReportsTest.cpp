@@ -1,4 +1,4 @@
-#include "Files.h"
+#include "readers/Files.h"
 #include "viewer/RecentReports.h"
 
 #include <QDir>

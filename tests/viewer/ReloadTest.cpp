@@ -1,6 +1,6 @@
-#include "Events.h"
 #include "Window.h"
 #include "manual/HelpBrowser.h"
+#include "readers/Events.h"
 #include "viewer/PictureWidget.h"
 
 #include <QPushButton>

@@ -1,7 +1,7 @@
-#include "Media.h"
-#include "UsersLocale.h"
 #include "Window.h"
-#include "viewer/Paper.h"
+#include "paper/Media.h"
+#include "paper/Paper.h"
+#include "paper/UsersLocale.h"
 
 #include <QClipboard>
 #include <QComboBox>

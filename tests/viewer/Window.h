@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Files.h"
 #include "desktop/ModalHands.h"
+#include "readers/Files.h"
 #include "viewer/ReportWindow.h"
 
 #include <QAction>

@@ -1,0 +1,231 @@
+#include "pictures/SeasonsSideBySide.h"
+
+#include "pictures/RackCards.h"
+#include "pictures/SeasonPictures.h"
+#include "readers/Days.h"
+#include "readers/FileFailure.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tallybrook {
+
+namespace {
+
+SeasonRecord recordOf(const ReportFigures& figures) {
+    SeasonRecord record;
+    for (const BowledEvent& event : figures.events.bowled)
+        record.total.add(event);
+    const StrikeFigures strikes = figures.strikes.value_or(StrikeFigures());
+    if (strikes.strikes && strikes.spares && strikes.opens) {
+        const int chances = *strikes.spares + *strikes.opens;
+        const int all = *strikes.strikes + chances;
+        record.shares = {{"Strikes", {*strikes.strikes, all}},
+                         {"Spares", {*strikes.spares, chances}},
+                         {"Open frames", {*strikes.opens, all}}};
+    }
+    if (strikes.singlePins)
+        record.shares.push_back({"Single pins", {strikes.singlePins->made, strikes.singlePins->attempts}});
+    for (const LeaveFigures& leave : figures.leaves)
+        record.leaves.push_back({leave.pins.toStdString(), {leave.made, leave.attempts}});
+    record.firstBallAverage = strikes.firstBallAverage;
+    return record;
+}
+
+Comparison comparisonOf(const std::vector<ComparedReport>& reports) {
+    std::vector<SeasonRecord> records;
+    records.reserve(reports.size());
+    for (const ComparedReport& report : reports)
+        records.push_back(recordOf(report.figures));
+    return compared(records);
+}
+
+Day firstDayOf(const ComparedReport& report) {
+    const BowledEvents& events = report.figures.events.bowled;
+    return events.empty() ? Day::max() : events.front().date;
+}
+
+std::vector<ComparedReport> sorted(std::vector<ComparedReport> reports) {
+    std::ranges::stable_sort(reports, {}, firstDayOf);
+    return reports;
+}
+
+QString periodOf(const ComparedReport& report) {
+    const BowledEvents& events = report.figures.events.bowled;
+    return events.empty() ? QString("no events with a score")
+                          : dayText(events.front().date) + " to " + dayText(events.back().date);
+}
+
+QString ofAttempts(const Proportion& counted) {
+    return QString("%1 of %2").arg(counted.made).arg(counted.attempts);
+}
+
+QString percentOf(const Proportion& counted) {
+    return counted.attempts > 0 ? QString("%1%").arg(std::lround(100 * counted.share())) : QString("-");
+}
+
+QString signedText(double number, int decimals) {
+    return (number > 0 ? "+" : "") + QString::number(number, 'f', decimals);
+}
+
+QString changeTold(const ComparedShare& share) {
+    const bool areThere = share.before().attempts > 0 && share.last().attempts > 0;
+    if (!areThere)
+        return {};
+    const auto points = static_cast<int>(std::lround(100 * share.change()));
+    return points == 0 ? QString("no change")
+                       : signedText(points, 0) + (std::abs(points) == 1 ? " point" : " points");
+}
+
+/// What chance has to do with a change.
+QString wordsFor(const ComparedShare& share) {
+    constexpr std::array kWords{"too few to tell", "may well be chance", "more than chance would do"};
+    return kWords.at(static_cast<std::size_t>(share.chance()));
+}
+
+QString nameOf(const ComparedShare& leave) {
+    return nameOfLeave(QString::fromStdString(leave.name), readPins(leave.name));
+}
+
+// --- The text ----------------------------------------------------------------------------------------------
+
+constexpr int kNameColumn = 22;
+constexpr int kSeasonColumn = 17;
+constexpr int kChangeColumn = 13;
+constexpr int kLostColumn = 11;
+
+QString rowText(const QString& name, const QStringList& seasons, const QString& rest) {
+    QString row = name.leftJustified(kNameColumn);
+    for (const QString& season : seasons)
+        row += season.leftJustified(kSeasonColumn);
+    row += rest;
+    while (row.endsWith(' '))
+        row.chop(1);
+    return row + '\n';
+}
+
+QString rowText(const QString& name, const ComparedShare& share, const QString& rest) {
+    QStringList seasons;
+    for (const Proportion& season : share.seasons)
+        seasons += ofAttempts(season) + ", " + percentOf(season);
+    return rowText(name, seasons, changeTold(share).leftJustified(kChangeColumn) + rest);
+}
+
+QString underlined(const QString& heading) {
+    return "\n" + heading + "\n" + QString(heading.size(), '-') + "\n";
+}
+
+QStringList numbersOf(std::size_t count) {
+    QStringList numbers;
+    for (std::size_t number = 1; number <= count; ++number)
+        numbers += QString("Report %1").arg(number);
+    return numbers;
+}
+
+// --- The pictures ------------------------------------------------------------------------------------------
+
+PictureTable tableOf(const std::vector<ComparedShare>& shares, const QStringList& names, bool areLeaves) {
+    PictureTable table{{"What"}, {}};
+    for (std::size_t season = 0; season < shares.front().seasons.size(); ++season)
+        table.head += QString("Report %1").arg(season + 1);
+    table.head += {"Change", "In words"};
+    if (areLeaves)
+        table.head += "Pins lost at least";
+    for (std::size_t index = 0; index < shares.size(); ++index) {
+        QStringList row{names[static_cast<qsizetype>(index)]};
+        for (const Proportion& season : shares[index].seasons)
+            row += ofAttempts(season) + ", " + percentOf(season);
+        row += {changeTold(shares[index]), chanceTold(shares[index])};
+        if (areLeaves)
+            row += QString::number(shares[index].lost);
+        table.rows.push_back(row);
+    }
+    return table;
+}
+
+}  // namespace
+
+QString chanceTold(const ComparedShare& share) {
+    return QString("%1 against %2: %3")
+        .arg(ofAttempts(share.last()), ofAttempts(share.before()), wordsFor(share));
+}
+
+bool isStatistical(const ReportFigures& figures) {
+    return figures.scores || !figures.events.isEmpty();
+}
+
+bool areStatistical(const QStringList& files) {
+    try {
+        return std::ranges::all_of(
+            files, [](const QString& file) { return isStatistical(readFigures(readReport(file).text)); });
+    } catch (const FileFailure&) {
+        return false;
+    }
+}
+
+SeasonsSideBySide readSeasons(const QStringList& files) {
+    std::vector<ComparedReport> reports;
+    for (const QString& file : files) {
+        const ReportText report = readReport(file);
+        reports.push_back({report.name(), readFigures(report.text)});
+        if (!isStatistical(reports.back().figures))
+            throw FileFailure(report.name() + " is no statistical report, and only these can be compared.");
+    }
+    return SeasonsSideBySide(std::move(reports));
+}
+
+SeasonsSideBySide::SeasonsSideBySide(std::vector<ComparedReport> reports)
+    : reports_(sorted(std::move(reports))), comparison_(comparisonOf(reports_)) {}
+
+QString SeasonsSideBySide::text() const {
+    QString text = "Seasons Side by Side\n\n";
+    for (std::size_t number = 0; number < reports_.size(); ++number)
+        text += QString("Report %1: %2, %3\n")
+                    .arg(number + 1)
+                    .arg(reports_[number].name, periodOf(reports_[number]));
+    const QStringList numbers = numbersOf(reports_.size());
+    QStringList averages;
+    QStringList games;
+    for (const PinsOverGames& total : comparison_.totals) {
+        averages += QString::number(total.average(), 'f', 1);
+        games += QString::number(total.games);
+    }
+    const double change = comparison_.totals.back().average() - (comparison_.totals.end() - 2)->average();
+    text += underlined("Averages and Shares") + rowText({}, numbers, "Change");
+    text += rowText("Games", games, {}) + rowText("Average", averages, signedText(change, 1) + " pins");
+    for (const ComparedShare& share : comparison_.shares)
+        text += rowText(QString::fromStdString(share.name), share, wordsFor(share));
+    text += underlined("Leaves, by the Pins that They Cost in the Last Report") +
+            rowText("Spare", numbers, QString("Change").leftJustified(kChangeColumn) + "Pins lost at least");
+    for (const ComparedShare& leave : comparison_.leaves)
+        text += rowText(nameOf(leave), leave,
+                        QString::number(leave.lost).leftJustified(kLostColumn) + wordsFor(leave));
+    return text;
+}
+
+std::vector<ReportPicture> SeasonsSideBySide::pictures() const {
+    QStringList names;
+    for (const ComparedReport& report : reports_)
+        names += report.name + ", " + periodOf(report);
+    std::vector<ReportPicture> pictures;
+    pictures.push_back(averagesPicture(comparison_.totals, names));
+    const auto add = [&](const QString& heading, const std::vector<ComparedShare>& shares, bool areLeaves) {
+        if (shares.empty())
+            return;
+        SharesShown shown{heading, {}, names};
+        QStringList rowNames;
+        QStringList told;
+        for (const ComparedShare& share : shares) {
+            rowNames += areLeaves ? nameOf(share) : QString::fromStdString(share.name);
+            shown.rows.push_back({rowNames.back(), changeTold(share), chanceTold(share), share.seasons});
+            told += rowNames.back() + ": " + chanceTold(share);
+        }
+        pictures.push_back(sharesPicture(shown, told.join(". ") + ".", tableOf(shares, rowNames, areLeaves)));
+    };
+    add("Strikes, spares and open frames side by side", comparison_.shares, false);
+    add("Leaves side by side, those that cost most first", comparison_.leaves, true);
+    return pictures;
+}
+
+}  // namespace tallybrook

@@ -1,0 +1,69 @@
+#include "pictures/Pictures.h"
+#include "readers/Events.h"
+
+#include <QApplication>
+#include <map>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+namespace tallybrook::test {
+
+namespace {
+
+std::vector<WrittenEvent> scoredEvents() {
+    std::vector<WrittenEvent> events = randomWrittenEvents(1);
+    std::erase_if(events, std::not_fn(&WrittenEvent::isScored));
+    return events.empty() ? weeklyEvents(30) : events;
+}
+
+ReportPicture calendarOf(const std::vector<WrittenEvent>& events) {
+    return calendarPicture(readFigures(reportOf(events)).events.bowled);
+}
+
+}  // namespace
+
+TEST(CalendarPicture, TellsTheYearsTheLastOneFirst) {
+    const ReportPicture picture = calendarOf(weeklyEvents(30));
+    EXPECT_TRUE(picture.summary.startsWith("1991: 13 nights, 39 games, average "));
+    EXPECT_TRUE(picture.summary.contains(". 1990: 17 nights, 51 games, average "));
+}
+
+RC_GTEST_PROP(CalendarPicture, NightsAreThoseOfTheEvents, ()) {
+    const std::vector<WrittenEvent> events = scoredEvents();
+    std::map<Day, std::pair<int, int>> nights;  // games and pins
+    for (const WrittenEvent& event : events) {
+        nights[event.day].first += event.recorded;
+        nights[event.day].second += event.pinfall;
+    }
+    const PictureTable table = calendarOf(events).table({});
+    RC_ASSERT(table.rows.size() == nights.size());
+    std::size_t row = 0;
+    for (const auto& [day, sums] : nights) {
+        RC_ASSERT(table.rows[row][0] == dayText(day));
+        RC_ASSERT(table.rows[row][2].toInt() == sums.first);
+        RC_ASSERT(table.rows[row][3].toInt() == sums.second);
+        ++row;
+    }
+}
+
+RC_GTEST_PROP(CalendarPicture, EveryNightHasAPlaceOfItsOwn, ()) {
+    const ReportPicture picture = calendarOf(scoredEvents());
+    const PictureLook look(QApplication::font(), QPalette());
+    for (const double width : {look.leastWidth(), 3 * look.leastWidth()}) {
+        std::size_t count = 0;
+        for (const Strip& strip : picture.strips(look, width)) {
+            for (const Spot& spot : strip.spots) {
+                RC_ASSERT(spot.place.left() >= 0 && spot.place.right() <= width + 1e-9);
+                RC_ASSERT(spot.place.bottom() <= strip.height);
+                for (const Spot& other : strip.spots)
+                    RC_ASSERT(&spot == &other ||
+                              !spot.place.adjusted(0.1, 0.1, -0.1, -0.1).intersects(other.place));
+                ++count;
+            }
+        }
+        RC_ASSERT(count == picture.table({}).rows.size());
+    }
+}
+
+}  // namespace tallybrook::test

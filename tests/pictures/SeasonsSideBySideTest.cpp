@@ -1,0 +1,77 @@
+#include "pictures/SeasonsSideBySide.h"
+#include "readers/Events.h"
+
+#include <algorithm>
+
+#include <gtest/gtest.h>
+
+namespace tallybrook::test {
+
+namespace {
+
+ComparedShare share(Proportion before, Proportion last) {
+    return {"10", {before, last}, 0};
+}
+
+class SeasonsSideBySideTest : public testing::Test {
+protected:
+    Files files;
+    QString earlier = files.write("earlier.txt", reportOf(weeklyEvents(40)).toUtf8());
+    QString later = files.write("later.txt", goldenReport("league.txt").toUtf8());
+};
+
+}  // namespace
+
+TEST_F(SeasonsSideBySideTest, ChanceIsToldInPlainWords) {
+    EXPECT_EQ(chanceTold(share({15, 38}, {24, 40})), "24 of 40 against 15 of 38: more than chance would do");
+    EXPECT_EQ(chanceTold(share({15, 38}, {18, 40})), "18 of 40 against 15 of 38: may well be chance");
+    EXPECT_EQ(chanceTold(share({1, 2}, {18, 40})), "18 of 40 against 1 of 2: too few to tell");
+}
+
+TEST_F(SeasonsSideBySideTest, ReportsAreComparedInTheOrderOfTheirEvents) {
+    const QString text = readSeasons({later, earlier}).text();
+    EXPECT_TRUE(text.contains("Report 1: earlier.txt, 9/6/1990 to 6/6/1991\nReport 2: later.txt, "));
+}
+
+/// Every leave of both reports with its figures as they stand there.
+TEST_F(SeasonsSideBySideTest, TextHasTheFiguresOfBoth) {
+    const SeasonsSideBySide seasons = readSeasons({earlier, later});
+    const QStringList lines = seasons.text().split('\n');
+    const auto lineOf = [&](const QString& name) {
+        const auto found =
+            std::ranges::find_if(lines, [&](const QString& line) { return line.startsWith(name + "  "); });
+        return found == lines.end() ? QString() : found->simplified();
+    };
+    const ReportFigures first = readFigures(goldenReport("statistics.txt"));
+    const ReportFigures second = readFigures(goldenReport("league.txt"));
+    for (const LeaveFigures& leave : second.leaves) {
+        const auto before = std::ranges::find(first.leaves, leave.pins, &LeaveFigures::pins);
+        ASSERT_NE(before, first.leaves.end());
+        const QString name = leave.standing == Pins::all() ? QString("All ten pins") : leave.pins;
+        EXPECT_TRUE(lineOf(name).contains(QString("%1 of %2, ").arg(before->made).arg(before->attempts)));
+        EXPECT_TRUE(lineOf(name).contains(QString("%1 of %2, ").arg(leave.made).arg(leave.attempts)))
+            << lineOf(name).toStdString();
+    }
+    EXPECT_TRUE(lineOf("Spares").startsWith(QString("Spares %1 of %2, ")
+                                                .arg(*first.strikes->spares)
+                                                .arg(*first.strikes->spares + *first.strikes->opens)));
+    EXPECT_TRUE(lineOf("Single pins").startsWith("Single pins 30 of 90, 33%"));
+}
+
+TEST_F(SeasonsSideBySideTest, LeavesThatCostMostComeFirst) {
+    const ReportFigures last = readFigures(goldenReport("league.txt"));
+    const std::vector<ReportPicture> pictures = readSeasons({earlier, later}).pictures();
+    const PictureTable table = pictures.back().table({});
+    int before = 1 << 20;
+    for (const QStringList& row : table.rows) {
+        const int lost = row.last().toInt();
+        EXPECT_LE(lost, before);
+        before = lost;
+        const QString pins = row.first() == "All ten pins" ? QString("1-2-3-4-5-6-7-8-9-10") : row.first();
+        const auto leave = std::ranges::find(last.leaves, pins, &LeaveFigures::pins);
+        const int misses = leave == last.leaves.end() ? 0 : leave->attempts - leave->made;
+        EXPECT_EQ(lost, misses * (1 + *last.strikes->firstBallAverage)) << row.join(' ').toStdString();
+    }
+}
+
+}  // namespace tallybrook::test

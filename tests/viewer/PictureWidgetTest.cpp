@@ -1,0 +1,121 @@
+#include "pictures/Pictures.h"
+#include "readers/Events.h"
+#include "viewer/PictureWidget.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+// How a picture is read and looked at closer, with keys and with the mouse.
+namespace tallybrook::test {
+
+namespace {
+
+/// The picture of so many events, used with mouse and keys.
+struct Shown {
+    explicit Shown(int events) : widget(trendPicture(readFigures(reportOf(weeklyEvents(events))).events)) {
+        widget.resize(700, widget.heightForWidth(700));
+        widget.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&widget));
+        widget.setFocus();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&widget, key, modifiers);
+    }
+    /// Drags over the middle of the picture, between two shares of its width.
+    void drag(double from, double to) {
+        const auto place = [&](double share) { return QPoint(qRound(share * widget.width()), 200); };
+        QTest::mousePress(&widget, Qt::LeftButton, {}, place(from));
+        QTest::mouseMove(&widget, place((from + to) / 2));
+        QTest::mouseMove(&widget, place(to));
+        QTest::mouseRelease(&widget, Qt::LeftButton, {}, place(to));
+    }
+    QString date() { return widget.read().value(0); }
+
+    PictureWidget widget;
+};
+
+}  // namespace
+
+TEST(PictureWidget, OneEventIsEnough) {
+    Shown shown(1);
+    EXPECT_FALSE(shown.widget.grab().isNull());
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+}
+
+TEST(PictureWidget, KeysReadEventByEvent) {
+    Shown shown(40);
+    EXPECT_EQ(shown.widget.read(), QStringList());
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    EXPECT_EQ(shown.widget.read().at(1), "Event: City Open");
+    shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "9/13/1990");
+    EXPECT_TRUE(
+        shown.widget.accessibleName().startsWith("Averages over time: 9/13/1990, Event: Thursday League"));
+    shown.press(Qt::Key_End);
+    EXPECT_EQ(shown.date(), "6/6/1991");
+    shown.press(Qt::Key_Home);
+    shown.press(Qt::Key_Left);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    shown.press(Qt::Key_Escape);
+    EXPECT_EQ(shown.widget.read(), QStringList());
+    EXPECT_EQ(shown.widget.accessibleName(), "Averages over time");
+}
+
+TEST(PictureWidget, PointingReadsTheNearestEvent) {
+    Shown shown(40);
+    const Strips strips =
+        shown.widget.picture().strips(PictureLook(shown.widget.font(), shown.widget.palette()), 700);
+    const Spot& spot = strips[1].spots.at(7);
+    shown.widget.readAt(spot.place.center() + QPointF(1, strips[0].height + 1));
+    EXPECT_EQ(shown.date(), "10/25/1990");
+    shown.widget.readAt({-500, -500});
+    EXPECT_EQ(shown.widget.read(), QStringList());
+}
+
+TEST(PictureWidget, DraggingLooksCloserAndEscapeLeadsBack) {
+    Shown shown(400);
+    shown.drag(0.4, 0.6);
+    EXPECT_NEAR(shown.widget.view().span(), 0.2, 0.04);
+    EXPECT_NEAR(shown.widget.view().from, 0.38, 0.05);
+    const PictureView once = shown.widget.view();
+    shown.drag(0.25, 0.75);
+    EXPECT_LT(shown.widget.view().span(), 0.6 * once.span());
+    EXPECT_GT(shown.widget.view().from, once.from);
+    shown.press(Qt::Key_Escape);
+    EXPECT_TRUE(shown.widget.view().isWhole());
+}
+
+TEST(PictureWidget, ClickIsNoDrag) {
+    Shown shown(400);
+    shown.drag(0.5, 0.5);
+    EXPECT_TRUE(shown.widget.view().isWhole());
+}
+
+TEST(PictureWidget, KeysLookCloserAndMoveAlong) {
+    Shown shown(400);
+    shown.press(Qt::Key_Plus);
+    EXPECT_DOUBLE_EQ(shown.widget.view().span(), 0.5);
+    const double before = shown.widget.view().from;
+    shown.press(Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_GT(shown.widget.view().from, before);
+    shown.press(Qt::Key_Minus);
+    EXPECT_TRUE(shown.widget.view().isWhole());
+}
+
+TEST(PictureWidget, ReadingGoesOnBeyondWhatIsInSight) {
+    Shown shown(400);
+    shown.press(Qt::Key_Home);
+    for (int times = 0; times < 5; ++times)
+        shown.press(Qt::Key_Plus);
+    EXPECT_EQ(shown.date(), "9/6/1990");
+    for (int steps = 0; steps < 1200 && shown.date() != "4/30/1998"; ++steps)
+        shown.press(Qt::Key_Right);
+    EXPECT_EQ(shown.date(), "4/30/1998") << "the last of the 400 weeks";
+}
+
+}  // namespace tallybrook::test
