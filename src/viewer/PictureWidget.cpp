@@ -44,6 +44,13 @@ std::size_t countOfSpots(const Strips& strips) {
     return count;
 }
 
+void paintStrip(QPainter& painter, const Strip& strip, double top) {
+    painter.save();
+    painter.translate(0, top);
+    strip.draw(painter);
+    painter.restore();
+}
+
 constexpr double kZoomStep = 2;
 constexpr double kPanStep = 0.2;
 
@@ -101,7 +108,7 @@ void PictureWidget::layAnew() {
 const PictureWidget::Laid& PictureWidget::laidFor(int width) const {
     if (laid_ && laid_->width == width)
         return *laid_;
-    laid_ = std::make_unique<Laid>(Laid{PictureLook(font(), palette()), width, {}, {}, {}});
+    laid_ = std::make_unique<Laid>(Laid{PictureLook(font(), palette()), width, {}, {}, {}, {}});
     laid_->strips = picture_.strips(laid_->look, width, view_);  // which keep hold of the look
     double top = 0;
     laid_->spots.reserve(countOfSpots(laid_->strips));
@@ -337,15 +344,32 @@ void PictureWidget::paintEvent(QPaintEvent* event) {
     double top = 0;
     for (const Strip& strip : laid().strips) {
         if (event->rect().intersects(QRectF(0, top, width(), strip.height).toAlignedRect())) {
-            painter.save();
-            painter.translate(0, top);
-            strip.draw(painter);
-            painter.restore();
+            if (strip.plot && isPointedAt())
+                paintPlot(painter, strip, top);
+            else
+                paintStrip(painter, strip, top);
         }
         top += strip.height;
     }
+    if (!isPointedAt())
+        laid_->drawn = {};
     paintDrag(painter);
     paintReading(painter);
+}
+
+/// A plot may have ten thousand marks: it is drawn once, and kept as long as somebody points at it.
+void PictureWidget::paintPlot(QPainter& painter, const Strip& strip, double top) const {
+    const QRect place = QRectF(0, top, width(), strip.height).toAlignedRect();
+    QPixmap& drawn = laid_->drawn;
+    if (drawn.isNull() || drawn.devicePixelRatio() != devicePixelRatioF()) {
+        drawn = QPixmap((QSizeF(place.size()) * devicePixelRatioF()).toSize());
+        drawn.setDevicePixelRatio(devicePixelRatioF());
+        drawn.fill(laid_->look.ground());
+        QPainter own(&drawn);
+        own.setRenderHint(QPainter::Antialiasing);
+        paintStrip(own, strip, top - place.top());
+    }
+    painter.drawPixmap(place.topLeft(), drawn);
 }
 
 void PictureWidget::paintDrag(QPainter& painter) const {

@@ -2,6 +2,7 @@
 
 #include "pictures/ReportPicture.h"
 
+#include <QPixmap>
 #include <QWidget>
 #include <memory>
 #include <optional>
@@ -54,6 +55,7 @@ private:
         Strips strips;
         std::vector<Spot> spots;     ///< of all strips, in the widget's own measures
         std::optional<QRectF> plot;  ///< in the same
+        QPixmap drawn;               ///< the strip of the plot as it was drawn; null where it is not kept
     };
     /// A drag over the plot, from one place to another.
     struct Drag {
@@ -74,6 +76,8 @@ private:
     [[nodiscard]] bool leads(int key) const;
     [[nodiscard]] bool goBack();
 
+    [[nodiscard]] bool isPointedAt() const { return isReading() || drag_ || underMouse(); }
+    void paintPlot(QPainter& painter, const Strip& strip, double top) const;
     void paintReading(QPainter& painter) const;
     void paintDrag(QPainter& painter) const;
 

@@ -2,6 +2,7 @@
 #include "readers/Events.h"
 #include "viewer/PictureWidget.h"
 
+#include <QPainter>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -35,7 +36,44 @@ struct Shown {
     PictureWidget widget;
 };
 
+/// A picture of a plot that counts how often it is drawn.
+ReportPicture countedPicture(int& draws) {
+    const auto lay = [&draws](const PictureLook& look, double width, const PictureView&) {
+        const QRectF plot(0.3, 0.3, width - 1, 200);
+        Strip strip{210.4, [&draws, plot, look](QPainter& painter) {
+                        ++draws;
+                        painter.fillRect(plot, look.fill());
+                    }};
+        strip.spots = {{{20, 20, 5, 5}, 0}, {{20, 90, 5, 5}, 1}};
+        strip.plot = plot;
+        return Strips{gapStrip(10.7), strip};
+    };
+    const PictureTable table{{"Day"}, {{"first"}, {"second"}}};
+    return {"Plot", "A plot.", lay, [table](const PictureView&) { return table; }};
+}
+
 }  // namespace
+
+TEST(PictureWidget, PlotIsDrawnOnceForAllThatIsPointedAt) {
+    int draws = 0;
+    PictureWidget widget(countedPicture(draws));
+    widget.resize(400, 230);
+    widget.setPalette(QPalette(Qt::white));  // as in the pane, its ground is that of texts
+    const QImage before = widget.grab().toImage();
+    draws = 0;
+    for (const QString day : {"first", "second", "first"}) {
+        widget.readAt({22, day == "first" ? 33.0 : 103.0});
+        EXPECT_EQ(widget.read(), QStringList(day));
+        const QImage pointed = widget.grab().toImage();
+        const QRect beside(300, 0, 100, 230);  // where neither ring nor box is
+        EXPECT_EQ(pointed.copy(beside), before.copy(beside));
+    }
+    EXPECT_EQ(draws, 1);
+    widget.setChoice(1);
+    widget.readAt({22, 33});
+    widget.grab();
+    EXPECT_EQ(draws, 2) << "another picture is drawn anew";
+}
 
 TEST(PictureWidget, OneEventIsEnough) {
     Shown shown(1);
