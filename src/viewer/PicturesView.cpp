@@ -10,10 +10,13 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 
 namespace tallybrook {
 
 namespace {
+
+constexpr int kBesidePictures = 16;  // pixels
 
 /// Whether a picture can take the place of another without a change around it.
 bool isAlike(const PictureWidget* shown, const ReportPicture& picture) {
@@ -40,7 +43,7 @@ void PicturesView::setPictures(std::vector<ReportPicture> pictures) {
     auto* const page = new QWidget;
     page->setBackgroundRole(QPalette::Base);
     auto* const column = new QVBoxLayout(page);
-    column->setContentsMargins(16, 12, 16, 12);
+    column->setContentsMargins(kBesidePictures, 12, kBesidePictures, 12);
     column->setSpacing(20);
     for (ReportPicture& picture : pictures)
         addPicture(std::move(picture), *column);
@@ -78,7 +81,7 @@ void PicturesView::addPicture(ReportPicture picture, QBoxLayout& column) {
         box->addItems(choices);
         box->setAccessibleName("Show in " + name);
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        box->setMinimumContentsLength(16);
+        box->setMinimumContentsLength(10);
         row->addWidget(label);
         row->addWidget(box, 1);
         row->addStretch(1);
@@ -108,9 +111,23 @@ void PicturesView::setZoom(Zoom zoom) {
     showFont();
 }
 
+/// The width that the view takes where its pictures have a font.
+int PicturesView::widthFor(const QFont& font) const {
+    const double pictures = std::ceil(PictureLook(font, palette()).leastWidth());
+    const int around = 2 * (kBesidePictures + frameWidth()) + verticalScrollBar()->sizeHint().width();
+    return static_cast<int>(pictures) + around;
+}
+
+/// The font of the zoom, or the largest one below it in which the pictures fit. Actual size always fits.
 void PicturesView::showFont() {
+    constexpr double kStep = 0.98;
     QFont font = QApplication::font();
-    font.setPointSizeF(QFontInfo(font).pointSizeF() * zoom_.percent() / 100);
+    const double actual = QFontInfo(font).pointSizeF();
+    font.setPointSizeF(actual);
+    setMinimumWidth(widthFor(font));
+    font.setPointSizeF(actual * zoom_.percent() / 100);
+    while (widthFor(font) > width() && font.pointSizeF() > actual)
+        font.setPointSizeF(std::max(font.pointSizeF() * kStep, actual));
     setFont(font);
     verticalScrollBar()->setSingleStep(QFontMetrics(font).lineSpacing());
 }
@@ -119,6 +136,11 @@ void PicturesView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ApplicationFontChange)
         showFont();
     QScrollArea::changeEvent(event);
+}
+
+void PicturesView::resizeEvent(QResizeEvent* event) {
+    showFont();
+    QScrollArea::resizeEvent(event);
 }
 
 void PicturesView::wheelEvent(QWheelEvent* event) {

@@ -15,7 +15,8 @@ namespace tallybrook {
 class PictureWidget;
 
 /// Shows the pictures of a report below each other. Each is a widget of its own with the picture's name and
-/// summary for those who hear it, below a box for what may be picked out.
+/// summary for those who hear it, below a box for what may be picked out. Where the zoom would make them
+/// wider than the view they are as large as there is room.
 class PicturesView : public QScrollArea {
 public:
     PicturesView();
@@ -34,10 +35,12 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     void showFont();
+    [[nodiscard]] int widthFor(const QFont& font) const;
     [[nodiscard]] bool takePlaces(std::vector<ReportPicture>& pictures);
     void addPicture(ReportPicture picture, QBoxLayout& column);
     void noteFocus(const QWidget* focused);

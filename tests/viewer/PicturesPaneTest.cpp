@@ -159,6 +159,20 @@ TEST_F(PicturesPane, ZoomEnlargesThem) {
     EXPECT_FALSE(window->grab().isNull());
 }
 
+/// Whatever the window and the zoom are: nobody looks at pictures through a slot.
+TEST_F(PicturesPane, NothingHasToBeScrolledToTheSide) {
+    openGolden("statistics.txt");
+    for (const int width : {400, 700, 1200}) {
+        for (const int percent : {50, 100, 200, 400}) {
+            window->resize(width, 600);
+            view().setZoom(Zoom(percent));
+            QApplication::processEvents();
+            EXPECT_EQ(pane().horizontalScrollBar()->maximum(), 0) << width << ", " << percent;
+            EXPECT_LE(pane().widget()->width(), pane().viewport()->width()) << width << ", " << percent;
+        }
+    }
+}
+
 TEST_F(PicturesPane, WheelZoomsTextAndPictures) {
     openGolden("statistics.txt");
     const auto turn = [this](int angle, Qt::KeyboardModifiers modifiers) {
