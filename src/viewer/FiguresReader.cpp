@@ -3,6 +3,8 @@
 #include <memory>
 #include <utility>
 
+#include <malloc.h>
+
 namespace tallybrook {
 
 namespace {
@@ -38,6 +40,7 @@ void FiguresReader::readAside(const QString& text) {
     QObject::connect(thread, &QThread::finished, &here_, [this, thread, figures] {
         if (thread == thread_)  // another text may have come meanwhile
             onRead(std::move(*figures));
+        malloc_trim(0);  // what the reading took beside them
     });
     QObject::connect(thread, &QThread::finished, thread, &QObject::deleteLater);
     thread_ = thread;
