@@ -31,6 +31,10 @@ struct Calendar {
     std::vector<double> bounds;       ///< of the classes
     std::vector<YearOfNights> years;  ///< the last one first
 
+    /// How much of the colour and the size a class has: all of both where it is the only one.
+    [[nodiscard]] double shareOf(std::size_t number) const {
+        return static_cast<double>(number + 1) / static_cast<double>(bounds.size() + 1);
+    }
     [[nodiscard]] std::size_t classOf(const NightOfGames& night) const {
         return static_cast<std::size_t>(std::ranges::upper_bound(bounds, night.total.average()) -
                                         bounds.begin());
@@ -117,10 +121,9 @@ private:
 };
 
 /// A class is told by the size of its squares too.
-void drawNight(QPainter& painter, std::size_t number, const QRectF& day, const PictureLook& look) {
+void drawNight(QPainter& painter, double share, const QRectF& day, const PictureLook& look) {
     constexpr double kSmallest = 0.4;
     constexpr double kLargest = 0.92;
-    const double share = static_cast<double>(number + 1) / kClasses;
     const double side = day.width() * (kSmallest + (kLargest - kSmallest) * share);
     painter.setPen(Qt::NoPen);
     painter.setBrush(contrasting(between(look.ground(), look.fill(), share), look.ground(), 2));
@@ -152,7 +155,8 @@ void drawYear(QPainter& painter, const Calendar& calendar, const YearOfNights& y
     for (Day day{year.year / 1 / 1}; yearOf(day) == year.year; day += std::chrono::days(1)) {
         const bool isNight = night < year.end && calendar.nights[night].day == day;
         if (isNight)
-            drawNight(painter, calendar.classOf(calendar.nights[night++]), grid.place(day), look);
+            drawNight(painter, calendar.shareOf(calendar.classOf(calendar.nights[night++])), grid.place(day),
+                      look);
         else
             drawDay(painter, grid.place(day), look.line());
     }
@@ -198,7 +202,7 @@ Strip legendStrip(const SharedCalendar& calendar, const PictureLook& look, doubl
                     const QPointF corner(static_cast<double>(number % perRow) * entry,
                                          static_cast<double>(row) * line);
                     const double side = 1.7 * look.digit();
-                    drawNight(painter, number, QRectF(corner, QSizeF(side, line)), look);
+                    drawNight(painter, calendar->shareOf(number), QRectF(corner, QSizeF(side, line)), look);
                     drawText(painter, {corner.x() + side + look.digit() / 2, corner.y(), entry, line},
                              Qt::AlignLeft | Qt::AlignVCenter, nameOfClass(*calendar, number), look.font(),
                              look.ink());

@@ -90,26 +90,46 @@ QString nameOf(const ComparedShare& leave) {
 
 // --- The text ----------------------------------------------------------------------------------------------
 
-constexpr int kNameColumn = 22;
-constexpr int kSeasonColumn = 17;
-constexpr int kChangeColumn = 13;
-constexpr int kLostColumn = 11;
+using Rows = std::vector<QStringList>;
+using Widths = std::vector<qsizetype>;
 
-QString rowText(const QString& name, const QStringList& seasons, const QString& rest) {
-    QString row = name.leftJustified(kNameColumn);
-    for (const QString& season : seasons)
-        row += season.leftJustified(kSeasonColumn);
-    row += rest;
-    while (row.endsWith(' '))
-        row.chop(1);
-    return row + '\n';
+/// How wide the columns of rows must be for their cells, with two blanks between them.
+Widths widthsOf(const std::vector<Rows>& tables) {
+    constexpr qsizetype kBetween = 2;
+    Widths widths;
+    for (const Rows& rows : tables) {
+        for (const QStringList& row : rows) {
+            widths.resize(std::max(widths.size(), static_cast<std::size_t>(row.size())));
+            for (std::size_t cell = 0; cell < static_cast<std::size_t>(row.size()); ++cell)
+                widths[cell] = std::max(widths[cell], row[static_cast<qsizetype>(cell)].size() + kBetween);
+        }
+    }
+    return widths;
 }
 
-QString rowText(const QString& name, const ComparedShare& share, const QString& rest) {
-    QStringList seasons;
+QString tableText(const Rows& rows, const Widths& widths) {
+    QString text;
+    for (const QStringList& row : rows) {
+        QString line;
+        for (qsizetype cell = 0; cell < row.size(); ++cell)
+            line += row[cell].leftJustified(widths[static_cast<std::size_t>(cell)]);
+        while (line.endsWith(' '))
+            line.chop(1);
+        text += line + '\n';
+    }
+    return text;
+}
+
+QString shareTold(const Proportion& counted) {
+    return ofAttempts(counted) + ", " + percentOf(counted);
+}
+
+/// One thing in all seasons, what it cost where that is told, and what the change says.
+QStringList rowOf(const QString& name, const ComparedShare& share, const QString& lost) {
+    QStringList row{name};
     for (const Proportion& season : share.seasons)
-        seasons += ofAttempts(season) + ", " + percentOf(season);
-    return rowText(name, seasons, changeTold(share).leftJustified(kChangeColumn) + rest);
+        row += shareTold(season);
+    return row + QStringList{changeTold(share), lost, wordsFor(share)};
 }
 
 QString underlined(const QString& heading) {
@@ -121,6 +141,27 @@ QStringList numbersOf(std::size_t count) {
     for (std::size_t number = 1; number <= count; ++number)
         numbers += QString("Report %1").arg(number);
     return numbers;
+}
+
+/// The games and averages of the seasons, below the heads of their columns.
+Rows totalRows(const std::vector<PinsOverGames>& totals) {
+    QStringList games{"Games"};
+    QStringList averages{"Average"};
+    for (const PinsOverGames& total : totals) {
+        games += QString::number(total.games);
+        averages += QString::number(total.average(), 'f', 1);
+    }
+    const double change = totals.back().average() - (totals.end() - 2)->average();
+    averages += signedText(change, 1) + " pins";
+    return {QStringList{QString()} + numbersOf(totals.size()) + QStringList{"Change"}, games, averages};
+}
+
+/// The leaves with what they cost, below the heads of their columns.
+Rows leafRows(const std::vector<ComparedShare>& leaves, std::size_t seasons) {
+    Rows rows{QStringList{"Spare"} + numbersOf(seasons) + QStringList{"Change", "Pins lost"}};
+    for (const ComparedShare& leave : leaves)
+        rows.push_back(rowOf(nameOf(leave), leave, QString::number(leave.lost)));
+    return rows;
 }
 
 // --- The pictures ------------------------------------------------------------------------------------------
@@ -135,7 +176,7 @@ PictureTable tableOf(const std::vector<ComparedShare>& shares, const QStringList
     for (std::size_t index = 0; index < shares.size(); ++index) {
         QStringList row{names[static_cast<qsizetype>(index)]};
         for (const Proportion& season : shares[index].seasons)
-            row += ofAttempts(season) + ", " + percentOf(season);
+            row += shareTold(season);
         row += {changeTold(shares[index]), chanceTold(shares[index])};
         if (areLeaves)
             row += QString::number(shares[index].lost);
@@ -184,24 +225,13 @@ QString SeasonsSideBySide::text() const {
         text += QString("Report %1: %2, %3\n")
                     .arg(number + 1)
                     .arg(reports_[number].name, periodOf(reports_[number]));
-    const QStringList numbers = numbersOf(reports_.size());
-    QStringList averages;
-    QStringList games;
-    for (const PinsOverGames& total : comparison_.totals) {
-        averages += QString::number(total.average(), 'f', 1);
-        games += QString::number(total.games);
-    }
-    const double change = comparison_.totals.back().average() - (comparison_.totals.end() - 2)->average();
-    text += underlined("Averages and Shares") + rowText({}, numbers, "Change");
-    text += rowText("Games", games, {}) + rowText("Average", averages, signedText(change, 1) + " pins");
+    const Rows leaves = leafRows(comparison_.leaves, reports_.size());
+    Rows shares = totalRows(comparison_.totals);
     for (const ComparedShare& share : comparison_.shares)
-        text += rowText(QString::fromStdString(share.name), share, wordsFor(share));
-    text += underlined("Leaves, by the Pins that They Cost in the Last Report") +
-            rowText("Spare", numbers, QString("Change").leftJustified(kChangeColumn) + "Pins lost at least");
-    for (const ComparedShare& leave : comparison_.leaves)
-        text += rowText(nameOf(leave), leave,
-                        QString::number(leave.lost).leftJustified(kLostColumn) + wordsFor(leave));
-    return text;
+        shares.push_back(rowOf(QString::fromStdString(share.name), share, {}));
+    const Widths widths = widthsOf({shares, leaves});
+    return text + underlined("Averages and Shares") + tableText(shares, widths) +
+           underlined("Leaves, by the Pins that They Cost in the Last Report") + tableText(leaves, widths);
 }
 
 std::vector<ReportPicture> SeasonsSideBySide::pictures() const {

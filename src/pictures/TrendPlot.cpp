@@ -239,7 +239,8 @@ void TrendPlot::drawEnd(QPainter& painter, std::size_t event, const char* name, 
     painter.setPen(QPen(look_.ink(), 1.5 * look_.hair()));
     painter.drawEllipse(place, reach, reach);
     const double left = std::clamp(place.x() - width / 2, averages_.left(), averages_.right() - width);
-    const QRectF box(left, isAbove ? place.y() - reach - line : place.y() + reach, width, line);
+    const bool isUp = isAbove || place.y() + reach + line > averages_.bottom();
+    const QRectF box(left, isUp ? place.y() - reach - line : place.y() + reach, width, line);
     painter.fillRect(box.adjusted(0, line / 8, 0, -line / 8), look_.ground());
     drawText(painter, box, Qt::AlignCenter, text, look_.boldFont(), look_.ink());
 }

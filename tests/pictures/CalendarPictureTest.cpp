@@ -2,6 +2,7 @@
 #include "readers/Events.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <map>
 
 #include <gtest/gtest.h>
@@ -27,6 +28,16 @@ TEST(CalendarPicture, TellsTheYearsTheLastOneFirst) {
     const ReportPicture picture = calendarOf(weeklyEvents(30));
     EXPECT_TRUE(picture.summary.startsWith("1991: 13 nights, 39 games, average "));
     EXPECT_TRUE(picture.summary.contains(". 1990: 17 nights, 51 games, average "));
+}
+
+TEST(CalendarPicture, OnlyNightHasTheFullColour) {
+    const PictureLook look(QApplication::font(), QPalette(Qt::white));
+    const Strips strips = calendarOf(weeklyEvents(1)).strips(look, 600);
+    QImage image(600, static_cast<int>(strips[1].height), QImage::Format_RGB32);
+    image.fill(look.ground());
+    QPainter painter(&image);
+    strips[1].draw(painter);
+    EXPECT_EQ(image.pixelColor(strips[1].spots.at(0).place.center().toPoint()), look.fill());
 }
 
 RC_GTEST_PROP(CalendarPicture, NightsAreThoseOfTheEvents, ()) {

@@ -58,6 +58,20 @@ TEST_F(SeasonsSideBySideTest, TextHasTheFiguresOfBoth) {
     EXPECT_TRUE(lineOf("Single pins").startsWith("Single pins 30 of 90, 33%"));
 }
 
+/// Counts of five digits stand as far from what follows as others.
+TEST_F(SeasonsSideBySideTest, ColumnsAreAsWideAsTheirTexts) {
+    QString many = goldenReport("statistics.txt");
+    many.replace("Strikes: 25\t", "Strikes: 11125\t");
+    const QString text = readSeasons({files.write("many.txt", many.toUtf8()), later}).text();
+    const QStringList lines = text.section("Averages and Shares", 1).split('\n').mid(2, 6);
+    const qsizetype second = lines.first().indexOf("Report 2");
+    ASSERT_GT(second, 0);
+    for (const QString& line : lines) {
+        EXPECT_EQ(line.mid(second - 2, 2), "  ") << line.toStdString();
+        EXPECT_NE(line.at(second), ' ') << line.toStdString();
+    }
+}
+
 TEST_F(SeasonsSideBySideTest, LeavesThatCostMostComeFirst) {
     const ReportFigures last = readFigures(goldenReport("league.txt"));
     const std::vector<ReportPicture> pictures = readSeasons({earlier, later}).pictures();

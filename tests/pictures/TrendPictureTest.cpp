@@ -101,6 +101,20 @@ TEST(TrendPicture, SeasonIsSeenWhereItLiesOnTheOtherLine) {
     EXPECT_LT(darkest, qGray(look.fill().rgb()) / 2);
 }
 
+/// Its words stand above it where there is no room below.
+TEST(TrendPicture, LowSeriesIsToldWithinThePlot) {
+    std::vector<WrittenEvent> events = weeklyEvents(40);
+    events[20].pinfall = 180;
+    events[30].pinfall = 780;
+    const PictureLook look(QApplication::font(), QPalette(Qt::white));
+    const QImage image = drawnPlot(events, look);
+    const QRectF plot = *trendOf(events).strips(look, kWidth)[1].plot;
+    for (int y = qFloor(plot.bottom()) + 1; y < plot.bottom() + look.lineHeight() / 3; ++y) {
+        for (int x = 0; x < kWidth; ++x)
+            EXPECT_GT(qGray(image.pixel(x, y)), 40) << x << ", " << y;
+    }
+}
+
 TEST(TrendPicture, BarOfASingleMonthIsNoBlock) {
     const PictureLook look(QApplication::font(), QPalette(Qt::white));
     const QImage image = drawnPlot(weeklyEvents(1), look);
