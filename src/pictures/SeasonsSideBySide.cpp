@@ -78,9 +78,18 @@ QString changeTold(const ComparedShare& share) {
                        : signedText(points, 0) + (std::abs(points) == 1 ? " point" : " points");
 }
 
-/// What chance has to do with a change.
-QString wordsFor(const ComparedShare& share) {
-    constexpr std::array kWords{"too few to tell", "may well be chance", "more than chance would do"};
+/// What chance has to do with a change, in words for a sentence and for a column.
+struct WordsOfChance {
+    const char* told;
+    const char* inColumn;
+};
+
+const WordsOfChance& wordsFor(const ComparedShare& share) {
+    static constexpr std::array<WordsOfChance, 3> kWords{{
+        {"too few to tell", "too few"},
+        {"may well be chance", "maybe"},
+        {"more than chance would do", "hardly"},
+    }};
     return kWords.at(static_cast<std::size_t>(share.chance()));
 }
 
@@ -129,7 +138,7 @@ QStringList rowOf(const QString& name, const ComparedShare& share, const QString
     QStringList row{name};
     for (const Proportion& season : share.seasons)
         row += shareTold(season);
-    return row + QStringList{changeTold(share), lost, wordsFor(share)};
+    return row + QStringList{changeTold(share), lost, wordsFor(share).inColumn};
 }
 
 QString underlined(const QString& heading) {
@@ -143,6 +152,11 @@ QStringList numbersOf(std::size_t count) {
     return numbers;
 }
 
+/// The heads of the columns.
+QStringList headsOf(const QString& name, std::size_t seasons, const QString& lost) {
+    return QStringList{name} + numbersOf(seasons) + QStringList{"Change", lost, "By chance?"};
+}
+
 /// The games and averages of the seasons, below the heads of their columns.
 Rows totalRows(const std::vector<PinsOverGames>& totals) {
     QStringList games{"Games"};
@@ -153,12 +167,12 @@ Rows totalRows(const std::vector<PinsOverGames>& totals) {
     }
     const double change = totals.back().average() - (totals.end() - 2)->average();
     averages += signedText(change, 1) + " pins";
-    return {QStringList{QString()} + numbersOf(totals.size()) + QStringList{"Change"}, games, averages};
+    return {headsOf({}, totals.size(), {}), games, averages};
 }
 
 /// The leaves with what they cost, below the heads of their columns.
 Rows leafRows(const std::vector<ComparedShare>& leaves, std::size_t seasons) {
-    Rows rows{QStringList{"Spare"} + numbersOf(seasons) + QStringList{"Change", "Pins lost"}};
+    Rows rows{headsOf("Spare", seasons, "Pins lost")};
     for (const ComparedShare& leave : leaves)
         rows.push_back(rowOf(nameOf(leave), leave, QString::number(leave.lost)));
     return rows;
@@ -189,7 +203,7 @@ PictureTable tableOf(const std::vector<ComparedShare>& shares, const QStringList
 
 QString chanceTold(const ComparedShare& share) {
     return QString("%1 against %2: %3")
-        .arg(ofAttempts(share.last()), ofAttempts(share.before()), wordsFor(share));
+        .arg(ofAttempts(share.last()), ofAttempts(share.before()), wordsFor(share).told);
 }
 
 bool isStatistical(const ReportFigures& figures) {

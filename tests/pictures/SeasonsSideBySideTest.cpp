@@ -2,6 +2,8 @@
 #include "readers/Events.h"
 
 #include <algorithm>
+#include <map>
+#include <ranges>
 
 #include <gtest/gtest.h>
 
@@ -56,6 +58,30 @@ TEST_F(SeasonsSideBySideTest, TextHasTheFiguresOfBoth) {
                                                 .arg(*first.strikes->spares)
                                                 .arg(*first.strikes->spares + *first.strikes->opens)));
     EXPECT_TRUE(lineOf("Single pins").startsWith("Single pins 30 of 90, 33%"));
+}
+
+/// Each row says in a word what the pictures tell in a sentence.
+TEST_F(SeasonsSideBySideTest, TextSaysWhatChanceHasToDoWithIt) {
+    const SeasonsSideBySide seasons = readSeasons({earlier, later});
+    const QStringList lines = seasons.text().split('\n');
+    const std::map<QString, QString> words{{"too few to tell", "too few"},
+                                           {"may well be chance", "maybe"},
+                                           {"more than chance would do", "hardly"}};
+    for (const ReportPicture& picture : seasons.pictures() | std::views::drop(1)) {
+        for (const QStringList& row : picture.table({}).rows) {
+            const auto line = std::ranges::find_if(
+                lines, [&](const QString& one) { return one.startsWith(row.first() + "  "); });
+            ASSERT_NE(line, lines.end()) << row.first().toStdString();
+            EXPECT_TRUE(line->endsWith("  " + words.at(row.at(4).section(": ", 1)))) << line->toStdString();
+        }
+    }
+}
+
+/// On paper wider lines are parted.
+TEST_F(SeasonsSideBySideTest, ThreeReportsFitOnPaper) {
+    const QString third = files.write("third.txt", reportOf(weeklyEvents(90)).toUtf8());
+    for (const QString& line : readSeasons({earlier, later, third}).text().split('\n'))
+        EXPECT_LE(line.size(), 100) << line.toStdString();
 }
 
 /// Counts of five digits stand as far from what follows as others.
