@@ -18,6 +18,7 @@
 
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFOutlineDocumentHelper.hh>
+#include <qpdf/QPDFPageDocumentHelper.hh>
 
 namespace tallybrook::test {
 
@@ -158,6 +159,20 @@ TEST(ReportPrinter, PdfHasATitleAndAnOutline) {
               (QStringList{"Event Summary", "Event Listing (12 events found):", "Game Statistics"}));
     EXPECT_TRUE(names.contains("Averages over time"));
     EXPECT_EQ(names.last(), "Spares, by attempts");
+}
+
+/// Every page has text that a reader can select, in fonts that tell which characters they show.
+TEST(ReportPrinter, PdfHasTextToSelect) {
+    Files files;
+    writePdf({"report.txt", lines(100)}, {}, QPageSize(QPageSize::A4), files.path("report.pdf"));
+    QPDF pdf;
+    pdf.processFile(files.path("report.pdf").toStdString().c_str());
+    for (QPDFPageObjectHelper page : QPDFPageDocumentHelper(pdf).getAllPages()) {
+        const auto fonts = page.getAttribute("/Resources", false).getKey("/Font").getDictAsMap();
+        EXPECT_FALSE(fonts.empty());
+        for (auto [name, font] : fonts)
+            EXPECT_TRUE(font.hasKey("/ToUnicode")) << name;
+    }
 }
 
 TEST(ReportPrinter, OutlineOfNoPdfLeavesItAsItIs) {

@@ -1,9 +1,10 @@
 #include "Window.h"
-#include "readers/Golden.h"
+#include "readers/Events.h"
 #include "viewer/PictureWidget.h"
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDropEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -140,6 +141,17 @@ TEST_F(PicturesPane, KeysReachAndScrollThem) {
     EXPECT_TRUE(view().hasFocus());
 }
 
+TEST_F(PicturesPane, BoxPicksOutALeague) {
+    ASSERT_TRUE(window->open(files.write("season.txt", reportOf(weeklyEvents(30)).toUtf8())));
+    auto& box = *pane().findChild<QComboBox*>();
+    EXPECT_EQ(box.accessibleName(), "Show in Averages over time");
+    EXPECT_EQ(pictures().front()->table().rows.size(), 30U);
+    box.setFocus();
+    QTest::keyClicks(&box, "City");
+    EXPECT_EQ(box.currentText(), "City Open");
+    EXPECT_EQ(pictures().front()->table().rows.size(), 10U);
+}
+
 TEST_F(PicturesPane, PicturesHaveTheirFullHeight) {
     openGolden("statistics.txt");
     for (const int width : {500, 900, 1300}) {
@@ -231,6 +243,21 @@ TEST_F(PicturesPane, RecentReportsAreListed) {
     entries[1]->trigger();
     EXPECT_EQ(window->windowTitle(), "League Night.txt - Tallybrook Report");
     EXPECT_TRUE(recentEntries()[0]->text().startsWith("&1 League Night.txt"));
+}
+
+TEST_F(PicturesPane, RecentReportIsComparedWithTheOneShown) {
+    openGolden("league.txt");
+    openGolden("statistics.txt");
+    QMenu& recent = menu("Compare With Recent");
+    emit recent.aboutToShow();
+    recent.actions().at(1)->trigger();
+    EXPECT_TRUE(view().text().contains("Report 1: statistics.txt, "));
+    EXPECT_TRUE(view().text().contains("Report 2: league.txt, "));
+    emit recent.aboutToShow();
+    expectBox("The reports cannot be compared:\n\n" + goldenFile("statistics.txt") + "\n" +
+              goldenFile("league.txt") + "\n" + files.path("League Night.txt") +
+              "\n\nLeague Night.txt is no statistical report, and only these can be compared.");
+    recent.actions().at(2)->trigger();
 }
 
 TEST_F(PicturesPane, RecentReportThatIsGoneIsOff) {

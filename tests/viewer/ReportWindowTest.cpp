@@ -5,11 +5,14 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QPushButton>
+#include <QTextBrowser>
 #include <QToolBar>
 
 namespace tallybrook::test {
@@ -175,6 +178,13 @@ TEST_F(ReportWindowTest, ExportsAPdfBesideTheReport) {
     auto& notice = *window->findChild<QFrame*>("notice");
     EXPECT_EQ(notice.accessibleName(), "The PDF is written: " + files.path("League Night.pdf"));
     EXPECT_TRUE(notice.isVisible());
+
+    QTextBrowser desktop;  // which takes the folder as the desktop's own program would
+    QDesktopServices::setUrlHandler("file", &desktop, "setSource");
+    notice.findChild<QPushButton*>()->click();
+    EXPECT_EQ(notice.findChild<QPushButton*>()->text(), "Open Folder");
+    EXPECT_EQ(desktop.source(), QUrl::fromLocalFile(files.folder()));
+    QDesktopServices::unsetUrlHandler("file");
 }
 
 TEST_F(ReportWindowTest, ExportsTheUsersPaperAndOffersTheOther) {
