@@ -48,8 +48,8 @@ ReportPicture countedPicture(int& draws) {
         strip.plot = plot;
         return Strips{gapStrip(10.7), strip};
     };
-    const PictureTable table{{"Day"}, {{"first"}, {"second"}}};
-    return {"Plot", "A plot.", lay, [table](const PictureView&) { return table; }};
+    PictureTable table{{"Day"}, {{"first"}, {"second"}}};
+    return {"Plot", "A plot.", lay, [table = std::move(table)](const PictureView&) { return table; }};
 }
 
 }  // namespace
