@@ -253,10 +253,12 @@ void ReportWindow::showZoom() {
     pictures_->setZoom(view_->zoom());
 }
 
-/// A report without figures is shown as text alone.
+/// A report without figures is shown as text alone. The window is never narrower than its parts.
 void ReportWindow::showPane() {
     hasPictures_->setEnabled(!pictures_->isEmpty());
     pictures_->setVisible(!pictures_->isEmpty() && hasPictures_->isChecked());
+    const int parts = splitter_->minimumSizeHint().width() + splitter_->handleWidth();
+    setMinimumWidth(std::max(leastWidth_, parts));
 }
 
 /// Writes a PDF, and tells where it is.
@@ -436,6 +438,7 @@ void ReportWindow::restore() {
     const int column = metrics.horizontalAdvance('x');
     const QSize usual(column * (kTextColumns + kPictureColumns), metrics.lineSpacing() * 40);
     const QSize kept = settings_.value(kSize).toSize();
+    leastWidth_ = usual.width() / 4;
     setMinimumSize(usual / 4);
     resize((kept.isValid() ? kept : usual).boundedTo(screen()->availableSize()));
     splitter_->setSizes({column * kTextColumns, column * kPictureColumns});

@@ -93,6 +93,7 @@ private:
     FiguresReader figures_;
     std::vector<std::unique_ptr<FileWatch>> watches_;  // one for each file
     std::unique_ptr<HelpWindow> help_;                 // from the first time that it is asked for
+    int leastWidth_ = 0;                               // whatever is shown
     QAction* actualSize_ = nullptr;
     QAction* hasPictures_ = nullptr;
 };

@@ -174,13 +174,14 @@ TEST_F(PicturesPane, ZoomEnlargesThem) {
 /// Whatever the window and the zoom are: nobody looks at pictures through a slot.
 TEST_F(PicturesPane, NothingHasToBeScrolledToTheSide) {
     openGolden("statistics.txt");
-    for (const int width : {400, 700, 1200}) {
+    for (const int width : {100, 400, 700, 1200}) {
         for (const int percent : {50, 100, 200, 400}) {
             window->resize(width, 600);
             view().setZoom(Zoom(percent));
             QApplication::processEvents();
             EXPECT_EQ(pane().horizontalScrollBar()->maximum(), 0) << width << ", " << percent;
             EXPECT_LE(pane().widget()->width(), pane().viewport()->width()) << width << ", " << percent;
+            EXPECT_LE(pane().mapTo(window.get(), QPoint(pane().width(), 0)).x(), window->width()) << width;
         }
     }
 }
