@@ -34,8 +34,11 @@ Entry lineEntry(const QString& name, const QPen& pen) {
 }
 
 std::vector<Entry> legendOf(const TrendChoices& choices, int choice, const PictureLook& look) {
-    std::vector<Entry> entries{lineEntry("Last 12 events", penOfMoving(look)),
-                               lineEntry("Season so far", penOfSeason(look))};
+    std::vector<Entry> entries;
+    if (showsMoving(*choices.at(choice)))
+        entries.push_back(lineEntry("Last 12 events", penOfMoving(look)));
+    if (showsSeasons(*choices.at(choice)))
+        entries.push_back(lineEntry("Season so far", penOfSeason(look)));
     for (const TrendChoices::Marked& marked : choices.marked(choice))
         entries.push_back(
             {marked.name, [mark = marked.mark, &look](QPainter& painter, const QPointF& place, double) {

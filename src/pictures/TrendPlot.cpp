@@ -57,6 +57,22 @@ QPolygonF thinned(const QPolygonF& points) {
 
 }  // namespace
 
+bool showsMoving(const TrendSeries& series) {
+    return series.events.size() > kMovingEvents;
+}
+
+bool showsSeasons(const TrendSeries& series) {
+    std::size_t ofSeason = 0;
+    for (std::size_t event = 0; event < series.events.size(); ++event) {
+        const bool isBegun =
+            event > 0 && seasonOf(series.events[event - 1].date) == seasonOf(series.events[event].date);
+        ofSeason = isBegun ? ofSeason + 1 : 1;
+        if (ofSeason > kSettledEvents)
+            return true;
+    }
+    return false;
+}
+
 QPen penOfMoving(const PictureLook& look) {
     return {look.fill(), 2.6 * look.hair(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }

@@ -53,6 +53,10 @@ private:
     double reach_;  // of marks
 };
 
+/// Whether there are events enough for a line of the moving averages, and for one of a season.
+bool showsMoving(const TrendSeries& series);
+bool showsSeasons(const TrendSeries& series);
+
 /// How the lines are drawn, for the plot and for its legend.
 QPen penOfMoving(const PictureLook& look);
 QPen penOfSeason(const PictureLook& look);

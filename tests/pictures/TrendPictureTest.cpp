@@ -2,7 +2,9 @@
 #include "readers/Events.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QPainter>
+#include <QSvgGenerator>
 #include <algorithm>
 
 #include <gtest/gtest.h>
@@ -113,6 +115,25 @@ TEST(TrendPicture, LowSeriesIsToldWithinThePlot) {
         for (int x = 0; x < kWidth; ++x)
             EXPECT_GT(qGray(image.pixel(x, y)), 40) << x << ", " << y;
     }
+}
+
+TEST(TrendPicture, LegendNamesTheLinesThatAreDrawn) {
+    const PictureLook look(QApplication::font(), QPalette(Qt::white));
+    const auto legend = [&look](int events) {
+        QByteArray svg;
+        QBuffer stream(&svg);
+        QSvgGenerator generator;
+        generator.setOutputDevice(&stream);
+        QPainter painter(&generator);
+        const Strips strips = trendOf(weeklyEvents(events)).strips(look, kWidth);
+        strips[0].draw(painter);
+        painter.end();
+        return std::pair(svg.contains("Season so far"), svg.contains("Last 12 events"));
+    };
+    EXPECT_EQ(legend(3), std::pair(false, false));
+    EXPECT_EQ(legend(4), std::pair(true, false));
+    EXPECT_EQ(legend(12), std::pair(true, false));
+    EXPECT_EQ(legend(13), std::pair(true, true));
 }
 
 TEST(TrendPicture, BarOfASingleMonthIsNoBlock) {
