@@ -1,5 +1,4 @@
 #include "Media.h"
-#include "paper/PdfOutline.h"
 #include "paper/ReportPrinter.h"
 #include "pictures/Pictures.h"
 #include "readers/FileFailure.h"
@@ -15,10 +14,6 @@
 #include <algorithm>
 #include <array>
 #include <numeric>
-
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFOutlineDocumentHelper.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
 
 namespace tallybrook::test {
 
@@ -139,44 +134,6 @@ TEST(ReportPrinter, TellsWhyAPdfCannotBeWritten) {
         }
     }
     EXPECT_TRUE(isPipe(files.path("pipe.pdf")));
-}
-
-TEST(ReportPrinter, PdfHasATitleAndAnOutline) {
-    Files files;
-    const ReportText report{"report.txt", goldenReport("statistics.txt")};
-    writePdf(report, picturesOf(readFigures(report.text)), QPageSize(QPageSize::A4),
-             files.path("report.pdf"));
-    QPDF pdf;
-    pdf.processFile(files.path("report.pdf").toStdString().c_str());
-    EXPECT_EQ(pdf.getTrailer().getKey("/Info").getKey("/Title").getUTF8Value(),
-              "Statistical Report - All Events");
-    QStringList names;
-    for (QPDFOutlineObjectHelper entry : QPDFOutlineDocumentHelper(pdf).getTopLevelOutlines()) {
-        names += QString::fromStdString(entry.getTitle());
-        EXPECT_TRUE(entry.getDestPage().isPageObject());
-    }
-    EXPECT_EQ(names.mid(0, 3),
-              (QStringList{"Event Summary", "Event Listing (12 events found):", "Game Statistics"}));
-    EXPECT_TRUE(names.contains("Averages over time"));
-    EXPECT_EQ(names.last(), "Spares, by attempts");
-}
-
-/// Every page has text that a reader can select, in fonts that tell which characters they show.
-TEST(ReportPrinter, PdfHasTextToSelect) {
-    Files files;
-    writePdf({"report.txt", lines(100)}, {}, QPageSize(QPageSize::A4), files.path("report.pdf"));
-    QPDF pdf;
-    pdf.processFile(files.path("report.pdf").toStdString().c_str());
-    for (QPDFPageObjectHelper page : QPDFPageDocumentHelper(pdf).getAllPages()) {
-        const auto fonts = page.getAttribute("/Resources", false).getKey("/Font").getDictAsMap();
-        EXPECT_FALSE(fonts.empty());
-        for (auto [name, font] : fonts)
-            EXPECT_TRUE(font.hasKey("/ToUnicode")) << name;
-    }
-}
-
-TEST(ReportPrinter, OutlineOfNoPdfLeavesItAsItIs) {
-    EXPECT_EQ(withOutline("no PDF", {{"Games", 0}}), "no PDF");
 }
 
 TEST(ReportPrinter, HeadTellsWhatTheReportIs) {
