@@ -5,7 +5,6 @@
 #include "desktop/QtText.h"
 #include "desktop/Spoken.h"
 #include "desktop/StillView.h"
-#include "runtime/TextCompare.h"
 
 #include <QAbstractTableModel>
 #include <QHeaderView>
@@ -50,9 +49,9 @@ public:
         if (grid_ == nullptr)
             return {};
         if (role == Qt::DisplayRole)
-            return cell(index.row() + 1, index.column(), kMostSeen);
+            return inOneLine(grid_->cell(index.row() + 1, index.column()));
         if (role == Qt::EditRole)
-            return cell(index.row() + 1, index.column());
+            return inOneLine(grid_->cell(index.row() + 1, index.column()), std::string::npos);
         return role == Qt::TextAlignmentRole ? alignment(index.row() + 1, index.column()) : QVariant();
     }
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -64,12 +63,6 @@ public:
     }
 
 private:
-    static constexpr std::size_t kMostSeen = 2000;  // characters that any display has room for
-
-    [[nodiscard]] QString cell(int row, int column, std::size_t most = std::string::npos) const {
-        const std::string text = grid_->cell(row, column);
-        return linesToQt(std::string(firstCharacters(text, most))).replace('\n', ' ');
-    }
     [[nodiscard]] QVariant alignment(int row, int column) const {
         return static_cast<int>(Qt::AlignVCenter |
                                 (grid_->isNumber(row, column) ? Qt::AlignRight : Qt::AlignLeft));

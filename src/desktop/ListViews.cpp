@@ -3,9 +3,11 @@
 #include "desktop/Ground.h"
 #include "desktop/QtText.h"
 #include "desktop/SizedView.h"
+#include "desktop/Spoken.h"
 
 #include <QComboBox>
 #include <QListView>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStringListModel>
@@ -20,7 +22,7 @@ namespace {
 QStringList textsOf(const std::vector<std::string>& texts) {
     QStringList shown;
     std::ranges::transform(texts, std::back_inserter(shown),
-                           [](const std::string& text) { return toQt(text); });
+                           [](const std::string& text) { return inOneLine(text); });
     return shown;
 }
 
@@ -43,8 +45,9 @@ public:
     [[nodiscard]] QSize sizeHint() const override { return sizeOf(characters_); }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeOf(std::min(characters_, 10)); }
     void showPopup() override {
-        view()->setMinimumWidth(view()->sizeHintForColumn(0) +
-                                view()->verticalScrollBar()->sizeHint().width());
+        const int wanted = view()->sizeHintForColumn(0) + view()->verticalScrollBar()->sizeHint().width();
+        view()->setMinimumWidth(std::min(wanted, screen()->availableSize().width() * 9 / 10));
+        tellName(*view(), accessibleName());  // it has the focus as long as it is open
         QComboBox::showPopup();
     }
 

@@ -1,5 +1,7 @@
 #include "desktop/QtText.h"
 
+#include "runtime/TextCompare.h"
+
 #include <QStringDecoder>
 #include <QTextDocument>
 
@@ -13,6 +15,10 @@ QString toQt(const std::string& text) {
 
 QString linesToQt(const std::string& text) {
     return toQt(text).replace("\r\n", "\n").replace('\r', '\n');
+}
+
+QString inOneLine(const std::string& text, std::size_t most) {
+    return linesToQt(std::string(firstCharacters(text, most))).replace('\n', ' ');
 }
 
 QString spoken(const std::string& caption) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 #include <string>
 
 // The program's texts as the toolkit has them.
@@ -11,6 +12,11 @@ QString toQt(const std::string& text);
 
 /// The lines of a text, ended as the toolkit ends them.
 QString linesToQt(const std::string& text);
+
+inline constexpr std::size_t kMostSeen = 2000;  // characters that any display has room for
+
+/// A text as it stands in a row: all of it in one line, and no more characters than `most`.
+QString inOneLine(const std::string& text, std::size_t most = kMostSeen);
 
 /// A caption without the mark of its Alt letter, as it is read aloud.
 QString spoken(const std::string& caption);

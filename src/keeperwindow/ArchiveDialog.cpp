@@ -1,5 +1,6 @@
 #include "keeperwindow/ArchiveDialog.h"
 
+#include "keeperwindow/Columns.h"
 #include "keeperwindow/WindowTexts.h"
 
 #include <QDialogButtonBox>
@@ -59,13 +60,13 @@ ArchiveDialog::ArchiveDialog(const ArchiveContents& contents, QWidget* parent)
         if (!event.present)
             continue;
         auto* const item =
-            new QTreeWidgetItem(events_, {shown(event.name), shown(event.date), shown(event.center)});
+            new QTreeWidgetItem(events_, {inRow(event.name), inRow(event.date), inRow(event.center)});
         item->setData(kNameColumn, kArchiveKey, QVariant::fromValue<qlonglong>(event.key));
     }
     events_->selectAll();
     choose(Same::Keep);
     for (int each = kNameColumn; each < kChoiceColumn; ++each)
-        events_->resizeColumnToContents(each);
+        fitColumn(*events_, each);
     column->addWidget(events_, 1);
 
     auto* const row = new QHBoxLayout;

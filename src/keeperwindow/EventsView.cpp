@@ -2,6 +2,7 @@
 
 #include "keeper/EventGames.h"
 #include "keeper/Outcome.h"
+#include "keeperwindow/Columns.h"
 #include "keeperwindow/WindowTexts.h"
 
 #include <QHeaderView>
@@ -35,7 +36,7 @@ void addGame(QTreeWidgetItem& event, const GameLook& look) {
     game->setText(kCenter, look.lanes.empty() ? "" : "lanes " + shown(look.lanes));
     game->setText(kGames, shown(look.score));
     for (const std::string& frame : look.frames)
-        (new QTreeWidgetItem(game))->setText(kEvent, "Frame " + shown(frame));
+        (new QTreeWidgetItem(game))->setText(kEvent, "Frame " + inRow(frame));
 }
 
 }  // namespace
@@ -66,19 +67,17 @@ void EventsView::show(const BackupEntry* entry) {
                 add(entry->summary->events[place], fates[place]);
         }
     }
-    for (int column = kEvent; column < kSince; ++column) {
-        resizeColumnToContents(column);
-        setColumnWidth(column, columnWidth(column) + fontMetrics().averageCharWidth());
-    }
+    for (int column = kEvent; column < kSince; ++column)
+        fitColumn(*this, column);
     if (onTicked)
         onTicked();
 }
 
 void EventsView::add(const EventSummary& event, Fate fate) {
     auto* const item = new QTreeWidgetItem(this);
-    item->setText(kEvent, shown(event.name));
-    item->setText(kDate, shown(event.date));
-    item->setText(kCenter, shown(event.center));
+    item->setText(kEvent, inRow(event.name));
+    item->setText(kDate, inRow(event.date));
+    item->setText(kCenter, inRow(event.center));
     item->setText(kGames, QString::number(event.counts.games));
     item->setText(kSince, inWordsOf(fate));
     item->setData(kEvent, kKey, QVariant::fromValue<qlonglong>(event.key));

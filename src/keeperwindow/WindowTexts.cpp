@@ -1,5 +1,6 @@
 #include "keeperwindow/WindowTexts.h"
 
+#include "runtime/TextCompare.h"
 #include "runtime/TextForms.h"
 
 #include <QDateTime>
@@ -22,6 +23,11 @@ QDateTime dateTimeOf(DateTime time) {
 
 QString shown(const std::string& text) {
     return QString::fromStdString(text).replace("\r\n", "\n");
+}
+
+QString inRow(const std::string& text) {
+    constexpr std::size_t kMostSeen = 2000;  // characters
+    return shown(std::string(firstCharacters(text, kMostSeen)));
 }
 
 QString momentText(DateTime time) {

@@ -10,6 +10,9 @@ namespace tallybrook::keeper {
 /// A text of the core, which is UTF-8 and has lines that end in CR LF or LF.
 QString shown(const std::string& text);
 
+/// As much of a text as any display has room for in a row.
+QString inRow(const std::string& text);
+
 /// As in "Sunday, November 22, 2026, 8:15 PM".
 QString momentText(DateTime time);
 

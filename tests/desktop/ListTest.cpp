@@ -3,6 +3,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTreeView>
 #include <QWheelEvent>
@@ -188,13 +189,26 @@ TEST_F(ListTest, EmptyListDoesNotOpen) {
 }
 
 TEST_F(ListTest, OpenedListShowsItsWidestItem) {
-    display.perform([this] { lists().cboKind.add(std::string(100, 'W')); });
+    display.perform([this] { lists().cboKind.add(std::string(50, 'W')); });
     Desktop::click(lists().cboKind);
     EXPECT_GE(kind().view()->width(), kind().view()->sizeHintForColumn(0));
     press(Qt::Key_Escape);
 }
 
 // --- Focus -------------------------------------------------------------------------------------------------
+
+TEST_F(ListTest, VeryLongTextsTakeALineEach) {
+    display.perform([this] {
+        for (ItemList* const list :
+             {static_cast<ItemList*>(&lists().cboKind), static_cast<ItemList*>(&lists().lstNames)})
+            list->fill({std::string(1'000'000, 'n'), "two\r\nlines"});
+    });
+    for (const QAbstractItemModel* const model : {kind().model(), names().model()})
+        EXPECT_EQ(textsIn(*model), (Lines{std::string(2000, 'n'), "two lines"}));
+    Desktop::click(lists().cboKind);
+    EXPECT_TRUE(listWindow().screen()->availableGeometry().contains(kind().view()->window()->geometry()));
+    press(Qt::Key_Escape);
+}
 
 TEST_F(ListTest, NothingOpensOrIsPickedWhereTheFocusDoesNotArrive) {
     const auto keep = [this] { lists().txtName.focus(); };
