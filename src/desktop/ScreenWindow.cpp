@@ -462,10 +462,21 @@ bool ScreenWindow::mayPress(Control& control) {
     return control.hasRows() ? pressOnRows(control) : pressOnButton(control);
 }
 
+/// Does what a person did. Behind a box nothing is done: no mouse or key comes there, only assistive
+/// technology does.
+void ScreenWindow::act(const std::function<void()>& action) {
+    if (screen_ == nullptr)
+        return;
+    if (QApplication::activeModalWidget() == nullptr)
+        taker_.perform(action);
+    else
+        refreshSoon();
+}
+
 /// Lets the focus go to the control that the mouse was pressed on.
 Arrival ScreenWindow::arriveAt(Control& control) {
     Arrival arrival = Arrival::Refused;  // should the leaving of another control be given up
-    taker_.perform([&] { arrival = person::arrive(control); });
+    act([&] { arrival = person::arrive(control); });
     if (screen_ == nullptr)
         arrival = Arrival::Refused;
     taker_.noteArrival(arrival);
@@ -497,7 +508,7 @@ void ScreenWindow::clicked(Control& control) {
         return;
     // What was not pressed by the mouse, but by a screen reader, takes the focus now.
     const bool hasArrived = std::exchange(pressed_, nullptr) == &control || !control.isFocusable();
-    taker_.perform([&] {
+    act([&] {
         if (hasArrived)
             person::activate(control);
         else
@@ -506,8 +517,7 @@ void ScreenWindow::clicked(Control& control) {
 }
 
 void ScreenWindow::edited(TextBox& box, const QString& text) {
-    if (screen_ != nullptr)
-        taker_.perform([&] { person::edit(box, text.toStdString()); });
+    act([&] { person::edit(box, text.toStdString()); });
 }
 
 void ScreenWindow::selected(TextBox& box, bool all) {
@@ -520,23 +530,19 @@ void ScreenWindow::selected(TextBox& box, bool all) {
 }
 
 void ScreenWindow::picked(ItemList& list, int index) {
-    if (screen_ != nullptr)
-        taker_.perform([&] { person::pick(list, index); });
+    act([&] { person::pick(list, index); });
 }
 
 void ScreenWindow::pickedFolder(FolderList& list, int row) {
-    if (screen_ != nullptr)
-        taker_.perform([&] { person::pickFolder(list, list.rows()[static_cast<std::size_t>(row)].path); });
+    act([&] { person::pickFolder(list, list.rows()[static_cast<std::size_t>(row)].path); });
 }
 
 void ScreenWindow::toggledFolder(FolderList& list, int row) {
-    if (screen_ != nullptr)
-        taker_.perform([&] { person::toggleFolder(list, row); });
+    act([&] { person::toggleFolder(list, row); });
 }
 
 void ScreenWindow::clickedRow(Grid& grid, int row) {
-    if (screen_ != nullptr)
-        taker_.perform([&] { person::selectRow(grid, row); });
+    act([&] { person::selectRow(grid, row); });
 }
 
 /// Something else than the screen has moved the focus: a screen reader, which the screen follows as it does
@@ -564,7 +570,7 @@ void ScreenWindow::activated(Control& control) {
         return;
     Control* const primary = screen_->primary();
     if (primary != nullptr && control.kind() != Control::Kind::FolderList)
-        taker_.perform([primary] { person::click(*primary); });
+        act([primary] { person::click(*primary); });
 }
 
 /// Whether the screen itself answers a key, so that the toolkit's own shortcuts must not.
@@ -578,7 +584,7 @@ bool ScreenWindow::keyPressed(const QKeyEvent& event) {
         return true;
     const person::Key key = keyOf(event);
     person::Press press{.used = true};  // should the screen have given up on it
-    taker_.perform([&] { press = person::press(*screen_, key); });
+    act([&] { press = person::press(*screen_, key); });
     taker_.noteArrival(press.arrival);
     if (screen_ == nullptr)
         return true;
@@ -592,8 +598,7 @@ bool ScreenWindow::keyPressed(const QKeyEvent& event) {
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (screen_ != nullptr)
-        taker_.perform([this] { person::close(*screen_); });
+    act([this] { person::close(*screen_); });
 }
 
 }  // namespace tallybrook

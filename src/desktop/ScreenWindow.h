@@ -85,6 +85,7 @@ private:
     bool mousePressed(QObject* watched, const QMouseEvent& event);
     bool keyPressed(const QKeyEvent& event);
 
+    void act(const std::function<void()>& action);
     Arrival arriveAt(Control& control);
     bool mayPress(Control& control);
     bool pressOnButton(Control& control);

@@ -5,6 +5,9 @@
 #include "style/LateIcon.h"
 
 #include <QAbstractItemView>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -12,6 +15,7 @@
 #include <QTableView>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tallybrook {
 
@@ -85,6 +89,16 @@ void drawOutline(const QRect& place, double radius, const QStyleOption& option, 
     painter.restore();
 }
 
+/// The toolkit's own file dialog leaves two of its lists without the labels that they are read aloud by.
+void tieLabels(const QFileDialog& dialog) {
+    for (const auto& [label, list] :
+         {std::pair{"lookInLabel", "lookInCombo"}, std::pair{"fileTypeLabel", "fileTypeCombo"}}) {
+        auto* const named = dialog.findChild<QLabel*>(label);
+        if (named != nullptr)
+            named->setBuddy(dialog.findChild<QComboBox*>(list));
+    }
+}
+
 }  // namespace
 
 /// Desktops tell no colour for the texts of empty boxes, which would be black, and many tell pale ones for
@@ -105,6 +119,12 @@ void OutlinedStyle::polish(QPalette& palette) {
     makeReadable(palette, QPalette::Disabled, QPalette::ButtonText, {QPalette::Button}, kShapeContrast);
     makeReadable(palette, QPalette::Disabled, QPalette::Text, {QPalette::Window, QPalette::Base},
                  kShapeContrast);
+}
+
+void OutlinedStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (const auto* const dialog = qobject_cast<QFileDialog*>(widget); dialog != nullptr)
+        tieLabels(*dialog);
 }
 
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -8,11 +8,12 @@ namespace tallybrook {
 /// whatever the colours, gets outlines that are seen on any window, a mark around whatever has the focus, and
 /// some room around the texts of lists and grids. Marks to tick grow with the font, and message boxes have
 /// crisp icons. What empty boxes say, what is off and what is chosen is readable whatever the desktop's
-/// colours.
+/// colours. The lists of a file dialog are read aloud by their labels.
 class OutlinedStyle : public QProxyStyle {
 public:
     using QProxyStyle::polish;
     void polish(QPalette& palette) override;
+    void polish(QWidget* widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,

@@ -2,6 +2,7 @@
 
 #include "viewer/PictureWidget.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QEvent>
@@ -80,6 +81,7 @@ void PicturesView::addPicture(ReportPicture picture, QBoxLayout& column) {
         label->setBuddy(box);
         box->addItems(choices);
         box->setAccessibleName("Show in " + name);
+        box->view()->setAccessibleName(box->accessibleName());  // it has the focus as long as it is open
         box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         box->setMinimumContentsLength(10);
         row->addWidget(label);

@@ -1,6 +1,8 @@
 #include "Heard.h"
 #include "OwnScreens.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <set>
@@ -116,6 +118,11 @@ TEST_F(AccessibilityTest, ListThatOpensIsToldWithWhatItIsFor) {
     pick("cboListField(0)", "Event Name");
     EXPECT_EQ(told("cboListField(0)").text(QAccessible::Value), "Event Name");
     EXPECT_EQ(descriptionOf("cboListField(0)"), "Search For, row 1");
+    auto& list = dynamic_cast<QComboBox&>(*window().widgetOf(control("cboListField(0)")));
+    list.showPopup();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(list.view())->text(QAccessible::Name),
+              "Search For, row 1");
+    list.hidePopup();
 }
 
 TEST_F(AccessibilityTest, PinsOfABallThatIsNotBowledAreNotDown) {
@@ -264,6 +271,22 @@ TEST_F(AccessibilityTest, TextFromOutsideGoesTheWayOfTheKeys) {
     EXPECT_EQ(focusedIn(screen()), "txtComment");
     EXPECT_EQ(dynamic_cast<QPlainTextEdit&>(*window().widgetOf(control("txtComment"))).toPlainText(),
               "Two lines,\nwell spoken");
+}
+
+TEST_F(AccessibilityTest, NothingIsDoneFromOutsideBehindABox) {
+    click("mnuAddFromForm");
+    hands.expect([this](QDialog& box) {
+        writeFromOutside("txtEvent", "behind the box");
+        told("cmdPrevious").actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        told("txtLoc").actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+        QTest::qWait(0);
+        box.done(0);
+    });
+    display.perform([this] { display.messageBox({.text = "Well?"}); });
+    EXPECT_EQ(screen().name(), "frmEvent");
+    EXPECT_EQ(dynamic_cast<QLineEdit&>(*window().widgetOf(control("txtEvent"))).text(), "");
+    EXPECT_EQ(focusedIn(screen()), "txtEvent");
+    EXPECT_EQ(window().focusWidget(), window().widgetOf(control("txtEvent")));
 }
 
 TEST_F(AccessibilityTest, BoxesAreToldWithTheirText) {
