@@ -1,13 +1,12 @@
 #pragma once
 
 #include "controls/Display.h"
-
-#include <QMessageBox>
+#include "style/PlainBox.h"
 
 namespace tallybrook {
 
 /// A message box of the program. One that asks for Yes or No must be answered: it cannot be closed otherwise.
-class BoxWindow : public QMessageBox {
+class BoxWindow : public PlainBox {
 public:
     BoxWindow(const MessageBox& box, QWidget* parent);
 
@@ -21,8 +20,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void layOut();
-
     bool mustBeAnswered_;
 };
 

@@ -7,14 +7,15 @@
 #include "keeperwindow/WordsDialog.h"
 #include "runtime/DataHome.h"
 #include "runtime/TextForms.h"
+#include "style/PlainBox.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
 #include <QSplitter>
 #include <QToolBar>
@@ -87,6 +88,7 @@ KeeperWindow::KeeperWindow(fs::path dataFolder, const Clock& clock)
 // --- Menus and parts ---------------------------------------------------------------------------------------
 
 void KeeperWindow::addMenu() {
+    menuBar()->setAccessibleName("Menu");
     QMenu& menu = *menuBar()->addMenu("&File");
     addAction(menu, "Write &Archive...", Qt::CTRL | Qt::Key_S, "Write Archive", [this] { writeArchive(); });
     addAction(menu, "Write &Spreadsheet...", Qt::CTRL | Qt::Key_E, "Write Spreadsheet",
@@ -173,8 +175,8 @@ QWidget* KeeperWindow::progressStrip() {
     auto* const row = new QHBoxLayout(strip_);
     row->setContentsMargins(0, 0, 0, 0);
     takeAnyText(*stage_);
-    stage_->setAccessibleName("What was done");
     bar_->setTextVisible(false);
+    bar_->setAccessibleName("Progress");
     row->addWidget(stage_, 3);
     row->addWidget(bar_, 2);
     row->addWidget(cancel_);
@@ -214,7 +216,14 @@ void KeeperWindow::perform(const QString& failed, const Deed& deed) {
         [this, done] {
             done_ = *done;
             refresh();
+            tellDone();
         });
+}
+
+/// Has what was done read aloud wherever the focus is.
+void KeeperWindow::tellDone() {
+    QAccessibleEvent heard(stage_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&heard);
 }
 
 void KeeperWindow::showStage(const Stage& stage) {
@@ -242,9 +251,8 @@ void KeeperWindow::closeEvent(QCloseEvent* event) {
 }
 
 void KeeperWindow::tellFailure(const QString& failed, const QString& why) {
-    QMessageBox box(QMessageBox::Critical, kTitle, {}, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(failed + "\n\n" + why);
+    PlainBox box(QMessageBox::Critical, kTitle, failed + "\n\n" + why, this);
+    box.setDefaultButton(box.addButton(QMessageBox::Ok));
     box.exec();
 }
 
@@ -326,13 +334,13 @@ void KeeperWindow::takeTicked() {
 
 void KeeperWindow::restoreChosen() {
     const BackupEntry entry = *backups_->chosen();
-    QMessageBox box(QMessageBox::Question, kTitle, {}, QMessageBox::Cancel, this);
-    box.setTextFormat(Qt::PlainText);
-    box.setText("Put this backup in the place of your logbook?\n\n" + momentText(entry.time) + "\n" +
-                contentsText(entry) + "\n" + sentence(entry.inWords()) +
-                "\n\nYour present logbook is backed up first, so you can come back to it.");
-    QPushButton* const restore = box.addButton("&Restore", QMessageBox::AcceptRole);
-    box.setDefaultButton(QMessageBox::Cancel);
+    PlainBox box(QMessageBox::Question, kTitle,
+                 "Put this backup in the place of your logbook?\n\n" + momentText(entry.time) + "\n" +
+                     contentsText(entry) + "\n" + sentence(entry.inWords()) +
+                     "\n\nYour present logbook is backed up first, so you can come back to it.",
+                 this);
+    const QPushButton* const restore = box.addButton("&Restore", QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
     box.exec();
     if (box.clickedButton() != restore)
         return;

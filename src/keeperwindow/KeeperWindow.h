@@ -50,6 +50,7 @@ private:
 
     void run(const QString& failed, const Work::Task& task, const std::function<void()>& then);
     void perform(const QString& failed, const Deed& deed);
+    void tellDone();
     void showStage(const Stage& stage);
     void showBusy(bool isBusy);
     void showToday(const Today& today);

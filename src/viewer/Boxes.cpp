@@ -1,16 +1,16 @@
 #include "viewer/Boxes.h"
 
+#include "style/PlainBox.h"
+
 #include <QDir>
-#include <QMessageBox>
 
 namespace tallybrook {
 
 namespace {
 
 void show(QWidget* window, QMessageBox::Icon icon, const QString& text) {
-    QMessageBox box(icon, "Tallybrook", {}, QMessageBox::Ok, window);
-    box.setTextFormat(Qt::PlainText);  // the name of a file may look like markup
-    box.setText(text);
+    PlainBox box(icon, "Tallybrook", text, window);
+    box.setDefaultButton(box.addButton(QMessageBox::Ok));
     box.exec();
 }
 

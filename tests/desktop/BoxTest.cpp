@@ -1,12 +1,15 @@
 #include "Desktop.h"
 #include "desktop/Dialogs.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLayout>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <fstream>
 
 namespace tallybrook::test {
@@ -97,6 +100,23 @@ TEST_F(BoxTest, TextWithoutIconStandsAtTheEdge) {
     const QRect text = box.findChild<QLabel*>("qt_msgbox_label")->geometry();
     const QRect buttons = box.findChild<QDialogButtonBox*>()->geometry();
     EXPECT_NEAR(text.left(), box.width() - buttons.right(), 8);
+}
+
+TEST_F(BoxTest, LongTextLeavesTheButtonsInSight) {
+    hands.expect([](QDialog& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        QAbstractButton& no = *box.button(QMessageBox::No);
+        EXPECT_LE(box.height(), box.screen()->availableSize().height());
+        EXPECT_TRUE(box.rect().contains({no.mapTo(&box, QPoint()), no.size()}));
+        EXPECT_EQ(box.focusWidget(), &no);
+        EXPECT_EQ(box.findChild<QPlainTextEdit*>()->toPlainText(), box.text());
+        QTest::mouseClick(&no, Qt::LeftButton);
+    });
+    EXPECT_EQ(ask({.text = "Delete this event?\r\n" + std::string(1'000'000, 'n'),
+                   .buttons = Buttons::YesNo,
+                   .icon = Icon::Question,
+                   .preset = Answer::No}),
+              Answer::No);
 }
 
 TEST_F(BoxTest, ReturnPressesTheDefaultButton) {
@@ -195,6 +215,16 @@ TEST_F(FileDialogTest, OpensAFileAndMovesToItsFolder) {
                       .name = ""}),
               files / "night.txt");
     EXPECT_EQ(std::filesystem::current_path(), files);
+}
+
+TEST_F(FileDialogTest, ItsListsAreReadAloudByTheirLabels) {
+    hands.expect([](QDialog& window) {
+        for (const auto& [label, list] :
+             {std::pair{"lookInLabel", "lookInCombo"}, std::pair{"fileTypeLabel", "fileTypeCombo"}})
+            EXPECT_EQ(window.findChild<QLabel*>(label)->buddy(), window.findChild<QComboBox*>(list)) << label;
+        clickButton(window, QDialogButtonBox::Cancel);
+    });
+    choose({.title = "Which File", .folder = files.string(), .filter = "", .name = ""});
 }
 
 TEST_F(FileDialogTest, SavesUnderTheNameOffered) {

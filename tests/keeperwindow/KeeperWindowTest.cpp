@@ -10,8 +10,10 @@
 #include "style/OutlinedStyle.h"
 #include "support/TemporaryFolder.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
@@ -68,6 +70,13 @@ protected:
         const auto labels = window->findChildren<QLabel*>();
         return std::ranges::any_of(
             labels, [&](const QLabel* label) { return label->isVisible() && label->text().contains(words); });
+    }
+    /// Whether a text in the window is called by just these words.
+    bool isReadAloud(const QString& words) {
+        const auto labels = window->findChildren<QLabel*>();
+        return std::ranges::any_of(labels, [&](QLabel* label) {
+            return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name) == words;
+        });
     }
     void trigger(const QString& caption) {
         for (QAction* const action : window->findChildren<QAction*>()) {
@@ -137,6 +146,7 @@ TEST_F(Window, GivesADeletedEventBackByTheKeyboardAlone) {
     waitForWork();
     waitForWork();
     EXPECT_TRUE(isShown("Added to the logbook: 1 event, 2 games and 20 frames."));
+    EXPECT_TRUE(isReadAloud("Added to the logbook: 1 event, 2 games and 20 frames."));
     EXPECT_TRUE(isShown("It holds 2 events, 4 games and 40 frames."));
     ASSERT_EQ(backups().count(), 2);
     EXPECT_TRUE(backups().item(1)->text().endsWith("\nThe same as today's logbook."));
@@ -151,6 +161,15 @@ TEST_F(Window, ShowsTheGamesAndFramesOfAnEvent) {
     EXPECT_EQ(event.child(0)->text(3), "150");
     EXPECT_EQ(event.child(0)->childCount(), 10);
     EXPECT_EQ(event.child(0)->child(0)->text(0), "Frame 1: 7-10");
+}
+
+TEST_F(Window, KeepsItsColumnsInSightWhateverTheNames) {
+    test::addEvent(data, std::string(1'000'000, 'n'));
+    backUpNow(logbookIn(data), clock);
+    open();
+    const QHeaderView& header = *events().header();
+    EXPECT_LT(header.sectionPosition(header.count() - 1), 100 * events().fontMetrics().averageCharWidth());
+    EXPECT_EQ(events().topLevelItem(0)->text(0), QString(2000, 'n'));
 }
 
 TEST_F(Window, RestoresABackupOnceThatIsConfirmed) {
