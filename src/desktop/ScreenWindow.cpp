@@ -33,7 +33,7 @@ constexpr QMargins kMargins{18, 14, 18, 4};  // around the content, in pixels; t
 constexpr int kBetweenBlocks = 14;
 constexpr int kFrameOfStatus = 3;  // what the toolkit leaves beside the texts of a status bar
 constexpr QSize kSmallest{440, 260};
-constexpr QSize kTitleBar{8, 32};  // room that the frame of a window takes
+constexpr QMargins kFrame{4, 28, 4, 4};  // room that the frame of a window takes, with its title bar
 
 bool isTextBox(const Control* control) {
     return control != nullptr && control->kind() == Control::Kind::TextBox;
@@ -44,6 +44,12 @@ QString titleOf(const Screen& screen) {
     const QString caption = toQt(screen.caption());
     const QString product = QString::fromUtf8(kProductName);
     return caption.contains(product) ? caption : caption + " - " + product;
+}
+
+/// Where something begins that is to lie from `begin` to `end` at most: as near as can be to where it is
+/// wanted. What is wanted before `begin` may stay there.
+int beginOf(int wanted, int length, int begin, int end) {
+    return std::max(std::min(wanted, end - length), std::min(wanted, begin));
 }
 
 /// Whether a label says what the control is, since it shows no words of its own.
@@ -260,26 +266,28 @@ void ScreenWindow::remember() {
         return;
     if (size() != size_)
         memory().keepSize(objectName(), size());
-    if (pos() != place_)
-        memory().keepPlace(pos());
+    if (geometry().topLeft() != place_)
+        memory().keepPlace(geometry().topLeft());
 }
 
-/// Where the windows were left, in the middle otherwise, and in sight.
+/// Where the windows were left, in the middle otherwise, and in sight with their title bars. Places are those
+/// of what is inside the frame: how large the frame is, is known only once a window has been seen.
 void ScreenWindow::takePlace() {
     if (!size_.isValid())
         takeUsualSize();
     if (const QSize kept = memory().sizeOf(objectName()); kept.isValid())
-        resize(kept.boundedTo(screen()->availableSize() - kTitleBar));
+        resize(kept.boundedTo(screen()->availableSize().shrunkBy(kFrame)));
     size_ = size();
     const std::optional<QPoint> kept = memory().place();
     const QScreen* const left = kept ? QGuiApplication::screenAt(*kept) : nullptr;
-    const QRect available = (left == nullptr ? screen() : left)->availableGeometry();
-    const QSize room = available.size() - kTitleBar - size_;
-    QPoint place = left == nullptr ? available.center() - rect().center() : *kept;
-    place.rx() = std::min(place.x(), available.left() + std::max(0, room.width()));
-    place.ry() = std::min(place.y(), available.top() + std::max(0, room.height()));
-    place_ = place;
-    move(place);
+    const QRect display = (left == nullptr ? screen() : left)->availableGeometry();
+    const QRect free = display.marginsRemoved(kFrame);
+    const QPoint middle = display.center() - rect().center();
+    const QPoint wanted =
+        left != nullptr ? *kept : QPoint(std::max(middle.x(), free.left()), std::max(middle.y(), free.top()));
+    place_ = {beginOf(wanted.x(), width(), free.left(), free.right() + 1),
+              beginOf(wanted.y(), height(), free.top(), free.bottom() + 1)};
+    setGeometry({place_, size()});
 }
 
 void ScreenWindow::resizeEvent(QResizeEvent* event) {
@@ -363,7 +371,7 @@ void ScreenWindow::enlarge(double scale) {
 
 /// As large as its content asks for and the display allows.
 void ScreenWindow::takeUsualSize() {
-    const QSize largest = screen()->availableSize() - kTitleBar;
+    const QSize largest = screen()->availableSize().shrunkBy(kFrame);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area_->widget()->layout()->activate();  // takes in what has changed since the window was built

@@ -128,6 +128,19 @@ TEST(WindowMemory, WindowsComeUpInSight) {
     }
 }
 
+TEST(WindowMemory, TitleBarsStayInSight) {
+    constexpr int kTitleBar = 20;
+    Settings settings;
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    (*settings).setValue("sizes/frmMain", QSize(90'000, 90'000));
+    for (const QPoint place : {QPoint(), available.center(), available.bottomRight() - QPoint(3, 3)}) {
+        if (!place.isNull())
+            (*settings).setValue("windows/place", place);
+        RememberingDesktop desktop(settings.get());
+        EXPECT_GE(desktop.window().geometry().top(), available.top() + kTitleBar);
+    }
+}
+
 TEST(WindowMemory, NonsenseIsNoMemory) {
     Settings settings;
     for (const char* const key :
