@@ -5,6 +5,7 @@
 #include "keeperwindow/Columns.h"
 #include "keeperwindow/WindowTexts.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -48,6 +49,7 @@ EventsView::EventsView() {
     setUniformRowHeights(true);
     header()->setStretchLastSection(true);
     connect(this, &QTreeWidget::itemChanged, this, [this] {
+        tellTicked();
         if (onTicked)
             onTicked();
     });
@@ -90,6 +92,18 @@ void EventsView::add(const EventSummary& event, Fate fate) {
         bold.setBold(true);
         item->setFont(kSince, bold);
     }
+}
+
+/// Has it read aloud that the current event was ticked or not, which the toolkit leaves out.
+void EventsView::tellTicked() {
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(this);
+    QAccessibleInterface* const event = told == nullptr ? nullptr : told->focusChild();
+    if (event == nullptr)
+        return;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent heard(event, changed);
+    QAccessible::updateAccessibility(&heard);
 }
 
 /// Games are read when they are looked at.

@@ -28,6 +28,7 @@ public:
 private:
     void add(const EventSummary& event, Fate fate);
     void readGames(QTreeWidgetItem& item);
+    void tellTicked();
 
     std::filesystem::path backup_;
 };

@@ -16,7 +16,7 @@ class Heard {
 public:
     struct Told {
         QAccessible::Event event;
-        std::string object;  // by its name
+        std::string object;  // by its name; a part of a list, which has none, by what it is called
         friend bool operator==(const Told&, const Told&) = default;
     };
 
@@ -53,7 +53,9 @@ private:
     }
     static void hear(QAccessibleEvent* event) {
         const QObject* const object = event->object();
-        told().push_back({event->type(), object == nullptr ? "" : object->objectName().toStdString()});
+        const QString name =
+            object != nullptr ? object->objectName() : event->accessibleInterface()->text(QAccessible::Name);
+        told().push_back({event->type(), name.toStdString()});
     }
 
     QAccessible::UpdateHandler before_ = nullptr;

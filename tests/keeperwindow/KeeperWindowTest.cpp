@@ -2,6 +2,7 @@
 
 #include "backup/Backups.h"
 #include "carry/OldLogbooks.h"
+#include "desktop/Heard.h"
 #include "desktop/ModalHands.h"
 #include "keeper/Logbooks.h"
 #include "keeperwindow/ArchiveDialog.h"
@@ -137,8 +138,10 @@ TEST_F(Window, GivesADeletedEventBackByTheKeyboardAlone) {
     QTest::keyClick(&events(), Qt::Key_Home);
     EXPECT_EQ(events().currentItem()->text(0), "Tuesday") << "what was deleted stands first";
     EXPECT_EQ(events().currentItem()->text(4), "deleted since");
+    const test::Heard heard;
     QTest::keyClick(&events(), Qt::Key_Space);
     ASSERT_EQ(events().currentItem()->checkState(0), Qt::Checked);
+    EXPECT_EQ(test::Heard::take(QAccessible::StateChanged).front(), "Tuesday");
     ASSERT_TRUE(button("Add 1 Ticked Event").isEnabled());
     QTest::keyClick(window.get(), Qt::Key_A, Qt::AltModifier);
     ASSERT_TRUE(
