@@ -29,7 +29,7 @@ std::vector<GridColumn> eventColumns() {
             {.caption = "Series Total", .field = "fldSeriesTot", .width = 8},
             {.caption = "Series Avg.", .field = "fldSeriesAvg", .decimals = 2, .width = 8},
             {.caption = "Comment", .field = "fldComment", .width = 24, .takesRoom = true},
-            {.caption = "Event Type", .field = "fldEventType", .width = 12},
+            {.caption = "Event Type", .field = "fldEventType", .width = 15},
             {.caption = "Games Recorded", .field = "fldGmsRecorded", .width = 8}};
 }
 

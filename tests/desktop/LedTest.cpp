@@ -117,6 +117,8 @@ TEST_F(LedTest, CommentTakesTheRoomThatIsLeft) {
     for (int column = 0; column < list().model()->columnCount(); ++column)
         used += list().columnWidth(column);
     EXPECT_EQ(used, list().viewport()->width());
+    constexpr int kEventType = 8;
+    EXPECT_GT(list().columnWidth(kEventType), list().fontMetrics().horizontalAdvance("TOURNAMENT") + 10);
 }
 
 TEST_F(LedTest, RackGrowsWithItsWindow) {
