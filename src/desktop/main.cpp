@@ -5,15 +5,16 @@
 #include "runtime/DataHome.h"
 #include "runtime/OwnFiles.h"
 #include "shell/TBK_Globals.h"
+#include "style/Settings.h"
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QSettings>
 #include <QUrl>
 #include <algorithm>
 #include <array>
 #include <exception>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -90,9 +91,9 @@ int main(int argc, char** argv) {
     if (purpose == Purpose::ShowFolder)
         return showFolder() ? 0 : 1;
     try {
-        QSettings settings("Tallybrook", "Windows");
+        const std::unique_ptr<QSettings> settings = tallybrook::settingsOf("Windows");
         const tallybrook::SystemClock clock;
-        tallybrook::DesktopDisplay display({.settings = &settings});
+        tallybrook::DesktopDisplay display({.settings = settings.get()});
         tallybrook::Application program(display, clock, tallybrook::defaultDataFolder());
         run(program, display, purpose);
         return 0;

@@ -1,5 +1,6 @@
 #include "runtime/OwnFiles.h"
 #include "style/OutlinedStyle.h"
+#include "style/Settings.h"
 #include "viewer/Boxes.h"
 #include "viewer/RecentReports.h"
 #include "viewer/ReportWindow.h"
@@ -7,7 +8,6 @@
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
-#include <QSettings>
 #include <cstdio>
 
 namespace {
@@ -48,10 +48,10 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("Tallybrook");
     QApplication::setDesktopFileName("example.tallybrook.viewer");
     QApplication::setWindowIcon(QIcon(":/pictures/logo.svg"));
-    QSettings settings("Tallybrook", "Viewer");
+    const std::unique_ptr<QSettings> settings = tallybrook::settingsOf("Viewer");
     const QStringList named = namedFiles(argc, argv);
-    const QStringList files = named == QStringList("--last") ? lastReport(settings) : named;
-    const bool areShown = !files.isEmpty() && tallybrook::ReportWindow::openAll(files, settings);
+    const QStringList files = named == QStringList("--last") ? lastReport(*settings) : named;
+    const bool areShown = !files.isEmpty() && tallybrook::ReportWindow::openAll(files, *settings);
     if (!QApplication::topLevelWindows().isEmpty())
         QApplication::exec();
     return areShown ? 0 : kCannotBeShown;
