@@ -1,4 +1,7 @@
 #include "ReportPlay.h"
+#include "store/file/Connection.h"
+
+#include <sqlite3.h>
 
 namespace tallybrook::test {
 
@@ -18,8 +21,32 @@ protected:
         return report.substr(report.find("-----\t\t\t--------"));
     }
 
+    /// The steps that the engine takes for a report on the first event.
+    int steps() {
+        int count = 0;
+        const auto take = [](void* steps) { return ++*static_cast<int*>(steps), 0; };
+        sqlite3* const engine = play.program().store().connection().database().getHandle();
+        sqlite3_progress_handler(engine, 1, take, &count);
+        play.eventReport("Full");
+        sqlite3_progress_handler(engine, 0, nullptr, nullptr);
+        return count;
+    }
+
     ReportPlay play;
 };
+
+TEST_F(EventReport, CostsNoMoreInALargerLogbook) {
+    play.addEvent({});
+    play.addGame("P");
+    play.addFrame("X", "X");
+    for (int event = 0; event < 5; ++event)
+        play.addEvent({});
+    const int inSmall = steps();
+    EXPECT_GT(inSmall, 0);
+    for (int event = 0; event < 100; ++event)
+        play.addEvent({});
+    EXPECT_LE(steps(), inSmall);
+}
 
 TEST_F(EventReport, OfAnEventWithoutGamesHasNoGameSummary) {
     play.addEvent({.average = 200.0});
