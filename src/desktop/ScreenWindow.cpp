@@ -328,6 +328,7 @@ bool ScreenWindow::standBeside() {
             fits = false;
         }
     }
+    area_->widget()->layout()->invalidate();  // a row tells nobody that it asks for other room now
     return fits;
 }
 

@@ -150,6 +150,17 @@ TEST_F(LedTest, RackFitsASmallDisplayWithLargeLetters) {
     EXPECT_GT(place("fraFirstPinfall").left(), place("txtComment").right());
 }
 
+TEST_F(LedTest, RackKeepsItsShapeWhereANarrowWindowIsMaximised) {
+    beginEvent();
+    beginFrames();
+    window().resize(520, 400);  // where its parts stand below each other
+    window().resize(1920, 1060);
+    QTest::qWait(1);
+    const QRect pin = place("chkFirstPinfall(7)");
+    EXPECT_EQ(pin.width(), pin.height());
+    EXPECT_GT(area().widget()->width(), 1700);
+}
+
 TEST_F(LedTest, RackStaysTogetherOnALargeDisplay) {
     beginEvent();
     beginFrames();
