@@ -3,6 +3,7 @@
 #include "backup/BackupFolder.h"
 #include "runtime/DataHome.h"
 #include "runtime/Folder.h"
+#include "runtime/UnfinishedFile.h"
 #include "store/Store.h"
 
 #include <algorithm>
@@ -31,6 +32,7 @@ std::vector<fs::path> keptFiles(const fs::path& dataFolder) {
     const fs::path logbook = logbookIn(folder);
     std::vector<fs::path> files = Store::filesOf(logbook);
     files.push_back(configurationIn(folder));
+    files.push_back(UnfinishedFile::nameFor(configurationIn(folder)));
     files.push_back(lockIn(folder));
     const fs::path backups = placeOf(BackupFolder(logbook).path());
     for (const std::string& name : namesIn(backups))

@@ -257,6 +257,47 @@ TEST_F(CutOffSave, IsNotUndoneWithoutRoomForTheTrial) {
     EXPECT_NE(text.find("room on the disk"), std::string::npos) << text;
     EXPECT_EQ(test::bytesOf(file), changed);
     EXPECT_EQ(test::bytesOf(journalOf(file)), journal);
+    EXPECT_FALSE(fs::exists(copiesForTrial(file).at(1))) << "the copy of the journal is left behind";
+}
+
+class ChangesOfOthers : public CutOffSave {
+protected:
+    ChangesOfOthers() {
+        fs::remove(journalOf(file));
+        std::ofstream(file, std::ios::binary) << whole;
+    }
+};
+
+TEST_F(ChangesOfOthers, AreTakenIn) {
+    test::cutOffOtherProgram(file, "DELETE FROM tblEventInfo WHERE fldSessionNum > 7");
+    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(files().size(), 1U);
+    EXPECT_EQ(SQLite::Database(file.string()).execAndGet("SELECT COUNT(*) FROM tblEventInfo").getInt(), 7);
+}
+
+TEST_F(ChangesOfOthers, ThatPutAViewInATablesPlaceAreRefused) {
+    test::cutOffOtherProgram(file,
+                             "DROP TABLE tblFrameInfo; CREATE VIEW tblFrameInfo AS WITH RECURSIVE n(i) AS "
+                             "(SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i AS fldSessionNum FROM n");
+    EXPECT_TRUE(isLeftAlone());
+}
+
+TEST_F(ChangesOfOthers, OfANewerSchemaAreRefused) {
+    test::cutOffOtherProgram(file, "PRAGMA user_version = 99");
+    const Files before = files();
+    EXPECT_NE(refusal().find("newer"), std::string::npos) << refusal();
+    EXPECT_TRUE(files() == before);
+}
+
+TEST_F(ChangesOfOthers, ThatAreDamagedTooAreLeftAlone) {
+    test::cutOffOtherProgram(file, "UPDATE tblEventInfo SET fldComment = 'changed'");
+    std::string bytes = test::bytesOf(file);
+    std::ofstream(file, std::ios::binary) << bytes.substr(0, bytes.size() - 4096);
+    std::string changes = test::bytesOf(writeAheadOf(file));
+    std::ofstream(writeAheadOf(file), std::ios::binary) << changes.replace(4096, 4096, 4096, '\x7f');
+    const Files before = files();
+    EXPECT_NE(refusal(), "");
+    EXPECT_TRUE(files() == before);
 }
 
 }  // namespace

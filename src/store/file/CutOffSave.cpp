@@ -23,22 +23,20 @@ fs::path copyForTrial(const fs::path& logbook) {
     return fs::weakly_canonical(logbook, ignored).string() + ".trial";
 }
 
-/// A copy of a logbook with its journal, which goes away again.
-class TrialCopy {
+/// Sees to it that copies go away again, be they only begun.
+class CopiesAway {
 public:
-    explicit TrialCopy(const fs::path& logbook) : logbook_(logbook) {
-        fs::copy_file(journalOf(logbook), journalOf(path()));
-        fs::copy_file(logbook, path());
-    }
-    ~TrialCopy() { removeCopiesForTrial(logbook_); }
-    TrialCopy(const TrialCopy&) = delete;
-    TrialCopy& operator=(const TrialCopy&) = delete;
-
-    [[nodiscard]] fs::path path() const { return copyForTrial(logbook_); }
+    explicit CopiesAway(const fs::path& logbook) : logbook_(logbook) {}
+    ~CopiesAway() { removeCopiesForTrial(logbook_); }
+    CopiesAway(const CopiesAway&) = delete;
+    CopiesAway& operator=(const CopiesAway&) = delete;
 
 private:
     const fs::path& logbook_;
 };
+
+/// Which of the files beside a logbook, or beside a copy of it, is tried out with it.
+using Companion = fs::path (*)(const fs::path& logbook);
 
 bool isWhole(const SQLite::Database& database) {
     SQLite::Statement check(database, "PRAGMA integrity_check(1)");
@@ -49,12 +47,14 @@ bool isDamage(const SQLite::Exception& failure) {
     return failure.getErrorCode() == SQLITE_CORRUPT || failure.getErrorCode() == SQLITE_NOTADB;
 }
 
-/// Whether what the engine makes of the copies is sound; throws LogbookRefused for a database of another
-/// kind.
-bool isUndoneByEngine(const fs::path& logbook, int newestSchema) {
-    const TrialCopy copy(logbook);
+/// Whether what the engine makes of copies is sound; throws LogbookRefused for a database of another kind.
+bool isSoundOnCopies(const fs::path& logbook, Companion companionOf, int newestSchema) {
+    const CopiesAway away(logbook);
+    const fs::path copy = copyForTrial(logbook);
+    fs::copy_file(companionOf(logbook), companionOf(copy));
+    fs::copy_file(logbook, copy);
     try {
-        SQLite::Database database(copy.path().string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+        SQLite::Database database(copy.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
         database.exec("PRAGMA synchronous = OFF");  // nobody needs the copy for longer than this
         distrust(database);
         inspectTables(logbook, database, newestSchema);
@@ -70,7 +70,9 @@ bool isUndoneByEngine(const fs::path& logbook, int newestSchema) {
 
 std::vector<fs::path> copiesForTrial(const fs::path& logbook) {
     const fs::path copy = copyForTrial(logbook);
-    return {copy, journalOf(copy)};
+    std::vector<fs::path> copies = companionsOf(copy);
+    copies.insert(copies.begin(), copy);
+    return copies;
 }
 
 void removeCopiesForTrial(const fs::path& logbook) {
@@ -82,7 +84,7 @@ void removeCopiesForTrial(const fs::path& logbook) {
 
 void tryToUndoCutOffSave(const fs::path& logbook, int newestSchema) {
     try {
-        if (!isJournalSound(logbook) || !isUndoneByEngine(logbook, newestSchema))
+        if (!isJournalSound(logbook) || !isSoundOnCopies(logbook, journalOf, newestSchema))
             refuseLogbook(
                 logbook,
                 fmt::format(
@@ -94,6 +96,24 @@ void tryToUndoCutOffSave(const fs::path& logbook, int newestSchema) {
         refuseLogbook(logbook,
                       fmt::format("A save was cut off, and cannot be undone yet: {}. Please see that "
                                   "there is room on the disk for a copy of the logbook.",
+                                  failure.code().message()));
+    }
+}
+
+void tryToTakeInChanges(const fs::path& logbook, int newestSchema) {
+    try {
+        if (!isSoundOnCopies(logbook, writeAheadOf, newestSchema))
+            refuseLogbook(logbook,
+                          fmt::format("Another program has left changes beside the logbook, and they or the "
+                                      "logbook are damaged. Both are left as they are. Please go back to a "
+                                      "backup with the Tallybrook Keeper, which puts them away "
+                                      "together.\r\nChanges: {}",
+                                      writeAheadOf(logbook).string()));
+    } catch (const std::system_error& failure) {
+        refuseLogbook(logbook,
+                      fmt::format("Another program has left changes beside the logbook, and they cannot be "
+                                  "taken in yet: {}. Please see that there is room on the disk for a copy "
+                                  "of the logbook.",
                                   failure.code().message()));
     }
 }

@@ -10,6 +10,9 @@ namespace tallybrook {
 /// LogbookRefused, with the logbook and its journal as they were, where what comes of it is not sound.
 void tryToUndoCutOffSave(const std::filesystem::path& logbook, int newestSchema);
 
+/// The same with what another program was cut off before it had brought into the logbook.
+void tryToTakeInChanges(const std::filesystem::path& logbook, int newestSchema);
+
 /// Where the copies lie, which a program that ends in the middle of the trial leaves there.
 std::vector<std::filesystem::path> copiesForTrial(const std::filesystem::path& logbook);
 /// Removes what such a program has left.

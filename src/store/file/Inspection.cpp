@@ -73,6 +73,14 @@ std::size_t readHead(const fs::path& file, std::array<char, kHeadSize>& head) {
     }
 }
 
+void inspectSchema(const fs::path& file, int schema, int newestSchema) {
+    if (schema > newestSchema)
+        refuseLogbook(file,
+                      "The logbook was written by a newer version of Tallybrook. Please update the program.");
+    if (schema < 1)
+        refuseLogbook(file, "The file belongs to another program. Please move it away.");
+}
+
 /// Refuses what is no logbook by its first bytes alone, so that nothing else of it is touched.
 void inspectHead(const fs::path& file, int newestSchema) {
     std::array<char, kHeadSize> head{};
@@ -81,12 +89,7 @@ void inspectHead(const fs::path& file, int newestSchema) {
         refuseLogbook(file, kCarryOver);
     if (size < kHeadSize || std::string_view(head.data(), kMark.size()) != kMark)
         refuseLogbook(file, fmt::format("The file is no logbook of this program. {}", kPutCopy));
-    const int schema = schemaIn(head);
-    if (schema > newestSchema)
-        refuseLogbook(file,
-                      "The logbook was written by a newer version of Tallybrook. Please update the program.");
-    if (schema < 1)
-        refuseLogbook(file, "The file belongs to another program. Please move it away.");
+    inspectSchema(file, schemaIn(head), newestSchema);
 }
 
 /// Refuses what cannot be changed: the file, or the folder where SQLite keeps its journal.
@@ -155,8 +158,9 @@ bool hasAllColumns(const SQLite::Database& database) {
 void inspectTables(const fs::path& file, const SQLite::Database& database, int newestSchema) {
     if (isCutShort(database))
         refuseLogbook(file, fmt::format("The logbook is damaged: its end is missing. {}", kPutCopy));
-    const bool isOlder = schemaOf(database) < newestSchema;
-    if (!(isOlder ? hasAllTables(database) : hasAllColumns(database)))
+    const int schema = schemaOf(database);
+    inspectSchema(file, schema, newestSchema);
+    if (!(schema < newestSchema ? hasAllTables(database) : hasAllColumns(database)))
         refuseLogbook(file, fmt::format("The file belongs to another program, or is damaged. {}", kPutCopy));
 }
 

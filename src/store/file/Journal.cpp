@@ -133,6 +133,12 @@ private:
     std::set<std::uint32_t> seen_;
 };
 
+bool holdsSomething(const fs::path& file) {
+    std::error_code none;
+    const std::uintmax_t size = fs::file_size(file, none);
+    return !none && size > 0;
+}
+
 }  // namespace
 
 fs::path journalOf(const fs::path& logbook) {
@@ -145,10 +151,16 @@ std::vector<fs::path> companionsOf(const fs::path& logbook) {
     return {file + "-journal", file + "-wal", file + "-shm"};
 }
 
+fs::path writeAheadOf(const fs::path& logbook) {
+    return companionsOf(logbook).at(1);
+}
+
 bool wasSaveCutOff(const fs::path& logbook) {
-    std::error_code none;
-    const std::uintmax_t size = fs::file_size(journalOf(logbook), none);
-    return !none && size > 0;
+    return holdsSomething(journalOf(logbook));
+}
+
+bool wasOtherProgramCutOff(const fs::path& logbook) {
+    return holdsSomething(writeAheadOf(logbook));
 }
 
 bool isJournalSound(const fs::path& logbook) {

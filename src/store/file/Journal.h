@@ -14,6 +14,13 @@ std::vector<std::filesystem::path> companionsOf(const std::filesystem::path& log
 /// Whether a save was cut off and left its journal. An empty journal is just left over.
 bool wasSaveCutOff(const std::filesystem::path& logbook);
 
+/// What another program has written beside a logbook and not brought into it yet, in the engine's other way
+/// to keep one; the program's own logbooks have none.
+std::filesystem::path writeAheadOf(const std::filesystem::path& logbook);
+
+/// Whether another program was cut off with such changes, which the engine takes for part of the logbook.
+bool wasOtherProgramCutOff(const std::filesystem::path& logbook);
+
 /// Whether the journal of a logbook is as a save has left it, as far as its heads, counts and checksums tell.
 /// The engine takes what does not fit for the journal's end, and what stands behind for never written. Throws
 /// std::system_error where it cannot be read.

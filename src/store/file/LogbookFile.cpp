@@ -39,12 +39,14 @@ void makeLogbook(const fs::path& file) {
 }
 
 /// Refuses what is no logbook, or is damaged so that it shows, and leaves it as it is. What it holds is
-/// looked at without a lock; behind a save that was cut off, once that is undone.
+/// looked at without a lock; where a save or another program was cut off, on copies, with what comes of it.
 void inspect(const fs::path& file, int newestSchema) {
     inspectFile(file, newestSchema);
     removeCopiesForTrial(file);
     if (wasSaveCutOff(file))
         tryToUndoCutOffSave(file, newestSchema);
+    else if (wasOtherProgramCutOff(file))
+        tryToTakeInChanges(file, newestSchema);
     else
         inspectTables(file, openAsItStands(file), newestSchema);
 }
@@ -81,7 +83,9 @@ std::unique_ptr<Connection> openLogbook(const fs::path& file, const Upgrade& upg
 }
 
 std::vector<fs::path> filesOfLogbook(const fs::path& logbook) {
-    std::vector<fs::path> files{logbook, journalOf(logbook), unfinished(logbook)};
+    std::vector<fs::path> files = companionsOf(logbook);
+    files.push_back(logbook);
+    files.push_back(unfinished(logbook));
     for (fs::path& copy : copiesForTrial(logbook))
         files.push_back(std::move(copy));
     return files;

@@ -4,7 +4,9 @@
 #include "store/file/StoredValue.h"
 
 #include <exception>
+#include <new>
 #include <string>
+#include <string_view>
 
 #include <sqlite3.h>
 
@@ -50,9 +52,15 @@ void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
     });
 }
 
+/// The engine takes no failure from a comparison: without memory for one the bytes decide.
 int collate(void*, int leftSize, const void* left, int rightSize, const void* right) noexcept {
-    return compareText({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
-                       {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
+    const std::string_view one{static_cast<const char*>(left), static_cast<std::size_t>(leftSize)};
+    const std::string_view other{static_cast<const char*>(right), static_cast<std::size_t>(rightSize)};
+    try {
+        return compareText(one, other);
+    } catch (const std::bad_alloc&) {
+        return one.compare(other);
+    }
 }
 
 }  // namespace
