@@ -1,5 +1,6 @@
 #include "controls/Lists.h"
 
+#include "runtime/Folder.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/TextEncoding.h"
 
@@ -158,13 +159,8 @@ bool FolderList::isFolder(const std::string& path) {
 
 std::vector<std::string> FolderList::foldersIn(const std::string& path) {
     std::vector<std::string> found;
-    std::error_code failure;
-    for (fs::directory_iterator entry(path, fs::directory_options::skip_permission_denied, failure), end;
-         !failure && entry != end; entry.increment(failure)) {
-        std::error_code ignored;
-        std::string inside = entry->path().string();
-        if (!entry->path().filename().string().starts_with('.') && isLineOfText(inside) &&
-            entry->is_directory(ignored))
+    for (const std::string& name : namesIn(path)) {
+        if (std::string inside = fs::path(path) / name; !name.starts_with('.') && isFolder(inside))
             found.push_back(std::move(inside));
     }
     std::ranges::sort(found);
