@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include <fmt/format.h>
+#include <unistd.h>
 
 namespace tallybrook::keeper {
 
@@ -25,6 +26,8 @@ void requireExportable(const fs::path& dataFolder, const fs::path& file) {
         throw Refused(ExitStatus::Failed, "This is a folder; please name a file: " + file.string());
     if (fs::exists(file) && !fs::is_regular_file(file))
         throw Refused(ExitStatus::Failed, "This is no file that can be written over: " + file.string());
+    if (fs::exists(file) && access(file.c_str(), W_OK) != 0)
+        throw Refused(ExitStatus::Failed, "This file is write-protected: " + file.string());
 }
 
 namespace {

@@ -1,8 +1,13 @@
 #include "keeper/Command.h"
+#include "keeper/Export.h"
 #include "keeper/Keeper.h"
 #include "keeper/TerminalProgress.h"
+#include "support/Anybody.h"
+#include "support/TemporaryFolder.h"
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -10,6 +15,8 @@
 namespace tallybrook::keeper {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 class KeeperCommandLine : public testing::Test {
 protected:
@@ -60,6 +67,23 @@ TEST_F(KeeperCommandLine, RefusesWhatItDoesNotUnderstand) {
         EXPECT_EQ(notes.str(), "tallybrook-keeper: " + why + "\nTry tallybrook-keeper --help.\n");
     }
     EXPECT_EQ(out.str(), "");
+}
+
+TEST(KeeperExport, WritesOverNoProtectedFile) {
+    const test::TemporaryFolder folder;
+    const fs::path file = folder.path() / "kept.json";
+    std::ofstream(file) << "kept";
+    fs::permissions(folder.path(), fs::perms::all);
+    fs::permissions(file, fs::perms::owner_read | fs::perms::others_read);
+    EXPECT_EQ(test::asAnybody([&]() -> std::string {
+                  try {
+                      requireExportable(folder.path(), file);
+                      return "written over";
+                  } catch (const Refused& refused) {
+                      return refused.what();
+                  }
+              }),
+              "This file is write-protected: " + file.string());
 }
 
 TEST_F(KeeperCommandLine, IsCancelledByAnInterrupt) {
