@@ -2,6 +2,7 @@
 #include "controls/Person.h"
 #include "runtime/MountedVolumes.h"
 #include "shell/ProgramScreen.h"
+#include "support/FailingAllocation.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"
 
@@ -448,6 +449,12 @@ TEST_F(Lists, RowsBeyondTheTreeFail) {
         EXPECT_THROW(person::toggleFolder(list, row), RunTimeError);
     }
     EXPECT_EQ(list.rowOf("/no such folder"), std::nullopt);
+}
+
+TEST_F(Lists, FoldersAreListedThoughMemoryIsShort) {
+    for (const char* const name : {"a", "b", "c"})
+        fs::create_directory(at(name));
+    EXPECT_GE(failuresOfEachAllocation([this] { FolderList::foldersIn(folder.path().string()); }), 3);
 }
 
 TEST_F(Lists, FoldersThatCannotBeReadAreNone) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <new>
 
 #include <gtest/gtest.h>
 
@@ -36,18 +35,7 @@ TEST(Folder, NamesNothingWhereItCannotBeRead) {
 TEST(Folder, RaisesAnErrorWhereMemoryIsShort) {
     const TemporaryFolder folder;
     std::ofstream(folder.path() / "a name that is too long to stand in a text without any memory") << "";
-    bool hasStruck = true;
-    int failures = 0;
-    for (int before = 0; hasStruck; ++before) {
-        const FailingAllocation failing(before);
-        try {
-            namesIn(folder.path());
-        } catch (const std::bad_alloc&) {
-            ++failures;
-        }
-        hasStruck = FailingAllocation::hasStruck();
-    }
-    EXPECT_GE(failures, 1);
+    EXPECT_GE(failuresOfEachAllocation([&] { namesIn(folder.path()); }), 1);
 }
 
 }  // namespace
