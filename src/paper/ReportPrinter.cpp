@@ -3,7 +3,7 @@
 #include "paper/Pages.h"
 #include "paper/PdfOutline.h"
 #include "paper/PicturePages.h"
-#include "readers/Device.h"
+#include "paper/WholeFile.h"
 #include "readers/FileFailure.h"
 #include "readers/ReportHead.h"
 #include "style/ReportFont.h"
@@ -15,7 +15,6 @@
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <algorithm>
 
 namespace tallybrook {
@@ -171,10 +170,6 @@ std::optional<Sections> drawPages(const ReportText& report, const std::vector<Re
 
 void writePdf(const ReportText& report, const std::vector<ReportPicture>& pictures, const QPageSize& paper,
               const QString& file) {
-    refuseDevice(QFileInfo(file));
-    QSaveFile stream(file);
-    if (!stream.open(QIODevice::WriteOnly))
-        throw FileFailure(stream.errorString() + ".");
     QBuffer drawn;
     drawn.open(QIODevice::WriteOnly);
     QPdfWriter writer(&drawn);
@@ -185,9 +180,7 @@ void writePdf(const ReportText& report, const std::vector<ReportPicture>& pictur
     const std::optional<Sections> sections = drawPages(report, pictures, writer);
     if (!sections)
         throw FileFailure("The pages cannot be drawn.");
-    const QByteArray pdf = withOutline(drawn.data(), *sections);
-    if (stream.write(pdf) != pdf.size() || !stream.commit())
-        throw FileFailure(stream.errorString() + ".");
+    writeWhole(file, withOutline(drawn.data(), *sections));
 }
 
 }  // namespace tallybrook

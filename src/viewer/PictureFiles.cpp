@@ -1,14 +1,15 @@
 #include "viewer/PictureFiles.h"
 
-#include "readers/Device.h"
+#include "paper/WholeFile.h"
+#include "readers/FileFailure.h"
 #include "viewer/Boxes.h"
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 #include <array>
 #include <cmath>
@@ -60,10 +61,11 @@ QImage imageOf(const PictureWidget& picture) {
 }
 
 void write(const QString& file, const std::function<bool(QIODevice& stream)>& put) {
-    refuseDevice(QFileInfo(file));
-    QSaveFile stream(file);
-    if (!stream.open(QIODevice::WriteOnly) || !put(stream) || !stream.commit())
-        throw FileFailure(stream.errorString() + ".");
+    QBuffer drawn;
+    drawn.open(QIODevice::WriteOnly);
+    if (!put(drawn))
+        throw FileFailure("The picture cannot be drawn.");
+    writeWhole(file, drawn.data());
 }
 
 /// A kind of file that a picture is saved as.

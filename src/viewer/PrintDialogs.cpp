@@ -1,12 +1,15 @@
 #include "viewer/PrintDialogs.h"
 
 #include "paper/Paper.h"
-#include "readers/Device.h"
+#include "paper/WholeFile.h"
+#include "readers/FileFailure.h"
 #include "viewer/Boxes.h"
 #include "viewer/BusyPointer.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -29,17 +32,37 @@ void setUp(QPrinter& printer, const ReportText& report) {
     printer.setPageMargins(kPageMargins, QPageLayout::Millimeter);
 }
 
-bool drawBusily(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer) {
+void draw(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer) {
     const BusyPointer busy;
-    return drawPages(report, pictures, printer).has_value();
+    if (!drawPages(report, pictures, printer))
+        throw FileFailure("The printer does not take it.");
+}
+
+/// A printer keeps to itself that a disk is full.
+void requireWholePdf(const QString& name) {
+    constexpr qint64 kLongestEnd = 8;
+    QFile pdf(name);
+    pdf.open(QIODevice::ReadOnly);
+    pdf.seek(std::max<qint64>(pdf.size() - kLongestEnd, 0));
+    if (!pdf.readAll().trimmed().endsWith("%%EOF"))
+        throw FileFailure("The file could not be written to its end. Is the disk full?");
+}
+
+/// Draws into the printer's file under the name that the file has until it is whole.
+void drawIntoFile(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer) {
+    const QString file = printer.outputFileName();
+    writeWhole(file, [&](const QString& name) {
+        printer.setOutputFileName(name);
+        draw(report, pictures, printer);
+        requireWholePdf(name);
+    });
 }
 
 void drawOrTell(const ReportText& report, const std::vector<ReportPicture>& pictures, QPrinter& printer,
                 QWidget& window) {
     try {
-        refuseDevice(QFileInfo(printer.outputFileName()));
-        if (!drawBusily(report, pictures, printer))
-            throw FileFailure("The printer does not take it.");
+        const auto print = printer.outputFileName().isEmpty() ? draw : drawIntoFile;
+        print(report, pictures, printer);
     } catch (const FileFailure& failure) {
         tellFailure(&window, "The report cannot be printed:", report.file, failure.reason());
     }
