@@ -102,7 +102,7 @@ std::vector<PdfKind> pdfKinds() {
 
 QString pdfBeside(const QString& file) {
     const QFileInfo info(file);
-    return info.dir().filePath(info.completeBaseName() + ".pdf");
+    return info.absoluteDir().filePath(info.completeBaseName() + ".pdf");
 }
 
 }  // namespace

@@ -128,7 +128,7 @@ void ReportWindow::addFileMenu() {
     addRecentMenu(menu, "Open &Recent", &ReportWindow::openRecent);
     menu.addSeparator();
     addTo(menu, "Co&mpare With...", {Qt::CTRL | Qt::SHIFT | Qt::Key_O}, [this] { chooseOthers(); });
-    addRecentMenu(menu, "Compare With R&ecent", &ReportWindow::compareRecent);
+    addRecentMenu(menu, "Compare &With Recent", &ReportWindow::compareRecent);
     menu.addSeparator();
     QAction* const print = addTo(menu, "&Print...", {Qt::CTRL | Qt::Key_P},
                                  [this] { printReport(report_, printedPictures(), *this); });
@@ -189,7 +189,7 @@ void ReportWindow::addPictureEntries(QMenu& menu) {
         connect(&menu, &QMenu::aboutToShow, entry,
                 [this, entry] { entry->setEnabled(pictures_->isVisible()); });
     };
-    add("Copy &Picture", {}, copyPicture);
+    add("Copy P&icture", {}, copyPicture);
     add("Copy as &Table", Qt::CTRL | Qt::SHIFT | Qt::Key_C, copyTable);
     add("Sa&ve Picture...", {}, savePicture);
 }

@@ -229,6 +229,13 @@ TEST_F(ReportWindowTest, TellsWhatCannotBeExported) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(ReportWindowTest, ExportsBesideAReportThatIsNamedFromHere) {
+    ASSERT_TRUE(window->open(QDir::current().relativeFilePath(files.path("League Night.txt"))));
+    hands.expect([](QDialog& dialog) { dialog.accept(); });
+    action("Export as PDF...")->trigger();
+    EXPECT_TRUE(Files::read(files.path("League Night.pdf")).startsWith("%PDF"));
+}
+
 TEST_F(ReportWindowTest, ExportMayBeCancelled) {
     hands.expect([](QDialog& dialog) { dialog.reject(); });
     action("Export as PDF...")->trigger();
@@ -294,8 +301,20 @@ TEST_F(ReportWindowTest, MenusHaveTheirKeys) {
     EXPECT_EQ(menus, (QStringList{"&File", "&Edit", "&View", "&Help"}));
 }
 
+TEST_F(ReportWindowTest, LettersOfAMenuAreItsOwn) {
+    for (const QAction* const menu : window->menuBar()->actions()) {
+        QStringList letters;
+        for (const QAction* const entry : menu->menu()->actions()) {
+            if (const qsizetype mark = entry->text().indexOf('&'); mark >= 0)
+                letters += entry->text().at(mark + 1).toUpper();
+        }
+        EXPECT_GT(letters.size(), 1) << menu->text().toStdString();
+        EXPECT_EQ(letters.removeDuplicates(), 0) << menu->text().toStdString();
+    }
+}
+
 TEST_F(ReportWindowTest, ToolsHaveNames) {
-    QToolBar& tools = part<QToolBar>();
+    auto& tools = part<QToolBar>();
     QStringList names;
     for (QAction* const tool : tools.actions()) {
         if (!tool->text().isEmpty())
