@@ -231,7 +231,11 @@ TEST_F(ReportWindowTest, TellsWhatCannotBeExported) {
 
 TEST_F(ReportWindowTest, ExportsBesideAReportThatIsNamedFromHere) {
     ASSERT_TRUE(window->open(QDir::current().relativeFilePath(files.path("League Night.txt"))));
-    hands.expect([](QDialog& dialog) { dialog.accept(); });
+    hands.expect([this](QDialog& dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory().path(), files.folder());
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "League Night.pdf");
+        dialog.accept();
+    });
     action("Export as PDF...")->trigger();
     EXPECT_TRUE(Files::read(files.path("League Night.pdf")).startsWith("%PDF"));
 }
