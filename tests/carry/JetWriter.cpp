@@ -106,7 +106,7 @@ std::string decimalBytes(std::int64_t number) {
 
 std::string fixedBytes(JetType type, const Cell& cell) {
     if (std::holds_alternative<Null>(cell))
-        return std::string(fixedSize(type), '\x55');  // a Null's bytes mean nothing
+        return std::string().assign(fixedSize(type), '\x55');  // a Null's bytes mean nothing
     switch (type) {
         case JetType::Byte:
             return bytesOfNumber(static_cast<std::uint8_t>(std::get<std::int64_t>(cell)));
