@@ -92,8 +92,10 @@ public:
     bool number_unsigned(number_unsigned_t value) override {
         return std::in_range<std::int64_t>(value) && add(static_cast<std::int64_t>(value));
     }
+    /// A whole number that is too long to be one comes here too. The text has the decimal point of the
+    /// locale.
     bool number_float(number_float_t value, const string_t& text) override {
-        return text.find_first_of(".eE") != std::string::npos && add(double{value});
+        return text.find_first_not_of("-0123456789") != std::string::npos && add(double{value});
     }
     bool binary(binary_t& /*value*/) override { return false; }
 

@@ -7,6 +7,7 @@
 #include "keeper/Export.h"
 #include "keeper/Logbooks.h"
 #include "store/file/UnlockedFile.h"
+#include "support/CommaLocale.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
@@ -134,6 +135,18 @@ TEST_F(Archive, BringsBackEveryValueThatAnybodyHasStored) {
         exportArchive(other, file, clock, nobody);
         RC_ASSERT(bytesOf(file) == first);
     }));
+}
+
+TEST_F(Archive, IsTheSameWhereDecimalsStandBehindAComma) {
+    test::change(data, {"INSERT INTO tblEventInfo (fldEventName, fldDateBowled, fldSeriesAvg) "
+                        "VALUES ('Tuesday', '2026-11-03', 180.25)"});
+    write();
+    const std::string bytes = bytesOf(file);
+    const test::CommaLocale comma;
+    write();
+    EXPECT_EQ(bytesOf(file), bytes);
+    EXPECT_TRUE(read(other).isNew);
+    EXPECT_EQ(rowsOf(logbookIn(other)), rowsOf(logbookIn(data)));
 }
 
 TEST_F(Archive, IsATextThatTellsWhatItHolds) {
