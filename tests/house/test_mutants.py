@@ -28,24 +28,58 @@ class Mutants(unittest.TestCase):
         self.assertEqual(planted("x = a <= b;\n"), [("comparison", "x = a < b;\n")])
         self.assertEqual(planted("x = a && b;\n"), [("logic", "x = a || b;\n")])
         self.assertEqual(planted("x = a - b;\n"), [("arithmetic", "x = a + b;\n")])
-        self.assertEqual(planted("return ++a;\n"), [("step", "return --a;\n")])
+        self.assertEqual(planted("x = ++a;\n"), [("step", "x = --a;\n")])
 
     def test_brackets_of_templates_are_no_comparisons(self):
         self.assertEqual(planted("std::vector<int> x;\n"), [])
 
     def test_a_condition_is_turned_round(self):
         self.assertEqual(planted('if (is(")"))\n'), [("condition", 'if (!(is(")")))\n'), ("text", 'if (is(""))\n')])
-        self.assertEqual(planted("return !a;\n"), [("negation", "return a;\n")])
+        self.assertEqual(planted("x = !a;\n"), [("negation", "x = a;\n")])
 
     def test_numbers_and_truths_change(self):
-        self.assertEqual(planted("f(9, true);\n"), [("number", "f(10, true);\n"), ("truth", "f(9, false);\n")])
+        self.assertEqual(planted("f(9);\n"), [("number", "f(10);\n")])
+        self.assertEqual(planted("f(true);\n"), [("truth", "f(false);\n")])
         self.assertEqual(planted("int a9 = 1.5;\n"), [])
 
     def test_a_statement_is_taken_out(self):
         self.assertEqual(planted("{\n    f(a);\n}\n"), [("statement", "{\n\n}\n")])
 
+    def test_a_result_becomes_a_default(self):
+        self.assertEqual(planted("return a.b();\n"), [("return", "return {};\n")])
+        self.assertEqual(planted("return {};\n"), [])
+
+    def test_ways_out_and_branches_are_taken_out(self):
+        self.assertEqual(planted("continue;\n"), [("jump", "{}\n")])
+        self.assertEqual(planted("} else {\n"), [("else", "} else if (false) {\n")])
+
+    def test_operands_are_swapped(self):
+        self.assertEqual(planted("x = f(a, b.c, d);\n"), [("operands", "x = f(b.c, a, d);\n")])
+        self.assertEqual(planted("x = f(a(), b);\nvoid f(int a, int b) {\n"), [])
+
+    def test_an_index_is_off_by_one(self):
+        self.assertEqual(planted("x = a[i];\nx = [i] { g(); };\n"), [("index", "x = a[i + 1];\nx = [i] { g(); };\n")])
+
+    def test_a_name_becomes_another_of_its_kind(self):
+        self.assertEqual(
+            planted("x = Ball::First;\ny = Ball::Second;\n"),
+            [("name", "x = Ball::Second;\ny = Ball::Second;\n"), ("name", "x = Ball::First;\ny = Ball::First;\n")],
+        )
+        self.assertEqual(planted("x = Ball::First;\n"), [])
+
+    def test_a_row_of_a_table_is_taken_out_or_exchanged_with_the_next(self):
+        table = "    {a},\n    {b},\n"
+        self.assertEqual(planted(table), [("order", "    {b},\n    {a},\n"), ("row", "    {b},\n"), ("row", "    {a},\n")])
+
+    def test_a_text_loses_a_letter_and_changes_one(self):
+        self.assertEqual(planted('f("Ab.");\n'), [("letter", 'f("Ae.");\n'), ("text", 'f("b.");\n')])
+
     def test_comments_and_includes_stay(self):
         self.assertEqual(planted('#include "a < b"\n// a < b, "9"\n/* 9\n + 9 */\n'), [])
+
+    def test_a_line_is_told_in_one_line(self):
+        fault = mutants.Fault("a.cpp", 0, 8, "order", "  c,\n  b\n")
+        self.assertEqual(fault.told("  b,\n  c\n"), "a.cpp: b, c -> c, b")
 
     def test_a_comment_in_a_text_is_none(self):
         self.assertEqual(planted('f("//", a == b);\n')[-1], ("comparison", 'f("//", a != b);\n'))
