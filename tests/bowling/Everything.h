@@ -7,10 +7,15 @@
 
 namespace tallybrook::test {
 
-/// The marks of a score sheet. A long run (scripts/soak) has all of them; an ordinary one has those that the
+/// Whether this is a long run (scripts/soak).
+inline bool isLongRun() {
+    return std::getenv("TALLYBROOK_ROUNDS") != nullptr;
+}
+
+/// The marks of a score sheet. A long run has all of them; an ordinary one has those that the
 /// rules tell apart, with a count that makes ten and one that does not.
 inline std::string_view marksOfThisRun() {
-    return std::getenv("TALLYBROOK_ROUNDS") != nullptr ? "0123456789X/-" : "0459X/-";
+    return isLongRun() ? "0123456789X/-" : "0459X/-";
 }
 
 /// Every text of these characters that is no longer than that, the empty one first.
