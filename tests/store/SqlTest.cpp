@@ -1,5 +1,10 @@
 #include "store/sql/Sql.h"
 
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
@@ -7,13 +12,24 @@ namespace tallybrook {
 
 namespace {
 
-int faultOf(const std::string& sql) {
+/// Why a statement is refused; nothing if it is understood.
+std::optional<RunTimeError> refusalOf(const std::string& sql) {
     try {
         parseSelect(sql, 2026);
-        return 0;
+        return std::nullopt;
     } catch (const RunTimeError& failure) {
-        return failure.number();
+        return failure;
     }
+}
+
+int faultOf(const std::string& sql) {
+    const auto refusal = refusalOf(sql);
+    return refusal ? refusal->number() : 0;
+}
+
+std::string descriptionOf(const std::string& sql) {
+    const auto refusal = refusalOf(sql);
+    return refusal ? refusal->what() : "";
 }
 
 TEST(Sql, UnderstandsTheStatementsOfTheProgram) {
@@ -35,35 +51,49 @@ TEST(Sql, UnderstandsTheStatementsOfTheProgram) {
         EXPECT_EQ(faultOf(sql), 0) << sql;
 }
 
-TEST(Sql, RefusesWhatIsNotInTheSubset) {
-    const std::vector<std::pair<std::string, int>> cases{
-        {"", error::kStatementNotUnderstood},
-        {"DELETE FROM tblEventInfo", error::kStatementNotUnderstood},
-        {"SELECT * FROM sqlite_master", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo;", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo; DELETE FROM tblEventInfo", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo, tblGameInfo", error::kStatementNotUnderstood},
-        {"SELECT tblGameInfo.* FROM tblEventInfo", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = ", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = (1)", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = 1 OR", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldSessionNum <> 1", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldEventName = 'O'Brien'", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldEventName = 'open", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldDateBowled = #open", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldDateBowled = #2/30/2026#", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = 1.2.3", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = 5x", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = -", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo ORDER BY fldEventName DESC", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo ORDER fldEventName", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo -- all", error::kStatementNotUnderstood},
-        {"SELECT FROM tblEventInfo", error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo WHERE  ORDER BY fldEventName", error::kStatementNotUnderstood},
+TEST(Sql, TellsWhyItDoesNotUnderstandAStatement) {
+    const std::vector<std::pair<std::string, std::string>> cases{
+        {"", "SELECT was expected"},
+        {"DELETE FROM tblEventInfo", "SELECT was expected"},
+        {"SELECT FROM tblEventInfo", "a name was expected"},
+        {"SELECT tblEventInfo. FROM tblEventInfo", "* was expected"},
+        {"SELECT * tblEventInfo", "FROM was expected"},
+        {"SELECT * FROM sqlite_master", "there is no such table"},
+        {"SELECT tblGameInfo.* FROM tblEventInfo", "the fields are not those of the table"},
+        {"SELECT * FROM tblEventInfo;", "\";\" was not expected"},
+        {"SELECT * FROM tblEventInfo; DELETE FROM tblEventInfo", "\";\" was not expected"},
+        {"SELECT * FROM tblEventInfo, tblGameInfo", "\",\" was not expected"},
+        {"SELECT * FROM tblEventInfo -- all", "\"-\" was not expected"},
+        {"SELECT * FROM tblEventInfo ORDER fldEventName", "BY was expected"},
+        {"SELECT * FROM tblEventInfo ORDER BY like", "a name was expected"},
+        {"SELECT * FROM tblEventInfo ORDER BY fldEventName DESC", "\"DESC\" was not expected"},
+        {"SELECT * FROM tblEventInfo ORDER BY fldEventName, fldDateBowled, fldComment",
+         "\",\" was not expected"},
+        {"SELECT * FROM tblEventInfo WHERE", "a name was expected"},
+        {"SELECT * FROM tblEventInfo WHERE  ORDER BY fldEventName", "a name was expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum", "a comparison was expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum <> 1", "a value was expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = ", "a value was expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = (1)", "a value was expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = -", "a value was expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = 1 OR", "a name was expected"},
         {"SELECT * FROM tblEventInfo WHERE fldSessionNum = 1 AND  ORDER BY fldEventName",
-         error::kStatementNotUnderstood},
-        {"SELECT * FROM tblEventInfo ORDER BY like", error::kStatementNotUnderstood},
+         "a name was expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = 1.2.3", "\"1.2.3\" is no number"},
+        {"SELECT * FROM tblEventInfo WHERE fldSessionNum = 5x", "\"5\" is no number"},
+        {"SELECT * FROM tblEventInfo WHERE fldEventName = 'O'Brien'", "\"Brien\" was not expected"},
+        {"SELECT * FROM tblEventInfo WHERE fldEventName = 'open", "a text has no end"},
+        {"SELECT * FROM tblEventInfo WHERE fldDateBowled = #open", "a date has no end"},
+        {"SELECT * FROM tblEventInfo WHERE fldDateBowled = #2/30/2026#", "#2/30/2026# is no date"},
+    };
+    for (const auto& [sql, why] : cases) {
+        EXPECT_EQ(faultOf(sql), error::kStatementNotUnderstood) << sql;
+        EXPECT_EQ(descriptionOf(sql), "Syntax error in the statement: " + why + ".") << sql;
+    }
+}
+
+TEST(Sql, RefusesUnknownColumnsAndValuesOfTheWrongType) {
+    const std::vector<std::pair<std::string, int>> cases{
         {"SELECT fldNone FROM tblEventInfo", error::kUnknownColumn},
         {"SELECT * FROM tblEventInfo WHERE fldGameNum = 1", error::kUnknownColumn},
         {"SELECT * FROM tblEventInfo ORDER BY fldGameNum", error::kUnknownColumn},
@@ -75,6 +105,8 @@ TEST(Sql, RefusesWhatIsNotInTheSubset) {
     };
     for (const auto& [sql, number] : cases)
         EXPECT_EQ(faultOf(sql), number) << sql;
+    EXPECT_EQ(descriptionOf("SELECT fldNone FROM tblEventInfo"),
+              "The statement names the column \"fldNone\", which does not exist.");
 }
 
 TEST(Sql, BindsAndTighterThanOr) {
