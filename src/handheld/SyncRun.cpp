@@ -17,9 +17,7 @@ SyncControls::SyncControls(Store& store)
       frames(store, "tblFrameInfo",
              {"fldSessionNum", "fldGameNum", "fldFrameNum", "fldLaneBowled", "fldBallUsed", "fldFootPos",
               "fldLaneTgt", "fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes", "fldComment",
-              "fldLineScore", "fldHHRecordID"}) {
-    adoTBKEvent.setRecordSource("SELECT * FROM tblEventInfo");
-}
+              "fldLineScore", "fldHHRecordID"}) {}
 
 SyncRun::SyncRun(Program& owner, Screen& screen, SyncControls& controls)
     : program(owner), form(screen), SyncStamp(syncStamp(owner.clock.now())), controls_(controls) {}

@@ -29,8 +29,12 @@ std::string unescaped(const std::string& text) {
 }  // namespace
 
 std::vector<std::string> mountedVolumes() {
-    std::vector<std::string> volumes;
     std::ifstream table("/proc/self/mounts");
+    return volumesIn(table);
+}
+
+std::vector<std::string> volumesIn(std::istream& table) {
+    std::vector<std::string> volumes;
     for (std::string line; std::getline(table, line);) {
         std::istringstream words(line);
         std::string device;

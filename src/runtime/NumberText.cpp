@@ -148,10 +148,7 @@ double readFormatted(std::string_view text) {
 }
 
 std::string doubleText(double number) {
-    if (number == 0)
-        return "0";
-    return fmt::format("{}", number).ends_with(".0") ? fmt::format("{:.0f}", number)
-                                                     : fmt::format("{}", number);
+    return number == 0 ? "0" : fmt::format("{}", number);  // a negative zero has no sign
 }
 
 std::string plainDecimal(double number) {
