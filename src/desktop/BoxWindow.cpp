@@ -1,7 +1,6 @@
 #include "desktop/BoxWindow.h"
 
 #include "desktop/QtText.h"
-#include "desktop/Spoken.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -42,7 +41,6 @@ BoxWindow::BoxWindow(const MessageBox& box, QWidget* parent)
     : PlainBox(iconOf(box.icon), toQt(box.title), linesToQt(box.text), parent),
       mustBeAnswered_(box.buttons == Buttons::YesNo) {
     setObjectName("messageBox");
-    tellDescription(*this, text());
     for (const Answer answer : answersOf(box.buttons))
         addButton(buttonOf(answer));
     setDefaultButton(buttonOf(box.defaultAnswer()));

@@ -17,6 +17,7 @@ constexpr int kRowRole = Qt::UserRole;
 class FolderTree : public SizedView<QTreeWidget> {
 public:
     FolderTree(QWidget& parent, const ListOptions& options) : SizedView<QTreeWidget>(parent, options) {
+        setHeaderLabel("Folder");  // is read aloud
         setHeaderHidden(true);
         header()->setStretchLastSection(false);
         header()->setSectionResizeMode(QHeaderView::ResizeToContents);

@@ -149,8 +149,8 @@ void ScreenWindow::watch(QWidget& widget, Control& control) {
     controls_.insert(&widget, &control);
 }
 
-/// Gives boxes and lists the names that they are read aloud with: those of their labels, else those that the
-/// screen tells, else their tips.
+/// Gives boxes and lists the names that they are read aloud with: those that the screen tells, else those of
+/// their labels, else their tips.
 void ScreenWindow::nameWidgets() {
     for (const auto& [control, view] : views_) {
         if (!control->spokenName().empty())
@@ -165,7 +165,7 @@ void ScreenWindow::nameWidgets() {
         if (widget == nullptr)
             continue;
         label->setBuddy(widget);
-        if (needsLabel(named))
+        if (needsLabel(named) && named->spokenName().empty())
             tellName(*widget, spoken(control->caption()));
     }
 }

@@ -14,6 +14,7 @@ frmFrame::frmFrame(Program& owner) : ProgramScreen(owner, "frmFrame", "Frame Inf
     setTabOrder({&txtLaneNum, &txtBallUsed, &txtFootPos, &txtLaneTgt, &firstBall.optYes, &firstBall.optNo,
                  &txtComment, &cmdNextFrame, &cmdPrevFrame, &cmdReset, &cmdPrevious, &cmdRetMain, &cmdExit});
 
+    txtNumGames.setSpokenName("Number of Games");  // its label, "of", goes on from the number before it
     setPrimary(cmdNextFrame);
     connect();
 }

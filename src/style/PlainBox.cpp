@@ -39,6 +39,7 @@ PlainBox::PlainBox(Icon icon, const QString& title, const QString& text, QWidget
     setTextFormat(Qt::PlainText);
     setText(text);
     setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setAccessibleDescription(text);  // is read aloud as the box comes up
     setIcon(icon);
     layOut();
 }

@@ -12,10 +12,14 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGraphicsView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QToolBar>
+#include <QToolButton>
 #include <algorithm>
 #include <vector>
 
@@ -85,6 +89,18 @@ void addPaperLine(QPrintDialog& dialog) {
     rows->insertWidget(rows->count() - 1, line);
 }
 
+/// The toolkit leaves the parts of its preview without names to be read aloud.
+void nameParts(const QPrintPreviewDialog& dialog) {
+    for (QLineEdit* const edit : dialog.findChildren<QLineEdit*>())
+        edit->setAccessibleName(qobject_cast<QComboBox*>(edit->parent()) == nullptr ? "Page" : "Zoom");
+    for (QComboBox* const box : dialog.findChildren<QComboBox*>())
+        box->setAccessibleDescription("Zoom");  // its name is what it shows
+    for (QToolBar* const bar : dialog.findChildren<QToolBar*>())
+        bar->setAccessibleName("Tools");
+    for (QGraphicsView* const pages : dialog.findChildren<QGraphicsView*>())
+        pages->setAccessibleName("Pages");
+}
+
 /// A kind of file for each paper, the user's first, so that the dialog tells it and offers the other.
 struct PdfKind {
     QPageSize paper;
@@ -112,6 +128,8 @@ void printReport(const ReportText& report, const std::vector<ReportPicture>& pic
     setUp(printer, report);
     QPrintDialog dialog(&printer, &window);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    if (auto* const choose = dialog.findChild<QToolButton*>("fileBrowser"); choose != nullptr)
+        choose->setAccessibleName("Choose Output File");
     addPaperLine(dialog);
     if (dialog.exec() != QDialog::Accepted)
         return;
@@ -124,6 +142,7 @@ void previewReport(const ReportText& report, const std::vector<ReportPicture>& p
     QPrintPreviewDialog dialog(&printer, &window);
     dialog.setWindowTitle("Print Preview - " + report.name());
     dialog.resize(window.size());
+    nameParts(dialog);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                      [&](QPrinter* paper) { drawOrTell(report, pictures, *paper, dialog); });
     dialog.exec();

@@ -123,6 +123,7 @@ ReportWindow::ReportWindow(QSettings& settings)
 // --- Menus and tools ---------------------------------------------------------------------------------------
 
 void ReportWindow::addFileMenu() {
+    menuBar()->setAccessibleName("Menu");
     QMenu& menu = *menuBar()->addMenu("&File");
     QAction* const choose = addTo(menu, "&Open...", {Qt::CTRL | Qt::Key_O}, [this] { chooseFile(); });
     addRecentMenu(menu, "Open &Recent", &ReportWindow::openRecent);

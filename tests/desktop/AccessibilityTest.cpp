@@ -111,6 +111,13 @@ TEST_F(AccessibilityTest, YesAndNoComeWithTheirQuestion) {
     EXPECT_EQ(nameOf("optSecondNo"), "Strike? No");
 }
 
+TEST_F(AccessibilityTest, WhatItsLabelSaysInPartIsNamedWhole) {
+    beginEvent();
+    beginFrames();
+    EXPECT_EQ(nameOf("txtGameNum"), "Game");
+    EXPECT_EQ(nameOf("txtNumGames"), "Number of Games");
+}
+
 TEST_F(AccessibilityTest, ListThatOpensIsToldWithWhatItIsFor) {
     click("mnuReports");
     click("mnuRptEvent");

@@ -1,5 +1,6 @@
 #include "style/PlainBox.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -54,6 +55,13 @@ TEST(PlainBox, ShortTextStandsWithoutScrolling) {
     EXPECT_EQ(label.text(), "<b>Save</b> it?\nNow & here?");
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
     EXPECT_TRUE(label.textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+}
+
+TEST(PlainBox, ComesWithItsTextWhereItIsReadAloud) {
+    Asked asked("The disk is full.");
+    const QAccessibleInterface& box = *QAccessible::queryAccessibleInterface(&asked.box);
+    EXPECT_EQ(box.text(QAccessible::Name), "Sure?");
+    EXPECT_EQ(box.text(QAccessible::Description), "The disk is full.");
 }
 
 TEST(PlainBox, LongTextIsScrolledAndTheButtonsStayInSight) {

@@ -3,10 +3,12 @@
 #include "paper/Paper.h"
 #include "paper/UsersLocale.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QGraphicsView>
 #include <QMenuBar>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
@@ -14,6 +16,7 @@
 #include <QPushButton>
 #include <QTextBrowser>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace tallybrook::test {
 
@@ -126,6 +129,7 @@ TEST_F(ReportWindowTest, PrintsOnTheUsersPaperAndTellsIt) {
             auto& printers = *dialog.findChild<QComboBox*>("printers");
             printers.setCurrentIndex(printers.findText("Print to File (PDF)"));
             dialog.findChild<QLineEdit*>("filename")->setText(paper);
+            EXPECT_EQ(dialog.findChild<QToolButton*>("fileBrowser")->accessibleName(), "Choose Output File");
             EXPECT_EQ(dialog.findChild<QLabel*>("paper")->text(),
                       "Paper: " + nameOf(QPageSize(id)) + ", or what is chosen under Properties.");
             dialog.accept();
@@ -165,6 +169,25 @@ TEST_F(ReportWindowTest, ShowsThePagesBeforehand) {
     });
     action("Print Preview")->trigger();
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ReportWindowTest, PartsOfThePreviewAreReadAloud) {
+    hands.expect([](QDialog& opened) {
+        const auto nameOf = [](QObject* part) {
+            return QAccessible::queryAccessibleInterface(part)->text(QAccessible::Name);
+        };
+        QStringList edits;
+        for (QLineEdit* const edit : opened.findChildren<QLineEdit*>())
+            edits << nameOf(edit);
+        edits.sort();
+        EXPECT_EQ(edits, (QStringList{"Page", "Zoom"}));
+        EXPECT_EQ(opened.findChild<QComboBox*>()->accessibleDescription(), "Zoom");
+        EXPECT_EQ(nameOf(opened.findChild<QToolBar*>()), "Tools");
+        EXPECT_EQ(nameOf(opened.findChild<QGraphicsView*>()), "Pages");
+        opened.reject();
+    });
+    action("Print Preview")->trigger();
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(window->menuBar())->text(QAccessible::Name), "Menu");
 }
 
 TEST_F(ReportWindowTest, ExportsAPdfBesideTheReport) {
