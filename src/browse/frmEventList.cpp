@@ -22,9 +22,9 @@ constexpr int kDateColumn = 2;
 
 std::vector<GridColumn> eventColumns() {
     return {{.caption = "Event", .field = "fldSessionNum", .width = 6},
-            {.caption = "Event Name", .field = "fldEventName", .width = 28},
+            {.caption = "Event Name", .field = "fldEventName", .width = 28, .longest = 50},
             {.caption = "Date Bowled", .field = "fldDateBowled", .width = 12},
-            {.caption = "Center Name", .field = "fldCenterName", .width = 20},
+            {.caption = "Center Name", .field = "fldCenterName", .width = 20, .longest = 50},
             {.caption = "Games Bowled", .field = "fldNumGames", .width = 8},
             {.caption = "Series Total", .field = "fldSeriesTot", .width = 8},
             {.caption = "Series Avg.", .field = "fldSeriesAvg", .decimals = 2, .width = 8},

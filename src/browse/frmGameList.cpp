@@ -24,7 +24,7 @@ std::vector<GridColumn> gameColumns() {
             {.caption = "Lane Pair", .field = "fldLanePair", .width = 8},
             {.caption = "Left Lane", .field = "fldLeftLane", .width = 8},
             {.caption = "Right Lane", .field = "fldRightLane", .width = 8},
-            {.caption = "Lane Condition", .field = "fldLaneCond", .width = 20},
+            {.caption = "Lane Condition", .field = "fldLaneCond", .width = 20, .longest = 50},
             {.caption = "Game Score", .field = "fldGameScore", .width = 8},
             {.caption = "Comment", .field = "fldComment", .width = 24, .takesRoom = true},
             {.caption = "Bowling Hand", .field = "fldBowlHand", .width = 8},

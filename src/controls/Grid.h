@@ -14,6 +14,7 @@ struct GridColumn {
     std::string field;
     int decimals = -1;       // places after the point; -1 for the value's usual text form
     int width = 10;          // in characters, a hint for drawing
+    int longest = 0;         // what it can do with where there is more room; 0 for no more than `width`
     bool takesRoom = false;  // whether it is drawn in all the room that the others leave
 };
 

@@ -130,12 +130,13 @@ public:
         verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRoom / 2);
         wanted_.clear();
         least_.clear();
+        longest_.clear();
         for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
-            const int texts =
-                fontMetrics().averageCharWidth() * columns_[static_cast<std::size_t>(column)].width;
+            const GridColumn& told = columns_[static_cast<std::size_t>(column)];
             const int header = horizontalHeader()->sectionSizeHint(column);
-            const int wanted = std::max(texts + kRoom, header);
+            const int wanted = std::max(fontMetrics().averageCharWidth() * told.width + kRoom, header);
             wanted_.push_back(wanted);
+            longest_.push_back(std::max(fontMetrics().averageCharWidth() * told.longest + kRoom, wanted));
             least_.push_back(std::max(static_cast<int>(kLeast * wanted), header));
         }
         shareRoom();
@@ -187,24 +188,41 @@ private:
         whenArranged(widths);
     }
 
-    /// Gives each column what it wants; where there is no room for that, the wide ones go without some of it,
-    /// but for their headers, unless the grid must be scrolled all the same. What is left over goes to the
-    /// columns that take it. Columns that the user has made wider or narrower are left alone.
+    /// Columns that the user has made wider or narrower are left alone.
     void shareRoom() {
         if (isArranged_)
             return;
-        const int spare = sum(wanted_) - sum(least_);
         const int missing = sum(wanted_) - viewport()->width();
-        const bool canFit = missing <= spare;
-        const double share = canFit ? std::max(static_cast<double>(missing) / std::max(spare, 1), 0.0) : 0;
+        const std::vector<int> widths = missing > 0 ? narrowedBy(missing) : widenedBy(-missing);
         isSharing_ = true;
-        for (std::size_t column = 0; column < wanted_.size(); ++column) {
-            const double given = share * (wanted_[column] - least_[column]);
-            const int more = columns_[column].takesRoom ? std::max(-missing, 0) : 0;
-            horizontalHeader()->resizeSection(static_cast<int>(column),
-                                              wanted_[column] - static_cast<int>(std::ceil(given)) + more);
-        }
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            horizontalHeader()->resizeSection(static_cast<int>(column), widths[column]);
         isSharing_ = false;
+    }
+
+    /// What each column wants; the wide ones go without some of it, but for their headers, unless the grid
+    /// must be scrolled all the same.
+    [[nodiscard]] std::vector<int> narrowedBy(int missing) const {
+        const int spare = sum(wanted_) - sum(least_);
+        const double share = missing <= spare ? static_cast<double>(missing) / spare : 0;
+        std::vector<int> widths = wanted_;
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            widths[column] -= static_cast<int>(std::ceil(share * (wanted_[column] - least_[column])));
+        return widths;
+    }
+
+    /// What each column wants, and more: half of what is left goes to those that can do with it, the rest to
+    /// those that take it all.
+    [[nodiscard]] std::vector<int> widenedBy(int left) const {
+        std::vector<int> widths = wanted_;
+        const int lacking = sum(longest_) - sum(wanted_);
+        const double share = std::min(left / 2.0 / std::max(lacking, 1), 1.0);
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            widths[column] += static_cast<int>(share * (longest_[column] - wanted_[column]));
+        const int rest = left - (sum(widths) - sum(wanted_));
+        for (std::size_t column = 0; column < widths.size(); ++column)
+            widths[column] += columns_[column].takesRoom ? rest : 0;
+        return widths;
     }
 
     [[nodiscard]] QSize sizeOf(int width, int lines) const {
@@ -215,8 +233,9 @@ private:
     }
 
     std::vector<GridColumn> columns_;
-    std::vector<int> wanted_;  // the widths of the columns
-    std::vector<int> least_;   // and what they come down to where there is no room
+    std::vector<int> wanted_;   // the widths of the columns
+    std::vector<int> least_;    // and what they come down to where there is no room
+    std::vector<int> longest_;  // and can do with where there is more
     bool isSharing_ = false;
     bool isArranged_ = false;  // whether the user has changed the widths
 };

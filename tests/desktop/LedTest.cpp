@@ -121,6 +121,19 @@ TEST_F(LedTest, CommentTakesTheRoomThatIsLeft) {
     EXPECT_GT(list().columnWidth(kEventType), list().fontMetrics().horizontalAdvance("TOURNAMENT") + 10);
 }
 
+TEST_F(LedTest, NamesGetRoomBesideTheComment) {
+    listEvent();
+    const int letter = list().fontMetrics().averageCharWidth();
+    window().resize(1900, 600);
+    QTest::qWait(1);
+    for (const int name : {1, 3}) {
+        EXPECT_GE(list().columnWidth(name), 45 * letter) << name;
+        EXPECT_LE(list().columnWidth(name), 55 * letter) << name;  // no wider than names can be long
+    }
+    constexpr int kComment = 7;
+    EXPECT_GT(list().columnWidth(kComment), list().columnWidth(1));
+}
+
 TEST_F(LedTest, RackGrowsWithItsWindow) {
     beginEvent();
     beginFrames();
