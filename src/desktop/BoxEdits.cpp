@@ -67,8 +67,11 @@ QSize LineEdit::sizeHint() const {
 QSize LineEdit::minimumSizeHint() const {
     constexpr int kBeginning = 9;
     const QSize least = QLineEdit::minimumSizeHint();
-    const int characters =
-        alignment().testFlag(Qt::AlignHCenter) ? characters_ : std::min(characters_, kBeginning);
+    constexpr int kBeginningOfName = 18;
+    const bool isWhole = alignment().testFlag(Qt::AlignHCenter);
+    const int characters = characters_ == 0 ? kBeginningOfName
+                           : isWhole        ? characters_
+                                            : std::min(characters_, kBeginning);
     return {std::max(least.width(), fontMetrics().averageCharWidth() * (characters + 1)), least.height()};
 }
 

@@ -52,6 +52,15 @@ int beginOf(int wanted, int length, int begin, int end) {
     return std::max(std::min(wanted, end - length), std::min(wanted, begin));
 }
 
+/// Has a widget take in that its parts ask for other room now: the innermost first, each of which tells what
+/// is around it.
+void settleLayouts(const QWidget& widget) {
+    for (QWidget* const part : widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        settleLayouts(*part);
+    if (widget.layout() != nullptr)
+        widget.layout()->activate();
+}
+
 /// Whether a label says what the control is, since it shows no words of its own.
 bool needsLabel(const Control* control) {
     return isTextBox(control) || control->isList();
@@ -305,8 +314,10 @@ void ScreenWindow::useRoom() {
     const bool isGrid = holds([](const Control& control) { return control.kind() == Control::Kind::Grid; });
     if (holds(isPin)) {
         enlarge(fittingScale());
-        if (!standBeside())
+        if (!standBeside()) {
             enlarge(1);
+            standBeside();
+        }
         area_->widget()->setMaximumSize(area_->widget()->sizeHint() * kLoose);
     } else if (standBeside() && !isGrid) {
         area_->widget()->setMaximumWidth(
@@ -314,21 +325,32 @@ void ScreenWindow::useRoom() {
     }
 }
 
+/// How wide the content can be, beside the bar that scrolls it where it is too high.
+int ScreenWindow::roomAcross() const {
+    const bool isTooHigh = area_->widget()->minimumSizeHint().height() > area_->height();
+    const int bar = isTooHigh ? area_->verticalScrollBar()->sizeHint().width() : 0;
+    return area_->width() - bar - kMargins.left() - kMargins.right();
+}
+
 /// Has the parts of each row stand beside each other, or below where the row is too wide. True if none is.
 bool ScreenWindow::standBeside() {
-    const QSize least = area_->widget()->minimumSizeHint();
-    const int bar = least.height() > area_->height() ? area_->verticalScrollBar()->sizeHint().width() : 0;
-    const int room = area_->width() - bar - kMargins.left() - kMargins.right();
+    QLayout& content = *area_->widget()->layout();
+    const auto rows = content.findChildren<QBoxLayout*>(LayoutBuilder::kRowName, Qt::FindDirectChildrenOnly);
+    const auto turn = [&content](QBoxLayout& row, QBoxLayout::Direction direction) {
+        row.setDirection(direction);
+        content.invalidate();  // a row tells nobody that it asks for other room now
+    };
+    const auto isTooWide = [this](const QBoxLayout* row) {
+        return row->direction() == QBoxLayout::LeftToRight && row->minimumSize().width() > roomAcross();
+    };
+    for (QBoxLayout* const row : rows)
+        turn(*row, QBoxLayout::LeftToRight);
     bool fits = true;
-    for (QBoxLayout* const row : area_->widget()->layout()->findChildren<QBoxLayout*>(
-             LayoutBuilder::kRowName, Qt::FindDirectChildrenOnly)) {
-        row->setDirection(QBoxLayout::LeftToRight);
-        if (row->minimumSize().width() > room) {
-            row->setDirection(QBoxLayout::TopToBottom);
-            fits = false;
-        }
+    for (auto row = std::ranges::find_if(rows, isTooWide); row != rows.end();
+         row = std::ranges::find_if(rows, isTooWide)) {
+        turn(**row, QBoxLayout::TopToBottom);
+        fits = false;
     }
-    area_->widget()->layout()->invalidate();  // a row tells nobody that it asks for other room now
     return fits;
 }
 
@@ -367,7 +389,7 @@ void ScreenWindow::enlarge(double scale) {
         larger.setPixelSize(static_cast<int>(larger.pixelSize() * scale));
     area_->widget()->setFont(larger);
     refresh();
-    area_->widget()->layout()->activate();
+    settleLayouts(*area_->widget());
 }
 
 /// As large as its content asks for and the display allows.

@@ -59,6 +59,7 @@ private:
     void takeUsualSize();
     [[nodiscard]] bool holds(const std::function<bool(const Control&)>& is) const;
     void useRoom();
+    [[nodiscard]] int roomAcross() const;
     bool standBeside();
     void measure();
     [[nodiscard]] double fittingScale() const;

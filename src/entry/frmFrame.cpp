@@ -61,8 +61,10 @@ void frmFrame::connect() {
 
 Layout frmFrame::layout() {
     return layout::column(
-        {layout::row({lblEventName, Layout(txtEventName).stretched(), lblDateBowled, txtDateBowled,
-                      lblGameNum, txtGameNum, lblNumGames, txtNumGames, lblLanePair, txtLanePair}),
+        {layout::row({layout::row({lblEventName, Layout(txtEventName).stretched()}).stretched(),
+                      layout::row({lblDateBowled, txtDateBowled, lblGameNum, txtGameNum, lblNumGames,
+                                   txtNumGames, lblLanePair, txtLanePair})
+                          .atStart()}),
          layout::row({layout::column(
                           {layout::form({lblFrameNum, layout::row({txtFrameNum, lblOfTen, layout::space()}),
                                          lblLaneNum, Layout(txtLaneNum).atStart(), lblBallUsed, txtBallUsed,

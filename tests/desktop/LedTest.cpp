@@ -134,6 +134,22 @@ TEST_F(LedTest, NamesGetRoomBesideTheComment) {
     EXPECT_GT(list().columnWidth(kComment), list().columnWidth(1));
 }
 
+TEST_F(LedTest, NameOfTheEventIsReadInANarrowWindow) {
+    beginEvent();
+    beginFrames();
+    window().resize(683, 500);
+    QTest::qWait(1);
+    const auto letters = [this] {
+        return place("txtEventName").width() / window().fontMetrics().averageCharWidth();
+    };
+    EXPECT_GT(letters(), 50);
+    EXPECT_GT(place("txtLanePair").top(), place("txtEventName").bottom());
+    EXPECT_LT(place("txtDateBowled").left() - place("lblDateBowled").right(), 20);
+    window().resize(1366, 700);
+    QTest::qWait(1);
+    EXPECT_EQ(place("txtLanePair").top(), place("txtEventName").top());
+}
+
 TEST_F(LedTest, RackGrowsWithItsWindow) {
     beginEvent();
     beginFrames();
@@ -172,6 +188,32 @@ TEST_F(LedTest, RackKeepsItsShapeWhereANarrowWindowIsMaximised) {
     const QRect pin = place("chkFirstPinfall(7)");
     EXPECT_EQ(pin.width(), pin.height());
     EXPECT_GT(area().widget()->width(), 1700);
+}
+
+TEST_F(LedTest, RackStandsAlikeWhateverSizeItsWindowHadBefore) {
+    beginEvent();
+    beginFrames();
+    const auto placesAfter = [this](QSize before, QSize now) {
+        window().resize(before);
+        QTest::qWait(1);
+        window().resize(now);
+        QTest::qWait(1);
+        std::vector<QRect> places{area().widget()->rect()};
+        for (const char* const part : {"chkFirstPinfall(7)", "txtComment", "cmdExit", "txtCount(10)"})
+            places.push_back(place(part));
+        return places;
+    };
+    constexpr int kRounded = 2;  // pixels
+    for (int width = 800; width <= 1600; width += 40) {
+        const QSize now(width, 2 * width / 3);
+        const std::vector<QRect> grown = placesAfter({520, 400}, now);
+        const std::vector<QRect> shrunk = placesAfter({1900, 1000}, now);
+        for (std::size_t part = 0; part < grown.size(); ++part) {
+            EXPECT_LE((grown[part].topLeft() - shrunk[part].topLeft()).manhattanLength(), kRounded) << width;
+            EXPECT_LE((grown[part].bottomRight() - shrunk[part].bottomRight()).manhattanLength(), kRounded)
+                << width << " " << part;
+        }
+    }
 }
 
 TEST_F(LedTest, RackStaysTogetherOnALargeDisplay) {
