@@ -304,13 +304,16 @@ void ScreenWindow::resizeEvent(QResizeEvent* event) {
     useRoom();
 }
 
-/// A grid takes all the room that there is, and a rack grows with its window; anything else is no wider than
-/// is read with ease, and stands in the middle. Where all of it is too narrow, parts go below each other.
+/// A grid takes all the room that there is, a rack grows with its window, and a page of menus to some degree;
+/// anything else is no wider than is read with ease, and stands in the middle. Where all of it is too narrow,
+/// parts go below each other.
 void ScreenWindow::useRoom() {
     constexpr int kReadable = 92;   // characters
     constexpr double kLoose = 1.1;  // of the room that a rack asks for
     if (!usual_.isValid())
         return;
+    if (page_ != nullptr)
+        enlarge(scaleOfPage());
     const bool isGrid = holds([](const Control& control) { return control.kind() == Control::Kind::Grid; });
     if (holds(isPin)) {
         enlarge(fittingScale());
@@ -321,7 +324,7 @@ void ScreenWindow::useRoom() {
         area_->widget()->setMaximumSize(area_->widget()->sizeHint() * kLoose);
     } else if (standBeside() && !isGrid) {
         area_->widget()->setMaximumWidth(
-            std::max(usual_.width(), kReadable * fontMetrics().averageCharWidth()));
+            std::max(area_->widget()->sizeHint().width(), kReadable * fontMetrics().averageCharWidth()));
     }
 }
 
@@ -376,6 +379,15 @@ double ScreenWindow::fittingScale() const {
     const double wide = scaleFor(area_->width(), usual_.width(), twice_.width());
     const double high = scaleFor(area_->height() - kReserve, usual_.height(), twice_.height());
     return std::clamp(std::floor(std::min(wide, high) * kStep) / kStep, kLeast, kMost);
+}
+
+/// How much larger than usual the letters of a page of menus are, where it would be lost on a large window.
+double ScreenWindow::scaleOfPage() const {
+    constexpr double kFilled = 0.4;  // of the window
+    constexpr double kMost = 1.6;
+    const double wide = kFilled * area_->width() / usual_.width();
+    const double high = kFilled * area_->height() / usual_.height();
+    return std::clamp(std::min(wide, high), 1.0, kMost);
 }
 
 void ScreenWindow::enlarge(double scale) {

@@ -63,6 +63,7 @@ private:
     bool standBeside();
     void measure();
     [[nodiscard]] double fittingScale() const;
+    [[nodiscard]] double scaleOfPage() const;
     void enlarge(double scale);
     void takePlace();
     void remember();

@@ -73,6 +73,23 @@ TEST_F(MenuPageTest, KeysOfTheScreenStayItsOwn) {
     EXPECT_EQ(focused(), "Handheld Setup");
 }
 
+TEST_F(MenuPageTest, IsNotLostOnALargeDisplay) {
+    const QPushButton* const first = window().findChildren<QPushButton*>().front();
+    const QWidget& title = *window().widgetOf(control("lblTitle"));
+    EXPECT_EQ(first->font(), window().font());
+    const int usual = title.fontMetrics().height();
+    const QSize size = window().size();
+    window().resize(1920, 1060);
+    QTest::qWait(1);
+    EXPECT_GT(first->fontMetrics().height(), window().fontMetrics().height() * 4 / 3);
+    EXPECT_GT(title.fontMetrics().height(), usual * 4 / 3);
+    for (const QPushButton* const entry : window().findChildren<QPushButton*>())
+        EXPECT_GE(entry->width(), entry->sizeHint().width()) << entry->text().toStdString();
+    window().resize(size);
+    QTest::qWait(1);
+    EXPECT_EQ(first->font(), window().font());
+}
+
 TEST_F(MenuPageTest, HeadingsStayWithWhatTheyHead) {
     window().resize(1800, 1000);
     QTest::qWait(1);
