@@ -32,6 +32,17 @@ QStringList filtersOf(const FileDialog& dialog) {
     return filters;
 }
 
+/// Has a text that is wider than is read with ease go on in the next line.
+void breakLines(QLabel& label) {
+    constexpr int kReadable = 60;  // characters
+    const int widest = kReadable * label.fontMetrics().averageCharWidth();
+    if (label.sizeHint().width() <= widest)
+        return;
+    label.setWordWrap(true);
+    label.setMinimumWidth(widest);
+    label.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // else as wide as its longest word
+}
+
 }  // namespace
 
 std::optional<std::string> askForText(const InputBox& box, QWidget* parent) {
@@ -42,6 +53,7 @@ std::optional<std::string> askForText(const InputBox& box, QWidget* parent) {
     for (QLabel* const label : window.findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText);
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);  // which leaves "&" as it is, too
+        breakLines(*label);
     }
     if (window.exec() != QDialog::Accepted)
         return std::nullopt;

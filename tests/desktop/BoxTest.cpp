@@ -174,6 +174,18 @@ TEST_F(BoxTest, InputBoxGivesTheText) {
     EXPECT_EQ(input({.text = "<i>What</i> & why?", .title = "Question"}), "forty-two");
 }
 
+TEST_F(BoxTest, InputBoxIsInSightWhateverItAsks) {
+    for (const std::string& text :
+         {std::string(5000, 'W'), std::string("Which is it? ") + std::string(600, 'i')}) {
+        hands.expect([](QDialog& window) {
+            EXPECT_LE(window.width(), window.screen()->availableSize().width());
+            EXPECT_GE(window.width(), window.fontMetrics().averageCharWidth() * 60);
+            window.reject();
+        });
+        EXPECT_EQ(input({.text = text, .title = "Name"}), std::nullopt);
+    }
+}
+
 TEST_F(BoxTest, InputBoxCanBeCancelled) {
     hands.expect([](QDialog& window) { clickButton(window, QDialogButtonBox::Cancel); });
     EXPECT_EQ(input({.text = "What?"}), std::nullopt);
