@@ -189,9 +189,23 @@ TEST_F(ListTest, EmptyListDoesNotOpen) {
 }
 
 TEST_F(ListTest, OpenedListShowsItsWidestItem) {
-    display.perform([this] { lists().cboKind.add(std::string(50, 'W')); });
+    QFont small = kind().font();
+    small.setPixelSize(5);  // for which the display is wide enough
+    kind().setFont(small);
+    display.perform([this] { lists().cboKind.add(std::string(100, 'W')); });
     Desktop::click(lists().cboKind);
-    EXPECT_GE(kind().view()->width(), kind().view()->sizeHintForColumn(0));
+    EXPECT_GE(kind().view()->sizeHintForColumn(0), 100 * QFontMetrics(small).horizontalAdvance('W'));
+    EXPECT_GE(kind().view()->viewport()->width(), kind().view()->sizeHintForColumn(0));
+    press(Qt::Key_Escape);
+}
+
+TEST_F(ListTest, OpenedListIsNearlyAsWideAsADisplayThatIsTooNarrow) {
+    display.perform([this] { lists().cboKind.add(std::string(300, 'W')); });
+    Desktop::click(lists().cboKind);
+    const int widest = listWindow().screen()->availableSize().width();
+    ASSERT_GT(kind().view()->sizeHintForColumn(0), widest);
+    EXPECT_GE(kind().view()->width(), widest * 4 / 5);
+    EXPECT_LE(kind().view()->window()->width(), widest);
     press(Qt::Key_Escape);
 }
 
