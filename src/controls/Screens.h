@@ -27,8 +27,6 @@ public:
 
     /// Tells how a screen of that name is made.
     void add(const std::string& name, Factory factory) { factories_[name] = std::move(factory); }
-    /// Whether a screen of that name can be loaded.
-    [[nodiscard]] bool knows(const std::string& name) const { return factories_.contains(name); }
 
     /// Creates the screen and runs its on-load handler; does nothing if it is loaded.
     void load(const std::string& name);

@@ -17,7 +17,6 @@ frmMain::frmMain(Program& owner) : ProgramScreen(owner, "frmMain", "Main Menu") 
 }
 
 void frmMain::leadsTo(Menu& entry, const std::string& screen, Int16 mode) {
-    leadsTo(entry, screen);
     entry.onClick = [this, screen, mode] {
         session().gMode = mode;
         goTo(screen);
@@ -25,7 +24,6 @@ void frmMain::leadsTo(Menu& entry, const std::string& screen, Int16 mode) {
 }
 
 void frmMain::leadsTo(Menu& entry, const std::string& screen) {
-    entry.setEnabled(screens().knows(screen));
     entry.onClick = [this, screen] { goTo(screen); };
 }
 

@@ -34,7 +34,7 @@ public:
     void onClose() override;
 
 private:
-    /// The entry hands over to a screen; it is off where there is no such screen.
+    /// The entry hands over to a screen.
     void leadsTo(Menu& entry, const std::string& screen, Int16 mode);
     void leadsTo(Menu& entry, const std::string& screen);
     void goTo(const std::string& screen);

@@ -45,6 +45,22 @@ TEST(Retention, KeepsTheNewestOfAMonthForEver) {
         (Times{makeDate(1999, 12, 31), makeDate(2000, 1, 4)}));
 }
 
+TEST(Retention, ThinsOutToTheSecondWhereItsAgeIsUp) {
+    struct Case {
+        days age;
+        DateTime older;
+        DateTime newer;  // which stands for both in the next coarser span
+    };
+    for (const auto& [age, older, newer] :
+         {Case{days{2}, makeDate(2026, 8, 11) + hours{9}, makeDate(2026, 8, 11) + hours{23}},
+          Case{days{14}, makeDate(2026, 8, 11), makeDate(2026, 8, 13)},
+          Case{days{182}, makeDate(2026, 8, 11), makeDate(2026, 8, 20)}}) {
+        EXPECT_EQ(keptBackups({older, newer}, older + age), (Times{older, newer})) << age.count();
+        EXPECT_EQ(keptBackups({older, newer}, older + age + std::chrono::seconds{1}), Times{newer})
+            << age.count();
+    }
+}
+
 TEST(Retention, KeepsWhatAWrongClockDatedAhead) {
     const Times times{makeDate(2036, 1, 1), makeDate(2036, 1, 1) + hours{1}};
     EXPECT_EQ(kept(times), times);

@@ -1,0 +1,65 @@
+// What the boxes say that many screens bring up, and what becomes of handlers within handlers.
+
+#include "runtime/EndProgram.h"
+#include "shell/TBK_Globals.h"
+#include "support/Play.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace tallybrook::test {
+
+namespace {
+
+TEST(Boxes, TellOfAFailureWithItsNumberAndItsPlace) {
+    const MessageBox box = databaseErrorBox(RunTimeError(6), "Game Information, Save_Game.");
+    EXPECT_EQ(
+        box.text,
+        "Error Number: 6\r\nError: Overflow\r\nModule: Game Information, Save_Game.\r\n"
+        "If this persists, please send email to support@tallybrook.example with this error information.");
+    EXPECT_EQ(box.title, "Database Error");
+    EXPECT_EQ(box.icon, Icon::Critical);
+    EXPECT_EQ(box.buttons, MessageBox{}.buttons);
+}
+
+TEST(Boxes, AskWithYesAndNo) {
+    const MessageBox box = question("Go on?", "Check", Icon::Warning);
+    EXPECT_EQ(box.text, "Go on?");
+    EXPECT_EQ(box.title, "Check");
+    EXPECT_EQ(box.buttons, Buttons::YesNo);
+    EXPECT_EQ(box.icon, Icon::Warning);
+    EXPECT_EQ(lines({"one", "two", "three"}), "one\r\ntwo\r\nthree");
+}
+
+TEST(Boxes, AskBeforeTheEndWithNoAsWhatReturnGives) {
+    Play play;
+    play.run([&] { Exit_Confirm(play.program()); }, {{"Confirm - Exit", Answer::No, "Exit Tallybrook?"}});
+    EXPECT_EQ(play.display.boxes().back().preset, Answer::No);
+    EXPECT_FALSE(play.program().hasEnded());
+}
+
+TEST(Boxes, AskBeforeAFormIsReset) {
+    Play play;
+    Answer answer = Answer::Yes;
+    play.run([&] { answer = Reset_Confirm(play.program()); },
+             {{"Confirm - Form Reset", Answer::No,
+               "Resetting the form will erase the data in the form\r\nContinue?"}});
+    EXPECT_EQ(answer, Answer::No);
+}
+
+TEST(Performing, EndsTheHandlersAroundAnEndedOne) {
+    Play play;
+    bool isReached = false;
+    play.run([&] {
+        play.program().perform([] { throw EndHandler{}; });
+        isReached = true;
+    });
+    EXPECT_FALSE(isReached);
+    play.run([&] { isReached = true; });
+    EXPECT_TRUE(isReached);
+}
+
+}  // namespace
+
+}  // namespace tallybrook::test
