@@ -342,6 +342,14 @@ TEST_F(BackupTest, FailsWhereTheFileCannotBeMade) {
     EXPECT_EQ(names(), Names{first + ".new"});
 }
 
+TEST_F(BackupTest, TellsOfAFailureBeforeItIsFinished) {
+    fs::create_directories(folder() / (first + ".new") / "in the way");
+    open();
+    deleteFirstEvent();  // which waits for the copy
+    EXPECT_NE(backups->takeFailure().value_or("").find("File exists"), std::string::npos);
+    close();
+}
+
 TEST_F(BackupTest, FailsWhereTheDiskIsFull) {
     makeLogbook(3000);
     open();
