@@ -88,6 +88,16 @@ class Mutants(unittest.TestCase):
         fault = mutants.Fault("a.cpp", 6, 7, "number", "2")
         self.assertEqual(fault.told("{\n  f(1);\n}\n"), "a.cpp: f(1); -> f(2);")
 
+    def test_each_fault_of_the_list_can_still_be_planted_and_has_its_reason(self):
+        mutants.ROOT = SCRIPT.parents[1]
+        lines = (mutants.ROOT / "tests" / "mutants.txt").read_text(encoding="utf-8").splitlines()
+        for line, reason in zip(lines, lines[1:] + [""]):
+            if line.startswith("src/"):
+                file = line.split(":")[0]
+                source = (mutants.ROOT / file).read_text(encoding="utf-8")
+                self.assertIn(line, [fault.told(source) for fault in mutants.faults_of(file)])
+                self.assertRegex(reason, "^    [A-Z].*[.]$")
+
 
 if __name__ == "__main__":
     unittest.main()
