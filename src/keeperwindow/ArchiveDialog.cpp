@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -88,12 +89,24 @@ ArchiveDialog::ArchiveDialog(const ArchiveContents& contents, QWidget* parent)
     }
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    buttons->addButton("&Read Archive", QDialogButtonBox::AcceptRole)->setDefault(true);
+    QPushButton* const read = buttons->addButton("&Read Archive", QDialogButtonBox::AcceptRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
+    read->setDefault(true);  // which the dialog takes only from a button that it has
     if (hasChoice)
-        resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 26);
+        resize(usualSize().boundedTo(screen()->availableSize()));
+}
+
+/// With room for all columns, whatever is chosen: the last one says what is done.
+QSize ArchiveDialog::usualSize() const {
+    int wide = 0;
+    for (const ChoiceWords& choice : kChoices)
+        wide = std::max(wide, fontMetrics().horizontalAdvance(choice.words));
+    for (int each = kNameColumn; each < kChoiceColumn; ++each)
+        wide += events_->columnWidth(each);
+    const int letter = fontMetrics().averageCharWidth();
+    return {std::max(wide + 10 * letter, 100 * letter), fontMetrics().height() * 26};
 }
 
 void ArchiveDialog::choose(Same choice) {

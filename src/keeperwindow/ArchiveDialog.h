@@ -17,6 +17,7 @@ public:
 
 private:
     void choose(Same choice);
+    [[nodiscard]] QSize usualSize() const;
 
     QTreeWidget* events_;
     Choices choices_;

@@ -134,8 +134,8 @@ void KeeperWindow::addCentre() {
     sides->setChildrenCollapsible(false);
     sides->addWidget(backupsSide());
     sides->addWidget(eventsSide());
-    sides->setStretchFactor(0, 2);
-    sides->setStretchFactor(1, 3);
+    sides->setStretchFactor(0, 1);
+    sides->setStretchFactor(1, 2);
     column->addWidget(sides, 1);
     column->addWidget(progressStrip());
     setCentralWidget(centre);

@@ -19,6 +19,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <fstream>
 #include <memory>
@@ -230,10 +231,13 @@ TEST_F(Window, AsksWhatIsToBeDoneWithEventsThatAreThere) {
         EXPECT_EQ(list.topLevelItemCount(), 1);
         EXPECT_EQ(list.topLevelItem(0)->text(3), "the logbook's stays");
         for (QPushButton* const each : dialog.findChildren<QPushButton*>()) {
+            EXPECT_EQ(each->isDefault(), each->text() == "&Read Archive") << each->text().toStdString();
             if (each->text() == "Keep &Both")
                 each->click();
         }
         EXPECT_EQ(list.topLevelItem(0)->text(3), "both are kept");
+        EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0);  // which would hide what is done
+        EXPECT_GE(list.columnWidth(3), list.fontMetrics().horizontalAdvance("the archive's takes its place"));
         dialog.accept();
     });
     trigger("Read Archive...");
