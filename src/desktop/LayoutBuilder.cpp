@@ -102,6 +102,8 @@ QLayout* LayoutBuilder::buildBox(const Layout& layout, QWidget& parent) const {
     auto* const box = new QBoxLayout(isRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     if (isRow)
         box->setObjectName(kRowName);
+    if (layout.kind == Layout::Kind::Buttons)
+        box->setObjectName(kButtonsName);
     box->setSpacing(spacingOf(layout));
     for (const Layout& part : layout.parts) {
         if (isRow && part.kind == Layout::Kind::Buttons)

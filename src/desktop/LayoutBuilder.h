@@ -15,8 +15,9 @@ public:
     /// Gives the widget of a control, as a child of the widget that it is to stand in.
     using WidgetFor = std::function<QWidget&(Control& control, QWidget& parent)>;
 
-    /// What the layouts of rows are called, so that they can be found.
+    /// What the layouts of rows, and of buttons, are called, so that they can be found.
     static constexpr const char* kRowName = "row";
+    static constexpr const char* kButtonsName = "buttons";
 
     explicit LayoutBuilder(WidgetFor widgetFor) : widgetFor_(std::move(widgetFor)) {}
 

@@ -341,6 +341,9 @@ bool ScreenWindow::standBeside() {
     const auto rows = content.findChildren<QBoxLayout*>(LayoutBuilder::kRowName, Qt::FindDirectChildrenOnly);
     const auto turn = [&content](QBoxLayout& row, QBoxLayout::Direction direction) {
         row.setDirection(direction);
+        const bool isBelow = direction == QBoxLayout::TopToBottom;
+        if (auto* const buttons = row.findChild<QLayout*>(LayoutBuilder::kButtonsName); buttons != nullptr)
+            row.setAlignment(buttons, isBelow ? Qt::AlignLeft : Qt::Alignment());  // as wide as usual
         content.invalidate();  // a row tells nobody that it asks for other room now
     };
     const auto isTooWide = [this](const QBoxLayout* row) {

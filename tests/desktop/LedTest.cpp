@@ -228,6 +228,22 @@ TEST_F(LedTest, RackStaysTogetherOnALargeDisplay) {
     EXPECT_LT(place("txtComment").width(), 2 * place("fraFirstPinfall").width());
 }
 
+TEST_F(LedTest, ButtonsBelowTheRestAreAsWideAsUsual) {
+    click("mnuReports");
+    click("mnuRptEvent");
+    window().resize(1200, 600);
+    QTest::qWait(1);
+    const QRect usual = place("cmdSearch");
+    window().resize(600, 600);
+    QTest::qWait(1);
+    EXPECT_GT(place("cmdSearch").top(), place("cboListField(4)").bottom());
+    EXPECT_EQ(place("cmdSearch").size(), usual.size());
+    EXPECT_EQ(place("cmdSearch").left(), place("cboListField(4)").left());
+    window().resize(1200, 600);
+    QTest::qWait(1);
+    EXPECT_EQ(place("cmdSearch"), usual);
+}
+
 TEST_F(LedTest, OptionsOfAGroupStandTogether) {
     click("mnuHHSetup");
     window().resize(1600, 900);
