@@ -47,6 +47,14 @@ TEST_F(LedTest, ExitStandsApart) {
     EXPECT_GT(place("cmdExit").top() - place("cmdMain").bottom(), usual + 5);
 }
 
+TEST_F(LedTest, DeleteStandsApart) {
+    listEvent();
+    const int usual = place("cmdMain").top() - place("cmdPrevious").bottom();
+    EXPECT_GT(place("cmdDelRecord").top() - place("cmdMain").bottom(), 5 * usual);
+    EXPECT_EQ(place("cmdExit").top() - place("cmdDelRecord").bottom(), usual);
+    EXPECT_EQ(place("cmdExit").bottom(), place("dgdEventList").bottom());
+}
+
 TEST_F(LedTest, TitlesSayTheScreenAndTheProduct) {
     EXPECT_EQ(window().windowTitle(), "Main Menu - Tallybrook");
     click("mnuAbout");

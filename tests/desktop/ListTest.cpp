@@ -1,6 +1,8 @@
 #include "Lists.h"
 #include "runtime/EndProgram.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScreen>
@@ -417,6 +419,23 @@ TEST_F(ListTest, DoubleClickPicksToo) {
     lists().lstNames.onClick = [this] { lists().lstNames.fill({"Zoe", "Yan"}); };
     doubleClick(names(), bob);  // the second click is not for the item that is there now
     EXPECT_EQ(lists().lstNames.pickedIndex(), std::nullopt);
+}
+
+TEST_F(ListTest, ItemOfAListBoxIsCopied) {
+    clickItem(names(), names().model()->index(2, 0));
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "Emil");
+}
+
+TEST_F(ListTest, ReturnAndADoubleClickInAListPressTheFirstButton) {
+    lists().setPrimary(lists().cmdGo);
+    clickItem(names(), names().model()->index(2, 0));
+    log();
+    press(Qt::Key_Return);
+    EXPECT_EQ(log(), (Lines{"lost lstNames", "got cmdGo", "click cmdGo"}));
+    doubleClick(names(), placeOf(names(), names().model()->index(1, 0)));
+    EXPECT_EQ(log().back(), "click cmdGo");
+    EXPECT_EQ(lists().lstNames.picked(), "Bob");
 }
 
 TEST_F(ListTest, KeysPickInAListBox) {

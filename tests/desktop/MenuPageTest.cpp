@@ -60,6 +60,21 @@ TEST_F(MenuPageTest, ReturnPresses) {
     EXPECT_EQ(screen().name(), "frmEvent");
 }
 
+TEST_F(MenuPageTest, ReportsAreWalkedAndPressedTheSameWay) {
+    click("mnuReports");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+    EXPECT_EQ(focused(), "");
+    press(Qt::Key_Tab);
+    const std::string first = focused();
+    EXPECT_NE(first, "");
+    press(Qt::Key_Down);
+    EXPECT_NE(focused(), first);
+    for (int entry = 0; entry < 20 && focused() != "Event Reports"; ++entry)
+        press(Qt::Key_Tab);
+    press(Qt::Key_Return);
+    EXPECT_EQ(screen().name(), "frmSearchEvents");
+}
+
 TEST_F(MenuPageTest, SpacePresses) {
     press(Qt::Key_Tab);
     press(Qt::Key_Space);

@@ -2,6 +2,7 @@
 #include "player/DesktopStage.h"
 #include "player/PlayStopped.h"
 
+#include <QFile>
 #include <QImage>
 #include <filesystem>
 
@@ -23,6 +24,31 @@ TEST(DesktopStage, TakesAPictureOfTheScreenInFront) {
     EXPECT_FALSE(one.isNull());
     EXPECT_FALSE(two.isNull());
     EXPECT_NE(one, two);
+}
+
+TEST(DesktopStage, WhatTheUsersWindowsRememberIsNeitherReadNorWritten) {
+    const TemporaryFolder folder;
+    const auto pictureBy = [&folder](const char* name) {
+        DesktopStage stage(folder.path());
+        const Outcome outcome = rehearse(stage, std::string("start\nshot ") + name + "\n");
+        EXPECT_EQ(outcome.status, status::kPlayed) << outcome.errors;
+        return QImage(QString::fromStdString((folder.path() / name).string() + ".png"));
+    };
+    const QImage before = pictureBy("before");
+    EXPECT_FALSE(before.isNull());
+
+    const QByteArray remembered = "[windows]\nmaximised=true\n[sizes]\nfrmOne=@Size(640 620)\n";
+    fs::create_directory(folder.path() / "Tallybrook");
+    QFile file(QString::fromStdString((folder.path() / "Tallybrook" / "Windows.conf").string()));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(remembered);
+    file.flush();
+    const QByteArray usual = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(folder.path().string()));
+    EXPECT_EQ(pictureBy("after"), before);
+    qputenv("XDG_CONFIG_HOME", usual);
+    file.seek(0);
+    EXPECT_EQ(file.readAll(), remembered);
 }
 
 TEST(DesktopStage, PicturesStayTogetherWhereverTheProgramIsLed) {
