@@ -25,7 +25,6 @@ if(TALLYBROOK_SANITIZE)
     target_compile_options(tallybrook_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(tallybrook_flags INTERFACE -fsanitize=address,undefined)
-    set(TALLYBROOK_TEST_FLAGS -fno-sanitize=null,alignment,object-size,vptr,pointer-overflow)
 else()
     # What is shipped is hardened as Debian's own programs are.
     target_compile_options(tallybrook_flags INTERFACE
