@@ -3,9 +3,11 @@
 #include "Runs.h"
 #include "Session.h"
 #include "StatisticsLimit.h"
+#include "Stopwatch.h"
 
-#include <fstream>
+#include <sstream>
 #include <string>
+#include <vector>
 
 namespace tallybrook::bench {
 
@@ -22,14 +24,17 @@ void peakOf(State& state, const Place& place, const char* option) {
     }
 }
 
-/// The player with the real windows, with nothing drawn on any display. `script` is what it plays.
-void playOnWindows(State& state, const Place& place, const char* script) {
-    const fs::path file = place.beside("script.txt");
-    std::ofstream(file) << script;
+/// Starts what is measured anew, which tells of its processor's time and of its first paint.
+void startAnew(State& state, const std::vector<std::string>& command) {
     for (auto round : state) {
         static_cast<void>(round);
-        state.SetIterationTime(processorTimeOf(
-            {TALLYBROOK_PLAY, "--display", "desktop", "--data", place.folder.string(), file.string()}));
+        const double before = secondsOf(Time::Wall);
+        std::istringstream output(outputOf(command));
+        double processor = 0;
+        double firstPaint = 0;
+        output >> processor >> firstPaint;
+        state.SetIterationTime(processor);
+        state.counters[kMsToFirstPaint] = (firstPaint - before) * 1000;
     }
 }
 
@@ -60,11 +65,11 @@ long peakOfLimit(const fs::path& folder) {
 }
 
 void start(State& state, const Place& place) {
-    playOnWindows(state, place, "start\nanswer No\n");
+    startAnew(state, {TALLYBROOK_START, place.folder.string()});
 }
 
-void startLimit(State& state, const Place& place) {
-    playOnWindows(state, place, "note \"no program, just the toolkit\"\n");
+void startLimit(State& state, const Place&) {
+    startAnew(state, {TALLYBROOK_START});
 }
 
 }  // namespace tallybrook::bench
