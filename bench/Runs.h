@@ -74,8 +74,8 @@ void frameClicksLarge(State& state, const Place& place);
 /// empty. To be called in a process of its own.
 double slowestClicks(const std::filesystem::path& folder, const std::string& size);
 
-/// Up to the main menu on the real windows; the limit is the toolkit with one line of text. What is counted is the wall's time
-/// until the first window is painted.
+/// Up to the main menu on the real windows; the limit is the toolkit with one line of text. What is counted
+/// is the wall's time until the first window is painted.
 void start(State& state, const Place& place);
 inline constexpr const char* kMsToFirstPaint = "ms wall, first paint";
 void startLimit(State& state, const Place& place);

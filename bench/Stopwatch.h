@@ -4,9 +4,9 @@
 
 namespace tallybrook::bench {
 
-/// Which time is taken: that of the processor for this thread or for all of the process, the kernel's work for
-/// it included, which other programs on the machine hardly disturb; or, where somebody is waited for, that of
-/// the clock on the wall.
+/// Which time is taken: that of the processor for this thread or for all of the process, the kernel's work
+/// for it included, which other programs on the machine hardly disturb; or, where somebody is waited for,
+/// that of the clock on the wall.
 enum class Time : clockid_t {
     Processor = CLOCK_THREAD_CPUTIME_ID,
     Process = CLOCK_PROCESS_CPUTIME_ID,

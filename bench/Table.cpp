@@ -1,6 +1,7 @@
 #include "Table.h"
 
 #include <algorithm>
+#include <cstddef>
 
 #include <fmt/format.h>
 
@@ -42,33 +43,65 @@ std::string verdict(const Target& target, const Pairs& pairs) {
     return target.isMet(pairs) ? "met" : "NOT MET";
 }
 
-bool wasMeasured(const Pairs& pairs) {
-    return std::ranges::any_of(pairs, [](const Pair& pair) { return pair.program || pair.limit; });
+bool wasMeasured(const Pair& pair) {
+    return pair.program || pair.limit;
 }
 
-std::string head() {
-    std::string names = fmt::format("| {:<22} | {:<7} |", "work", "unit");
-    std::string rule = fmt::format("|{:-<24}|{:-<9}|", "", "");
-    for (const int events : kSizes) {
-        names += fmt::format(" {:>7} | {:>6} | {:>5} |", events, "limit", "ratio");
+/// One line of the table: a work's figure in logbooks of all sizes.
+struct Line {
+    std::string name;
+    const Figure* figure;
+    Pairs pairs;
+};
+
+std::vector<Line> linesOf(const Results& results) {
+    std::vector<Line> lines;
+    for (const Work& work : works()) {
+        for (const Figure& figure : work.figures) {
+            const Pairs pairs = pairsOf(results, work.name, figure.unit);
+            if (std::ranges::any_of(pairs, wasMeasured))
+                lines.push_back({work.name, &figure, pairs});
+        }
+    }
+    return lines;
+}
+
+/// Which of the sizes were measured, in their order.
+std::vector<std::size_t> sizesIn(const std::vector<Line>& lines) {
+    std::vector<std::size_t> sizes;
+    for (std::size_t size = 0; size < kSizes.size(); ++size) {
+        if (std::ranges::any_of(lines, [size](const Line& line) { return wasMeasured(line.pairs[size]); }))
+            sizes.push_back(size);
+    }
+    return sizes;
+}
+
+std::string head(const std::vector<std::size_t>& sizes) {
+    std::string names = fmt::format("| {:<22} | {:<20} |", "work", "unit");
+    std::string rule = fmt::format("|{:-<24}|{:-<22}|", "", "");
+    for (const std::size_t size : sizes) {
+        names += fmt::format(" {:>7} | {:>6} | {:>5} |", kSizes[size], "limit", "ratio");
         rule += fmt::format("{:->8}:|{:->7}:|{:->6}:|", "", "", "");
     }
-    for (std::size_t size = 1; size < kSizes.size(); ++size) {
-        names += fmt::format(" {:>6} |", fmt::format("× {}", kSizes[size] / kSizes[size - 1]));
+    for (std::size_t i = 1; i < sizes.size(); ++i) {
+        names += fmt::format(" {:>6} |", fmt::format("× {}", kSizes[sizes[i]] / kSizes[sizes[i - 1]]));
         rule += fmt::format("{:->7}:|", "");
     }
-    return names + fmt::format(" {:<26} | {:<7} |\n", "target", "") + rule +
-           fmt::format("{:-<28}|{:-<9}|\n", "", "");
+    return names + fmt::format(" {:<26} | {:<12} |\n", "target", "") + rule +
+           fmt::format("{:-<28}|{:-<14}|\n", "", "");
 }
 
-std::string line(const std::string& name, const Figure& figure, const Pairs& pairs) {
-    std::string line = fmt::format("| {:<22} | {:<7} |", name, figure.unit);
-    for (const Pair& pair : pairs)
-        line += fmt::format(" {:>7} | {:>6} | {:>5} |", told(pair.program), told(pair.limit),
-                            quotient(pair.program, pair.limit));
-    for (std::size_t size = 1; size < pairs.size(); ++size)
-        line += fmt::format(" {:>6} |", quotient(pairs[size].program, pairs[size - 1].program));
-    return line + fmt::format(" {:<26} | {:<7} |\n", figure.target.words, verdict(figure.target, pairs));
+std::string textOf(const Line& line, const std::vector<std::size_t>& sizes) {
+    std::string text = fmt::format("| {:<22} | {:<20} |", line.name, line.figure->unit);
+    for (const std::size_t size : sizes) {
+        const auto& [program, limit] = line.pairs[size];
+        text += fmt::format(" {:>7} | {:>6} | {:>5} |", told(program), told(limit), quotient(program, limit));
+    }
+    for (std::size_t i = 1; i < sizes.size(); ++i)
+        text +=
+            fmt::format(" {:>6} |", quotient(line.pairs[sizes[i]].program, line.pairs[sizes[i - 1]].program));
+    return text + fmt::format(" {:<26} | {:<12} |\n", line.figure->target.words,
+                              verdict(line.figure->target, line.pairs));
 }
 
 }  // namespace
@@ -99,14 +132,11 @@ std::optional<double> Results::figure(const std::string& run, const std::string&
 }
 
 std::string tableOf(const Results& results) {
-    std::string table = head();
-    for (const Work& work : works()) {
-        for (const Figure& figure : work.figures) {
-            const Pairs pairs = pairsOf(results, work.name, figure.unit);
-            if (wasMeasured(pairs))
-                table += line(work.name, figure, pairs);
-        }
-    }
+    const std::vector<Line> lines = linesOf(results);
+    const std::vector<std::size_t> sizes = sizesIn(lines);
+    std::string table = head(sizes);
+    for (const Line& line : lines)
+        table += textOf(line, sizes);
     return table;
 }
 

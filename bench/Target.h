@@ -8,7 +8,7 @@
 namespace tallybrook::bench {
 
 /// The sizes of the logbooks, by their events. Targets are told for the middle one where they name no other.
-inline constexpr std::array<int, 4> kSizes{1'000, 10'000, 100'000, 300'000};
+inline constexpr std::array<int, 5> kSizes{1'000, 10'000, 100'000, 300'000, 1'000'000};
 
 /// What was measured in a logbook of one size; nothing where it was not.
 struct Pair {

@@ -1,7 +1,8 @@
-// Starts the program on its real windows as the program itself does, declines the check that it offers, and ends as
-// soon as the main menu is painted:
+// Starts the program on its real windows as the program itself does, declines the check that it offers, and
+// ends as soon as the main menu is painted:
 //
-//     tallybrook-start DATA    the program; it writes the processor's time until then, and when the first window was
+//     tallybrook-start DATA    the program; it writes the processor's time until then, and when the first
+//     window was
 //                              painted by the clock that only runs forward, both in seconds
 //     tallybrook-start         the toolkit alone, with one line of text in a window; it writes the same
 //
@@ -51,7 +52,8 @@ public:
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     void tell() const {
-        std::cout << std::fixed << bench::secondsOf(bench::Time::Process) << ' ' << firstPaint_.value() << '\n';
+        std::cout << std::fixed << bench::secondsOf(bench::Time::Process) << ' ' << firstPaint_.value()
+                  << '\n';
     }
 
 private:
