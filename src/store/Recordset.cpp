@@ -24,12 +24,12 @@ OpenRecordset& Recordset::opened() const {
 
 Value Recordset::read(std::string_view field) {
     OpenRecordset& open = opened();
-    return open.read(finder_.find(open.fields(), field));
+    return open.read(open.fieldCalled(field));
 }
 
 void Recordset::write(std::string_view field, const Value& value) {
     OpenRecordset& open = opened();
-    open.write(finder_.find(open.fields(), field), value);
+    open.write(open.fieldCalled(field), value);
 }
 
 void Recordset::Open(const std::string& sql) {
@@ -59,7 +59,7 @@ bool Recordset::Bof() const {
 
 Value Recordset::valueAt(int row, std::string_view name) const {
     OpenRecordset& open = opened();
-    return open.readAt(row, finder_.find(open.fields(), name));
+    return open.readAt(row, open.fieldCalled(name));
 }
 
 void Recordset::MoveFirst() {

@@ -2,7 +2,6 @@
 
 #include "runtime/Value.h"
 #include "store/Store.h"
-#include "store/recordset/FieldFinder.h"
 
 #include <functional>
 #include <memory>
@@ -84,7 +83,6 @@ private:
     void write(std::string_view field, const Value& value);
 
     Store& store_;
-    mutable FieldFinder finder_;
     std::function<void()> rowShown_;
     std::unique_ptr<OpenRecordset> open_;  // nothing while it is closed
 };

@@ -23,8 +23,6 @@ public:
 
     /// How many bytes they take.
     [[nodiscard]] std::size_t size() const { return bytes_.size(); }
-    /// The memory in use, in bytes.
-    [[nodiscard]] std::size_t capacity() const { return bytes_.capacity(); }
     /// Drops what was added since they took so many bytes.
     void cutTo(std::size_t size) { bytes_.resize(size); }
     void clear() { bytes_.clear(); }

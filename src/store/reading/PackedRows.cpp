@@ -6,14 +6,10 @@
 
 namespace tallybrook {
 
-void PackedRows::addRow(std::int64_t key) {
-    starts_.push_back(values_.size());
-    values_.add(key);
-}
-
 void PackedRows::addRow(const Statement& statement, int firstField,
                         const std::vector<const Column*>& fields) {
-    addRow(statement.number(0));
+    starts_.push_back(values_.size());
+    values_.add(statement.number(0));
     int column = firstField;
     for (const std::size_t field : projection_->fields)
         decode(statement.column(column++), fields[field]->type, [this](auto value) { values_.add(value); });

@@ -35,14 +35,7 @@ public:
 
     [[nodiscard]] const Projection& projection() const { return *projection_; }
     [[nodiscard]] std::size_t size() const { return starts_.size(); }
-    /// The memory in use, in bytes.
-    [[nodiscard]] std::size_t bytes() const {
-        return values_.capacity() + starts_.capacity() * sizeof(starts_.front());
-    }
 
-    /// Begins a row; its values follow, one for each field of the projection in order.
-    void addRow(std::int64_t key);
-    void add(const Value& value) { values_.addValue(value); }
     /// Adds the row that a statement has come to: its key stands in the first column, the fields of the
     /// projection, which are some of these, in the columns from `firstField` on.
     void addRow(const Statement& statement, int firstField, const std::vector<const Column*>& fields);

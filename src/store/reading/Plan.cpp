@@ -10,8 +10,7 @@ namespace tallybrook {
 
 namespace {
 
-constexpr int kFirstField = 1;                 // of a statement's columns, behind the key
-constexpr std::size_t kLargestKept = 4 << 20;  // of an answer that is kept
+constexpr int kFirstField = 1;  // of a statement's columns, behind the key
 
 }  // namespace
 
@@ -82,20 +81,23 @@ std::shared_ptr<const PackedRows> Plan::run(Reader& reader, const Question& ques
     return rows;
 }
 
-bool Plan::Answer::answers(const Question& question, const Projection& projection) const {
-    return version == question.version && lastKey == question.lastKey && values == question.values &&
-           rows->projection().holdsAll(projection);
+std::shared_ptr<const PackedRows> Plan::answeredBefore(const Question& question,
+                                                       const Projection& projection) const {
+    const auto& [values, lastKey, version, answer] = lastAnswer_;
+    if (version != question.version || lastKey != question.lastKey || values != question.values)
+        return nullptr;
+    std::shared_ptr<const PackedRows> rows = answer.lock();
+    return rows && rows->projection().holdsAll(projection) ? rows : nullptr;
 }
 
 std::shared_ptr<const PackedRows> Plan::read(const Question& question, bool all) {
     return onFile([&] {
         Reader& reader = readerOf(all || select_.distinct);
-        if (lastAnswer_ && lastAnswer_->answers(question, *reader.projection))
-            return lastAnswer_->rows;
-        std::shared_ptr<const PackedRows> rows = run(reader, question);
-        lastAnswer_.reset();
-        if (rows->bytes() <= kLargestKept)
+        std::shared_ptr<const PackedRows> rows = answeredBefore(question, *reader.projection);
+        if (!rows) {
+            rows = run(reader, question);
             lastAnswer_ = {question.values, question.lastKey, question.version, rows};
+        }
         return rows;
     });
 }

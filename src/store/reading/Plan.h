@@ -56,6 +56,9 @@ private:
     [[nodiscard]] Reader prepare(const std::string& key, const std::vector<bool>& fields,
                                  const std::string& rest) const;
     void bind(Statement& statement, const Question& question) const;
+    /// The last answer, if it answers this as well; nullptr if not.
+    [[nodiscard]] std::shared_ptr<const PackedRows> answeredBefore(const Question& question,
+                                                                   const Projection& projection) const;
     std::shared_ptr<const PackedRows> run(Reader& reader, const Question& question) const;
 
     Transaction& transaction_;
@@ -65,16 +68,20 @@ private:
     Reader whole_;
     Reader narrow_;  // of the fields wanted
     Reader single_;  // of the row of one key
-    // The last answer, if it is small: procedures often ask the same one after another.
+    // The last answer while somebody still has it: a search and the list of its hits ask the same.
     struct Answer {
         std::vector<Value> values;
         std::int64_t lastKey;
         std::uint64_t version;
-        std::shared_ptr<const PackedRows> rows;
-
-        [[nodiscard]] bool answers(const Question& question, const Projection& projection) const;
+        std::weak_ptr<const PackedRows> rows;
     };
-    std::optional<Answer> lastAnswer_;
+    Answer lastAnswer_;
+};
+
+/// A statement of the subset, understood: how it is run, and its values.
+struct UnderstoodStatement {
+    std::shared_ptr<Plan> plan;
+    std::vector<Value> values;
 };
 
 }  // namespace tallybrook

@@ -10,8 +10,6 @@ Reading::Reading(Connection& connection, const Clock& clock) : connection_(conne
 
 UnderstoodStatement Reading::understand(const std::string& sql) {
     constexpr std::size_t kMostPlans = 200;
-    if (std::optional<UnderstoodStatement> known = recent_.find(sql))
-        return *std::move(known);
     StatementShape shape = shapeOf(sql);
     auto found = plans_.find(shape.text);
     if (found == plans_.end()) {
@@ -25,7 +23,6 @@ UnderstoodStatement Reading::understand(const std::string& sql) {
     UnderstoodStatement understood{.plan = found->second, .values = {}};
     for (const Literal& literal : shape.literals)
         understood.values.push_back(valueOf(literal, currentYear()));
-    recent_.keep(sql, shape.literals, understood);
     return understood;
 }
 

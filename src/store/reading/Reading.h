@@ -2,7 +2,7 @@
 
 #include "runtime/Clock.h"
 #include "store/file/Connection.h"
-#include "store/reading/RecentStatements.h"
+#include "store/reading/Plan.h"
 #include "store/reading/Snapshot.h"
 
 #include <cstdint>
@@ -17,8 +17,7 @@ namespace tallybrook {
 /// row is changed, and needs to know nothing else of how rows are read.
 ///
 /// A Snapshot asks its statement's Plan for the rows. Statements of one shape share a Plan, by which SQLite
-/// runs them; RecentStatements know the last ones again without taking them apart. A Plan answers from its
-/// last answer or from the tables; the answer is PackedRows.
+/// runs them. A Plan answers from its last answer or from the tables; the answer is PackedRows.
 class Reading {
 public:
     /// `clock` tells the current year to dates without one. Both must outlive this.
@@ -42,7 +41,6 @@ private:
     Connection& connection_;
     const Clock& clock_;
     std::unordered_map<std::string, std::shared_ptr<Plan>> plans_;  // by the shape of their statements
-    RecentStatements recent_;
     std::vector<Snapshot*> open_;
 };
 

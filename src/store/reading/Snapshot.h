@@ -2,7 +2,7 @@
 
 #include "runtime/Value.h"
 #include "store/reading/PackedRows.h"
-#include "store/reading/RecentStatements.h"
+#include "store/reading/Plan.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,9 @@
 #include "store/recordset/OpenRecordset.h"
 
+#include "runtime/TextCompare.h"
 #include "store/sql/FieldValue.h"
+
+#include <algorithm>
 
 #include <fmt/format.h>
 #include <sqlite3.h>
@@ -9,6 +12,16 @@ namespace tallybrook {
 
 OpenRecordset::OpenRecordset(Reading& reading, const std::function<void()>& rowShown, const std::string& sql)
     : reading_(reading), rowShown_(rowShown), rows_(reading, sql), cursor_(rows_), pending_(rows_) {}
+
+std::size_t OpenRecordset::fieldCalled(std::string_view name) const {
+    auto found = std::ranges::find(fields(), name, &Column::name);  // as it nearly always is written
+    if (found == fields().end())
+        found = std::ranges::find_if(
+            fields(), [name](const Column* field) { return compareText(field->name, name) == 0; });
+    if (found == fields().end())
+        throw RunTimeError(error::kUnknownField);
+    return static_cast<std::size_t>(found - fields().begin());
+}
 
 void OpenRecordset::moveFirst() {
     endPending();

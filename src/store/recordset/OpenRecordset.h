@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tallybrook {
@@ -20,7 +21,8 @@ public:
     /// `rowShown` is called, where it is one, as Recordset::onRowShown() says. All must outlive this.
     OpenRecordset(Reading& reading, const std::function<void()>& rowShown, const std::string& sql);
 
-    [[nodiscard]] const std::vector<const Column*>& fields() const { return rows_.fields(); }
+    /// The index of a field by its name, without case. Error 3265 where there is none.
+    [[nodiscard]] std::size_t fieldCalled(std::string_view name) const;
     [[nodiscard]] int count() { return static_cast<int>(cursor_.count()); }
     [[nodiscard]] bool isAtEnd() { return !isNew() && cursor_.isPastEnd(); }
     [[nodiscard]] bool isAtBeginning() { return !isNew() && cursor_.isBeforeFirst(); }
@@ -43,6 +45,7 @@ public:
     void showRow() const;
 
 private:
+    [[nodiscard]] const std::vector<const Column*>& fields() const { return rows_.fields(); }
     [[nodiscard]] bool isNew() const { return pending_.kind() == PendingRow::Kind::New; }
     void requireRow() { static_cast<void>(cursor_.key()); }
     void requireUpdatable() const;

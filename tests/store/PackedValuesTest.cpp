@@ -1,4 +1,4 @@
-#include "store/reading/PackedRows.h"
+#include "store/file/PackedValues.h"
 
 #include <limits>
 #include <string>
@@ -10,7 +10,7 @@ namespace tallybrook {
 
 namespace {
 
-TEST(Packed, RowsGiveBackWhatWasPutIn) {
+TEST(Packed, ValuesComeOutAsTheyWereAdded) {
     const std::vector<Value> values{Null{},
                                     std::int64_t{0},
                                     std::int64_t{255},
@@ -25,21 +25,17 @@ TEST(Packed, RowsGiveBackWhatWasPutIn) {
                                     std::string(249, 'b'),
                                     std::string(250, 'c'),
                                     std::string(70000, 'd')};
-    Projection projection;
-    for (std::size_t field = 0; field < values.size(); ++field) {
-        projection.fields.push_back(field);
-        projection.places.emplace_back(field);
+    PackedValues packed;
+    packed.add(std::int64_t{7});
+    const std::size_t start = packed.size();
+    for (const Value& value : values)
+        packed.addValue(value);
+    for (std::size_t place = 0; place < values.size(); ++place) {
+        PackedValues::Reader reader(packed, start);
+        for (std::size_t before = 0; before < place; ++before)
+            reader.skip();
+        EXPECT_EQ(reader.take(), values[place]) << place;
     }
-    PackedRows rows(std::make_shared<const Projection>(std::move(projection)));
-    for (const std::int64_t key : {std::int64_t{7}, std::int64_t{-7}}) {
-        rows.addRow(key);
-        for (const Value& value : values)
-            rows.add(value);
-    }
-    ASSERT_EQ(rows.size(), 2U);
-    EXPECT_EQ(rows.key(1), -7);
-    for (std::size_t field = 0; field < values.size(); ++field)
-        EXPECT_EQ(rows.value(1, field), values[field]) << field;
 }
 
 }  // namespace
