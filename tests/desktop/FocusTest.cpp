@@ -8,6 +8,11 @@ TEST_F(FocusTest, BeginsWhereTheScreenPutsIt) {
     EXPECT_EQ(window().focusWidget(), &widget(screen().txtName));
 }
 
+TEST_F(FocusTest, IsNotTakenByWhatHoldsTheControls) {
+    EXPECT_EQ(window().focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(window().centralWidget()->focusPolicy(), Qt::NoFocus);
+}
+
 TEST_F(FocusTest, IsSeenWhereverItIs) {
     for (Control* const control :
          std::initializer_list<Control*>{&screen().cmdGo, &screen().txtShort, &screen().txtLines,

@@ -54,6 +54,9 @@ TEST_F(GridTest, ShowsTitleHeadersAndCells) {
     ASSERT_NE(title, nullptr);
     EXPECT_EQ(title->text(), "Event List");
     EXPECT_LT(title->geometry().bottom(), table().geometry().top());
+    const QRect place = table().parentWidget()->rect();
+    EXPECT_EQ(title->geometry().topLeft(), place.topLeft());
+    EXPECT_EQ(table().geometry().bottomRight(), place.bottomRight()) << "no room is lost around it";
     EXPECT_EQ(table().accessibleName(), "Event List");
     Lines headers;
     for (int column = 0; column < 5; ++column)

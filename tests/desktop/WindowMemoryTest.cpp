@@ -166,6 +166,8 @@ TEST(WindowMemory, ColumnsKeepTheirWidths) {
         usual = table->columnWidth(0);
         table->horizontalHeader()->resizeSection(1, 333);
     }
+    EXPECT_EQ((*settings).allKeys(),
+              QStringList{"columns/frmLists.dgdEvents"});  // which older programs have written
     RememberingDesktop desktop(settings.get());
     QTableView* const table = tableOf(desktop);
     EXPECT_EQ(table->columnWidth(1), 333);
