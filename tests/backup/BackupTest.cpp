@@ -180,6 +180,16 @@ TEST_F(BackupTest, IsNotMadeBeforeADeletionWhereNothingHasChanged) {
     EXPECT_EQ(eventsIn(folder() / first), 3);
 }
 
+TEST_F(BackupTest, IsMadeByNobodyOnceTheBackupsAreGone) {
+    open();
+    backups.reset();
+    deleteFirstEvent();
+    addEvent();
+    close();
+    EXPECT_EQ(eventsIn(logbook), 3);
+    EXPECT_EQ(names(), Names{});
+}
+
 TEST_F(BackupTest, OfALogbookWrittenJustNowIsMadeAgain) {
     fs::last_write_time(logbook, fs::file_time_type::clock::now() + std::chrono::hours{1});
     backUp();
