@@ -7,6 +7,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <cstdlib>
+#include <iterator>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -84,6 +85,14 @@ TEST(UnfinishedFiles, GoAwayUnlessTheyArePutInPlace) {
     }
     EXPECT_FALSE(fs::exists(beside));
     EXPECT_EQ(bytesOf(place), "whole");
+}
+
+TEST(UnfinishedFiles, LeaveNothingOpen) {
+    const auto openFiles = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    const TemporaryFolder folder;
+    const auto before = openFiles();
+    UnfinishedFile(folder.path() / "report.txt").putInPlace();
+    EXPECT_EQ(openFiles(), before);
 }
 
 TEST(Volumes, AreWhatLiesOnDevicesAndServers) {
