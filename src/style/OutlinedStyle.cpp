@@ -61,11 +61,10 @@ void makeChoiceReadable(QPalette& palette, QPalette::ColorGroup group) {
                                  palette.color(group, QPalette::HighlightedText), kTextContrast));
 }
 
-/// A list, a grid, or a box of several lines that is written in: what covers all of its frame but the edge.
+/// A list, a grid, or a box of several lines: what covers all of its frame but the edge.
 bool isFramedBox(const QWidget* widget) {
-    const auto* const lines = qobject_cast<const QPlainTextEdit*>(widget);
     return qobject_cast<const QAbstractItemView*>(widget) != nullptr ||
-           (lines != nullptr && !lines->isReadOnly());
+           qobject_cast<const QPlainTextEdit*>(widget) != nullptr;
 }
 
 void drawOutline(const QRect& place, double radius, const QStyleOption& option, QPainter& painter,

@@ -1,5 +1,6 @@
 #include "LargeFonts.h"
 #include "OwnScreens.h"
+#include "style/Colours.h"
 
 #include <QAbstractScrollArea>
 #include <QAccessible>
@@ -91,6 +92,22 @@ QImage pictureOf(QWidget& widget) {
     return widget.grab().toImage();
 }
 
+/// How many pixels of the mark of the focus there are at the left edge of a widget.
+int thicknessOfFocus(QWidget& widget) {
+    const QImage picture = pictureOf(widget);
+    const QRgb mark = focusColour(widget.palette()).rgb();
+    int pixels = 0;
+    while (pixels < picture.width() && picture.pixel(pixels, picture.height() / 2) == mark)
+        ++pixels;
+    return pixels;
+}
+
+/// Whether a control has its mark of the focus around it: the others have it beside their text, or inside.
+bool isMarkedAround(const Control& control) {
+    return control.hasRows() || control.kind() == Control::Kind::TextBox ||
+           (control.kind() == Control::Kind::Button && control.screen().primary() != &control);
+}
+
 }  // namespace
 
 TEST_F(OwnScreensTest, NothingIsCutOff) {
@@ -126,6 +143,23 @@ TEST_F(OwnScreensTest, FocusIsSeenOnEveryControl) {
         }
         QTest::qWait(0);  // puts the focus back
     });
+}
+
+TEST_F(OwnScreensTest, FocusIsMarkedAlikeAroundBoxesListsAndButtons) {
+    int looked = 0;
+    tour([this, &looked] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        for (const Control* const one : screen().controls()) {
+            QWidget* const shown = window().widgetOf(*one);
+            if (shown == nullptr || !one->canTakeFocus() || !isMarkedAround(*one))
+                continue;
+            shown->setFocus(Qt::TabFocusReason);
+            EXPECT_EQ(thicknessOfFocus(*shown), 2) << screen().name() << "." << one->name();
+            ++looked;
+        }
+        QTest::qWait(0);  // puts the focus back
+    });
+    EXPECT_GT(looked, 100);
 }
 
 TEST_F(OwnScreensTest, EverythingIsReadAloud) {
