@@ -17,7 +17,9 @@ SyncControls::SyncControls(Store& store)
       frames(store, "tblFrameInfo",
              {"fldSessionNum", "fldGameNum", "fldFrameNum", "fldLaneBowled", "fldBallUsed", "fldFootPos",
               "fldLaneTgt", "fldFirstBallRes", "fldSecondBallRes", "fldFillBallRes", "fldComment",
-              "fldLineScore", "fldHHRecordID"}) {}
+              "fldLineScore", "fldHHRecordID"}) {
+    adoTBKEvent.setRecordSource("SELECT * FROM tblEventInfo");
+}
 
 SyncRun::SyncRun(Program& owner, Screen& screen, SyncControls& controls)
     : program(owner), form(screen), SyncStamp(syncStamp(owner.clock.now())), controls_(controls) {}

@@ -1,4 +1,5 @@
 #include "handheld/SyncPlay.h"
+#include "handheld/SyncRun.h"
 
 namespace tallybrook::test {
 
@@ -37,6 +38,11 @@ TEST_F(SyncScreen, BearsItsCaptions) {
         EXPECT_EQ(play.control(name).caption(), caption) << name;
     for (const char* const name : {"cmdAddPDA", "cmdRetMain", "cmdExit"})
         EXPECT_TRUE(play.enabled(name)) << name;
+}
+
+TEST_F(SyncScreen, LooksForEventsAmongAll) {
+    const SyncControls controls(play.program().store());
+    EXPECT_EQ(controls.adoTBKEvent.RecordSource(), "SELECT * FROM tblEventInfo");
 }
 
 TEST_F(SyncScreen, HasItsMenus) {
