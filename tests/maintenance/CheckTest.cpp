@@ -294,6 +294,13 @@ TEST_F(DatabaseCheck, OfAnEmptyLogbookTellsOfEachEmptyTable) {
     EXPECT_EQ(noEvents.buttons, Buttons::OK);
 }
 
+TEST_F(DatabaseCheck, CountsNothingInATableThatIsNotThere) {
+    addEvent();
+    play.program().store().connection().database().exec("ALTER TABLE tblFrameInfo RENAME TO elsewhere");
+    const std::vector<Expected> boxes(9, {"Database Error", Answer::OK});
+    EXPECT_EQ(check(boxes).front(), "0 frames checked, 0 frames deleted.");
+}
+
 TEST_F(DatabaseCheck, AppendsToItsReport) {
     addEvent(std::int64_t{1});
     addGame(1, std::int64_t{1}, "N");
