@@ -90,14 +90,14 @@ RC_GTEST_PROP(TrendTest, GamesOfAMonthAddUp, ()) {
 }
 
 TEST(TrendTest, EndsAreThoseOfTheUsualLength) {
-    const BowledEvents events{event(day(2025, 1, 1), 3, 450), event(day(2025, 1, 8), 6, 1200),
+    const BowledEvents events{event(day(2025, 1, 1), 3, 450),  event(day(2025, 1, 8), 6, 1200),
                               event(day(2025, 1, 15), 3, 510), event(day(2025, 1, 22), 3, 450),
-                              event(day(2025, 1, 29), 1, 90)};
+                              event(day(2025, 1, 29), 1, 90),  event(day(2025, 2, 5), 3, 510)};
     const auto ends = seriesEnds(events);
     ASSERT_TRUE(ends);
     EXPECT_EQ(ends->games, 3);
-    EXPECT_EQ(ends->high, 2U);
-    EXPECT_EQ(ends->low, 0U);  // the first of equal ones
+    EXPECT_EQ(ends->high, 2U);  // the first of equal ones
+    EXPECT_EQ(ends->low, 0U);
     EXPECT_FALSE(seriesEnds({}));
 }
 
@@ -127,6 +127,15 @@ RC_GTEST_PROP(TrendTest, ClassesAreAboutAsLarge, ()) {
     for (const double bound : bounds)
         RC_ASSERT(std::ranges::any_of(
             nights, [&](const NightOfGames& night) { return night.total.average() < bound; }));
+}
+
+TEST(TrendTest, ClassesBeginAtTheNightsThatPartThem) {
+    BowledEvents events;
+    for (const int score : {180, 120, 200, 140, 160})
+        events.push_back(event(day(2025, 1, 1) + days{std::ssize(events)}, 1, score));
+    EXPECT_EQ(classBounds(nightsOf(events), 5), (std::vector<double>{140, 160, 180, 200}));
+    EXPECT_EQ(classBounds(nightsOf(events), 2), (std::vector<double>{160}));
+    EXPECT_EQ(classBounds({}, 5), std::vector<double>{});
 }
 
 TEST(TrendTest, LeaguesAreToldApartWithoutCase) {
