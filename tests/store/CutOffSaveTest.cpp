@@ -243,6 +243,16 @@ TEST_F(CutOffSave, LeavesNoTrialBehindWhereTheJournalIsGone) {
     EXPECT_EQ(files(), (Files{{file.filename().string(), whole}}));
 }
 
+TEST_F(CutOffSave, OfAProgramThatDoesNotWaitForTheDiskIsUndone) {
+    fs::remove(journalOf(file));
+    std::ofstream(file, std::ios::binary) << whole;
+    test::cutOff(file, "-journal", "PRAGMA synchronous = OFF; PRAGMA cache_size = 0; BEGIN",
+                 "UPDATE tblEventInfo SET fldComment = 'changed'");
+    ASSERT_EQ(test::bytesOf(journalOf(file)).substr(8, 4), "\xff\xff\xff\xff") << "its records are counted";
+    EXPECT_NE(test::bytesOf(file), whole);
+    EXPECT_FALSE(isLeftAlone());
+}
+
 TEST_F(CutOffSave, ThatHadNotReachedTheDiskIsNone) {
     // As the engine leaves it before the logbook itself is touched: mark and count are not written yet.
     put(whole, std::string(12, '\0') + journal.substr(12));
