@@ -71,8 +71,8 @@ private:
     // The last answer while somebody still has it: a search and the list of its hits ask the same.
     struct Answer {
         std::vector<Value> values;
-        std::int64_t lastKey;
-        std::uint64_t version;
+        std::int64_t lastKey = 0;
+        std::uint64_t version = 0;
         std::weak_ptr<const PackedRows> rows;
     };
     Answer lastAnswer_;
