@@ -66,8 +66,8 @@ QSize LineEdit::sizeHint() const {
 /// beginning.
 QSize LineEdit::minimumSizeHint() const {
     constexpr int kBeginning = 9;
-    const QSize least = QLineEdit::minimumSizeHint();
     constexpr int kBeginningOfName = 18;
+    const QSize least = QLineEdit::minimumSizeHint();
     const bool isWhole = alignment().testFlag(Qt::AlignHCenter);
     const int characters = characters_ == 0 ? kBeginningOfName
                            : isWhole        ? characters_
