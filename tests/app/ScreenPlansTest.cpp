@@ -2,14 +2,10 @@
 // differs from a plain one. Plans are written anew, to be read before they are kept, with
 // TALLYBROOK_WRITE_EXPECTED.
 
-#include "SourceFolder.h"
 #include "support/Play.h"
-#include "support/SameText.h"
+#include "support/WrittenDown.h"
 
 #include <array>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -19,8 +15,6 @@
 namespace tallybrook::test {
 
 namespace {
-
-namespace fs = std::filesystem;
 
 using Kind = Control::Kind;
 
@@ -144,12 +138,7 @@ TEST_P(ScreenPlans, AreAsTheyWereWanted) {
     play.load(GetParam(), boxes);
     Screen* const screen = play.program().screens.find(GetParam());
     ASSERT_NE(screen, nullptr);
-    const std::string plan = planOf(*screen);
-    const fs::path expected =
-        fs::path(TALLYBROOK_SOURCE_DIR) / "tests/app/plans" / (std::string(GetParam()) + ".txt");
-    if (std::getenv("TALLYBROOK_WRITE_EXPECTED") != nullptr)
-        std::ofstream(expected, std::ios::binary) << plan;
-    EXPECT_TRUE(isSameText(plan, bytesOf(expected)));
+    EXPECT_TRUE(isAsWrittenDown(planOf(*screen), std::string("app/plans/") + GetParam() + ".txt"));
 }
 
 }  // namespace

@@ -2,12 +2,14 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QTextOption>
 
 #include <gtest/gtest.h>
 
@@ -57,6 +59,35 @@ TEST(PlainBox, ShortTextStandsWithoutScrolling) {
     EXPECT_TRUE(label.textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
 }
 
+/// A text beside its icon stands at the middle of it, or at its top where it is higher.
+TEST(PlainBox, StandsAFewPixelsFurtherIn) {
+    struct Stands {
+        QMessageBox::Icon icon;
+        QString text;
+        QMargins margins;
+        Qt::Alignment vertical;
+    };
+    for (const auto& [icon, text, margins, vertical] :
+         {Stands{QMessageBox::Warning, "Now?", {18, 16, 18, 14}, Qt::AlignVCenter},
+          Stands{QMessageBox::Warning, "a\nb\nc\nd\ne\nf", {18, 16, 18, 14}, Qt::AlignTop},
+          Stands{QMessageBox::NoIcon, "Now?", {0, 16, 18, 14}, Qt::AlignTop}}) {
+        const PlainBox box(icon, "Sure?", text, nullptr);
+        auto& grid = dynamic_cast<QGridLayout&>(*box.layout());
+        const QLabel& label = *box.findChild<QLabel*>("qt_msgbox_label");
+        EXPECT_EQ(box.icon(), icon);
+        EXPECT_EQ(grid.contentsMargins(), margins);
+        EXPECT_EQ(grid.verticalSpacing(), 16);
+        EXPECT_EQ(label.alignment(), Qt::AlignLeft | vertical) << text.toStdString();
+        int row = 0;
+        int column = 0;
+        int rows = 0;
+        int columns = 0;
+        grid.getItemPosition(grid.indexOf(&label), &row, &column, &rows, &columns);
+        EXPECT_EQ(rows, 2);
+        EXPECT_EQ(grid.columnStretch(column), 1);
+    }
+}
+
 TEST(PlainBox, ComesWithItsTextWhereItIsReadAloud) {
     Asked asked("The disk is full.");
     const QAccessibleInterface& box = *QAccessible::queryAccessibleInterface(&asked.box);
@@ -75,6 +106,10 @@ TEST(PlainBox, LongTextIsScrolledAndTheButtonsStayInSight) {
         EXPECT_TRUE(asked.scrolled()->isVisible() && asked.isInSight(*asked.scrolled()));
         EXPECT_EQ(asked.scrolled()->toPlainText(), text);
         EXPECT_TRUE(asked.scrolled()->isReadOnly());
+        EXPECT_EQ(asked.scrolled()->accessibleName(), "Sure?");
+        EXPECT_EQ(asked.scrolled()->wordWrapMode() == QTextOption::WrapAnywhere, !text.contains(' '));
+        const QSize display = asked.box.screen()->availableSize();
+        EXPECT_EQ(asked.scrolled()->minimumSize(), QSize(display.width() / 2, display.height() * 3 / 5));
         EXPECT_FALSE(asked.box.findChild<QLabel*>("qt_msgbox_label")->isVisible());
         EXPECT_EQ(asked.box.text(), text);
     }
