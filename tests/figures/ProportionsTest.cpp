@@ -1,6 +1,7 @@
 #include "figures/Proportions.h"
 
 #include <cmath>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -31,6 +32,22 @@ TEST(ProportionsTest, TellsWhatIsMoreThanChance) {
     EXPECT_EQ(chanceOf({2, 2}, {0, 4}), Chance::TooFew);
     EXPECT_EQ(chanceOf({0, 0}, {3, 3}), Chance::TooFew);
     EXPECT_EQ(chanceOf({3, 3}, {0, 0}), Chance::TooFew);
+    EXPECT_EQ(chanceOf({5, 5}, {0, 5}), Chance::Improbable);
+    EXPECT_EQ(chanceOf({4, 4}, {0, 5}), Chance::TooFew);
+    EXPECT_EQ(chanceOf({5, 5}, {0, 4}), Chance::TooFew);
+    EXPECT_EQ(chanceOf({3, 6}, {3, 6}), Chance::MayBe);
+}
+
+TEST(ProportionsTest, NoAttemptsTellNothing) {
+    EXPECT_EQ(Proportion().share(), 0);
+    EXPECT_EQ(intervalOf({0, 0}).low, 0);
+    EXPECT_EQ(intervalOf({0, 0}).high, 1);
+}
+
+TEST(ProportionsTest, IntervalHoldsItsEnds) {
+    const Interval interval{0.25, 0.75};
+    for (const auto& [value, isHeld] : {std::pair{0.25, true}, {0.75, true}, {0.2, false}, {0.8, false}})
+        EXPECT_EQ(interval.holds(value), isHeld) << value;
 }
 
 RC_GTEST_PROP(ProportionsTest, IntervalHoldsTheShareAndLiesWithin, ()) {

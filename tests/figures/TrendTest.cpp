@@ -53,6 +53,19 @@ TEST(TrendTest, AverageTellsTheGamesThatCount) {
     EXPECT_EQ(half.gamesCounted(), 2);
     const BowledEvent rounded{"City Open", "", day(2024, 9, 12), 3, 500, 166.67};
     EXPECT_EQ(rounded.gamesCounted(), 3);
+    const BowledEvent few{"City Open", "", day(2024, 9, 12), 3, 1, 300};
+    EXPECT_EQ(few.gamesCounted(), 1);
+    const BowledEvent many{"City Open", "", day(2024, 9, 12), 3, 5000, 1};
+    EXPECT_EQ(many.gamesCounted(), 1000);
+}
+
+TEST(TrendTest, NoGamesHaveNoAverage) {
+    PinsOverGames sum;
+    EXPECT_EQ(sum.average(), 0);
+    sum.add(event(day(2025, 1, 1), 3, 450));
+    EXPECT_EQ(sum.average(), 150);
+    sum.remove(event(day(2025, 1, 1), 3, 450));
+    EXPECT_EQ(sum.average(), 0);
 }
 
 RC_GTEST_PROP(TrendTest, MovesOverTwelveEvents, ()) {
@@ -99,6 +112,7 @@ TEST(TrendTest, EndsAreThoseOfTheUsualLength) {
     EXPECT_EQ(ends->high, 2U);  // the first of equal ones
     EXPECT_EQ(ends->low, 0U);
     EXPECT_FALSE(seriesEnds({}));
+    EXPECT_EQ(seriesEnds({events[0], events[1]})->games, 6);  // the longer of equally many
 }
 
 RC_GTEST_PROP(TrendTest, NightsHoldTheEventsOfTheirDay, ()) {
@@ -111,10 +125,14 @@ RC_GTEST_PROP(TrendTest, NightsHoldTheEventsOfTheirDay, ()) {
     for (const NightOfGames& night : nights) {
         const auto isThen = [&](const BowledEvent& one) { return one.date == night.day; };
         std::int64_t pins = 0;
-        for (const BowledEvent& one : events)
+        std::int64_t games = 0;
+        for (const BowledEvent& one : events) {
             pins += isThen(one) ? one.pinfall : 0;
+            games += isThen(one) ? one.games : 0;
+        }
         RC_ASSERT(night.events == std::ranges::count_if(events, isThen));
         RC_ASSERT(night.total.pins == pins);
+        RC_ASSERT(night.total.games == games);
     }
 }
 
@@ -147,8 +165,10 @@ TEST(TrendTest, LeaguesAreToldApartWithoutCase) {
     EXPECT_EQ(leagues.all()[0].name, "M\xC3\xBCller-Cup");
     EXPECT_EQ(leagues.all()[0].events, 2U);
     EXPECT_EQ(leagues.all()[1].name, "City Open");
-    EXPECT_EQ(leagues.of(0), 1U);
-    EXPECT_EQ(leagues.of(3), 0U);
+    EXPECT_EQ(leagues.all()[2].name, "Practice");  // behind the other with one event, which came before it
+    const std::vector<std::size_t> places{1, 0, 2, 0};
+    for (std::size_t index = 0; index < places.size(); ++index)
+        EXPECT_EQ(leagues.of(index), places[index]) << index;
 }
 
 }  // namespace tallybrook::test
