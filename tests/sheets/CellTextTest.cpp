@@ -23,12 +23,17 @@ TEST(CellText, EndsLinesAsCellsDo) {
 
 TEST(CellText, HoldsNothingThatNoCellCanHold) {
     EXPECT_EQ(cell(std::string_view("a\0b", 3)), "a\uFFFDb");
-    EXPECT_EQ(cell("\xFF\uFFFE"), "\uFFFD\uFFFD");
+    EXPECT_EQ(cell("\xFF\uFFFE\uFFFF"), "\uFFFD\uFFFD\uFFFD");
 }
 
 TEST(CellText, KeepsWhatLooksLikeTheNumberOfACharacter) {
     EXPECT_EQ(cell("_x0041_"), "_x005F_x0041_");
     EXPECT_EQ(cell("_x00g1_ _x004"), "_x00g1_ _x004");
+    for (const char* const number : {"0000", "9999", "aaaa", "ffff", "AAAA", "FFFF", "1aF9"})
+        EXPECT_EQ(cell(std::string("_x") + number + "_!"), std::string("_x005F_x") + number + "_!");
+    for (const char* const none : {"_x000/_", "_x000:_", "_x000@_", "_x000G_", "_x000`_", "_x000g_",
+                                   "_y0041_", "_x00411_", "_x004_1", "x0041_", "_x0041"})
+        EXPECT_EQ(cell(none), none);
 }
 
 TEST(CellText, IsCutBetweenTwoCharacters) {

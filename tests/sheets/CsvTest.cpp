@@ -82,8 +82,8 @@ TEST_F(CsvOfALogbook, HasAFileForEachTable) {
 }
 
 TEST_F(CsvOfALogbook, HoldsNoFormula) {
-    const std::vector<std::string> formulas{"=1+1", "+1",   "-1",   "@SUM(A1)",
-                                            "\t=1", "\r=1", "\n=1", "\uFF1D1"};
+    const std::vector<std::string> formulas{"=1+1", "+1",      "-1",      "@SUM(A1)", "\t=1",   "\r=1",
+                                            "\n=1", "\uFF1D1", "\uFF0B1", "\uFF0D1",  "\uFF201"};
     for (const std::string& formula : formulas) {
         const std::string field = csvField(formula, Formulas::Guarded);
         EXPECT_EQ(readCsv(field + "\r\n").front().front(), Read("'" + formula));
@@ -91,6 +91,21 @@ TEST_F(CsvOfALogbook, HoldsNoFormula) {
     }
     EXPECT_EQ(csvField("'tis", Formulas::Guarded), "''tis");  // so that the guard can be taken off again
     EXPECT_EQ(csvField("7-10", Formulas::Guarded), "7-10");
+}
+
+TEST_F(CsvOfALogbook, QuotesOnlyWhatNeedsIt) {
+    for (const char* const plain : {"a b", "a;b", "a'b", "7-10"})
+        EXPECT_EQ(csvField(plain, Formulas::Guarded), plain);
+    for (const char* const quoted : {"", " a", "a ", "a,b", "a\rb", "a\nb"})
+        EXPECT_EQ(csvField(quoted, Formulas::Guarded), "\"" + std::string(quoted) + "\"");
+}
+
+TEST_F(CsvOfALogbook, TellsHowFarItIs) {
+    logbook.fill("INSERT INTO tblGameInfo (fldGameKey) VALUES (1), (2)");
+    test::ToldProgress progress;
+    writeCsv(logbook.open(), out.path(), Formulas::Guarded, progress);
+    EXPECT_EQ(progress.told(),
+              "Writing events.csv of 0: 0\nWriting games.csv of 2: 0 1 2\nWriting frames.csv of 0: 0\n");
 }
 
 TEST_F(CsvOfALogbook, LeavesNumbersBelowZeroAlone) {

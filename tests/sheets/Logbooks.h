@@ -43,6 +43,22 @@ private:
     int left_;
 };
 
+/// Keeps in words what it is told, a line for each piece of the work.
+class ToldProgress : public Progress {
+public:
+    [[nodiscard]] std::string told() const { return told_ + "\n"; }
+    bool isCancelled() override { return false; }
+
+protected:
+    void show(std::string_view what, std::int64_t total) override {
+        told_ += (told_.empty() ? "" : "\n") + std::string(what) + " of " + std::to_string(total) + ":";
+    }
+    void showStep(std::int64_t done) override { told_ += " " + std::to_string(done); }
+
+private:
+    std::string told_;
+};
+
 inline std::string bytesIn(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};

@@ -1,4 +1,5 @@
 #include "Logbooks.h"
+#include "sheets/SheetColumns.h"
 #include "sheets/Workbook.h"
 #include "sheets/WorkbookCheck.h"
 
@@ -64,6 +65,51 @@ TEST_F(WorkbookOfALogbook, HasFourSheets) {
     EXPECT_NE(cell(4, "A1").find("Date"), std::string::npos);
 }
 
+TEST_F(WorkbookOfALogbook, HasTheHeadingsAndWidthsOfItsPlan) {
+    write();
+    for (std::size_t number = 0; number < sheetPlans().size(); ++number) {
+        const std::string text = sheet(static_cast<int>(number) + 1);
+        std::string headings;
+        std::size_t at = 0;
+        for (const SheetColumn& column : sheetPlans()[number].columns) {
+            headings += fmt::format("<c r=\"{}1\" s=\"1\" t=\"inlineStr\"><is><t>{}</t></is></c>",
+                                    static_cast<char>('A' + at), column.heading);
+            ++at;
+            // the letters with the room around them, as a file of this kind counts them
+            const std::string width =
+                fmt::format("<col min=\"{0}\" max=\"{0}\" width=\"{1}.7109375\"", at, column.width);
+            EXPECT_NE(text.find(width), std::string::npos) << width;
+        }
+        EXPECT_NE(text.find(headings + "</row>"), std::string::npos) << headings;
+    }
+}
+
+/// Headings are bold and stand at the top of their cells on as many lines as they take, above a line.
+TEST_F(WorkbookOfALogbook, HasHeadingsThatAreSeen) {
+    write();
+    const std::string styles = part(file, "xl/styles.xml");
+    for (const char* const wanted :
+         {"<xf numFmtId=\"0\" fontId=\"1\" fillId=\"0\" borderId=\"1\" xfId=\"0\" applyFont=\"1\" "
+          "applyBorder=\"1\" "
+          "applyAlignment=\"1\"><alignment vertical=\"top\" wrapText=\"1\"/></xf></cellXfs>",
+          "<font><b/>", "<bottom style=\"thin\">"})
+        EXPECT_NE(styles.find(wanted), std::string::npos) << wanted;
+}
+
+TEST_F(WorkbookOfALogbook, TellsHowFarItIs) {
+    logbook.fill("INSERT INTO tblGameInfo (fldGameKey) VALUES (1), (2)");
+    test::ToldProgress progress;
+    writeWorkbook(logbook.open(), file, progress);
+    std::string check = "Checking the workbook of 0: 0";
+    for (const int number : {1, 2, 3, 4})
+        check += fmt::format(" {}", sheet(number).size());
+    EXPECT_EQ(progress.told(),
+              "Writing the sheet Events of 0: 0\nWriting the sheet Games of 2: 0 1 2\n"
+              "Writing the sheet Frames of 0: 0\nWriting the sheet Games with Events of 2: 0 1 2\n"
+              "Packing the workbook of 0: 0\n" +
+                  check + "\n");
+}
+
 TEST_F(WorkbookOfALogbook, FreezesTheHeadingsAndFiltersByThem) {
     logbook.fill("INSERT INTO tblEventInfo (fldEventName) VALUES ('a'), ('b')");
     write();
@@ -81,7 +127,10 @@ TEST_F(WorkbookOfALogbook, HasRealDatesAndNumbers) {
     EXPECT_EQ(cell(1, "C2"), "<c r=\"C2\" s=\"2\"><v>46330</v></c>");
     EXPECT_EQ(cell(1, "G2"), "<c r=\"G2\"><v>3</v></c>");
     EXPECT_EQ(cell(1, "J2"), "<c r=\"J2\" s=\"3\"><v>201.25</v></c>");
-    EXPECT_NE(part(file, "xl/styles.xml").find("<xf numFmtId=\"14\""), std::string::npos);
+    const std::string styles = part(file, "xl/styles.xml");
+    const std::size_t date = styles.find("<xf numFmtId=\"14\"");  // as the user's own country has it
+    EXPECT_LT(date, styles.find("<xf numFmtId=\"2\""));           // with two places
+    EXPECT_NE(styles.find("<xf numFmtId=\"2\""), std::string::npos);
 }
 
 TEST_F(WorkbookOfALogbook, KeepsADateThatASpreadsheetDoesNotKnow) {
@@ -184,13 +233,33 @@ TEST_F(WorkbookOfALogbook, NeedsItsFolder) {
     EXPECT_THROW(write(), std::system_error);
 }
 
+/// Its rows are counted wherever the parts in which it is read end.
+TEST_F(WorkbookOfALogbook, MayBeLong) {
+    logbook.fill(
+        "WITH RECURSIVE numbers(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM numbers WHERE n < 900) "
+        "INSERT INTO tblFrameInfo (fldFrameNum, fldComment) SELECT n, hex(zeroblob(n % 50)) FROM numbers");
+    write();
+    NoProgress progress;
+    EXPECT_NO_THROW(checkWorkbook(file, std::vector<SheetSize>{{1}, {1}, {901}, {1}}, progress));
+    EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>{{1}, {1}, {902}, {1}}, progress),
+                 std::runtime_error);
+}
+
 TEST_F(WorkbookOfALogbook, IsReadAgain) {
     logbook.fill("INSERT INTO tblEventInfo (fldEventName) VALUES ('a'), ('b')");
     write();
     NoProgress progress;
     const std::vector<SheetSize> sizes{{3}, {1}, {1}, {1}};
     EXPECT_NO_THROW(checkWorkbook(file, sizes, progress));
-    EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>{{4}}, progress), std::runtime_error);
+    try {
+        checkWorkbook(file, std::vector<SheetSize>{{4}}, progress);
+        ADD_FAILURE() << "a row is wanting";
+    } catch (const std::runtime_error& failure) {
+        EXPECT_STREQ(
+            failure.what(),
+            "The workbook could not be written: it was not whole when it was read again.\r\nPlease see "
+            "that there is room on the disk, and in the folder for temporary files.");
+    }
     EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>(5, {1}), progress), std::runtime_error);
     std::string bytes = test::bytesIn(file);
     bytes.at(bytes.find("xl/worksheets/sheet1.xml") + 40) ^= 0x10;
