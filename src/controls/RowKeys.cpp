@@ -45,8 +45,6 @@ std::optional<int> placeAfter(const std::string& key, int current, int count) {
 /// writes.
 std::optional<int> placeBeginningWith(const std::string& key, int current,
                                       const std::vector<std::string>& texts) {
-    if (characterCount(key) != 1)
-        return std::nullopt;
     const int count = static_cast<int>(texts.size());
     for (int step = 1; step <= count; ++step) {
         const int place = (current + step) % count;

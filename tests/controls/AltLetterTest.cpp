@@ -2,6 +2,10 @@
 #include "shell/ProgramScreen.h"
 #include "support/TestDisplay.h"
 
+#include <optional>
+#include <utility>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook::test {
@@ -110,6 +114,23 @@ TEST_F(AltLetter, OfAGroupLeadsToTheFirstInItThatCanTakeTheFocus) {
     EXPECT_EQ(press("Alt+T"), "optOff");
     screen->fraType.setVisible(false);
     EXPECT_FALSE(person::press(*screen, person::readKey("Alt+T")).used);
+}
+
+TEST_F(AltLetter, StandsBehindASingleSign) {
+    for (const auto& [caption, letter] :
+         std::vector<std::pair<std::string, std::string>>{{"&file", "F"},
+                                                          {"E&xit", "X"},
+                                                          {"Pins && &Balls", "B"},
+                                                          {"A&&B", ""},
+                                                          {"&&&c", "C"},
+                                                          {"&", ""},
+                                                          {"x&", ""},
+                                                          {"", ""},
+                                                          {"&1", "1"}}) {
+        screen->cmdOther.setCaption(caption);
+        const std::optional<char> found = accessLetter(screen->cmdOther);
+        EXPECT_EQ(found ? std::string(1, *found) : "", letter) << caption;
+    }
 }
 
 TEST_F(AltLetter, IsToldInMenusWhereItIsTheButtonsAlone) {

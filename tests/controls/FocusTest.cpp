@@ -236,6 +236,24 @@ TEST_F(Focus, KeepsWhatCannotBeTypedWhereCodeHasPutIt) {
     EXPECT_EQ(screen->txtTwo.text(), "a\t");
 }
 
+/// Letters of two bytes, of which they have one in common.
+TEST_F(Focus, TakesLettersAsAWhole) {
+    screen->txtTwo.setText("a\u00e9b");
+    for (const char* const text : {"a\u00a9b", "a\u00aab", "\u00aab", "\u00aa", "\u00ea"}) {
+        screen->txtTwo.enter(text);
+        EXPECT_EQ(screen->txtTwo.text(), text);
+    }
+}
+
+TEST_F(Focus, ScreenIsHiddenAndShownOnce) {
+    display.forgetEvents();
+    for (int times = 0; times < 2; ++times)
+        program.screens.hide(*screen);
+    for (int times = 0; times < 2; ++times)
+        program.screens.show(*screen);
+    EXPECT_EQ(display.events(), (Log{"hide frmSample", "show frmSample"}));
+}
+
 TEST_F(Focus, RunsAMenuEntryWithoutMovingIt) {
     person::click(screen->mnuGo);
     EXPECT_EQ(screen->happened, (Log{"click cmdGo"}));
