@@ -4,7 +4,9 @@
 #include "shell/TBK_Globals.h"
 #include "support/Play.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -46,6 +48,33 @@ TEST(Boxes, AskBeforeAFormIsReset) {
              {{"Confirm - Form Reset", Answer::No,
                "Resetting the form will erase the data in the form\r\nContinue?"}});
     EXPECT_EQ(answer, Answer::No);
+}
+
+/// What could not be stored before a box has one of its own, which comes first.
+TEST(Boxes, TellOfWhatWasLostBeforeThem) {
+    TestDisplay display;
+    for (const char* const error :
+         {"Error Number: 61\r\nError: Disk full", "Error Number: 6\r\nError: Overflow"})
+        display.expect({"Database Error", Answer::OK,
+                        std::string(error) + "\r\nModule: Here.\r\nIf this persists, please send email to "
+                                             "support@tallybrook.example with this error information."});
+    BoxReporter reporter(display, [] { throw RunTimeError(61); });
+    reporter.databaseError(RunTimeError(6), "Here.");
+}
+
+TEST(Performing, NeedsALogbook) {
+    TestDisplay display;
+    const SettableClock clock(makeDate(2026, 11, 14));
+    Program program(display, clock, "nowhere");
+    for (const auto& ask : std::vector<std::function<void()>>{
+             [&] { static_cast<void>(program.store()); }, [&] { static_cast<void>(program.backups()); }}) {
+        try {
+            ask();
+            ADD_FAILURE() << "there is none";
+        } catch (const RunTimeError& failure) {
+            EXPECT_EQ(failure.number(), 91);
+        }
+    }
 }
 
 TEST(Performing, EndsTheHandlersAroundAnEndedOne) {
