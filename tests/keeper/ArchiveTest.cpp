@@ -286,6 +286,7 @@ TEST_F(Archive, TellsWhatIsWrongWithIt) {
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[9223372036854775808,"),
               "Line 2: The line is no row of the logbook.");
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[\"1\","), "Line 2: The key of the row is no whole number.");
+    EXPECT_EQ(with("{\"frame\":[1,", "{\"frame\":[2,"), "Line 5: The rows are not in their order.");
     EXPECT_EQ(with("{\"event\":[1,", "{\"lane\":[1,"), "Line 2: The line is no row of the logbook.");
     EXPECT_EQ(refusalOf(good + "{}\n"), "Line 15: There is more behind its end.");
 }

@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace tallybrook::keeper {
 
@@ -108,10 +109,16 @@ TEST_F(Restore, ChangesNothingWhereThePresentLogbookCannotBeKept) {
         restoreAll(HeldLogbook(data), elsewhere.path() / "backup.mdb", clock, nobody);
         ADD_FAILURE() << "it was restored";
     } catch (const Refused& refused) {
-        EXPECT_TRUE(std::string(refused.what())
-                        .starts_with("The present logbook could neither be backed up nor copied, so it was "
-                                     "left as it is.\nFolder of the backups: "))
-            << refused.what();
+        EXPECT_EQ(refused.status(), ExitStatus::Failed);
+        const std::string why = refused.what();
+        EXPECT_TRUE(
+            why.starts_with("The present logbook could neither be backed up nor copied, so it was "
+                            "left as it is.\nFolder of the backups: " +
+                            (data / "Backups").string() + "\n"))
+            << why;
+        EXPECT_TRUE(
+            why.ends_with(". Please see that there is room on the disk, and that the folder can be written."))
+            << why;
     }
     EXPECT_EQ(rowsOf(logbookIn(data)), before);
 }

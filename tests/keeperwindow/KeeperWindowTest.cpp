@@ -4,9 +4,11 @@
 #include "carry/OldLogbooks.h"
 #include "desktop/Heard.h"
 #include "desktop/ModalHands.h"
+#include "desktop/WindowPlan.h"
 #include "keeper/Logbooks.h"
 #include "keeperwindow/ArchiveDialog.h"
 #include "keeperwindow/KeeperWindow.h"
+#include "keeperwindow/WordsDialog.h"
 #include "runtime/InstanceLock.h"
 #include "style/OutlinedStyle.h"
 #include "support/TemporaryFolder.h"
@@ -126,6 +128,28 @@ TEST_F(Window, ShowsTheLogbookItsBackupsAndTheirEvents) {
     EXPECT_TRUE(backups().item(0)->text().endsWith("\nThe same as today's logbook."));
     EXPECT_EQ(events().topLevelItemCount(), 2);
     EXPECT_FALSE(button("Add Ticked").isEnabled());
+}
+
+TEST_F(Window, IsAsItWasWanted) {
+    test::change(data, {"UPDATE tblGameInfo SET fldLanePair = '27-28' WHERE fldGameKey = 1"});
+    clock.set(clock.now() + std::chrono::hours{18});
+    backUpNow(logbookIn(data), clock);
+    test::deleteEvent(data, 2);
+    open();
+    for (int event = 0; event < events().topLevelItemCount(); ++event)
+        events().topLevelItem(event)->setExpanded(true);
+    events().topLevelItem(0)->setCheckState(0, Qt::Checked);
+    events().topLevelItem(1)->setCheckState(0, Qt::Checked);
+    test::expectPlan(*window, "keeperwindow/plans/window.txt");
+
+    const ArchivedEvent old{
+        .key = 1, .name = "Tuesday", .date = "11/3/2026", .center = "Lanes", .present = 1};
+    const ArchivedEvent fresh{.key = 2, .name = "Friday"};
+    test::expectPlan(ArchiveDialog({.counts = {.events = 2}, .events = {old, fresh}}, nullptr),
+                     "keeperwindow/plans/archive.txt");
+    test::expectPlan(ArchiveDialog({.counts = {.events = 1}, .events = {fresh}}, nullptr),
+                     "keeperwindow/plans/new-archive.txt");
+    test::expectPlan(WordsDialog("What Was Done", "Some words", nullptr), "keeperwindow/plans/words.txt");
 }
 
 TEST_F(Window, GivesADeletedEventBackByTheKeyboardAlone) {

@@ -1,7 +1,9 @@
 #include "Window.h"
+#include "desktop/WindowPlan.h"
 #include "paper/Media.h"
 #include "paper/Paper.h"
 #include "paper/UsersLocale.h"
+#include "readers/Golden.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -40,6 +42,20 @@ TEST_F(ReportWindowTest, ShowsTheReportUnderItsName) {
     EXPECT_EQ(view().text(), "Strike\tSpare\nstrike\tspare\nSTRIKE\n");
     EXPECT_TRUE(view().hasFocus());
     EXPECT_EQ(view().caret(), 0);
+}
+
+TEST_F(ReportWindowTest, IsAsItWasWanted) {
+    settings.clear();
+    start("League Night.txt", Files::read(goldenFile("statistics.txt")));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return part<QComboBox>().isVisible(); }));
+    press(Qt::Key_F, Qt::ControlModifier);
+    type("game");
+    for (const QAction* const menu : window->menuBar()->actions())
+        emit menu->menu()->aboutToShow();
+    for (QMenu* const recent : window->findChildren<QMenu*>())
+        emit recent->aboutToShow();
+    press(Qt::Key_F5);
+    expectPlan(*window, "viewer/plans/window.txt", files.folder());
 }
 
 TEST_F(ReportWindowTest, ShowsNamesAsTheyStand) {
