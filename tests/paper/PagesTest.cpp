@@ -121,10 +121,28 @@ TEST(Pages, HeadingsBelongToWhatFollows) {
                                   {"end"}}));
 }
 
+TEST(Pages, HeadingsMayHaveARemarkAndLabelsBelongToWhatFollows) {
+    const auto countOf = [](const QString& text) { return printedBlocks(text, 80).size(); };
+    EXPECT_EQ(countOf("Heading\n-------\n(of all games)\n\n7  1"), 1U);
+    EXPECT_EQ(countOf("Heading\n-------\nof all games\n\n7  1"), 2U);
+    EXPECT_EQ(countOf("Heading\n-------\n(of all games)\n7  1\n\n7  1"), 2U);
+    EXPECT_EQ(countOf("Heading\n" + QString(20, '-') + "\n\n7  1"), 2U) << "a frame of one line";
+    EXPECT_EQ(countOf("Line Score:\n\n7  1"), 1U);
+    EXPECT_EQ(countOf("Line Score\n\n7  1"), 2U);
+    EXPECT_EQ(countOf("Comment:\nLine Score:\n\n7  1"), 2U);
+    EXPECT_EQ(countOf("Frame\n*\nFrame\n*\n"), 2U);
+}
+
 TEST(Pages, SectionsAreFound) {
     const std::vector<Rows> pages{{"Event Summary", "-------------", "x"},
                                   {"Game 2   Game Score: 117", "Comment: ", QString(20, '-')}};
     EXPECT_EQ(sectionsOf(pages), (std::vector<SectionPlace>{{"Event Summary", 0}, {"Game 2", 1}}));
+    for (const QString& none :
+         {QString("Frame Summary"), QString("Line Score:"), QString(" "), QString("----")})
+        EXPECT_TRUE(sectionsOf({{none, QString(13, '-')}}).empty()) << none.toStdString();
+    EXPECT_TRUE(sectionsOf({{"Games", QString(9, '-')}}).empty());
+    EXPECT_EQ(sectionsOf({{"Games", QString(10, '-')}}), (std::vector<SectionPlace>{{"Games", 0}}));
+    EXPECT_TRUE(sectionsOf({{"Game 2", "x"}, {"Lane Game Score: 9"}}).empty());
 }
 
 }  // namespace tallybrook::test

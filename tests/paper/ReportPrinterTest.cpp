@@ -9,6 +9,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QPageRanges>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <algorithm>
@@ -56,6 +57,63 @@ struct Print {
 
 constexpr std::array kPapers{QPageSize::A4, QPageSize::Letter};
 
+/// Writes down where each text and each straight line of a page comes to stand.
+class ToldEngine : public QPaintEngine {
+public:
+    ToldEngine() : QPaintEngine(AllFeatures) {}
+
+    struct Word {
+        int page;
+        QString text;
+        QRectF place;  // from the baseline up
+    };
+    int page = 0;
+    std::vector<Word> words;
+    std::vector<QLineF> rules;
+
+    bool begin(QPaintDevice* /*device*/) override { return true; }
+    bool end() override { return true; }
+    void updateState(const QPaintEngineState& /*state*/) override {}
+    void drawPixmap(const QRectF& /*to*/, const QPixmap& /*pixmap*/, const QRectF& /*from*/) override {}
+    void drawPath(const QPainterPath& /*path*/) override {}
+    void drawPolygon(const QPointF* /*points*/, int /*count*/, PolygonDrawMode /*mode*/) override {}
+    [[nodiscard]] Type type() const override { return User; }
+    void drawLines(const QLineF* lines, int count) override {
+        rules.insert(rules.end(), lines, lines + count);
+    }
+    void drawTextItem(const QPointF& at, const QTextItem& item) override {
+        const QPointF baseline = painter()->transform().map(at);
+        words.push_back(
+            {page, item.text(), {baseline - QPointF(0, item.ascent()), QSizeF(item.width(), item.ascent())}});
+    }
+};
+
+/// Pages that are told instead of written.
+class ToldPages : public QPdfWriter {
+public:
+    ToldPages() : QPdfWriter(&nowhere_) { setPageSize(QPageSize(QPageSize::A4)); }
+
+    bool newPage() override {
+        ++told.page;
+        return true;
+    }
+    [[nodiscard]] QPaintEngine* paintEngine() const override { return &told; }
+    /// The texts of a page in the order in which they were drawn.
+    [[nodiscard]] QStringList textsOf(int page) const {
+        QStringList texts;
+        for (const ToldEngine::Word& word : told.words) {
+            if (word.page == page)
+                texts += word.text;
+        }
+        return texts;
+    }
+
+    mutable ToldEngine told;
+
+private:
+    QBuffer nowhere_;
+};
+
 }  // namespace
 
 TEST(ReportPrinter, TakesAsManyPagesAsTheTextNeeds) {
@@ -96,6 +154,69 @@ TEST(ReportPrinter, PicturesBeginOnTheLastPageOfTheText) {
     const QString game = kGameReport;
     EXPECT_EQ(Print().pagesOf(game), 1);
     EXPECT_FALSE(picturesOf(readFigures(game)).empty());
+}
+
+TEST(ReportPrinter, APageHasItsHeadItsRowsAndItsFoot) {
+    ToldPages pages;
+    const QString text = "Event Report\n\nfirst\nsecond\n";
+    ASSERT_TRUE(drawPages({"/reports/night.txt", text}, {}, pages));
+    const std::vector<ToldEngine::Word>& words = pages.told.words;
+    EXPECT_EQ(pages.textsOf(0),
+              (QStringList{"night.txt", "night.txt", "Page 1 of 1", "Event Report", "first", "second"}));
+    ASSERT_EQ(words.size(), 6U);
+    const QRectF page(0, 0, pages.width(), pages.height());
+    EXPECT_EQ(words[0].place.left(), 0);
+    EXPECT_EQ(words[1].place.left(), 0);
+    EXPECT_NEAR(words[2].place.right(), page.right(), 1);
+    for (std::size_t row = 3; row < words.size(); ++row)
+        EXPECT_EQ(words[row].place.left(), 0);
+    ASSERT_EQ(pages.told.rules.size(), 2U);
+    const double above = pages.told.rules[0].y1();
+    const double below = pages.told.rules[1].y1();
+    for (const QLineF& rule : pages.told.rules)
+        EXPECT_EQ(rule, QLineF(0, rule.y1(), page.right(), rule.y1()));
+    EXPECT_NEAR(above, page.height() - below, 0.01);
+    EXPECT_GE(words[0].place.top(), 0);
+    EXPECT_LT(words[0].place.bottom(), above);
+    EXPECT_LT(above, words[3].place.top());
+    EXPECT_LT(words[3].place.top() - above, words[3].place.height())
+        << "the text begins right below the head";
+    EXPECT_NEAR(words[4].place.top() - words[3].place.top(),
+                2 * (words[5].place.top() - words[4].place.top()), 0.01);
+    EXPECT_GT(words[1].place.top(), below);
+    EXPECT_LT(words[1].place.bottom(), page.height());
+    EXPECT_EQ(words[1].place.bottom(), words[2].place.bottom());
+}
+
+TEST(ReportPrinter, SectionsBeginOnTheirPages) {
+    for (const QString& text : {goldenReport("statistics.txt"), goldenReport("full.txt"), kGameReport}) {
+        ToldPages pages;
+        const std::vector<ReportPicture> pictures = picturesOf(readFigures(text));
+        const std::optional<Sections> sections = drawPages({"report.txt", text}, pictures, pages);
+        ASSERT_TRUE(sections);
+        EXPECT_GE(sections->size(), pictures.size());
+        for (const SectionPlace& section : *sections) {
+            const QStringList texts = pages.textsOf(section.page);
+            EXPECT_TRUE(std::ranges::any_of(
+                texts, [&](const QString& one) { return one.trimmed().startsWith(section.name); }))
+                << section.page << ": " << section.name.toStdString();
+        }
+        EXPECT_EQ(sections->back().name, pictures.back().name);
+    }
+}
+
+TEST(ReportPrinter, PicturesBeginBelowTheText) {
+    ToldPages pages;
+    const std::vector<ReportPicture> pictures = picturesOf(readFigures(kGameReport));
+    ASSERT_TRUE(drawPages({"report.txt", kGameReport}, pictures, pages));
+    const auto placeOf = [&pages](const QString& text) {
+        const auto found = std::ranges::find(pages.told.words, text, &ToldEngine::Word::text);
+        return found == pages.told.words.end() ? QRectF() : found->place;
+    };
+    const QRectF last = placeOf("All Rights Reserved");
+    const QRectF title = placeOf(pictures.front().name);
+    EXPECT_GT(title.top(), last.bottom() + last.height());
+    EXPECT_LT(title.top(), last.bottom() + 5 * last.height());
 }
 
 TEST(ReportPrinter, DrawsOnlyTheWantedPages) {

@@ -192,6 +192,18 @@ TEST(ReportFigures, TextThatIsNoReportHasNone) {
         EXPECT_TRUE(readFigures(text).isEmpty()) << text.left(40).toStdString();
 }
 
+TEST(ReportFigures, KindIsToldByTheFirstTenLines) {
+    const QString text = goldenReport("statistics.txt");
+    const qsizetype kind = text.indexOf("Statistical Report");
+    const auto readBelow = [&](int lines) {
+        QString later = text;
+        later.remove("Report Type: All Events\n");
+        return readFigures(later.insert(kind, QString(lines, '\n')));
+    };
+    EXPECT_FALSE(readBelow(8).isEmpty());
+    EXPECT_TRUE(readBelow(9).isEmpty());
+}
+
 TEST(ReportFigures, HeaderAloneHasNone) {
     const QString text = goldenReport("statistics.txt").section('\n', 0, 6);
     EXPECT_TRUE(text.endsWith("matching events."));

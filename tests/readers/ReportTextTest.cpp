@@ -56,6 +56,32 @@ TEST(ReportText, ShowsWhatCannotBeShownAsSuch) {
     EXPECT_EQ(textOf("\xEF\xB7\x90\xEF\xB7\x91"), QString(2, mark));
 }
 
+TEST(ReportText, ShowsAllElse) {
+    const QChar mark(QChar::ReplacementCharacter);
+    const auto shown = [](int number) { return textOf(QString(QChar(number)).toStdString()); };
+    for (const int number : {0x01, 0x08, 0x0B, 0x1F, 0x7F, 0x80, 0x9F, 0xFDD0, 0xFDD1})
+        EXPECT_EQ(shown(number), QString(mark)) << number;
+    for (const int number : {0x09, 0x20, 0x7E, 0xA0, 0xFDCF, 0xFDD2})
+        EXPECT_EQ(shown(number), QString(QChar(number))) << number;
+}
+
+TEST(ReportText, IsATextAsLongAsFewOfItsBytesAreStray) {
+    Files files;
+    const auto isText = [&files](char stray, int count, int size) {
+        return refusal(files.write("any.txt", QByteArray(count, stray) + QByteArray(size - count, 'x')))
+            .isEmpty();
+    };
+    for (const char usual : {'\b', '\t', '\n', '\v', '\f', '\r', '\x1B', ' ', '\x7F', '\x80', '\xFF'})
+        EXPECT_TRUE(isText(usual, 100, 100)) << static_cast<int>(usual);
+    for (const char stray : {'\0', '\a', '\x0E', '\x1A', '\x1C', '\x1F'}) {
+        EXPECT_FALSE(isText(stray, 2, 200)) << static_cast<int>(stray);
+        EXPECT_TRUE(isText(stray, 2, 201)) << static_cast<int>(stray);
+    }
+    EXPECT_TRUE(isText('\0', 1, 0x10000)) << "that is as far as anybody looks";
+    EXPECT_TRUE(
+        refusal(files.write("any.txt", QByteArray(0x10000, 'x') + QByteArray(0x10000, '\0'))).isEmpty());
+}
+
 TEST(ReportText, ContinuesEndlessLines) {
     const std::string line(2 * kLongestLine, 'x');
     const QString whole(kLongestLine, 'x');
