@@ -1,6 +1,7 @@
 #include "OldLogbooks.h"
 #include "carry/CarryOver.h"
 #include "carry/Conversion.h"
+#include "carry/JetHeader.h"
 #include "sample/Sample.h"
 #include "store/Store.h"
 #include "store/sql/FieldValue.h"
@@ -79,8 +80,12 @@ protected:
         }
     }
     void expectRefused(const std::string& why) const {
-        const std::string said = refusal();
-        EXPECT_NE(said.find(why), std::string::npos) << said;
+        EXPECT_EQ(refusal(),
+                  "The old logbook cannot be carried over:\r\n" + folder.old().string() + "\r\n" + why);
+    }
+    void expectTaken(const std::string& why) const {
+        EXPECT_EQ(taken(), "Nothing can be carried over to this place:\r\n" + folder.logbook().string() +
+                               "\r\n" + why);
     }
     auto rows(const std::string& sql) const { return test::storedRows(folder.logbook(), sql); }
 
@@ -172,6 +177,26 @@ TEST_F(AnOldLogbook, TellsEachValueThatChanges) {
                                 {std::nullopt, "3", std::nullopt, std::nullopt, std::nullopt}}));
 }
 
+TEST_F(AnOldLogbook, TellsWhatAColumnCannotHold) {
+    std::vector<JetTableText> old = oneNight();
+    for (const std::size_t column : {0U, 2U, 9U})
+        old[0].fields[column].type = JetType::Text;
+    const std::string most(40, 'x');
+    old[0].rows = {
+        rowWith(old[0], {{"fldSessionNum", "1"}, {"fldDateBowled", "soon"}, {"fldSeriesAvg", most}}),
+        rowWith(old[0], {{"fldSessionNum", "first"}, {"fldSeriesAvg", most + "x"}})};
+    write(old);
+    EXPECT_EQ(
+        carry().notes,
+        (std::vector<std::string>{
+            "tblEventInfo 1, fldDateBowled: \"soon\" is not a date; it is empty now.",
+            "tblEventInfo 1, fldSeriesAvg: \"" + most + "\" is not a number; it is empty now.",
+            "tblEventInfo without a key, fldSessionNum: \"first\" is not a number from -2147483648 to "
+            "2147483647; it is empty now.",
+            "tblEventInfo without a key, fldSeriesAvg: \"" + most + "...\" is not a number; it is empty now.",
+            "A row of tblEventInfo has no key, and stays behind."}));
+}
+
 TEST_F(AnOldLogbook, LeavesRowsBehindWhoseKeyIsNone) {
     std::vector<JetTableText> old = oneNight();
     old[1].rows.push_back(old[1].rows[0]);
@@ -198,47 +223,49 @@ TEST_F(AnOldLogbook, KeepsNotesWithinBounds) {
 
 TEST_F(AnOldLogbook, IsRefusedByName) {
     write({}, {.version = 0});
-    expectRefused("Access database of 97 or earlier (Jet 3)");
+    expectRefused(std::string(refusalOf(JetKind::Jet3)));
     write({}, {.version = 3});
-    expectRefused("2007 or later (ACE)");
+    expectRefused(std::string(refusalOf(JetKind::Access2007)));
     write({}, {.key = 5});
-    expectRefused("encrypted");
+    expectRefused(std::string(refusalOf(JetKind::Encoded)));
     write({}, {.password = u"ten"});
-    expectRefused("password");
+    expectRefused(std::string(refusalOf(JetKind::Password)));
     write({}, {.mark = "MSISAM Database"});
-    expectRefused("another program");
+    expectRefused(std::string(refusalOf(JetKind::OtherVariant)));
     test::writeBytes(folder.old(), "=1+1");
-    expectRefused("no Access database");
+    expectRefused(std::string(refusalOf(JetKind::NoDatabase)));
     test::writeBytes(folder.old(), "");
-    expectRefused("no Access database");
+    expectRefused(std::string(refusalOf(JetKind::NoDatabase)));
     test::writeBytes(folder.old(), test::jetFile(oneNight()).substr(0, 5000));
-    expectRefused("end of the file is missing");
+    expectRefused(std::string(refusalOf(JetKind::CutOff)));
 }
 
 TEST_F(AnOldLogbook, IsRefusedWithoutItsTables) {
     write({});
-    expectRefused("no table tblEventInfo");
+    expectRefused("It has no table tblEventInfo, so it is no logbook.");
     std::vector<JetTableText> old = oneNight();
     old.pop_back();
     write(old);
-    expectRefused("no table tblFrameInfo");
+    expectRefused("It has no table tblFrameInfo, so it is no logbook.");
     old = oneNight();
     old[1].fields[0].name = "fldOther";
     write(old);
-    expectRefused("tblGameInfo has no column fldGameKey");
+    expectRefused("Its table tblGameInfo has no column fldGameKey, so it is no logbook.");
     old = oneNight();
     old[2] = {.name = "tblFrameInfo", .fields = {}, .rows = {}, .type = 6, .database = "D:\\frames.mdb"};
     write(old);
-    expectRefused("lie in another database: D:\\frames.mdb");
+    expectRefused(
+        "The rows of its table tblFrameInfo lie in another database: D:\\frames.mdb\r\nPlease carry that one "
+        "over.");
 }
 
 TEST_F(AnOldLogbook, IsAFile) {
     fs::create_directory(folder.old());
-    EXPECT_THROW(carry(), OldLogbookRefused);
+    expectRefused("It is no file.");
     fs::remove(folder.old());
-    EXPECT_THROW(carry(), OldLogbookRefused);
+    expectRefused("No such file or directory.");
     ASSERT_EQ(mkfifo(folder.old().c_str(), 0600), 0);
-    EXPECT_THROW(carry(), OldLogbookRefused);
+    expectRefused("It is no file.");
     fs::remove(folder.old());
     fs::create_symlink(folder.old(), folder.old());
     EXPECT_THROW(carry(), OldLogbookRefused);
@@ -264,15 +291,18 @@ TEST_F(AnOldLogbook, TakesThePlaceOfAnEmptyLogbookAlone) {
     { const Store made(folder.logbook(), clock); }
     carry();
     const std::string full = test::readBytes(folder.logbook());
-    EXPECT_NE(taken().find("a logbook with events already"), std::string::npos);
+    expectTaken(
+        "There is a logbook with events already, which stays as it is. Please carry the old logbook over "
+        "into "
+        "another folder, write an archive there, and read that archive into this logbook.");
     EXPECT_EQ(test::readBytes(folder.logbook()), full);
     test::writeBytes(folder.logbook(), test::jetFile({}));
-    EXPECT_NE(taken().find("another old logbook"), std::string::npos);
+    expectTaken("There is another old logbook. Please carry that one over, or move it away.");
     test::writeBytes(folder.logbook(), "a text");
     EXPECT_NE(taken().find("no logbook"), std::string::npos);
     fs::remove(folder.logbook());
     fs::create_symlink(folder.old(), folder.logbook());
-    EXPECT_NE(taken().find("It is a link"), std::string::npos);
+    expectTaken("It is a link. Please put the logbook itself there, or remove the link.");
 }
 
 /// Looks at what the work says of itself, and gives it up after so many steps.
@@ -341,7 +371,10 @@ protected:
 TEST_F(AnotherReader, IsNotBelieved) {
     for (const char* script : {"exit 0", "kill -9 $$", "exec sleep 1000", "echo nonsense, and more of it",
                                "exec cat /dev/zero", R"(printf '\001\0\0\0\0\0\0\0\001')"})
-        EXPECT_NE(refusalWith(script).find("could not be read to its end"), std::string::npos) << script;
+        EXPECT_TRUE(
+            refusalWith(script).ends_with("\r\nThe file is damaged, so that it could not be read to its end. "
+                                          "Please look for another copy of it."))
+            << script;
     // That all has been read, though nothing was told.
     EXPECT_NE(refusalWith(R"(printf '\001\0\0\0\0\0\0\0\006')").find("no table"), std::string::npos);
 }

@@ -1,6 +1,10 @@
 #include "JetWriter.h"
 #include "carry/JetHeader.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook::carry {
@@ -35,10 +39,26 @@ TEST(JetHeader, TellsAFileWithoutItsEnd) {
 }
 
 TEST(JetHeader, SaysWhatCanBeDone) {
-    EXPECT_EQ(refusalOf(JetKind::Readable), "");
-    for (const JetKind kind : {JetKind::NoDatabase, JetKind::OtherVariant, JetKind::Access2007, JetKind::Jet3,
-                               JetKind::Encoded, JetKind::Password, JetKind::CutOff, JetKind::TooLarge})
-        EXPECT_TRUE(refusalOf(kind).ends_with('.'));
+    const std::vector<std::pair<JetKind, std::string>> refusals{
+        {JetKind::Readable, ""},
+        {JetKind::NoDatabase,
+         "The file is no Access database. Please choose the old logbook, whose name ends in .mdb."},
+        {JetKind::OtherVariant,
+         "The file is a database of another program (MSISAM), not an Access database."},
+        {JetKind::Access2007,
+         "The file is an Access database of 2007 or later (ACE). Please save it in Access as a database of "
+         "Access 2000 or of Access 2002-2003 (.mdb), and carry that over."},
+        {JetKind::Jet3,
+         "The file is an Access database of 97 or earlier (Jet 3). Please save it in Access as a database of "
+         "Access 2000 or of Access 2002-2003 (.mdb), and carry that over."},
+        {JetKind::Encoded, "The file is encrypted. Please decrypt it in Access, and carry that over."},
+        {JetKind::Password,
+         "The file is protected by a password. Please remove the password in Access, and carry that over."},
+        {JetKind::CutOff, "The end of the file is missing. Please look for another copy of it."},
+        {JetKind::TooLarge,
+         "The file is larger than an Access database can be. Please look for another copy of it."}};
+    for (const auto& [kind, words] : refusals)
+        EXPECT_EQ(refusalOf(kind), words);
 }
 
 /// The mask of all such files, as it has been told of them.

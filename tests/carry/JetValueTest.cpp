@@ -75,9 +75,10 @@ TEST(JetValue, IsANumberOfEachKind) {
 TEST(JetValue, IsNoneWithTooFewBytes) {
     for (const JetType type : {JetType::Byte, JetType::Integer16, JetType::Integer32, JetType::Currency,
                                JetType::Single, JetType::Double, JetType::Date, JetType::Decimal})
-        EXPECT_TRUE(std::holds_alternative<Unreadable>(cellOf(type, "", 0)));
-    EXPECT_TRUE(std::holds_alternative<Unreadable>(cellOf(JetType::Object, "x", 0)));
-    EXPECT_TRUE(std::holds_alternative<Unreadable>(cellOf(static_cast<JetType>(99), "x", 0)));
+        EXPECT_EQ(cellOf(type, "", 0), Cell(Unreadable{"a damaged value"}));
+    EXPECT_EQ(cellOf(JetType::Object, "x", 0), Cell(Unreadable{"a picture or another object"}));
+    for (const int other : {9, 15, 99})
+        EXPECT_EQ(cellOf(static_cast<JetType>(other), "x", 0), Cell(Unreadable{"bytes of no meaning here"}));
 }
 
 }  // namespace

@@ -26,6 +26,19 @@ TEST(Places, AreNamedOnlyAsTheBeginningOfAPath) {
         EXPECT_EQ(places.named(text), text);
 }
 
+TEST(Places, EndAtWhateverIsNoPartOfAName) {
+    const Places places("/home/ann/data", "/srv/play");
+    for (const char end : std::string("/\\\"',;:!?()[]{}<>|= \t\n"))
+        EXPECT_EQ(places.named(std::string("/home/ann/data") + end + "x"), std::string("<data>") + end + "x");
+    for (const char before : std::string("\"',;:!?()[]{}<>|= \t\n"))
+        EXPECT_EQ(places.named(std::string("x") + before + "/srv/play"), std::string("x") + before + "<cwd>");
+    for (const char letter : std::string("_-+*#~@$%&^`9Z"))
+        EXPECT_EQ(places.named(std::string("/srv/play") + letter), std::string("/srv/play") + letter);
+    EXPECT_EQ(places.meant("<data>/x"), "/home/ann/data/x");
+    EXPECT_EQ(places.meant("<cwd>"), "/srv/play");
+    EXPECT_EQ(places.meant("x<data>"), "x<data>");
+}
+
 TEST(Places, TheLongerPathGoesFirst) {
     const Places inside("/srv/play/data", "/srv/play");
     EXPECT_EQ(inside.named("/srv/play/data/x, /srv/play/x"), "<data>/x, <cwd>/x");

@@ -104,6 +104,12 @@ TEST_P(PlayerTest, AControlThatIsNoneStopsThePlay) {
     expectStopped("focus lblSeen", "line 2: lblSeen cannot take the focus", "> focus lblSeen\n");
 }
 
+TEST_P(PlayerTest, EveryFieldHasAValue) {
+    for (const std::string put :
+         {"put tblEventInfo fldEventName", "change tblEventInfo 1 fldEventName \"a\" fldEventName"})
+        expectStopped(put, "line 2: the field fldEventName has no value", "> " + put + "\n");
+}
+
 TEST_P(PlayerTest, ShowsWhatAControlHas) {
     expectPlayed(
         "show txtFirst opt(0) chkPlain lblSeen cmdOff cmdInside cmdHidden mnuOff fraOff frmOne.txtShort\n",
@@ -499,6 +505,9 @@ TEST_P(PlayerTest, InputBoxesAreReplied) {
                      "txtFirst text=\"\" enabled=yes visible=yes focus=no\n");
     expectStopped("click cmdInput\nanswer Yes\n", "line 3: box \"Name\" has no button \"Yes\"", box);
     expectStopped("click cmdInput\nchoose cancel\n", "line 3: unanswered box \"Name\"", box);
+    for (const std::string end : {"\\n", "\\r"})
+        expectStopped("click cmdInput\nreply \"a" + end + "b\"\n", "line 3: an input box takes one line only",
+                      box);
 }
 
 TEST_P(PlayerTest, DialogsAreGivenAFile) {

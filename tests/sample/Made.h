@@ -5,6 +5,7 @@
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -44,6 +45,24 @@ inline std::vector<Row> contentOf(const std::filesystem::path& logbook) {
         content.insert(content.end(), rows.begin(), rows.end());
     }
     return content;
+}
+
+/// A number that stands for a text (FNV-1a).
+inline std::uint64_t digest(const std::string& text) {
+    std::uint64_t hash = 14695981039346656037U;
+    for (const char byte : text)
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 1099511628211U;
+    return hash;
+}
+
+/// A number that stands for rows.
+inline std::uint64_t digest(const std::vector<Row>& rows) {
+    std::string text;
+    for (const Row& row : rows) {
+        for (const std::string& value : row)
+            text += value + "|";
+    }
+    return digest(text);
 }
 
 /// A logbook made up in a folder of its own.

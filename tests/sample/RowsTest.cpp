@@ -26,6 +26,11 @@ TEST(Rows, AreAsManyAsWereAskedFor) {
     }
 }
 
+/// What is rare too: words, names, lanes and dates of a long career, which were looked at once.
+TEST(Rows, AreThoseOfALongCareer) {
+    EXPECT_EQ(digest(rowSample().everything()), 14198329716807227548U);
+}
+
 TEST(Rows, ComeToThreeGamesAnEventAndTenFramesAGame) {
     EXPECT_NEAR(rowSample().number("SELECT count(*) FROM tblGameInfo"), 3 * 1500, 150);
     EXPECT_NEAR(rowSample().number("SELECT count(*) FROM tblFrameInfo"), 30 * 1500, 3000);
