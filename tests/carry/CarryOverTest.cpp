@@ -60,14 +60,16 @@ protected:
     /// Why it is refused; nothing is there afterwards that was not there before.
     std::string refusal() const {
         const std::ptrdiff_t before = folder.count();
-        const std::string old = test::readBytes(folder.old());
+        const auto bytes = [this] {
+            return fs::is_regular_file(folder.old()) ? test::readBytes(folder.old()) : std::string();
+        };
+        const std::string old = bytes();
         try {
             carry();
             return "";
         } catch (const OldLogbookRefused& refused) {
             EXPECT_EQ(folder.count(), before);
-            EXPECT_EQ(test::readBytes(folder.old()), old);
-            EXPECT_NE(std::string(refused.what()).find(folder.old().string()), std::string::npos);
+            EXPECT_EQ(bytes(), old);
             return refused.what();
         }
     }

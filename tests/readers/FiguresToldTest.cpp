@@ -18,7 +18,7 @@ namespace tallybrook::test {
 namespace {
 
 QString told(const std::optional<DatedScore>& score) {
-    return score ? QString("%1 on \"%2\"").arg(score->score).arg(score->date) : "none";
+    return score ? QString(R"(%1 on "%2")").arg(score->score).arg(score->date) : "none";
 }
 
 QString told(const std::optional<int>& number) {
@@ -32,7 +32,7 @@ QString told(const SheetMarks& marks) {
 void tellGames(const std::vector<GameFigures>& games, QStringList& lines) {
     for (const GameFigures& game : games)
         lines +=
-            QString("game \"%1\": \"%2\", frames %3, leaves %4")
+            QString(R"(game "%1": "%2", frames %3, leaves %4)")
                 .arg(game.number, game.score, game.frames ? told(*game.frames) : "none", told(game.leaves));
 }
 
@@ -72,7 +72,7 @@ QStringList told(const ReportFigures& figures) {
     for (const LeaveFigures& leave : figures.leaves)
         lines += QString("leave \"%1\": %2 of %3").arg(leave.pins).arg(leave.made).arg(leave.attempts);
     for (const BowledEvent& event : figures.events.bowled)
-        lines += QString("event \"%1\", \"%2\", %3: %4 games, %5 pins, %6")
+        lines += QString(R"(event "%1", "%2", %3: %4 games, %5 pins, %6)")
                      .arg(QString::fromStdString(event.name), QString::fromStdString(event.type),
                           dayText(event.date))
                      .arg(event.games)
