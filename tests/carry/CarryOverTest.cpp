@@ -295,8 +295,7 @@ TEST_F(AnOldLogbook, TakesThePlaceOfAnEmptyLogbookAlone) {
     const std::string full = test::readBytes(folder.logbook());
     expectTaken(
         "There is a logbook with events already, which stays as it is. Please carry the old logbook over "
-        "into "
-        "another folder, write an archive there, and read that archive into this logbook.");
+        "into another folder, write an archive there, and read that archive into this logbook.");
     EXPECT_EQ(test::readBytes(folder.logbook()), full);
     test::writeBytes(folder.logbook(), test::jetFile({}));
     expectTaken("There is another old logbook. Please carry that one over, or move it away.");

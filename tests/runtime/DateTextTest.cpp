@@ -1,6 +1,10 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/TextForms.h"
 
+#include <string>
+#include <vector>
+
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
@@ -39,6 +43,32 @@ TEST(DateText, IsReadInManyForms) {
     EXPECT_EQ(readDate("11/14/2026 21:55", 2026), at(day, 21, 55, 0));
     EXPECT_EQ(readDate("Nov 14, 2026 12:05 am", 2026), at(day, 0, 5, 0));
     EXPECT_EQ(readDate("2026-11-14 12:05 pm", 2026), at(day, 12, 5, 0));
+}
+
+TEST(DateText, KnowsEachMonthByItsNameAndItsFirstLetters) {
+    const std::vector<std::string> months{"January",   "February", "March",    "April",
+                                          "May",       "June",     "July",     "August",
+                                          "September", "October",  "November", "December"};
+    for (unsigned month = 1; month <= 12; ++month) {
+        const std::string& name = months[month - 1];
+        const DateTime day = makeDate(2026, month, 3);
+        EXPECT_EQ(readDate(name + " 3, 2026", 2000), day);
+        EXPECT_EQ(readDate("3 " + name.substr(0, 3), 2026), day);
+        EXPECT_EQ(readDate(fmt::format("{}/3/2026", month), 2000), day);
+    }
+}
+
+TEST(DateText, KnowsEachHour) {
+    const DateTime day = makeDate(2026, 11, 14);
+    for (int hour = 0; hour < 24; ++hour) {
+        const DateTime when = at(day, hour, 59, 59);
+        EXPECT_EQ(readDate(fmt::format("11/14/2026 {}:59:59", hour), 2026), when);
+        EXPECT_EQ(readDate(dateText(when), 2026), when);
+        EXPECT_EQ(timeOfDay(when),
+                  fmt::format("{}:59 {}", hour % 12 == 0 ? 12 : hour % 12, hour < 12 ? "AM" : "PM"));
+    }
+    for (const char* none : {"24:00", "0:60", "0:00:60", "0:30 AM", "13:00 AM", "1:00 XM"})
+        EXPECT_THROW(readDate(std::string("11/14/2026 ") + none, 2026), RunTimeError) << none;
 }
 
 TEST(DateText, RefusesEverythingElse) {
