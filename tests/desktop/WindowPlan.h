@@ -28,7 +28,7 @@ public:
     }
 
 private:
-    void line(int depth, const QString& words) { text_ += QString(2 * depth, ' ') + words + "\n"; }
+    void line(int depth, const QString& words) { text_ += QString(2 * qsizetype{depth}, ' ') + words + "\n"; }
 
     /// The properties that hold a text or another number than 0, and those that are true.
     static QString remarks(const QObject& part, std::initializer_list<const char*> properties) {
