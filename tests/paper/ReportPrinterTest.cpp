@@ -1,4 +1,5 @@
 #include "Media.h"
+#include "paper/PicturePages.h"
 #include "paper/ReportPrinter.h"
 #include "pictures/Pictures.h"
 #include "readers/FileFailure.h"
@@ -7,6 +8,7 @@
 #include "readers/ReportHead.h"
 
 #include <QBuffer>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPageRanges>
 #include <QPaintEngine>
@@ -203,6 +205,23 @@ TEST(ReportPrinter, SectionsBeginOnTheirPages) {
         }
         EXPECT_EQ(sections->back().name, pictures.back().name);
     }
+}
+
+TEST(ReportPrinter, PicturesAreDrawnALittleSmallerWhereThatSavesAPage) {
+    const std::vector<ReportPicture> pictures = picturesOf(readFigures(goldenReport("statistics.txt")));
+    std::vector<double> widths;
+    for (double part = 0.5; part < 1.5; part += 0.05) {
+        ToldPages paper;
+        const QSizeF room(paper.width(), part * paper.height());
+        const PicturePages pages(pictures, QGuiApplication::font(), paper, {room, 0});
+        QPainter painter(&paper);
+        pages.draw(painter, 0);
+        widths.push_back(paper.told.words.front().place.width());
+    }
+    const double usual = std::ranges::max(widths);
+    EXPECT_GT(std::ranges::count(widths, usual), 5);
+    EXPECT_LT(std::ranges::min(widths), 0.98 * usual);
+    EXPECT_GT(std::ranges::min(widths), 0.8 * usual);
 }
 
 TEST(ReportPrinter, PicturesBeginBelowTheText) {
