@@ -1,12 +1,15 @@
 #include "desktop/DesktopDisplay.h"
 #include "manual/HelpBrowser.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QImage>
 #include <QLineEdit>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
+#include <QToolBar>
 
 #include <gtest/gtest.h>
 
@@ -68,6 +71,60 @@ TEST_F(HelpTest, EveryTopicHasItsPage) {
         EXPECT_EQ(shown()->source().fileName().toStdString(), name);
         EXPECT_GT(shown()->toPlainText().size(), 100) << name;
     }
+}
+
+/// What the bar offers, with the keys and what is told of them.
+TEST_F(HelpTest, BarSaysWhatItDoes) {
+    QStringList told;
+    for (QAction* const one : help.findChild<QToolBar*>()->actions()) {
+        if (!one->text().isEmpty())
+            told += one->text() + ", " + one->shortcut().toString(QKeySequence::PortableText) + ": " +
+                    one->toolTip();
+    }
+    EXPECT_EQ(told.join('\n').toStdString(),
+              "Contents, Alt+Home: Contents (Alt+Home)\nBack, Alt+Left: Back (Alt+Left)\n"
+              "Forward, Alt+Right: Forward (Alt+Right)");
+    for (QAction* const one : {action("Contents"), action("Back"), action("Forward")})
+        EXPECT_EQ(help.findChild<QToolBar*>()->widgetForAction(one)->focusPolicy(), Qt::TabFocus);
+    EXPECT_EQ(sought().placeholderText(), "Find in the help");
+    EXPECT_EQ(sought().accessibleName(), "Find in the help");
+    EXPECT_EQ(sought().toolTip(),
+              "Words to find on any page, then Return (Ctrl+F). F3 leads from place to place.");
+    EXPECT_TRUE(sought().isClearButtonEnabled());
+    EXPECT_EQ(sought().maximumWidth(), 32 * help.fontMetrics().averageCharWidth());
+    EXPECT_EQ(pages().accessibleName(), "Help page");
+    EXPECT_EQ(help.windowTitle(), "Tallybrook Help");
+    EXPECT_EQ(help.findChild<QToolBar*>()->windowTitle(), "Help");
+    EXPECT_FALSE(help.findChild<QToolBar*>()->isMovable());
+    EXPECT_EQ(help.findChild<QToolBar*>()->contextMenuPolicy(), Qt::PreventContextMenu);
+    const int line = help.fontMetrics().height();
+    EXPECT_EQ(help.size(), QSize(52 * line, 46 * line).boundedTo(help.screen()->availableSize()));
+}
+
+/// Keys and heads of tables stand on a ground that is a little darker than the page, or brighter.
+TEST_F(HelpTest, PagesFollowTheColours) {
+    QPalette colours = pages().palette();
+    colours.setColor(QPalette::Base, Qt::black);
+    colours.setColor(QPalette::Text, Qt::white);
+    pages().setPalette(colours);
+    EXPECT_EQ(
+        pages().document()->defaultStyleSheet().toStdString(),
+        "h1 { font-size: x-large; } h2 { font-size: large; margin-top: 18px; } "
+        "p, li, td, th { line-height: 120%; } p.picture { line-height: 100%; } li { margin-bottom: 3px; } "
+        "kbd { background-color: #141414; } th { background-color: #141414; text-align: left; } "
+        "table { margin-top: 6px; border-collapse: collapse; border-style: solid; border-color: #595959; }");
+    EXPECT_EQ(pages().document()->documentMargin(), 18);
+}
+
+TEST_F(HelpTest, BackAndForwardAreOnWhereTheyLead) {
+    help.open("index");
+    help.open("232");
+    const auto areOn = [this] {
+        return std::pair(action("Back")->isEnabled(), action("Forward")->isEnabled());
+    };
+    EXPECT_EQ(areOn(), std::pair(true, false));
+    action("Back")->trigger();
+    EXPECT_EQ(areOn(), std::pair(false, true));
 }
 
 TEST_F(HelpTest, LinkToTheDataFolderOpensIt) {
@@ -219,6 +276,11 @@ TEST_F(HelpTest, AnEmptyBoxMarksNothing) {
     EXPECT_FALSE(pages().extraSelections().isEmpty());
     sought().clear();
     EXPECT_TRUE(pages().extraSelections().isEmpty());
+    search("pin");
+    sought().setText("pi");
+    action("Back")->trigger();
+    EXPECT_FALSE(pages().extraSelections().isEmpty()) << "other letters seek nothing yet";
+    sought().clear();
     const int before = pages().textCursor().position();
     press(Qt::Key_F3);
     EXPECT_EQ(pages().textCursor().position(), before);
