@@ -49,13 +49,27 @@ std::vector<WrittenEvent> manyLeagues() {
     return events;
 }
 
-std::vector<ReportPicture> seasons() {
+SeasonsSideBySide seasonsSideBySide() {
     const auto of = [](const QString& name, const QString& report) {
         return ComparedReport{name, withFewLeaves(report)};
     };
     return SeasonsSideBySide({of("later.txt", goldenReport("league.txt")), of("empty.txt", reportOf({})),
-                              of("earlier.txt", reportOf(weeklyEvents(40)))})
-        .pictures();
+                              of("earlier.txt", reportOf(weeklyEvents(40)))});
+}
+
+std::vector<ReportPicture> seasons() {
+    return seasonsSideBySide().pictures();
+}
+
+/// So many events, some of them alike, that marks and lines lie on each other.
+std::vector<ReportPicture> crowd() {
+    std::vector<WrittenEvent> events = weeklyEvents(520);
+    for (std::size_t event = 0; event < events.size(); ++event)
+        events[event].day = events.front().day + std::chrono::days(event / 2);
+    events[301] = events[300];
+    ReportPicture picture = namedPicture(reportOf(events), "Averages over time");
+    picture.table = [](const PictureView&) { return PictureTable(); };  // which would be long
+    return {picture};
 }
 
 /// Three games with their frames, two of which have the same score.
@@ -93,6 +107,7 @@ const std::vector<Drawn> kDrawn{
     {"event", [] { return picturesOf(readFigures(goldenReport("full.txt"))); }},
     {"leagues", [] { return std::vector{namedPicture(reportOf(manyLeagues()), "Averages over time")}; }},
     {"seasons", seasons},
+    {"crowd", crowd},
 };
 
 /// A picture as it is seen, with the places that can be pointed at.
@@ -142,6 +157,10 @@ TEST_P(DrawnPictures, AreAsTheyWereWanted) {
     for (const ReportPicture& picture : GetParam().pictures())
         all += told(picture);
     EXPECT_TRUE(isAsWrittenDown(all, std::string("pictures/drawn/") + GetParam().name + ".txt"));
+}
+
+TEST(DrawnSeasons, TextIsAsItWasWanted) {
+    EXPECT_TRUE(isAsWrittenDown(seasonsSideBySide().text().toStdString(), "pictures/drawn/seasons-text.txt"));
 }
 
 }  // namespace tallybrook::test

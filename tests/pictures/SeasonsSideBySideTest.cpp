@@ -1,5 +1,6 @@
 #include "pictures/SeasonsSideBySide.h"
 #include "readers/Events.h"
+#include "readers/FileFailure.h"
 
 #include <algorithm>
 #include <map>
@@ -27,6 +28,23 @@ TEST_F(SeasonsSideBySideTest, ChanceIsToldInPlainWords) {
     EXPECT_EQ(chanceTold(share({15, 38}, {24, 40})), "24 of 40 against 15 of 38: more than chance would do");
     EXPECT_EQ(chanceTold(share({15, 38}, {18, 40})), "18 of 40 against 15 of 38: may well be chance");
     EXPECT_EQ(chanceTold(share({1, 2}, {18, 40})), "18 of 40 against 1 of 2: too few to tell");
+}
+
+TEST_F(SeasonsSideBySideTest, OnlyStatisticalReportsAreCompared) {
+    const QString game = files.write("game.txt", kGameReport.toUtf8());
+    EXPECT_TRUE(areStatistical({earlier, later}));
+    EXPECT_FALSE(areStatistical({earlier, game}));
+    EXPECT_FALSE(areStatistical({earlier, files.path("none.txt")}));
+    try {
+        readSeasons({earlier, game});
+        ADD_FAILURE() << "a game is no season";
+    } catch (const FileFailure& failure) {
+        EXPECT_EQ(failure.reason(), "game.txt is no statistical report, and only these can be compared.");
+    }
+    ReportFigures figures = readFigures(kGameReport);
+    EXPECT_FALSE(isStatistical(figures));
+    figures.scores = ScoreFigures();
+    EXPECT_TRUE(isStatistical(figures));
 }
 
 TEST_F(SeasonsSideBySideTest, ReportsAreComparedInTheOrderOfTheirEvents) {
