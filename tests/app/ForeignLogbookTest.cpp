@@ -174,14 +174,19 @@ protected:
         fs::permissions(logbook, fs::perms::all);
     }
     /// Starts as somebody for whom a file has these permissions: it is named, and nothing changes.
-    void expectNamed(const fs::path& closed, fs::perms permissions, const fs::path& named) {
+    void expectNamed(const fs::path& closed, fs::perms permissions, const std::string& words) {
         const auto before = filesOf(data);
         fs::permissions(closed, permissions);
         const std::string text = asAnybody([this] { return refusal(data); });
         fs::permissions(closed, fs::perms::all);
-        EXPECT_NE(text.find(named.string() + "\r\n"), std::string::npos) << text;
+        EXPECT_NE(text.find(words), std::string::npos) << text;
         EXPECT_NE(text.find("Please "), std::string::npos) << text;
         EXPECT_EQ(filesOf(data), before);
+    }
+
+    [[nodiscard]] std::string lockRefused() const {
+        return "The folder of the logbook cannot be used, since this file cannot be opened:\r\n" +
+               (data / kLock).string() + "\r\nPlease check the permissions of the folder and of the file.";
     }
 
     static constexpr fs::perms kRead = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
@@ -194,19 +199,19 @@ protected:
 };
 
 TEST_F(KeptAway, IsSomebodyWhoMayNotWriteTheLogbook) {
-    expectNamed(logbook, kRead, logbook);
+    expectNamed(logbook, kRead, logbook.string() + "\r\n");
 }
 
 TEST_F(KeptAway, IsSomebodyWhoMayNotReadTheLogbook) {
-    expectNamed(logbook, fs::perms::none, logbook);
+    expectNamed(logbook, fs::perms::none, logbook.string() + "\r\n");
 }
 
 TEST_F(KeptAway, IsSomebodyWhoMayNotWriteTheDataFolder) {
-    expectNamed(data, kRead | kEnter, data / kLock);
+    expectNamed(data, kRead | kEnter, lockRefused());
 }
 
 TEST_F(KeptAway, IsSomebodyWhoMayNotEnterTheDataFolder) {
-    expectNamed(data, fs::perms::none, data / kLock);
+    expectNamed(data, fs::perms::none, lockRefused());
 }
 
 TEST_F(KeptAway, IsSomebodyWhoMayNotMakeTheDataFolder) {
@@ -214,8 +219,12 @@ TEST_F(KeptAway, IsSomebodyWhoMayNotMakeTheDataFolder) {
     fs::create_directory(place);
     fs::permissions(place, kRead | kEnter);
     const std::string text = asAnybody([&] { return refusal(place / "Tallybrook"); });
-    EXPECT_NE(text.find((place / "Tallybrook").string() + "\r\n"), std::string::npos) << text;
-    EXPECT_NE(text.find("Please "), std::string::npos) << text;
+    EXPECT_NE(
+        text.find("The folder of the logbook cannot be made:\r\n" + (place / "Tallybrook").string() +
+                  "\r\nPermission denied\r\nPlease see that nothing else is in its place, and that you may "
+                  "write where it belongs."),
+        std::string::npos)
+        << text;
     EXPECT_TRUE(fs::is_empty(place));
 }
 

@@ -58,8 +58,13 @@ TEST_F(UpgradeTest, DoesNotTouchALogbookThatCannotBeBackedUp) {
     std::ofstream(data.path() / "Backups") << "a file in the way";
     const std::string before = test::bytesOf(logbook);
     const std::string text = refusal();
-    EXPECT_NE(text.find("It could not be backed up"), std::string::npos) << text;
-    EXPECT_NE(text.find("File exists"), std::string::npos) << text;
+    EXPECT_NE(
+        text.find(
+            "It could not be backed up.\r\nFolder of the backups: " + (data.path() / "Backups").string() +
+            "\r\nFile exists\r\nPlease see that there is room on the disk, and that the folder can be "
+            "written."),
+        std::string::npos)
+        << text;
     EXPECT_EQ(test::bytesOf(logbook), before);
 }
 
