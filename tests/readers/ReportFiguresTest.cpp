@@ -175,6 +175,15 @@ TEST(ReportFigures, GameReport) {
     EXPECT_EQ(joined(*figures.games[0].frames), "81 0/ 8/ 90 9/ 80 09 90 X X8/");
 }
 
+TEST(ReportFigures, MarksMayBeAllThatStandsBelowTheirHeading) {
+    const QString marks = "81\t0/\t8/\t90\t9/\t80\t09\t90\tX\tX8/\t";
+    const QString text = kGameReport.section("1\t2\t3", 0, 0) + marks;
+    EXPECT_TRUE(text.endsWith("\nLine Score:\n" + marks));
+    ASSERT_EQ(readFigures(text).games.size(), 1U);
+    EXPECT_EQ(joined(readFigures(text).games[0].frames.value_or(SheetMarks())),
+              "81 0/ 8/ 90 9/ 80 09 90 X X8/");
+}
+
 TEST(ReportFigures, GameReportWithoutMarksHasNoFrames) {
     QString text = kGameReport;
     text.replace("81\t0/\t8/\t90\t9/\t80\t09\t90\tX\tX8/\t", QString(10, '\t'));
