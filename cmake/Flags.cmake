@@ -24,6 +24,7 @@ endif()
 if(TALLYBROOK_SANITIZE)
     target_compile_options(tallybrook_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_definitions(tallybrook_flags INTERFACE TALLYBROOK_SANITIZED)
     target_link_options(tallybrook_flags INTERFACE -fsanitize=address,undefined)
 else()
     # What is shipped is hardened as Debian's own programs are.

@@ -13,7 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(TALLYBROOK_SANITIZED)
 #define TALLYBROOK_TAKES_ALL_ADDRESSES true
 #else
 #define TALLYBROOK_TAKES_ALL_ADDRESSES false

@@ -1,13 +1,10 @@
 #include "paper/PdfOutline.h"
 
+#include "paper/Qpdf.h"
+
 #include <algorithm>
 #include <exception>
 #include <memory>
-
-#include <qpdf/Buffer.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFWriter.hh>
 
 namespace tallybrook {
 

@@ -1,4 +1,5 @@
 #include "paper/PdfOutline.h"
+#include "paper/Qpdf.h"
 #include "paper/ReportPrinter.h"
 #include "pictures/Pictures.h"
 #include "readers/Files.h"
@@ -8,8 +9,6 @@
 #include <utility>
 
 #include <gtest/gtest.h>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFOutlineDocumentHelper.hh>
 
 namespace tallybrook::test {
 
