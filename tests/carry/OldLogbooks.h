@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -66,7 +67,7 @@ inline void writeBytes(const std::filesystem::path& file, const std::string& byt
 
 inline std::string readBytes(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 /// The rows of a query as texts, a Null as nothing.

@@ -8,7 +8,7 @@
 #include <QScreen>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 
 namespace tallybrook::test {
@@ -19,7 +19,7 @@ namespace {
 
 std::string textOf(const fs::path& file) {
     std::ifstream stream(file);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 /// A text before and behind its first "|".

@@ -11,7 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 using namespace tallybrook;
@@ -21,7 +21,7 @@ namespace {
 
 std::string contentsOf(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 bool isRead(Program& program) {

@@ -15,7 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -46,7 +46,7 @@ Files filesIn(std::string_view bytes) {
 
 std::string read(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 fs::path cdb(const fs::path& folder, std::size_t at) {

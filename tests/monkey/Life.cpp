@@ -19,7 +19,6 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
 #include <sstream>
 
@@ -107,7 +106,7 @@ private:
 
 std::string bytesIn(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 /// Plays to the end, and gives what was wrong.

@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -36,7 +35,7 @@ std::vector<fs::path> filesWith(const std::string& extension) {
 
 std::string contentsOf(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    return (std::ostringstream() << in.rdbuf()).str();
 }
 
 /// What a script says about its exit status, in a line "# status 3"; 0 where it says nothing.

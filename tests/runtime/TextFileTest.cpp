@@ -7,6 +7,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <sstream>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -23,7 +24,7 @@ protected:
     void put(const std::string& bytes) const { std::ofstream(file, std::ios::binary) << bytes; }
     std::string bytes() const {
         std::ifstream stream(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
+        return (std::ostringstream() << stream.rdbuf()).str();
     }
     std::vector<std::string> lines() const {
         std::vector<std::string> read;

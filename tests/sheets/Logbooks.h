@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -61,7 +61,7 @@ private:
 
 inline std::string bytesIn(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 }  // namespace tallybrook::test

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <sstream>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -22,7 +23,7 @@ class Logbook : public testing::Test {
 protected:
     std::string contents() const {
         std::ifstream stream(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
+        return (std::ostringstream() << stream.rdbuf()).str();
     }
     void write(const std::string& bytes) const { std::ofstream(file, std::ios::binary) << bytes; }
     std::string refusal() const {

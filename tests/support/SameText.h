@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +16,7 @@ namespace tallybrook::test {
 inline std::string bytesOf(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
     EXPECT_TRUE(stream) << file << " cannot be read";
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 /// The lines as the program writes them.
