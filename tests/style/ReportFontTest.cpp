@@ -1,6 +1,7 @@
 #include "style/ReportFont.h"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 
