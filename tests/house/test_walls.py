@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The build itself must refuse what src/rooms.txt does not allow: a source of every room goes through the preprocessor
-once more, as this build compiles it, with an include planted in it. TALLYBROOK_BUILD names the build folder."""
+"""The build itself must refuse what src/rooms.txt does not allow: lines with a planted include go through the
+preprocessor as this build compiles a source of the room. TALLYBROOK_BUILD names the build folder."""
 
 import json
 import os
@@ -18,10 +18,9 @@ ROOMS = read_rooms((SOURCES / "rooms.txt").read_text(encoding="utf-8"))
 COMMANDS = json.loads(Path(os.environ["TALLYBROOK_BUILD"], "compile_commands.json").read_text(encoding="utf-8"))
 
 
-def smallest_source(room):
-    """The command of the build that compiles the smallest source of a room, or all of them as one."""
-    own = [entry for entry in COMMANDS if f" -o src/CMakeFiles/{room}.dir/" in entry["command"]]
-    return min(own, key=lambda entry: Path(entry["file"]).stat().st_size)
+def command_of(room):
+    """How the build compiles a source of a room, or all of them as one."""
+    return next(entry for entry in COMMANDS if f" -o src/CMakeFiles/{room}.dir/" in entry["command"])
 
 
 def a_header(room):
@@ -30,13 +29,14 @@ def a_header(room):
 
 
 def errors_of(room, planted):
-    """The errors of the preprocessor on the smallest source of a room with these lines before its own."""
-    entry = smallest_source(room)
-    source = Path(entry["file"])
+    """The errors of the preprocessor on these lines, if they were a source of the room."""
+    entry = command_of(room)
     with tempfile.TemporaryDirectory() as folder:
-        copy = Path(folder, source.name)
-        copy.write_text(planted + source.read_text(encoding="utf-8"), encoding="utf-8")
-        arguments = [str(copy) if argument == entry["file"] else argument for argument in shlex.split(entry["command"])]
+        source = Path(folder, Path(entry["file"]).name)
+        source.write_text(planted, encoding="utf-8")
+        arguments = [
+            str(source) if argument == entry["file"] else argument for argument in shlex.split(entry["command"])
+        ]
         arguments[arguments.index("-o") + 1] = os.devnull
         done = subprocess.run(
             [*arguments, "-E"], cwd=entry["directory"], env=os.environ | {"LC_ALL": "C"}, capture_output=True, text=True
