@@ -191,7 +191,7 @@ def leave_of(frame, game):
 
 def frames_of(logbook, game):
     frames = [frame for frame in logbook.tables["tblFrameInfo"]
-              if all(frame[name] == game[name] for name in ("fldSessionNum", "fldGameNum"))]
+              if frame["fldSessionNum"] == game["fldSessionNum"] and frame["fldGameNum"] == game["fldGameNum"]]
     return sorted(frames, key=lambda frame: frame["fldFrameNum"])
 
 

@@ -45,6 +45,7 @@ TOKEN = re.compile(r"""\s*(?:
   | (?P<sign>>=|<=|[=<>*.,])
   | (?P<end>$)
   )""", re.VERBOSE | re.ASCII)
+TYPES = {"number": (int, float), "text": str, "date": datetime}  # of the values of a kind
 COMPARISONS = {"=": operator.eq, ">=": operator.ge, "<=": operator.le, ">": operator.gt, "<": operator.lt}
 
 
@@ -184,28 +185,35 @@ class Statement:
         return columns
 
     def rows(self, tables):
-        found = [row for row in tables[self.table] if self._is_hit(row)]
+        found = tables[self.table]
+        if self.any_of:
+            hits = {id(row) for group in self.any_of for row in self._hits(found, group)}
+            found = [row for row in found if id(row) in hits]
         for column in reversed(self.order):
-            found.sort(key=lambda row: sort_key(row[column], TABLES[self.table][column]))
-        return found
+            found = sorted(found, key=lambda row: sort_key(row[column], TABLES[self.table][column]))
+        return list(found)
 
-    def _is_hit(self, row):
-        return not self.any_of or any(all(self._holds(row, one) for one in group) for group in self.any_of)
+    def _hits(self, rows, group):
+        """The rows that meet each criterion of a group."""
+        for criterion in group:
+            holds = self._condition(*criterion)
+            rows = [row for row in rows if holds(row)]
+        return rows
 
-    def _holds(self, row, criterion):
-        column, sign, wanted = criterion
-        value, kind = row[column], TABLES[self.table][column]
-        if not is_of_kind(value, kind):
-            return False
+    def _condition(self, column, sign, wanted):
+        """What a criterion asks of a row."""
+        kind = TABLES[self.table][column]
+        types = TYPES[kind]
         if sign == "LIKE":
-            return like(value, wanted)
+            return lambda row: isinstance(row[column], types) and like(row[column], wanted)
+        compare = COMPARISONS[sign]
         if kind == "text":
-            value, wanted = fold(value), fold(wanted)
-        return COMPARISONS[sign](value, wanted)
+            return lambda row: isinstance(row[column], types) and compare(fold(row[column]), fold(wanted))
+        return lambda row: isinstance(row[column], types) and compare(row[column], wanted)
 
 
 def is_of_kind(value, kind):
-    return isinstance(value, {"number": (int, float), "text": str, "date": datetime}[kind])
+    return isinstance(value, TYPES[kind])
 
 
 def sort_key(value, kind):
