@@ -79,11 +79,6 @@ protected:
         _exit(display.uncaught ? 1 : 0);
     }
 
-    static bool changesFiles(const FileCall& call) {
-        using Kind = FileCall::Kind;
-        return call.kind != Kind::Open && call.kind != Kind::Read && call.kind != Kind::Close;
-    }
-
     static fs::path handheldFolder(const fs::path& data, const std::string& type) {
         return type == "Palm" ? data / "Hand" : data / "TBRK";
     }

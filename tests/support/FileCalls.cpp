@@ -86,7 +86,7 @@ ssize_t writeTo(int file, std::size_t size, WriteSome writeSome) {
 }
 
 Kind openingKind(int flags) {
-    return (flags & O_CREAT) != 0 ? Kind::Make : Kind::Open;
+    return (flags & (O_CREAT | O_TRUNC)) != 0 ? Kind::Make : Kind::Open;
 }
 
 /// Streams write by calls inside the C library, which nobody outside can see; these are let out.
@@ -109,6 +109,11 @@ int closeCookie(void* cookie) {
 }
 
 }  // namespace
+
+bool changesFiles(const FileCall& call) {
+    return call.kind == Kind::Make || call.kind == Kind::Write || call.kind == Kind::Rename ||
+           call.kind == Kind::Remove || call.kind == Kind::Change;
+}
 
 FileCalls::FileCalls(std::function<int(const FileCall&)> before) {
     const std::scoped_lock lock(mutex);

@@ -12,6 +12,10 @@ struct FileCall {
     std::string path;
 };
 
+/// Whether files are others after the call. Who dies before one that changes nothing leaves what the next one
+/// finds.
+bool changesFiles(const FileCall& call);
+
 /// While it lives every such call of this process, be it the program's, a library's or the engine's, is shown
 /// to `before`, which returns the error (errno) that the call is to fail with, or 0. Of a write that fails
 /// for want of room half reaches the file. The disk itself is spared: nothing is brought to it. There can be
