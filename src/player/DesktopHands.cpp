@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QPointer>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTest>
 #include <algorithm>
@@ -84,6 +85,10 @@ void touch(QWidget& widget) {
 
 void clickItem(QAbstractItemView& items, const QModelIndex& item) {
     items.scrollTo(item);
+    if (const int left = items.visualRect(item).left(); left >= items.viewport()->width()) {
+        QScrollBar& sideways = *items.horizontalScrollBar();
+        sideways.setValue(sideways.value() + left);
+    }
     const QRect seen = items.visualRect(item).intersected(items.viewport()->rect());
     const QPoint place(seen.left() + std::min(seen.width() / 2, 8), seen.center().y());
     const QPointer<QWidget> surface(items.viewport());

@@ -356,6 +356,16 @@ TEST_P(FolderScripts, PickAnyFolderByItsPath) {
                      seen(at("b")) + "> pick dirFolder #0\n" + seen("/"));
 }
 
+TEST_P(FolderScripts, PickAFolderFarToTheRight) {
+    const std::string deep = at("b/1/2/3/4/5/6/7/8/9/10/11/12");
+    fs::create_directories(deep + "/left");
+    fs::create_directories(deep + "/right");
+    const std::string left = "pick dirFolder \"" + deep + "/left\"\n";
+    const std::string right = "pick dirFolder \"" + deep + "/right\"\n";
+    expectPlayed(left + right + "show lblSeen\n",
+                 "> " + left + "focus dirFolder\n> " + right + seen(deep + "/right"));
+}
+
 TEST_P(FolderScripts, ShowTheWayToAFolderAndWhatIsInIt) {
     const Outcome outcome =
         playLists(GetParam(), "start\npick dirFolder \"" + at("b") + "\"\nshow dirFolder\n");
