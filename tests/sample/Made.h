@@ -5,8 +5,10 @@
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -40,9 +42,9 @@ inline std::vector<Row> contentOf(const std::filesystem::path& logbook) {
             if (column.name != "fldHHRecordID")
                 fields += (fields.empty() ? "" : ", ") + column.name;
         }
-        const std::vector<Row> rows =
+        std::vector<Row> rows =
             query(logbook, "SELECT " + fields + " FROM " + table.name + " ORDER BY " + table.key().name);
-        content.insert(content.end(), rows.begin(), rows.end());
+        std::ranges::move(rows, std::back_inserter(content));
     }
     return content;
 }

@@ -15,6 +15,12 @@ const Made& rowSample() {
     return kMade;
 }
 
+/// One of many years.
+const Made& longSample() {
+    static const Made kMade(5000);
+    return kMade;
+}
+
 TEST(Rows, AreAsManyAsWereAskedFor) {
     for (const int events : {1, 2, 3, 7, 100}) {
         const Made made(events);
@@ -101,7 +107,7 @@ TEST(Rows, AddUpTheSeries) {
 
 TEST(Rows, LieInThePastInTheOrderOfTheirDates) {
     std::string last = "1996-06-30";
-    for (const Row& row : Made(5000).query("SELECT fldDateBowled FROM tblEventInfo ORDER BY 1")) {
+    for (const Row& row : longSample().query("SELECT fldDateBowled FROM tblEventInfo ORDER BY 1")) {
         ASSERT_LE(last, row[0]);
         last = row[0];
     }
@@ -130,7 +136,7 @@ TEST(Rows, HoldAllKindsOfEventsAndGames) {
 }
 
 TEST(Rows, KnowWhoWasAtTheLanesWithAHandheld) {
-    const Made years(5000);
+    const Made& years = longSample();
     EXPECT_EQ(years.number("SELECT count(*) FROM tblEventInfo WHERE (fldHHRecordID <> 'NONE') <> "
                            "(fldDateBowled BETWEEN '2002-01-01' AND '2010-12-31')"),
               0);
@@ -169,7 +175,7 @@ double average(const Made& made, const std::string& from, const std::string& to)
 }
 
 TEST(Rows, ShowABowlerWhoGetsBetterAndOlder) {
-    const Made years(5000);
+    const Made& years = longSample();
     const double young = average(years, "1996", "2000");
     const double best = average(years, "2012", "2016");
     const double old = average(years, "2024", "2027");
