@@ -11,12 +11,10 @@ namespace tallybrook {
 namespace {
 
 /// The keys that the program names otherwise than the toolkit.
-constexpr std::array<std::pair<Qt::Key, std::string_view>, 7> kNames{{
+constexpr std::array<std::pair<Qt::Key, std::string_view>, 5> kNames{{
     {Qt::Key_Backtab, "Tab"},
     {Qt::Key_Enter, "Return"},
-    {Qt::Key_Return, "Return"},
     {Qt::Key_Escape, "Escape"},
-    {Qt::Key_Space, "Space"},
     {Qt::Key_PageUp, "PageUp"},
     {Qt::Key_PageDown, "PageDown"},
 }};
