@@ -53,6 +53,7 @@ protected:
     std::string press(const char* key) {
         const person::Press press = person::press(*screen, person::readKey(key));
         EXPECT_TRUE(press.used) << key;
+        EXPECT_EQ(press.arrival, Arrival::Arrived) << key;
         const bool isMenu = press.target != nullptr && press.target->kind() == Control::Kind::Menu;
         return (isMenu ? press.target : screen->focused())->name();
     }

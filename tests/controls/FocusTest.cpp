@@ -228,6 +228,11 @@ TEST_F(Focus, KeepsABoxOfOneLineOnOneLine) {
     EXPECT_EQ(screen->txtLines.text(), "a\nb\n");
 }
 
+TEST_F(Focus, EndsTheLinesOfABoxOfSeveralAlike) {
+    person::type(screen->txtLines, "a\r\nb\rc\t\n\nd\r\n");
+    EXPECT_EQ(screen->txtLines.text(), "a\nb\nc\t\n\nd\n");
+}
+
 TEST_F(Focus, KeepsWhatCannotBeTypedWhereCodeHasPutIt) {
     screen->txtTwo.setText("a\tb\u00e9");
     screen->txtTwo.enter("a\tb\u00e8\t");

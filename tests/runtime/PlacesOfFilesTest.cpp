@@ -7,6 +7,7 @@
 #include "support/TemporaryFolder.h"
 
 #include <cstdlib>
+#include <fstream>
 #include <iterator>
 #include <optional>
 #include <sstream>
@@ -111,6 +112,12 @@ TEST(Volumes, AreWhatLiesOnDevicesAndServers) {
     EXPECT_EQ(volumesIn(table),
               (std::vector<std::string>{"/", base + "/a stick", base + "/back\\slash", base + "/disk",
                                         base + "/server", base + "/share"}));
+}
+
+TEST(Volumes, AreThoseOfThisMachine) {
+    std::ifstream table("/proc/self/mounts");
+    EXPECT_TRUE(table.is_open());
+    EXPECT_EQ(mountedVolumes(), volumesIn(table));
 }
 
 }  // namespace
