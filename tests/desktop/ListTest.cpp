@@ -1,5 +1,6 @@
 #include "Lists.h"
 #include "runtime/EndProgram.h"
+#include "style/Colours.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -265,6 +266,22 @@ TEST_F(ListTest, OpensWithWhatALeavingHasFilledIn) {
     lists().leaving = [this] { lists().cboEmpty.fill({"one", "two"}); };
     pickFrom(lists().cboEmpty, 1);
     EXPECT_EQ(lists().cboEmpty.picked(), "two");
+}
+
+/// What is off has the ground of the window, and its choice is pale.
+TEST_F(ListTest, DisabledListIsQuiet) {
+    const QColor window = QApplication::palette().color(QPalette::Active, QPalette::Window);
+    const QColor text = QApplication::palette().color(QPalette::Active, QPalette::WindowText);
+    for (const QWidget* const list :
+         {static_cast<QWidget*>(&names()), static_cast<QWidget*>(&tree()), &widget(lists().dgdEvents)}) {
+        const auto off = [list](QPalette::ColorRole role) {
+            return list->palette().color(QPalette::Disabled, role);
+        };
+        EXPECT_EQ(off(QPalette::Base), window);
+        EXPECT_EQ(off(QPalette::AlternateBase), window);
+        EXPECT_EQ(off(QPalette::Highlight), between(window, text, 0.15));
+        EXPECT_EQ(off(QPalette::HighlightedText), between(window, text, 0.55));
+    }
 }
 
 TEST_F(ListTest, DisabledListTakesNoClick) {

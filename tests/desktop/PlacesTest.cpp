@@ -4,6 +4,7 @@
 #include "desktop/RetryNotice.h"
 #include "desktop/RoomyButton.h"
 #include "desktop/TitledBox.h"
+#include "style/Colours.h"
 #include "support/Drawing.h"
 #include "support/WrittenDown.h"
 
@@ -137,7 +138,45 @@ std::string drawn(QWidget& widget) {
     return drawing.told();
 }
 
+/// The colour that the ground of a button is drawn in.
+std::string groundOf(QAbstractButton& button) {
+    const std::string all = drawn(button);
+    return all.substr(all.find('#'), 7);
+}
+
 }  // namespace
+
+TEST(ButtonsTest, GroundTellsWhetherTheyArePointedAtOrPressed) {
+    MenuEntry plain(nullptr, false);
+    MenuEntry strong(nullptr, true);
+    RoomyButton next;
+    next.setStandsOut(true);
+    struct Look {
+        QAbstractButton& button;
+        QPalette::ColorRole ground;
+        QColor ink;
+        double pointedAt;
+        double pressed;
+    };
+    const QColor text = plain.palette().color(QPalette::WindowText);
+    for (const auto& [button, role, ink, pointedAt, pressed] :
+         {Look{plain, QPalette::Window, text, 0.08, 0.18},
+          Look{strong, QPalette::Highlight, text, 0.08, 0.18},
+          Look{next, QPalette::Highlight, Qt::black, 0.12, 0.3}}) {
+        const QColor ground = button.palette().color(role);
+        EXPECT_EQ(groundOf(button), ground.name().toStdString());
+        button.setAttribute(Qt::WA_UnderMouse);
+        EXPECT_EQ(groundOf(button), between(ground, ink, pointedAt).name().toStdString());
+        button.setDown(true);
+        EXPECT_EQ(groundOf(button), between(ground, ink, pressed).name().toStdString());
+    }
+    for (MenuEntry* const entry : {&plain, &strong}) {
+        EXPECT_TRUE(entry->testAttribute(Qt::WA_Hover));
+        EXPECT_EQ(entry->cursor().shape(), Qt::PointingHandCursor);
+        entry->setEnabled(false);
+        EXPECT_EQ(groundOf(*entry), entry->palette().color(QPalette::Window).name().toStdString());
+    }
+}
 
 class PlacesTest : private KnownFont, public OwnScreens {
 protected:

@@ -172,6 +172,11 @@ TEST(WindowMemory, ColumnsKeepTheirWidths) {
     QTableView* const table = tableOf(desktop);
     EXPECT_EQ(table->columnWidth(1), 333);
     EXPECT_EQ(table->columnWidth(0), usual);
+    for (const QStringList& unsound : {QStringList{"50", "50"}, QStringList{"50", "0", "50", "50", "50"}}) {
+        (*settings).setValue("columns/frmLists.dgdEvents", unsound);
+        RememberingDesktop other(settings.get());
+        EXPECT_EQ(tableOf(other)->columnWidth(0), usual) << unsound.size();
+    }
 }
 
 }  // namespace tallybrook::test
