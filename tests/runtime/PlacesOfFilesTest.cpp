@@ -3,6 +3,7 @@
 #include "runtime/DataHome.h"
 #include "runtime/MountedVolumes.h"
 #include "runtime/UnfinishedFile.h"
+#include "support/FileCalls.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
@@ -114,9 +115,18 @@ TEST(Volumes, AreWhatLiesOnDevicesAndServers) {
                                         base + "/server", base + "/share"}));
 }
 
-TEST(Volumes, AreThoseOfThisMachine) {
+TEST(Volumes, AreReadWhereTheSystemTellsOfThem) {
+    std::vector<std::string> read;
+    {
+        const FileCalls calls([&read](const FileCall& call) {
+            if (call.kind == FileCall::Kind::Open)
+                read.push_back(call.path);
+            return 0;
+        });
+        mountedVolumes();
+    }
+    EXPECT_EQ(read, std::vector<std::string>{"/proc/self/mounts"});
     std::ifstream table("/proc/self/mounts");
-    EXPECT_TRUE(table.is_open());
     EXPECT_EQ(mountedVolumes(), volumesIn(table));
 }
 
