@@ -2,10 +2,14 @@
 #include "readers/Printing.h"
 #include "textview/ReportView.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QClipboard>
+#include <QDrag>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -242,6 +246,42 @@ TEST_F(ReportReadingTest, DraggingBeyondTheEdgeScrolls) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return firstLine() > once; }));  // by itself
     mouse(QEvent::MouseButtonRelease, {20, 330});
     EXPECT_GT(view.selected().length(), 5 * page());
+}
+
+TEST_F(ReportReadingTest, ScrollsByItselfOnlyWhileTheMouseIsBeyondTheEdge) {
+    show(QString("line\n").repeated(500));
+    const auto timers = [this] {
+        return QAbstractEventDispatcher::instance()->registeredTimers(&view).size();
+    };
+    const auto before = timers();
+    mouse(QEvent::MouseButtonPress, at(0));
+    EXPECT_EQ(timers(), before);
+    for (int round = 0; round < 2; ++round) {
+        mouse(QEvent::MouseMove, {20, 330});
+        EXPECT_EQ(timers(), before + 1);
+        mouse(QEvent::MouseMove, {20, 150});
+        EXPECT_EQ(timers(), before);
+    }
+    mouse(QEvent::MouseMove, {20, -30});
+    EXPECT_EQ(timers(), before + 1);
+    mouse(QEvent::MouseButtonRelease, {20, -30});
+    EXPECT_EQ(timers(), before);
+}
+
+TEST_F(ReportReadingTest, WhatIsSelectedCanBeDraggedAway) {
+    show("one two");
+    view.select(0, 3);
+    QTimer::singleShot(0, &QDrag::cancel);  // where the drag waits for its end
+    mouse(QEvent::MouseButtonPress, at(1));
+    mouse(QEvent::MouseMove, at(1) + QPoint(QApplication::startDragDistance() - 1, 0));
+    EXPECT_EQ(view.findChild<QDrag*>(), nullptr);
+    mouse(QEvent::MouseMove, at(1) + QPoint(QApplication::startDragDistance(), 0));
+    const auto* const drag = view.findChild<QDrag*>();
+    ASSERT_NE(drag, nullptr);
+    ASSERT_NE(drag->mimeData(), nullptr);
+    EXPECT_EQ(drag->mimeData()->text(), "one");
+    mouse(QEvent::MouseButtonRelease, at(5));
+    EXPECT_EQ(selected(), "one");
 }
 
 TEST_F(ReportReadingTest, OtherButtonsLeaveTheSelection) {
