@@ -329,6 +329,29 @@ TEST_F(Window, WritesASpreadsheet) {
     EXPECT_GT(fs::file_size(data / "season.xlsx"), 1000U);
 }
 
+TEST_F(Window, TellsWhatCannotBeWritten) {
+    const auto before = test::rowsOf(logbookIn(data));
+    open();
+    for (const auto& [caption, failed] :
+         {std::pair("Write Archive...", "The archive could not be written."),
+          std::pair("Write Spreadsheet...", "The spreadsheet could not be written.")}) {
+        expectFile(data / "Tallybrook_DB.mdb-journal");
+        expectBox(QString(failed) + "\n\nThis file belongs to the logbook itself, and is not written over: ",
+                  "OK");
+        trigger(caption);
+    }
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
+}
+
+TEST_F(Window, TellsWhereNoCsvFilesCanBeWritten) {
+    fs::create_directories(data / "sheets" / "games.csv");
+    open();
+    expectFile(data / "sheets");
+    expectBox("The CSV files could not be written.\n\nThis is a folder; please name a file: ", "OK");
+    trigger("Write CSV Files...");
+    EXPECT_FALSE(fs::exists(data / "sheets" / "events.csv"));
+}
+
 /// A way the desktop can look.
 struct Look {
     const char* name;
