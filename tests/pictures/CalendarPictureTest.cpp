@@ -1,5 +1,6 @@
 #include "pictures/Pictures.h"
 #include "readers/Events.h"
+#include "support/Drawing.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -38,6 +39,15 @@ TEST(CalendarPicture, OnlyNightHasTheFullColour) {
     QPainter painter(&image);
     strips[1].draw(painter);
     EXPECT_EQ(image.pixelColor(strips[1].spots.at(0).place.center().toPoint()), look.fill());
+}
+
+TEST(CalendarPicture, LegendOfOneNightTellsNoAverages) {
+    const PictureLook look(Drawing::font(9), QPalette(Qt::white));
+    Drawing drawing;
+    QPainter painter(&drawing);
+    calendarOf(weeklyEvents(1)).strips(look, 600)[0].draw(painter);
+    painter.end();
+    EXPECT_NE(drawing.told().find("\"A night with games\"\n"), std::string::npos) << drawing.told();
 }
 
 RC_GTEST_PROP(CalendarPicture, NightsAreThoseOfTheEvents, ()) {

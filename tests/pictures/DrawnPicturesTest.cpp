@@ -91,7 +91,10 @@ std::vector<ReportPicture> games() {
 std::vector<ReportPicture> others() {
     const BowledEvent extreme{"Open", "", makeDay(2020, 1, 5), 1, 5000, 5000};
     const BowledEvent poor{"Open", "", makeDay(2020, 1, 6), 1, 1, 1};
+    const BowledEvent early{"Open", "", makeDay(1995, 2, 3), 3, 450, 150};
+    const BowledEvent later{"Open", "", makeDay(2008, 6, 7), 3, 600, 200};
     return {trendPicture({{extreme, poor}, 1}),
+            trendPicture({{early, later, extreme}, 0}),
             leavesPicture({{"", std::nullopt, 0, 0}, {"1", readPins("1"), 1, 1}}),
             strikesPicture({3, "", std::nullopt, "", 4, 1, {{2, 5}}, 1}),
             strikesPicture({0, "0", 0, "0", 0, 0, {}, {}}),
