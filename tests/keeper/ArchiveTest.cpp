@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fstream>
+#include <functional>
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -390,6 +391,55 @@ protected:
 private:
     int steps_;
 };
+
+/// Does something as a stage begins.
+class Meddling : public Progress {
+public:
+    Meddling(std::string stage, std::function<void()> act) : stage_(std::move(stage)), act_(std::move(act)) {}
+    bool isCancelled() override { return false; }
+
+protected:
+    void show(std::string_view what, std::int64_t /*total*/) override {
+        if (what == stage_)
+            act_();
+    }
+    void showStep(std::int64_t /*done*/) override {}
+
+private:
+    std::string stage_;
+    std::function<void()> act_;
+};
+
+TEST_F(Archive, IsRefusedWhereItChangesWhileItIsRead) {
+    test::addEvent(data, "Tuesday");
+    write();
+    const std::string good = bytesOf(file);
+    const auto before = rowsOf(logbookIn(data));
+    const std::string why = "The archive was changed while it was read.";
+    struct Change {
+        std::string stage, old, fresh, told;
+    };
+    for (const Change& change : {
+             Change{"Checking the archive", "\"event\":1,", "\"event\":2,", "Line 1: " + why},
+             Change{"Storing the rows", "{\"event\":[1,", "{\"event\":[-1,", why},
+             Change{"Storing the rows", "Tuesday", "Fridays", "Line 26: " + why},
+         }) {
+        std::ofstream(file, std::ios::binary) << good;
+        const std::string changed = forged(change.old, change.fresh);
+        Meddling progress(change.stage, [&] { std::ofstream(file, std::ios::binary) << changed; });
+        std::string told;
+        try {
+            const HeldLogbook held(data);
+            ArchiveReader archive(file);
+            takeInArchive(held, archive, {}, clock, progress);
+        } catch (const Refused& refused) {
+            EXPECT_EQ(refused.status(), ExitStatus::BadInput);
+            told = refused.what();
+        }
+        EXPECT_TRUE(told.ends_with(change.told)) << change.fresh << ": " << told;
+    }
+    EXPECT_EQ(rowsOf(logbookIn(data)), before);
+}
 
 TEST_F(Archive, LeavesNothingBehindWhenItIsCancelled) {
     test::addEvent(data, "Tuesday", 1);
