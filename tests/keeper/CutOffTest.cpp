@@ -124,12 +124,14 @@ protected:
 };
 
 TEST_P(CutOff, LeavesTheOldLogbookOrTheNew) {
-    for (const int change : changes()) {
+    const std::vector<int> calls = changes();
+    ASSERT_EQ(rowsAtNextStart(), after_);
+    for (const int change : calls) {
         getReady();
         const pid_t child = fork();
         if (child == 0) {
             int left = change;
-            const test::FileCalls calls([&](const FileCall&) {
+            const test::FileCalls dying([&](const FileCall&) {
                 if (left-- == 0)
                     raise(SIGKILL);
                 return 0;
