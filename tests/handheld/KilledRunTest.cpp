@@ -1,6 +1,5 @@
 // A run that is killed at any moment loses nothing: either the handheld's files are as they were, or the rows
-// are in the logbook; and what stands in the archive is whole. A child process runs, and dies before the nth
-// of its calls that change files.
+// are in the logbook; and what stands in the archive is whole.
 
 #include "app/Application.h"
 #include "controls/Person.h"
@@ -8,6 +7,7 @@
 #include "handheld/AnsweringDisplay.h"
 #include "handheld/ExportFiles.h"
 #include "support/FileCalls.h"
+#include "support/Moments.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
@@ -15,16 +15,12 @@
 #include <map>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace tallybrook::test {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kKilled = 77;
 
 using Files = std::map<std::string, std::string>;
 
@@ -44,20 +40,8 @@ protected:
         return box.title == "Database Check" ? Answer::No : box.defaultAnswer();  // and delete the data
     }
 
-    /// Runs in a child that dies before that call; true if it lived to the run's end.
-    static bool runIn(const fs::path& data, const std::string& type, int calls) {
-        const pid_t child = fork();
-        if (child == 0) {
-            runAndExit(data, type, calls);
-        }
-        int status = 0;
-        EXPECT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_TRUE(WIFEXITED(status));
-        EXPECT_TRUE(WEXITSTATUS(status) == 0 || WEXITSTATUS(status) == kKilled) << status;
-        return WEXITSTATUS(status) == 0;
-    }
-
-    [[noreturn]] static void runAndExit(const fs::path& data, const std::string& type, int calls) {
+    /// Runs to the end, and keeps what each moment of the run would leave.
+    static void run(const fs::path& data, const std::string& type, Moments& moments) {
         AnsweringDisplay display(answer);
         const SettableClock time = clock();
         Application application(display, time, data);
@@ -69,14 +53,10 @@ protected:
         for (const auto& [name, bytes] : exportFiles())
             std::ofstream(handheldFolder(data, type) / (name + ".cdb")) << bytes;
         program.perform([&] { program.screens.load("frmSyncPDA"); });
-        int callsToLive = calls;
-        const FileCalls dying([&callsToLive](const FileCall& call) {
-            if (changesFiles(call) && callsToLive-- == 0)
-                _exit(kKilled);
-            return 0;
+        moments.keep(data, [&] {
+            program.perform([&] { person::click(*program.screens.find("frmSyncPDA")->find("cmdAddPDA")); });
         });
-        program.perform([&] { person::click(*program.screens.find("frmSyncPDA")->find("cmdAddPDA")); });
-        _exit(display.uncaught ? 1 : 0);
+        EXPECT_FALSE(display.uncaught);
     }
 
     static fs::path handheldFolder(const fs::path& data, const std::string& type) {
@@ -110,24 +90,21 @@ protected:
 TEST_P(KilledRuns, LoseNothing) {
     const std::string type = GetParam();
     const FileCalls sparingTheDisk({});
-    bool lived = false;
+    const TemporaryFolder folder;
+    Moments moments;
+    run(folder.path() / "data", type, moments);
     int replaced = 0;
-    int calls = 0;
-    for (; !lived; ++calls) {
-        SCOPED_TRACE("killed before call " + std::to_string(calls));
-        ASSERT_LT(calls, 2000) << "the run does not come to its end";
-        const TemporaryFolder folder;
-        const fs::path data = folder.path() / "data";
-        lived = runIn(data, type, calls);
-        const bool asItWas = handheldIsAsItWas(handheldFolder(data, type));
-        EXPECT_TRUE(asItWas || logbookHasAllRows(data));
+    for (std::size_t moment = 0; moment < moments.size() && !HasFailure(); ++moment) {
+        SCOPED_TRACE("killed before change " + std::to_string(moment));
+        const fs::path& left = moments[moment];
+        const bool asItWas = handheldIsAsItWas(handheldFolder(left, type));
+        EXPECT_TRUE(asItWas || logbookHasAllRows(left));
         replaced += asItWas ? 0 : 1;
-        expectWholeArchive(data);
-        if (HasFailure())
-            break;
+        expectWholeArchive(left);
     }
-    EXPECT_GT(calls, 30);    // the calls are counted
-    EXPECT_GT(replaced, 2);  // and some of the runs died in the midst of replacing
+    EXPECT_GT(moments.size(), 30U);
+    EXPECT_GT(replaced, 2);  // some of them lie in the midst of replacing
+    EXPECT_TRUE(logbookHasAllRows(folder.path() / "data"));
 }
 
 INSTANTIATE_TEST_SUITE_P(OfBothHandhelds, KilledRuns, testing::Values("Palm", "PPC"));

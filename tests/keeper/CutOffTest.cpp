@@ -7,16 +7,14 @@
 #include "keeper/Logbooks.h"
 #include "keeper/Restore.h"
 #include "support/FileCalls.h"
+#include "support/Moments.h"
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
-#include <csignal>
 #include <functional>
 #include <ostream>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace tallybrook::keeper {
 
@@ -88,27 +86,12 @@ protected:
         const HeldLogbook held(data());
         GetParam().act(held, data(), clock_, nobody_);
     }
-    /// The numbers of the calls that change files.
-    std::vector<int> changes() {
-        std::vector<int> changes;
-        int call = 0;
-        getReady();
-        const test::FileCalls calls([&](const FileCall& next) {
-            if (changesFiles(next))
-                changes.push_back(call);
-            ++call;
-            return 0;
-        });
-        perform();
-        EXPECT_GT(call, 30);
-        return changes;
-    }
     /// The rows that the program finds when it starts; none where there is no logbook.
-    [[nodiscard]] std::vector<std::string> rowsAtNextStart() const {
-        if (!fs::exists(logbookIn(data())))
+    [[nodiscard]] std::vector<std::string> rowsAtNextStart(const fs::path& data) const {
+        if (!fs::exists(logbookIn(data)))
             return {};
-        { const Store opened(logbookIn(data()), clock_); }
-        return rowsOf(logbookIn(data()));
+        { const Store opened(logbookIn(data), clock_); }
+        return rowsOf(logbookIn(data));
     }
     [[nodiscard]] bool isOldOrNew(const std::vector<std::string>& rows) const {
         const bool isGone = rows.empty() && std::string(GetParam().name) == "NewFromArchive";
@@ -124,26 +107,13 @@ protected:
 };
 
 TEST_P(CutOff, LeavesTheOldLogbookOrTheNew) {
-    const std::vector<int> calls = changes();
-    ASSERT_EQ(rowsAtNextStart(), after_);
-    for (const int change : calls) {
-        getReady();
-        const pid_t child = fork();
-        if (child == 0) {
-            int left = change;
-            const test::FileCalls dying([&](const FileCall&) {
-                if (left-- == 0)
-                    raise(SIGKILL);
-                return 0;
-            });
-            perform();
-            _exit(0);
-        }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        ASSERT_TRUE(WIFSIGNALED(status)) << "not killed before call " << change;
-        ASSERT_TRUE(isOldOrNew(rowsAtNextStart())) << "killed before call " << change;
-    }
+    getReady();
+    test::Moments moments;
+    moments.keep(data(), [this] { perform(); });
+    EXPECT_GT(moments.size(), 10U);
+    ASSERT_EQ(rowsAtNextStart(data()), after_);
+    for (std::size_t moment = 0; moment < moments.size(); ++moment)
+        ASSERT_TRUE(isOldOrNew(rowsAtNextStart(moments[moment]))) << "killed before change " << moment;
 }
 
 TEST_P(CutOff, ByAFailingCallLeavesTheOldLogbookOrTheNew) {
@@ -164,7 +134,7 @@ TEST_P(CutOff, ByAFailingCallLeavesTheOldLogbookOrTheNew) {
                 EXPECT_STRNE(told.what(), "");
             }
             hasStruck = left < 0;
-            const auto rows = rowsAtNextStart();
+            const auto rows = rowsAtNextStart(data());
             ASSERT_TRUE(isOldOrNew(rows)) << "failed at call " << call;
             ASSERT_TRUE(!isDone || rows == after_) << "failed at call " << call << ", and was not told";
         }

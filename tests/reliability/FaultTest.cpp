@@ -4,11 +4,11 @@
 // of.
 
 #include "reliability/Contents.h"
-#include "reliability/DataFolder.h"
 #include "reliability/Fault.h"
 #include "reliability/Operations.h"
 #include "reliability/TextFiles.h"
 #include "reliability/Visit.h"
+#include "support/DataFolder.h"
 #include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
 

@@ -2,22 +2,21 @@
 // the handheld had is in the logbook or still on the handheld, and the program starts again.
 
 #include "reliability/Contents.h"
-#include "reliability/DataFolder.h"
 #include "reliability/Operations.h"
 #include "reliability/Visit.h"
+#include "support/DataFolder.h"
 #include "support/FileCalls.h"
-#include "support/Rounds.h"
+#include "support/Moments.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>
-#include <array>
-#include <csignal>
-#include <random>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace tallybrook::test {
 
@@ -25,122 +24,73 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kRounds = 200;
 constexpr const char* kLogbook = "Tallybrook_DB.mdb";
 
-/// The day as it goes when nobody is killed.
-class WholeDay {
+/// What the logbook holds at the start of the day, and after each save.
+std::vector<Contents> spendDay(const fs::path& data,
+                               const std::function<void(std::size_t savesDone)>& afterStep) {
+    WatchedVfs vfs;
+    Visit visit(data);
+    visit.start();
+    SaveHistory history(data / kLogbook);
+    vfs.watch(&history);
+    for (const auto& step : dayWithTheProgram()) {
+        step(visit);
+        afterStep(history.saves());
+    }
+    vfs.watch(nullptr);
+    EXPECT_EQ(visit.display.failuresTold, 0);
+    return history.states();
+}
+
+/// The files below a folder, and how large they are.
+std::map<fs::path, std::uintmax_t> sizesIn(const fs::path& folder) {
+    std::map<fs::path, std::uintmax_t> sizes;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        if (entry.is_regular_file())
+            sizes[entry.path().lexically_relative(folder)] = entry.file_size();
+    }
+    return sizes;
+}
+
+/// A day with the program, and what a kill in any of its moments leaves.
+class Day {
 public:
-    explicit WholeDay(const fs::path& ready) {
-        const TemporaryFolder folder;
-        copyDataFolder(ready, folder.path());
-        int calls = 0;
-        const FileCalls counting([&calls](const FileCall&) {
-            ++calls;
-            return 0;
+    explicit Day(const fs::path& data) {
+        moments_.keep(data, [&] {
+            states_ = spendDay(data, [this](std::size_t savesDone) {
+                savesUntil_.push_back(static_cast<std::ptrdiff_t>(savesDone));
+                momentsUntil_.push_back(moments_.size());
+            });
         });
-        WatchedVfs vfs;
-        Visit visit(folder.path());
-        visit.start();
-        SaveHistory history(folder.path() / kLogbook);
-        vfs.watch(&history);
-        for (const auto& step : dayWithTheProgram()) {
-            step(visit);
-            savesDone_.push_back(history.saves());
-        }
-        vfs.watch(nullptr);
-        EXPECT_EQ(visit.display.failuresTold, 0);
-        states_ = history.states();
-        calls_ = calls;
     }
 
-    /// How many calls that touch files it takes.
-    [[nodiscard]] int calls() const { return calls_; }
+    [[nodiscard]] const Moments& moments() const { return moments_; }
 
-    /// Whether a logbook holds all that was saved in so many steps, and of the next step each save up to some
-    /// one.
-    [[nodiscard]] bool canHold(const Contents& contents, std::size_t steps) const {
-        const std::size_t least = steps == 0 ? 0 : savesDone_[steps - 1];
-        const std::size_t most = savesDone_[std::min(steps, savesDone_.size() - 1)];
-        const auto from = states_.begin() + static_cast<std::ptrdiff_t>(least);
-        const auto to = states_.begin() + static_cast<std::ptrdiff_t>(most) + 1;
+    /// Whether a logbook holds all that was saved by the steps that were done in that moment, and of the next
+    /// step each save up to some one.
+    [[nodiscard]] bool canHold(const Contents& contents, std::size_t moment) const {
+        const auto steps = std::ranges::upper_bound(momentsUntil_, moment) - momentsUntil_.begin();
+        const auto from = states_.begin() + savesUntil_.at(static_cast<std::size_t>(steps));
+        const auto to =
+            states_.begin() +
+            savesUntil_.at(std::min(static_cast<std::size_t>(steps) + 1, savesUntil_.size() - 1)) + 1;
         return std::find(from, to, contents) != to;
     }
 
 private:
+    Moments moments_;
     std::vector<Contents> states_;
-    std::vector<std::size_t> savesDone_;  // after each step
-    int calls_ = 0;
-};
-
-/// Spends the day in a child process, which is killed before that call. Returns how many steps it has
-/// reported.
-class KilledDay {
-public:
-    KilledDay(const fs::path& data, int callsToLive) {
-        std::array<int, 2> ends{};
-        EXPECT_EQ(pipe(ends.data()), 0);
-        const pid_t child = fork();
-        if (child == 0)
-            spendDay(data, callsToLive, ends[1]);
-        close(ends[1]);
-        for (char step = 0; read(ends[0], &step, 1) == 1;)
-            ++stepsReported_;
-        close(ends[0]);
-        int status = 0;
-        EXPECT_EQ(waitpid(child, &status, 0), child);
-        wasKilled_ = WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
-        EXPECT_TRUE(wasKilled_ || (WIFEXITED(status) && WEXITSTATUS(status) == 0)) << status;
-    }
-
-    [[nodiscard]] std::size_t stepsReported() const { return stepsReported_; }
-    [[nodiscard]] bool wasKilled() const { return wasKilled_; }
-
-private:
-    [[noreturn]] static void spendDay(const fs::path& data, int callsToLive, int report) {
-        {
-            const FileCalls dying([&callsToLive](const FileCall&) {
-                if (callsToLive-- == 0)
-                    kill(getpid(), SIGKILL);
-                return 0;
-            });
-            Visit visit(data);
-            visit.start();
-            for (const auto& step : dayWithTheProgram()) {
-                step(visit);
-                tell(report);
-            }
-        }
-        _exit(testing::Test::HasFailure() ? 1 : 0);
-    }
-
-    static void tell(int report) {
-        const char done = '.';
-        if (write(report, &done, 1) != 1)
-            _exit(1);
-    }
-
-    std::size_t stepsReported_ = 0;
-    bool wasKilled_ = false;
+    std::vector<std::ptrdiff_t> savesUntil_{0};  // the start, and the end of each step
+    std::vector<std::size_t> momentsUntil_;      // the end of each step
 };
 
 class Killed : public testing::Test {
 protected:
     Killed() { makeLogbookWithHandheld(ready_.path()); }
 
-    void killAndLook(const WholeDay& whole, int callsToLive) {
-        SCOPED_TRACE("killed before call " + std::to_string(callsToLive));
-        const TemporaryFolder folder;
-        copyDataFolder(ready_.path(), folder.path());
-        const KilledDay day(folder.path(), callsToLive);
-        kills_ += day.wasKilled() ? 1 : 0;
-        const Contents contents = contentsOf(folder.path() / kLogbook);
-        EXPECT_TRUE(whole.canHold(contents, day.stepsReported()))
-            << "after " << day.stepsReported() << " steps:\n"
-            << textOf(contents);
-        EXPECT_TRUE(isOnHandheld(folder.path()) || isImported(contents));
-        expectStartsAgain(folder.path());
-    }
+    /// The data folder before the day.
+    void makeReady(const TemporaryFolder& folder) const { copyDataFolder(ready_.path(), folder.path()); }
 
     static void expectStartsAgain(const fs::path& data) {
         Visit visit(data);
@@ -151,17 +101,36 @@ protected:
 
     const FileCalls sparingTheDisk_{{}};
     TemporaryFolder ready_;
-    int kills_ = 0;
 };
 
 TEST_F(Killed, LosesNoSaveThatWasDone) {
-    const WholeDay whole(ready_.path());
-    const int rounds = roundsOr(kRounds);
-    std::mt19937 random(seedOr(7));
-    std::uniform_int_distribution<int> moment(0, whole.calls());
-    for (int round = 0; round < rounds && !HasFailure(); ++round)
-        killAndLook(whole, moment(random));
-    EXPECT_GT(kills_, rounds / 2);
+    const TemporaryFolder folder;
+    makeReady(folder);
+    const Day day(folder.path());
+    EXPECT_GT(day.moments().size(), 200U);
+    for (std::size_t moment = 0; moment < day.moments().size() && !HasFailure(); ++moment) {
+        SCOPED_TRACE("killed before change " + std::to_string(moment));
+        const fs::path& left = day.moments()[moment];
+        const Contents contents = contentsOf(left / kLogbook);
+        EXPECT_TRUE(day.canHold(contents, moment)) << textOf(contents);
+        EXPECT_TRUE(isOnHandheld(left) || isImported(contents));
+        expectStartsAgain(left);
+    }
+}
+
+TEST_F(Killed, LeavesWhatOthersSeeOfItsFiles) {
+    const TemporaryFolder folder;
+    makeReady(folder);
+    const Day day(folder.path());
+    for (std::size_t moment = 7; moment < day.moments().size() && !HasFailure(); moment += 80) {
+        SCOPED_TRACE("killed before change " + std::to_string(moment));
+        const TemporaryFolder killed;
+        makeReady(killed);
+        killBefore(moment, [&] { spendDay(killed.path(), [](std::size_t) {}); });
+        const fs::path& seen = day.moments()[moment];
+        EXPECT_EQ(sizesIn(killed.path()), sizesIn(seen));
+        EXPECT_EQ(contentsOf(killed.path() / kLogbook), contentsOf(seen / kLogbook));
+    }
 }
 
 }  // namespace

@@ -2,11 +2,11 @@
 // bytes that were not synchronised reached the disk.
 
 #include "reliability/Contents.h"
-#include "reliability/DataFolder.h"
 #include "reliability/Operations.h"
 #include "reliability/UnsyncedFiles.h"
 #include "reliability/Visit.h"
 #include "store/Store.h"
+#include "support/DataFolder.h"
 #include "support/FileCalls.h"
 #include "support/Rounds.h"
 #include "support/TemporaryFolder.h"
