@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -122,6 +123,9 @@ std::optional<std::string> Invariants::brokenScreen() const {
 }
 
 std::optional<std::string> Invariants::brokenRows() {
+    const int changes = program_.store().connection().database().getTotalChanges();
+    if (changes == std::exchange(changes_, changes))
+        return std::nullopt;
     const int strays = straysIn(program_.store());
     if (strays > strays_)
         return fmt::format("{} values have lost the type of their column", strays - strays_);

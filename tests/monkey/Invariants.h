@@ -22,7 +22,8 @@ private:
     std::optional<std::string> brokenRows();
 
     Program& program_;
-    int strays_;  // values of another type than their column's, which another program has put in
+    int strays_;       // values of another type than their column's, which another program has put in
+    int changes_ = 0;  // of rows since the logbook was opened, when they were last looked at
 };
 
 /// What is wrong with a line of the transcript: a box without a title, or a run-time error that the screens
