@@ -1,8 +1,8 @@
-#include "Outcome.h"
-#include "Stages.h"
 #include "player/CurrentFolder.h"
+#include "player/Outcome.h"
 #include "player/PlayApplication.h"
 #include "player/PlayStopped.h"
+#include "player/Stages.h"
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>

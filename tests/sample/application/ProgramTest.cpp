@@ -1,5 +1,5 @@
-#include "Made.h"
 #include "controls/Grid.h"
+#include "sample/Made.h"
 #include "shell/TBK_Globals.h"
 #include "support/Play.h"
 
