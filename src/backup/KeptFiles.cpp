@@ -7,9 +7,11 @@
 #include "store/Store.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <system_error>
-#include <vector>
+
+#include <sys/stat.h>
 
 namespace tallybrook {
 
@@ -27,7 +29,7 @@ fs::path placeOf(fs::path path) {
 }
 
 /// Each of them in its folder's own place, so that a look at many of them need not follow that every time.
-std::vector<fs::path> keptFiles(const fs::path& dataFolder) {
+std::vector<fs::path> namesOfKept(const fs::path& dataFolder) {
     const fs::path folder = placeOf(dataFolder);
     const fs::path logbook = logbookIn(folder);
     std::vector<fs::path> files = Store::filesOf(logbook);
@@ -40,20 +42,33 @@ std::vector<fs::path> keptFiles(const fs::path& dataFolder) {
     return files;
 }
 
-/// Whether a path, which leads to that place, is that of a file. The journal need not be there to be told by
-/// its path.
-bool leadsTo(const fs::path& kept, const fs::path& path, const fs::path& place) {
-    std::error_code ignored;
-    return place == kept || fs::equivalent(path, kept, ignored) ||
-           (fs::is_symlink(kept, ignored) && place == placeOf(kept));
+/// None where the path leads to nothing.
+std::optional<std::pair<dev_t, ino_t>> identityOf(const fs::path& path) {
+    struct stat found {};
+    if (stat(path.c_str(), &found) != 0)
+        return std::nullopt;
+    return std::pair{found.st_dev, found.st_ino};
 }
 
 }  // namespace
 
-bool isKeptFile(const fs::path& dataFolder, const fs::path& path) {
-    const fs::path place = placeOf(path);
-    return std::ranges::any_of(keptFiles(dataFolder),
-                               [&](const fs::path& kept) { return leadsTo(kept, path, place); });
+// The journal need not be there to be told by its path.
+KeptFiles::KeptFiles(const fs::path& dataFolder) : places_(namesOfKept(dataFolder)) {
+    const std::size_t names = places_.size();
+    for (std::size_t at = 0; at < names; ++at) {
+        std::error_code ignored;
+        if (fs::is_symlink(places_[at], ignored))
+            places_.push_back(placeOf(places_[at]));
+        if (const auto identity = identityOf(places_[at]))
+            files_.push_back(*identity);
+    }
+}
+
+bool KeptFiles::has(const fs::path& path) const {
+    if (std::ranges::find(places_, placeOf(path)) != places_.end())
+        return true;
+    const auto identity = identityOf(path);
+    return identity && std::ranges::find(files_, *identity) != files_.end();
 }
 
 }  // namespace tallybrook

@@ -16,7 +16,8 @@ namespace tallybrook::keeper {
 namespace fs = std::filesystem;
 
 void requireExportable(const fs::path& dataFolder, const fs::path& file) {
-    if (isKeptFile(dataFolder, file) || isKeptFile(dataFolder, UnfinishedFile::nameFor(file)))
+    const KeptFiles kept(dataFolder);
+    if (kept.has(file) || kept.has(UnfinishedFile::nameFor(file)))
         throw Refused(ExitStatus::Failed,
                       "This file belongs to the logbook itself, and is not written over: " + file.string());
     const fs::path folder = fs::absolute(file).parent_path();

@@ -1,6 +1,5 @@
 #include "shell/DataFolder.h"
 
-#include "backup/KeptFiles.h"
 #include "shell/Program.h"
 
 namespace tallybrook {
@@ -15,8 +14,8 @@ fs::path configurationFile(const Program& program) {
     return configurationIn(program.dataFolder);
 }
 
-bool isOwnFile(const Program& program, const fs::path& path) {
-    return isKeptFile(program.dataFolder, path);
+KeptFiles ownFiles(const Program& program) {
+    return KeptFiles(program.dataFolder);
 }
 
 }  // namespace tallybrook

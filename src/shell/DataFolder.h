@@ -1,5 +1,7 @@
 #pragma once
 
+#include "backup/KeptFiles.h"
+
 #include <filesystem>
 
 // The files that the program keeps in its data folder for itself.
@@ -13,7 +15,7 @@ std::filesystem::path lockFile(const Program& program);
 /// The file that keeps what must be remembered between two runs.
 std::filesystem::path configurationFile(const Program& program);
 
-/// Whether a path leads to one of the files that the program keeps for itself; see isKeptFile().
-bool isOwnFile(const Program& program, const std::filesystem::path& path);
+/// All files that the program keeps for itself.
+KeptFiles ownFiles(const Program& program);
 
 }  // namespace tallybrook

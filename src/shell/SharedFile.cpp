@@ -7,14 +7,15 @@ namespace tallybrook {
 
 TextWriter openSharedFile(const Program& program, const std::filesystem::path& file, TextWriter::Mode mode,
                           Encoding encoding) {
-    if (isOwnFile(program, file))
+    if (ownFiles(program).has(file))
         throw RunTimeError(error::kPathFileAccess);
     return TextWriter(file, mode, encoding);
 }
 
 void copySharedFile(const Program& program, const std::filesystem::path& from,
                     const std::filesystem::path& to) {
-    if (isOwnFile(program, from) || isOwnFile(program, to))
+    const KeptFiles own = ownFiles(program);
+    if (own.has(from) || own.has(to))
         throw RunTimeError(error::kPermissionDenied);
     copyFile(from, to);
 }
