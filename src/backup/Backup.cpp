@@ -157,9 +157,8 @@ std::uint64_t Backup::copyTo(const fs::path& copy, const std::stop_token& stop) 
     return hashOf(asItStood, 0, oldPages_.size());
 }
 
-/// Reads the copy from the disk, and throws what is wrong with it.
+/// Reads the copy, and throws what is wrong with it.
 void Backup::check(const fs::path& copy, std::uint64_t hash, const std::stop_token& stop) const {
-    RegularFile(copy, O_RDONLY).bringToDisk();
     const SQLite::Database bytes = openForItsBytes(copy);
     const FileBytes file(bytes);
     const ReadPart read = [&](std::span<char> part, std::int64_t at) {
