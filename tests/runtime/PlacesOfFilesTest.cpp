@@ -97,6 +97,25 @@ TEST(UnfinishedFiles, LeaveNothingOpen) {
     EXPECT_EQ(openFiles(), before);
 }
 
+TEST(UnfinishedFiles, AreOnTheDiskBeforeTheyGetTheirNameAndTheirNameIsAfterwards) {
+    const TemporaryFolder folder;
+    const fs::path place = folder.path() / "report.txt";
+    const UnfinishedFile unfinished(place);
+    std::string calls;
+    {
+        const FileCalls watching([&calls](const FileCall& call) {
+            if (call.kind == FileCall::Kind::Sync)
+                calls += "sync " + call.path + "\n";
+            if (call.kind == FileCall::Kind::Rename)
+                calls += "rename " + call.path + "\n";
+            return 0;
+        });
+        unfinished.putInPlace();
+    }
+    const std::string made = unfinished.path().string();
+    EXPECT_EQ(calls, "sync " + made + "\nrename " + made + "\nsync " + folder.path().string() + "\n");
+}
+
 TEST(Volumes, AreWhatLiesOnDevicesAndServers) {
     const TemporaryFolder folder;
     const std::string base = folder.path().string();

@@ -108,6 +108,20 @@ TEST_F(ReportViewTest, LinesAreNotWrappedAndNotWritten) {
     EXPECT_EQ(view.text(), QString(2000, 'x'));
 }
 
+TEST_F(ReportViewTest, AnotherTextIsShownFromItsBeginning) {
+    const QString text = (QString(300, 'x') + '\n').repeated(100);
+    show(text);
+    const auto place = [this] {
+        return QPoint(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+    };
+    view.horizontalScrollBar()->setValue(30);
+    view.verticalScrollBar()->setValue(20);
+    view.showText(text + "more", ReportView::Place::Same);
+    EXPECT_EQ(place(), QPoint(30, 20));
+    show(text);
+    EXPECT_EQ(place(), QPoint(0, 0));
+}
+
 TEST_F(ReportViewTest, CopiesTextWithItsTabsAndBlanks) {
     const QString text = QString("1\t2\n\t3 ") + QChar(0xA0) + "4";
     show(text);
