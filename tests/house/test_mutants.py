@@ -55,6 +55,7 @@ class Mutants(unittest.TestCase):
 
     def test_operands_are_swapped(self):
         self.assertEqual(planted("x = f(a, b.c, d);\n"), [("operands", "x = f(b.c, a, d);\n")])
+        self.assertEqual(planted("x = std::min(a, b);\n"), [])
         self.assertEqual(planted("x = f(a(), b);\nx = f(a, a);\nvoid f(int a, int b) {\n"), [])
 
     def test_an_index_is_off_by_one(self):
