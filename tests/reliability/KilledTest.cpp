@@ -43,12 +43,14 @@ std::vector<Contents> spendDay(const fs::path& data,
     return history.states();
 }
 
-/// The files below a folder, and how large they are.
-std::map<fs::path, std::uintmax_t> sizesIn(const fs::path& folder) {
+/// The files in a data folder, and how large they are, but for the backups, which a thread of their own
+/// makes.
+std::map<fs::path, std::uintmax_t> sizesIn(const fs::path& data) {
     std::map<fs::path, std::uintmax_t> sizes;
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        if (entry.is_regular_file())
-            sizes[entry.path().lexically_relative(folder)] = entry.file_size();
+    for (const auto& entry : fs::recursive_directory_iterator(data)) {
+        const fs::path file = entry.path().lexically_relative(data);
+        if (entry.is_regular_file() && *file.begin() != "Backups")
+            sizes[file] = entry.file_size();
     }
     return sizes;
 }

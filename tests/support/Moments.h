@@ -15,8 +15,8 @@ namespace tallybrook::test {
 /// files in that moment.
 class Moments {
 public:
-    /// Acts, and copies the folder before each call of this process that changes files. Nobody else may
-    /// change it meanwhile.
+    /// Acts, and copies the folder before each call of this thread that changes files. Other threads do at
+    /// most the call that they have begun while it is copied.
     void keep(const std::filesystem::path& folder, const std::function<void()>& act);
 
     [[nodiscard]] std::size_t size() const { return copies_.size(); }
@@ -27,7 +27,8 @@ private:
     std::vector<std::unique_ptr<TemporaryFolder>> copies_;
 };
 
-/// Lets a child process act, and kills it before that one of its calls that change files, from 0.
+/// Lets a child process act, and kills it before that one of its first thread's calls that change files, from
+/// 0.
 void killBefore(std::size_t call, const std::function<void()>& act);
 
 }  // namespace tallybrook::test
