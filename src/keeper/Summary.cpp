@@ -154,11 +154,6 @@ std::string inWords(const Counts& counts) {
     return text;
 }
 
-const EventSummary* Summary::find(std::int64_t key) const {
-    const auto found = std::ranges::lower_bound(events, key, {}, &EventSummary::key);
-    return found != events.end() && found->key == key ? &*found : nullptr;
-}
-
 Summary summaryOf(const SQLite::Database& logbook, Progress& progress) {
     return Sums(logbook, progress).take();
 }

@@ -42,9 +42,6 @@ struct Summary {
     Counts counts = {};                     // of all rows
     std::optional<DateTime> lastNight = {};
     std::uint64_t strays = 0;  // a fingerprint of the games and frames that belong to no event
-
-    /// The event with that key; nullptr if there is none.
-    [[nodiscard]] const EventSummary* find(std::int64_t key) const;
 };
 
 /// Reads all of a logbook. Throws Cancelled and SQLite::Exception.

@@ -1,10 +1,14 @@
 #include "keeper/Command.h"
 #include "keeper/Export.h"
 #include "keeper/Keeper.h"
+#include "keeper/Logbooks.h"
+#include "keeper/OldLogbook.h"
 #include "keeper/TerminalProgress.h"
 #include "support/Anybody.h"
+#include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -84,6 +88,42 @@ TEST(KeeperExport, WritesOverNoProtectedFile) {
                   }
               }),
               "This file is write-protected: " + file.string());
+}
+
+TEST_F(KeeperCommandLine, TellsThatItsAnswerCannotBeWritten) {
+    out.setstate(std::ios::badbit);
+    EXPECT_EQ(run({"--help"}), ExitStatus::Failed);
+    EXPECT_EQ(notes.str(), "The answer could not be written.\n");
+}
+
+TEST(KeeperExport, TellsWhatThereIsNoRoomFor) {
+    const test::TemporaryFolder folder;
+    test::addEvent(folder.path(), "Tuesday", 1);
+    const SettableClock clock{makeDate(2026, 11, 22)};
+    NoProgress nobody;
+    const fs::path file = folder.path() / "kept.json";
+    const test::FileCalls full([&](const test::FileCall& call) {
+        return call.kind == test::FileCall::Kind::Write && call.path.starts_with(file.string()) ? ENOSPC : 0;
+    });
+    std::string told;
+    try {
+        exportArchive(folder.path(), file, clock, nobody);
+    } catch (const Refused& refused) {
+        told = refused.what();
+    }
+    EXPECT_EQ(told, "This cannot be written: " + file.string() + "\nNo space left on device.");
+}
+
+TEST(KeeperAnswer, CountsTheNotesThatItLeavesOut) {
+    carry::CarriedOver carried;
+    carried.notes = {"a picture", "a sound"};
+    carried.furtherNotes = 3;
+    const std::string told = inWords(carried);
+    EXPECT_NE(
+        told.find("What did not come over as it was:\n    a picture\n    a sound\n    and 3 more of the "
+                  "kind\n"),
+        std::string::npos)
+        << told;
 }
 
 TEST_F(KeeperCommandLine, IsCancelledByAnInterrupt) {
