@@ -44,6 +44,7 @@ class Mutants(unittest.TestCase):
 
     def test_a_statement_is_taken_out(self):
         self.assertEqual(planted("{\n    f(a);\n}\n"), [("statement", "{\n\n}\n")])
+        self.assertEqual(planted("{\n    a.reserve(b);\n}\n"), [])
 
     def test_a_result_becomes_a_default(self):
         self.assertEqual(planted("return a.b();\n"), [("return", "return {};\n")])

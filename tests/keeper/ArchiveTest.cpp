@@ -272,7 +272,8 @@ TEST_F(Archive, TellsWhatIsWrongWithIt) {
         EXPECT_EQ(with("\"schema\":1", "\"schema\":" + schema),
                   "A number in its first line cannot be right.");
     EXPECT_EQ(with("\"version\":1", "\"version\":\"1\""), "A number in its first line cannot be right.");
-    EXPECT_EQ(with("fldEventName", "fldTeamName"), "Its columns are not those of a logbook.");
+    for (const std::string columns : {"\"fldTeamName\",", ""})
+        EXPECT_EQ(with("\"fldEventName\",", columns), "Its columns are not those of a logbook.");
     EXPECT_EQ(
         with("\"event\":1,", "\"event\":2,"),
         "Line 14: The archive should hold 2 events, 1 game and 10 frames, and holds 1 event, 1 game and "
@@ -284,6 +285,10 @@ TEST_F(Archive, TellsWhatIsWrongWithIt) {
               "Line 14: The checksum is not that of the archive: it was changed or is damaged.");
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[[1],"), "Line 2: The line is no row of the logbook.");
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[1,1,"), "Line 2: The line is no row of the logbook.");
+    for (const std::string value :
+         {"true", "[1]", "{}", R"({"text":1})", R"({"text":"0"})", R"({"text":"0G"})", R"({"text":"g0"})",
+          R"({"blob":"0/"})", R"({"real":"nan"})", R"({"word":"00"})", R"({"text":"00","blob":"00"})"})
+        EXPECT_EQ(with("\"Tuesday\"", value), "Line 2: The line is no row of the logbook.") << value;
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[9223372036854775808,"),
               "Line 2: The line is no row of the logbook.");
     EXPECT_EQ(with("{\"event\":[1,", "{\"event\":[\"1\","), "Line 2: The key of the row is no whole number.");
