@@ -336,6 +336,66 @@ TEST_F(ReportReadingTest, SelectionIsSeenWithoutTheFocusToo) {
     EXPECT_EQ(ground(), view.palette().color(QPalette::Inactive, QPalette::Highlight));
 }
 
+// --- Where it stands ---------------------------------------------------------------------------------------
+
+TEST_F(ReportReadingTest, TextStandsWithinItsMargins) {
+    show(QString("line\n").repeated(99) + QString(400, 'x'));
+    const double height = view.laid().height();
+    EXPECT_EQ(view.placeOf(0).topLeft(), QPointF(12, 12));
+    EXPECT_EQ(view.placeOf(5).topLeft(), QPointF(12, 12 + height));
+    EXPECT_EQ(view.placeOf(5).height(), height);
+    EXPECT_EQ(view.placeAt({0, 11 + height}), 0);
+    EXPECT_EQ(view.placeAt({0, 12 + height}), 5);
+    const QSize room = view.viewport()->size() - QSize(24, 24);
+    EXPECT_EQ(page(), static_cast<int>(room.height() / height));
+    EXPECT_EQ(view.verticalScrollBar()->maximum(), 100 - page());
+    const QScrollBar& columns = *view.horizontalScrollBar();
+    EXPECT_EQ(columns.pageStep(), room.width());
+    EXPECT_EQ(columns.maximum(), qCeil(view.laid().width()) - room.width());
+    EXPECT_EQ(columns.singleStep(), static_cast<int>(height));
+    view.resize(400, 10);
+    EXPECT_EQ(page(), 1);
+}
+
+TEST_F(ReportReadingTest, WhatIsSelectedComesIntoSightFromAllSides) {
+    show((QString(400, 'x') + '\n').repeated(500));
+    QScrollBar& columns = *view.horizontalScrollBar();
+    const auto linesAfter = [this](int line, int count) {
+        view.select(401 * line, 401 * count);
+        return std::pair(firstLine(), firstLine() + page() - 1);
+    };
+    EXPECT_EQ(linesAfter(100, 0).second, 100);
+    EXPECT_EQ(linesAfter(102, 0).second, 102);
+    EXPECT_EQ(linesAfter(101, 0).second, 102) << "it was in sight";
+    EXPECT_EQ(linesAfter(50, 3).first, 50);
+    EXPECT_EQ(linesAfter(200, 3).second, 203);
+    EXPECT_EQ(linesAfter(300, 100).second, 400);
+    view.select(401 * 400 + 399, 0);
+    const int right = qCeil(view.laid().xOf(401 * 400 + 399));
+    EXPECT_EQ(columns.value(), right - columns.pageStep());
+    view.select(401 * 400 + 10, 0);
+    EXPECT_EQ(columns.value(), qCeil(view.laid().xOf(10)));
+}
+
+TEST_F(ReportReadingTest, TextShownAnewStaysWhereItWas) {
+    const QString text = (QString(400, 'x') + '\n').repeated(500);
+    show(text);
+    const auto standing = [this] {
+        return std::vector{firstLine(), view.horizontalScrollBar()->value(), view.selected().begin,
+                           view.selected().end, view.caret()};
+    };
+    view.select(1000, -7);
+    view.verticalScrollBar()->setValue(200);
+    view.horizontalScrollBar()->setValue(30);
+    view.showText("one more\n" + text, ReportView::Place::Same);
+    EXPECT_EQ(standing(), (std::vector{200, 30, 993, 1000, 993}));
+    view.showText(text, ReportView::Place::Beginning);
+    EXPECT_EQ(standing(), (std::vector{0, 0, 0, 0, 0}));
+    view.select(1000, 0);
+    view.showText("short", ReportView::Place::Same);
+    EXPECT_EQ(standing(), (std::vector{0, 0, 5, 5, 5}));
+}
+
 // --- By ear ------------------------------------------------------------------------------------------------
 
 class HeardReportTest : public ReportReadingTest {
@@ -434,6 +494,68 @@ TEST_F(HeardReportTest, PlacesAreToldAndFound) {
     EXPECT_TRUE(text().attributes(3, &begin, &end).contains("font-family"));
     EXPECT_EQ(begin, 0);
     EXPECT_EQ(end, 19);
+}
+
+TEST_F(HeardReportTest, ThereIsOneSelection) {
+    text().setSelection(0, 5, 8);
+    text().setSelection(1, 0, 2);
+    text().removeSelection(1);
+    EXPECT_EQ(view.selected(), (TextSpan{5, 8}));
+    int begin = -1;
+    int end = -1;
+    text().selection(1, &begin, &end);
+    EXPECT_EQ(begin, 0);
+    EXPECT_EQ(end, 0);
+    text().selection(0, &begin, &end);
+    EXPECT_EQ(end, 8);
+    EXPECT_EQ(text().text(8, 5), QString());
+}
+
+TEST_F(HeardReportTest, FontIsTold) {
+    int begin = 0;
+    int end = 0;
+    const QFontInfo font(view.font());
+    EXPECT_EQ(text().attributes(0, &begin, &end),
+              QString("font-family:\"%1\";font-size:%2pt;").arg(font.family()).arg(font.pointSizeF()));
+}
+
+TEST_F(HeardReportTest, BeginningOfWhatIsAskedForIsInSight) {
+    show(QString("line\n").repeated(500));
+    text().scrollToSubstring(1000, 2000);
+    EXPECT_EQ(firstLine(), 200);
+}
+
+/// What was told last of the text, its selection and its caret.
+struct LastTold {
+    QString before;
+    QString after;
+    std::vector<int> places;
+};
+LastTold& lastTold() {
+    static LastTold told;
+    return told;
+}
+
+void noteLast(QAccessibleEvent* event) {
+    LastTold& last = lastTold();
+    if (const auto* const text = dynamic_cast<QAccessibleTextUpdateEvent*>(event))
+        last = {text->textRemoved(), text->textInserted(), {text->changePosition()}};
+    else if (const auto* const part = dynamic_cast<QAccessibleTextSelectionEvent*>(event))
+        last.places = {part->selectionStart(), part->selectionEnd(), part->cursorPosition()};
+    else if (const auto* const caret = dynamic_cast<QAccessibleTextCursorEvent*>(event))
+        last.places.push_back(caret->cursorPosition());
+}
+
+TEST_F(HeardReportTest, TellsWhatHasBecomeOfThem) {
+    const Heard heard;
+    const auto before = QAccessible::installUpdateHandler(noteLast);
+    view.select(9, -4);
+    EXPECT_EQ(lastTold().places, (std::vector{5, 9, 5, 5}));
+    view.showText("another", ReportView::Place::Same);
+    EXPECT_EQ(lastTold().before, "Game 1: 201\n\nGame 2");
+    EXPECT_EQ(lastTold().after, "another");
+    EXPECT_EQ(lastTold().places.front(), 5) << "what stays selected";
+    QAccessible::installUpdateHandler(before);
 }
 
 TEST_F(HeardReportTest, WhatIsAskedForIsBroughtIntoSight) {
