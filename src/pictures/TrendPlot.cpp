@@ -119,7 +119,7 @@ TrendPlot::Scale TrendPlot::scaleOf() const {
     constexpr double kRoom = 0.3;  // of a step, for the names of the ends
     const double bottom = std::max(std::floor(low.average / step - kRoom), 0.0) * step;
     const double top = std::ceil(high.average / step + kRoom) * step;
-    return {bottom, std::max(top, bottom + step), step};
+    return {bottom, top, step};
 }
 
 double TrendPlot::heightOf(double average) const {
