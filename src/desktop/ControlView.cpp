@@ -50,7 +50,8 @@ void ControlView::refresh() {
     QWidget& shown = outerWidget();
     shown.setEnabled(isShownAsOn());
     shown.setVisible(control_.isVisible());
-    shown.setToolTip(asTip(shownTip()));
+    if (const QString tip = asTip(shownTip()); tip != shown.toolTip())
+        shown.setToolTip(tip);
     tellDescription(widget(), toQt(spokenDescription()));
 }
 
