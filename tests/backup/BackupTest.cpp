@@ -201,6 +201,39 @@ TEST_F(BackupTest, OfALogbookWrittenJustNowIsMadeAgain) {
     backUp();
     backUp();
     EXPECT_EQ(names(), (Names{first, second}));
+    EXPECT_LT(fs::last_write_time(folder() / second), fs::last_write_time(logbook))
+        << "a write that leaves the date as it is would go unseen";
+}
+
+TEST_F(BackupTest, IsMadeAnewOfALogbookOfTheSameDateAndAnotherSize) {
+    backUp();
+    const fs::file_time_type written = fs::last_write_time(logbook);
+    fs::remove(logbook);
+    makeLogbook(2000);
+    fs::last_write_time(logbook, written);
+    backUp();
+    EXPECT_EQ(names(), (Names{first, second}));
+}
+
+TEST_F(BackupTest, LeavesAFolderThatIsThereAsItIs) {
+    fs::create_directory(folder());
+    constexpr auto kShared = fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec;
+    fs::permissions(folder(), kShared);
+    backUp();
+    EXPECT_EQ(fs::status(folder()).permissions(), kShared);
+}
+
+TEST_F(BackupTest, FailureIsToldThoughTheNextOneIsMade) {
+    fs::create_directories(folder() / (first + ".new") / "in the way");
+    open();
+    backups->begin();
+    addEvent();
+    clock.set(kNow + std::chrono::hours{1});
+    backups->begin();
+    backups->finish();
+    EXPECT_EQ(names(), (Names{first + ".new", "Tallybrook_DB 2026-11-21 21.15.00.mdb"}));
+    EXPECT_NE(backups->takeFailure().value_or("").find("File exists"), std::string::npos);
+    close();
 }
 
 TEST_F(BackupTest, HoldsWhatWasThereBeforeTheFirstWrite) {

@@ -4,6 +4,9 @@
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"
 
+#include <utility>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook::test {
@@ -248,6 +251,69 @@ TEST_F(Focus, TakesLettersAsAWhole) {
         screen->txtTwo.enter(text);
         EXPECT_EQ(screen->txtTwo.text(), text);
     }
+}
+
+TEST_F(Focus, WhatIsOffOrOutOfSightIsNotActivated) {
+    const auto activateAll = [this] {
+        for (Control* const control : screen->controls())
+            person::activate(*control);
+        return std::exchange(screen->happened, {});
+    };
+    const Log all{"click cmdGo", "click optA", "click optB", "click chkPin", "click cmdGo", "click mnuHelp"};
+    EXPECT_EQ(activateAll(), all);  // neither boxes, nor groups, nor what only leads to entries
+    screen->optB.setValue(false);
+    screen->happened.clear();
+    screen->cmdGo.setVisible(false);
+    screen->fraBox.setEnabled(false);
+    screen->mnuHelp.setVisible(false);
+    EXPECT_EQ(activateAll(), Log{"click cmdGo"});  // an entry runs its button wherever that is
+    program.screens.hide(*screen);
+    EXPECT_EQ(activateAll(), Log{});
+}
+
+TEST_F(Focus, KeyOfAnEntryThatIsOffMeansNothing) {
+    screen->mnuHelp.setEnabled(false);
+    EXPECT_FALSE(person::press(*screen, person::readKey("F1")).used);
+    EXPECT_FALSE(person::press(*screen, person::Key{}).used) << "a key without a name runs what has none";
+    EXPECT_EQ(screen->happened, Log{});
+}
+
+TEST_F(Focus, IsRefusedByTabWhereNothingTakesIt) {
+    for (Control* const control : screen->controls())
+        control->setTabStop(false);
+    EXPECT_EQ(person::tab(*screen), Arrival::Refused);
+    EXPECT_EQ(focus(), "txtOne");
+}
+
+TEST_F(Focus, TextEditedFromElsewhereIsNotTypedOver) {
+    screen->txtTwo.setText("a\tb");
+    EXPECT_EQ(person::edit(screen->txtTwo, "a\tbc"), Arrival::Arrived);
+    EXPECT_EQ(screen->txtTwo.text(), "a\tbc");
+    EXPECT_FALSE(screen->txtTwo.isAllSelected());
+    screen->txtTwo.selectAll();
+    EXPECT_EQ(person::edit(screen->txtTwo, "a\tx"), Arrival::Arrived);
+    EXPECT_EQ(screen->txtTwo.text(), "ax");  // and where it was, all is
+}
+
+TEST(Keys, AreReadWithTheirModifiersInAnyOrder) {
+    const auto told = [](const char* text) {
+        const person::Key key = person::readKey(text);
+        return std::string(key.alt ? "A" : "") + (key.control ? "C" : "") + (key.shift ? "S" : "") + " " +
+               key.name;
+    };
+    for (const auto& [text, key] :
+         std::vector<std::pair<const char*, const char*>>{{"", " "},
+                                                          {"x", " x"},
+                                                          {"Shift+x", "S x"},
+                                                          {"Alt+x", "A X"},
+                                                          {"Ctrl+x", "C X"},
+                                                          {"Ctrl+Alt+x", "AC X"},
+                                                          {"Shift+Alt+Tab", "AS Tab"},
+                                                          {"Shift+Ctrl+Alt+f4", "ACS f4"},
+                                                          {"Ctrl++", "C +"},
+                                                          {"Alt+", " Alt+"},
+                                                          {"Ctrl+ ", "C Space"}})
+        EXPECT_EQ(told(text), key) << text;
 }
 
 TEST_F(Focus, ScreenIsHiddenAndShownOnce) {

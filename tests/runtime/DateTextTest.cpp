@@ -38,6 +38,7 @@ TEST(DateText, IsReadInManyForms) {
     EXPECT_EQ(readDate("1/1/29", 2026), makeDate(2029, 1, 1));
     EXPECT_EQ(readDate("1/1/30", 2026), makeDate(1930, 1, 1));
     EXPECT_EQ(readDate("1/1/99", 2026), makeDate(1999, 1, 1));
+    EXPECT_EQ(readDate("1/1/0100", 2026), makeDate(100, 1, 1));
     EXPECT_EQ(readDate("2/29/2024", 2026), makeDate(2024, 2, 29));
     EXPECT_EQ(readDate("11/14/2026 9:55:32 PM", 2026), at(day, 21, 55, 32));
     EXPECT_EQ(readDate("11/14/2026 21:55", 2026), at(day, 21, 55, 0));
@@ -103,6 +104,10 @@ TEST(DateText, RefusesEverythingElse) {
                              "11/14/2026 9:55:",
                              "11/14/2026 9:55: PM",
                              "11/4/5",
+                             "2026.11.14",
+                             "11,14,2026",
+                             "Nov 14 2026 7",
+                             "1/1/0099",
                              "-Nov 14",
                              "Nov--14",
                              ",,14 Nov",

@@ -3,6 +3,8 @@
 #include "runtime/InstanceLock.h"
 #include "runtime/Value.h"
 
+#include <cmath>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook {
@@ -114,6 +116,13 @@ TEST(Value, IsConverted) {
     EXPECT_EQ(numberOf([] { toInt16(Value{"40000"}); }), error::kOverflow);
     EXPECT_EQ(numberOf([] { toDate(Value{"x"}, 2026); }), error::kTypeMismatch);
     EXPECT_EQ(numberOf([] { toDate(Value{1e300}, 2026); }), error::kOverflow);
+}
+
+TEST(Value, IsADateOfTheYears100To9999) {
+    EXPECT_EQ(toDate(Value{-657434.0}, 2026), makeDate(100, 1, 1));
+    EXPECT_EQ(toDate(Value{2958465.5}, 2026), makeDate(9999, 12, 31) + std::chrono::hours{12});
+    for (const double beyond : {-657434.5, 2958466.0, std::nan("")})
+        EXPECT_EQ(numberOf([beyond] { toDate(Value{beyond}, 2026); }), error::kOverflow) << beyond;
 }
 
 }  // namespace
