@@ -167,11 +167,15 @@ TEST_F(BoxTest, InputBoxGivesTheText) {
     hands.expect([](QDialog& window) {
         auto& box = dynamic_cast<QInputDialog&>(window);
         EXPECT_EQ(box.windowTitle(), "Question");
-        EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
+        const QLabel& label = *box.findChild<QLabel*>();
+        EXPECT_EQ(label.text(), "<i>What</i> & why?\nNow?");
+        EXPECT_EQ(label.textFormat(), Qt::PlainText);
+        EXPECT_EQ(label.textInteractionFlags(), Qt::TextSelectableByMouse);
+        EXPECT_FALSE(label.wordWrap());
         QTest::keyClicks(box.findChild<QLineEdit*>(), "forty-two");
         clickButton(box, QDialogButtonBox::Ok);
     });
-    EXPECT_EQ(input({.text = "<i>What</i> & why?", .title = "Question"}), "forty-two");
+    EXPECT_EQ(input({.text = "<i>What</i> & why?\r\nNow?", .title = "Question"}), "forty-two");
 }
 
 TEST_F(BoxTest, InputBoxIsInSightWhateverItAsks) {
@@ -223,7 +227,7 @@ TEST_F(FileDialogTest, OpensAFileAndMovesToItsFolder) {
     });
     EXPECT_EQ(choose({.title = "Which File",
                       .folder = files.string(),
-                      .filter = "Text files|*.txt;*.csv|All files (*.*)|*.*",
+                      .filter = "Text files | *.txt; .csv|All files (*.*)|*.*|Neither",
                       .name = ""}),
               files / "night.txt");
     EXPECT_EQ(std::filesystem::current_path(), files);

@@ -3,6 +3,7 @@
 #include "runtime/EndProgram.h"
 
 #include <QElapsedTimer>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -38,6 +39,13 @@ TEST_F(DesktopDisplayTest, ScreenIsAWindowInTheMiddle) {
     EXPECT_EQ(window().objectName(), "frmMain");
     const QPoint middle = window().screen()->availableGeometry().center();
     EXPECT_LE((window().geometry().center() - middle).manhattanLength(), 4);
+}
+
+TEST_F(DesktopDisplayTest, SetsTheApplicationUp) {
+    const QImage logo = QIcon(":/pictures/logo.svg").pixmap(32).toImage();
+    EXPECT_FALSE(logo.isNull());
+    EXPECT_EQ(QApplication::windowIcon().pixmap(32).toImage(), logo);
+    EXPECT_FALSE(QApplication::quitOnLastWindowClosed()) << "a screen that waits may be the only one";
 }
 
 TEST_F(DesktopDisplayTest, WindowsComeAndGoWithTheirScreens) {

@@ -101,6 +101,25 @@ TEST_F(KeyTest, ReturnEndsALineInABoxOfSeveral) {
     EXPECT_EQ(screen().txtLines.text(), "one\ntwo");
 }
 
+/// The toolkit's own shortcuts must not have what the screen answers.
+TEST_F(KeyTest, KeysThatTheScreenAnswersAreItsOwn) {
+    struct Own {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        bool isOwn;
+    };
+    for (const auto& [key, modifiers, isOwn] :
+         {Own{Qt::Key_Escape, Qt::NoModifier, true}, Own{Qt::Key_Tab, Qt::NoModifier, true},
+          Own{Qt::Key_Backtab, Qt::ShiftModifier, true}, Own{Qt::Key_G, Qt::AltModifier, true},
+          Own{Qt::Key_Q, Qt::AltModifier, false}, Own{Qt::Key_Tab, Qt::AltModifier, false},
+          Own{Qt::Key_G, Qt::NoModifier, false}, Own{Qt::Key_F1, Qt::NoModifier, false}}) {
+        QKeyEvent asked(QEvent::ShortcutOverride, key, modifiers);
+        asked.ignore();
+        QApplication::sendEvent(&widget(screen().cmdGo), &asked);
+        EXPECT_EQ(asked.isAccepted(), isOwn) << keyOf(asked).name;
+    }
+}
+
 TEST_F(KeyTest, SpaceTogglesOnce) {
     display.perform([this] { screen().chkPin.focus(); });
     press(Qt::Key_Space);

@@ -98,6 +98,19 @@ TEST_F(LayoutTest, NothingIsCutOffWithLargeFonts) {
     QApplication::setFont(before);
 }
 
+TEST_F(LayoutTest, FocusInAGroupComesWithItsTitle) {
+    window().resize(320, 260);
+    QTest::qWait(1);
+    display.perform([this] { screen().optNo.focus(); });
+    QWidget* const viewport = dynamic_cast<QScrollArea&>(*window().centralWidget()).viewport();
+    EXPECT_GE(widget(screen().fraAnswers).mapTo(viewport, QPoint()).y(), 0);
+    display.perform([this] { screen().cmdGo.focus(); });
+    display.perform([this] { screen().optYes.focus(); });
+    const QPoint title = widget(screen().fraAnswers).mapTo(viewport, QPoint());
+    EXPECT_GE(title.y(), 0);
+    EXPECT_LT(title.y(), viewport->height());
+}
+
 TEST_F(LayoutTest, FocusIsScrolledIntoView) {
     window().resize(320, 200);
     QTest::qWait(1);

@@ -450,6 +450,9 @@ TEST_F(ListTest, ReturnAndADoubleClickInAListPressTheFirstButton) {
     log();
     press(Qt::Key_Return);
     EXPECT_EQ(log(), (Lines{"lost lstNames", "got cmdGo", "click cmdGo"}));
+    display.perform([this] { lists().lstNames.focus(); });
+    press(Qt::Key_Enter);
+    EXPECT_EQ(log().back(), "click cmdGo");
     doubleClick(names(), placeOf(names(), names().model()->index(1, 0)));
     EXPECT_EQ(log().back(), "click cmdGo");
     EXPECT_EQ(lists().lstNames.picked(), "Bob");
@@ -530,6 +533,8 @@ protected:
 };
 
 TEST_F(FolderTest, IsOpenDownToTheFolderPicked) {
+    EXPECT_EQ(tree().model()->headerData(0, Qt::Horizontal), "Folder");  // is read aloud
+    EXPECT_EQ(tree().iconSize(), QSize(1, 1) * tree().fontMetrics().height());
     EXPECT_EQ(tree().model()->index(0, 0).data(), "/");
     EXPECT_EQ(below(""), (Lines{"a", "b", "c"}));
     EXPECT_EQ(below("b"), Lines{});

@@ -75,10 +75,31 @@ TEST_F(MenuPageTest, ReportsAreWalkedAndPressedTheSameWay) {
     EXPECT_EQ(screen().name(), "frmSearchEvents");
 }
 
-TEST_F(MenuPageTest, SpacePresses) {
+TEST_F(MenuPageTest, SpaceAndEnterPress) {
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Enter}) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+        press(Qt::Key_Tab);
+        press(key);
+        EXPECT_EQ(screen().name(), "frmHHSetup");
+        click("cmdMain", {Answer::Yes});
+    }
+}
+
+TEST_F(MenuPageTest, EntriesThatAreOffOrHiddenArePassedOver) {
+    display.perform([this] {
+        control("mnuHHSetup").setEnabled(false);
+        control("mnuSyncPDA").setVisible(false);
+    });
     press(Qt::Key_Tab);
-    press(Qt::Key_Space);
-    EXPECT_EQ(screen().name(), "frmHHSetup");
+    EXPECT_EQ(focused(), "Exit");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "Add From Form");
+    press(Qt::Key_Left);
+    EXPECT_EQ(focused(), "Exit");
+    for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier}) {
+        press(Qt::Key_Down, modifier);
+        EXPECT_EQ(focused(), "Exit") << modifier;
+    }
 }
 
 TEST_F(MenuPageTest, KeysOfTheScreenStayItsOwn) {
@@ -103,6 +124,31 @@ TEST_F(MenuPageTest, IsNotLostOnALargeDisplay) {
     window().resize(size);
     QTest::qWait(1);
     EXPECT_EQ(first->font(), window().font());
+}
+
+/// A desktop can tell the size of its letters in pixels.
+class PixelFont {
+public:
+    PixelFont() {
+        QFont pixels = before_;
+        pixels.setPixelSize(14);
+        QApplication::setFont(pixels);
+    }
+    ~PixelFont() { QApplication::setFont(before_); }
+    PixelFont(const PixelFont&) = delete;
+    PixelFont& operator=(const PixelFont&) = delete;
+
+private:
+    QFont before_ = QApplication::font();
+};
+
+class MenuPageInPixels : private PixelFont, public OwnScreens {};
+
+TEST_F(MenuPageInPixels, GrowsWithItsWindowToo) {
+    window().resize(3000, 2000);
+    QTest::qWait(1);
+    EXPECT_EQ(window().findChildren<QPushButton*>().front()->font().pixelSize(), 22);  // 1.6 times
+    EXPECT_EQ(window().widgetOf(control("lblTitle"))->font().pixelSize(), 33);         // half as much again
 }
 
 TEST_F(MenuPageTest, HeadingsStayWithWhatTheyHead) {

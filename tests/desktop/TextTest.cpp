@@ -110,10 +110,13 @@ TEST_F(VeryLongText, IsLaidOutAtItsBeginningOnlyInABoxOfSeveralLines) {
 
 TEST_F(VeryLongText, IsToldAsOneThatGoesOn) {
     setText(screen().txtName, std::string(100'000, 'a'));
-    EXPECT_FALSE(nameEdit().toolTip().contains("Only the beginning"));
+    EXPECT_EQ(nameEdit().toolTip(), "Say \"Hello\"");
     setText(screen().txtName, std::string(99'999, 'a') + "\xF0\x9F\x8E\xB3");
     EXPECT_EQ(nameEdit().text().size(), 99'999) << "half a character is shown";
-    EXPECT_TRUE(nameEdit().toolTip().contains("Only the beginning")) << nameEdit().toolTip().toStdString();
+    EXPECT_EQ(
+        nameEdit().toolTip(),
+        "Only the beginning of this very long text is shown. What follows stays as it is, unless all is "
+        "typed over.");
 }
 
 TEST_F(TextTest, TextFromCodeIsNotCutWhenItIsShortened) {

@@ -129,7 +129,7 @@ TEST(WindowMemory, WindowsComeUpInSight) {
 }
 
 TEST(WindowMemory, TitleBarsStayInSight) {
-    constexpr int kTitleBar = 20;
+    constexpr QMargins kFrame(4, 28, 4, 4);
     Settings settings;
     const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
     (*settings).setValue("sizes/frmMain", QSize(90'000, 90'000));
@@ -137,7 +137,7 @@ TEST(WindowMemory, TitleBarsStayInSight) {
         if (!place.isNull())
             (*settings).setValue("windows/place", place);
         RememberingDesktop desktop(settings.get());
-        EXPECT_GE(desktop.window().geometry().top(), available.top() + kTitleBar);
+        EXPECT_EQ(desktop.window().geometry(), available.marginsRemoved(kFrame));
     }
 }
 
