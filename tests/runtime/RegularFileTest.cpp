@@ -5,12 +5,16 @@
 #include "runtime/RegularFile.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/TextFile.h"
+#include "support/FileCalls.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
+#include <array>
+#include <cerrno>
 #include <cstring>
 #include <functional>
 #include <ostream>
+#include <system_error>
 
 #include <fcntl.h>
 #include <sys/socket.h>
@@ -100,6 +104,32 @@ INSTANTIATE_TEST_SUITE_P(As, NoFile, testing::ValuesIn(kOthers),
 TEST(Device, IsRefusedAtOnce) {
     EXPECT_THROW(RegularFile("/dev/zero", O_RDONLY), std::system_error);
     EXPECT_THROW(RegularFile("/dev/null", O_WRONLY), std::system_error);
+}
+
+/// Every call is interrupted twice. An errno that is left behind by those does not count.
+TEST(InterruptedCalls, AreRepeatedUntilTheyAreDone) {
+    const TemporaryFolder folder;
+    const fs::path place = folder.path() / "text";
+    int calls = 0;
+    const FileCalls watched([&](const FileCall& call) {
+        if (call.path != place || call.kind == FileCall::Kind::Close)
+            return 0;
+        ++calls;
+        return calls > 15 ? EIO : calls % 3 != 0 ? EINTR : 0;
+    });
+    RegularFile(place, O_WRONLY | O_CREAT).write("abc");
+    const RegularFile file(place, O_RDONLY);
+    std::array<char, 8> bytes{};
+    EXPECT_EQ(file.read(bytes.data(), bytes.size()), 3U);
+    EXPECT_EQ(std::string(bytes.data()), "abc");
+    EXPECT_EQ(file.read(bytes.data(), bytes.size()), 0U);
+    EXPECT_EQ(calls, 15);
+    try {
+        static_cast<void>(file.read(bytes.data(), bytes.size()));
+        ADD_FAILURE() << "it was read";
+    } catch (const std::system_error& failure) {
+        EXPECT_EQ(failure.code(), std::errc::io_error);
+    }
 }
 
 }  // namespace
