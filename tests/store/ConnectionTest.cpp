@@ -26,6 +26,21 @@ TEST(Connection, KeepsAStatementThatIsInUseHoweverManyOthersArePrepared) {
     EXPECT_FALSE(first->executeStep());
 }
 
+/// In the engine's own words.
+TEST(Connection, WaitsForTheDiskAndKeepsOthersOut) {
+    const test::TemporaryFolder folder;
+    const SettableClock clock{makeDate(2026, 11, 14)};
+    Store store(folder.path() / "Tallybrook_DB.mdb", clock);
+    std::string told;
+    for (const char* const setting :
+         {"journal_mode", "locking_mode", "synchronous", "cache_size", "trusted_schema"})
+        told += std::string(setting) + " " +
+                store.connection().database().execAndGet("PRAGMA " + std::string(setting)).getString() + "\n";
+    EXPECT_EQ(told,
+              "journal_mode truncate\nlocking_mode exclusive\nsynchronous 2\ncache_size -8192\n"
+              "trusted_schema 0\n");
+}
+
 }  // namespace
 
 }  // namespace tallybrook
