@@ -1,3 +1,4 @@
+#include "style/Colours.h"
 #include "viewer/PictureWidget.h"
 
 #include <QTest>
@@ -246,6 +247,18 @@ TEST_F(PictureWalk, ReadingEndsWhereItIsLeft) {
     EXPECT_EQ(told(), "0.0-100.0");
 }
 
+TEST_F(PictureWalk, RingIsAroundWhatIsRead) {
+    press(Qt::Key_Right);
+    const QImage read = widget.grab().toImage();
+    const QColor ring = focusColour(widget.palette());
+    const QColor ground = read.pixelColor(20, 60);
+    for (const QPoint place : {QPoint(96, 62), QPoint(104, 62), QPoint(100, 58), QPoint(100, 66)})
+        EXPECT_NE(read.pixelColor(place), ground) << place.x() << ", " << place.y();
+    EXPECT_EQ(read.pixelColor(100, 58), ring);
+    for (const QPoint place : {QPoint(93, 62), QPoint(100, 62), QPoint(100, 55)})
+        EXPECT_EQ(read.pixelColor(place), ground) << place.x() << ", " << place.y();
+}
+
 TEST_F(PictureWalk, ChoiceBeginsAnew) {
     widget.setPicture(tenths({"All", "Other"}));
     press(Qt::Key_Plus);
@@ -274,6 +287,7 @@ TEST_F(PictureWalk, TakesTheRoomOfItsStrips) {
     EXPECT_EQ(widget.minimumSizeHint(), QSize(qCeil(look.leastWidth()), static_cast<int>(look.lineHeight())));
     EXPECT_EQ(widget.sizeHint(), QSize(2 * widget.minimumSizeHint().width(), 131));
     EXPECT_TRUE(widget.sizePolicy().hasHeightForWidth());
+    EXPECT_TRUE(widget.hasMouseTracking());
     QFont large = widget.font();
     large.setPointSizeF(2 * large.pointSizeF());
     widget.setFont(large);

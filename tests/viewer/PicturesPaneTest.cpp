@@ -217,6 +217,44 @@ TEST_F(PicturesPane, NothingIsCutOffWithLargeFontsOnASmallScreen) {
     QApplication::setFont(usual);
 }
 
+TEST_F(PicturesPane, CopiedIsThePictureInSightOrTheOneTouchedLast) {
+    openGolden("statistics.txt");
+    const auto copied = [this] {
+        action("Copy as Table")->trigger();
+        return QApplication::clipboard()->text().toStdString();
+    };
+    const auto tableOf = [this](std::size_t picture) {
+        return pictures()[picture]->table().asText().toStdString();
+    };
+    EXPECT_EQ(copied(), tableOf(0));
+    QScrollBar& rows = *pane().verticalScrollBar();
+    rows.setValue(pictures()[0]->geometry().bottom() - 1);
+    EXPECT_EQ(copied(), tableOf(0)) << "its last line is seen";
+    rows.setValue(pictures()[0]->geometry().bottom());
+    EXPECT_EQ(copied(), tableOf(1));
+    pictures()[3]->setFocus();
+    view().setFocus();
+    EXPECT_EQ(copied(), tableOf(3));
+    QApplication::clipboard()->setText("before");
+    ASSERT_TRUE(window->open(files.write("notes.txt", "notes")));
+    EXPECT_EQ(copied(), "before");
+}
+
+TEST_F(PicturesPane, EntriesOfPicturesAreOnWhereTheyAreShown) {
+    const auto areOn = [this] {
+        emit menu("Edit").aboutToShow();
+        const bool isOn = action("Copy Picture")->isEnabled();
+        EXPECT_EQ(action("Copy as Table")->isEnabled(), isOn);
+        EXPECT_EQ(action("Save Picture...")->isEnabled(), isOn);
+        return isOn;
+    };
+    EXPECT_FALSE(areOn());
+    openGolden("statistics.txt");
+    EXPECT_TRUE(areOn());
+    press(Qt::Key_F9);
+    EXPECT_FALSE(areOn());
+}
+
 TEST_F(PicturesPane, WhatIsShownIsExported) {
     const auto pagesOf = [this](const QString& name) {
         hands.expect([path = files.path(name)](QDialog& dialog) {

@@ -114,6 +114,27 @@ TEST_F(ReloadTest, NoticeIsClosedByEscapeAndByItsButton) {
     EXPECT_EQ(told(), "");
 }
 
+TEST_F(ReloadTest, NoticeGoesByItselfUnlessItOffersSomething) {
+    auto& going = *notice().findChild<QTimer*>();
+    auto& offered = *notice().findChild<QPushButton*>();
+    action("Reload")->trigger();
+    EXPECT_TRUE(going.isActive());
+    EXPECT_TRUE(going.isSingleShot());
+    EXPECT_FALSE(offered.isVisible());
+    hands.expect([](QDialog& dialog) { dialog.accept(); });
+    action("Export as PDF...")->trigger();
+    EXPECT_TRUE(offered.isVisible());
+    EXPECT_FALSE(going.isActive());
+    action("Reload")->trigger();
+    EXPECT_FALSE(offered.isVisible());
+    EXPECT_EQ(told(), "The report is shown as it is now.");
+    going.start(0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !notice().isVisible(); }));
+    action("Reload")->trigger();
+    ASSERT_TRUE(window->open(files.write("other.txt", "another")));
+    EXPECT_EQ(told(), "") << "it was on another report";
+}
+
 TEST_F(ReloadTest, LongReportShowsItsTextFirstAndItsPicturesAfter) {
     start("long.txt", reportOf(weeklyEvents(6000)).toUtf8());
     EXPECT_TRUE(view().text().contains("Thursday League"));

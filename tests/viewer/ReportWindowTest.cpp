@@ -380,6 +380,20 @@ TEST_F(ReportWindowTest, RemembersItsSizeAndZoom) {
     EXPECT_FALSE(window->isMaximized());
 }
 
+TEST_F(ReportWindowTest, HasRoomForTheWidestLinesAndTheirPictures) {
+    const QFontMetrics metrics(view().font());
+    const QSize usual(154 * metrics.horizontalAdvance('x'), 40 * metrics.lineSpacing());
+    EXPECT_EQ(window->size(), usual.boundedTo(window->screen()->availableSize()));
+    EXPECT_EQ(window->minimumHeight(), (usual / 4).height());
+    auto& splitter = part<QSplitter>();
+    const int parts = splitter.minimumSizeHint().width() + splitter.handleWidth();
+    EXPECT_EQ(window->minimumWidth(), std::max(usual.width() / 4, parts));
+    start("statistics.txt", Files::read(goldenFile("statistics.txt")));
+    const QList<int> sizes = part<QSplitter>().sizes();
+    EXPECT_NEAR(sizes[0] * 62, sizes[1] * 92, 2 * 92);
+    EXPECT_FALSE(part<QSplitter>().childrenCollapsible());
+}
+
 TEST_F(ReportWindowTest, RemembersThatItWasMaximised) {
     window->resize(640, 420);
     window->showMaximized();
