@@ -2,13 +2,13 @@
 
 #include <QList>
 #include <algorithm>
-#include <cmath>
 
 namespace tallybrook {
 
 namespace {
 
 constexpr QStringView kEvent = u"Event: ";
+constexpr int kMost = 32767;  // that the logbook holds
 
 /// A day as reports write it, as in "11/14/2026".
 std::optional<std::chrono::local_days> dayIn(QStringView text) {
@@ -35,7 +35,6 @@ std::optional<BowledEvent> beginningIn(QStringView line) {
 
 /// Takes the figures of an event from their line; returns false for any other one.
 bool takeFigures(QStringView line, BowledEvent& event) {
-    constexpr int kMost = 32767;  // that the logbook holds
     const std::optional<int> games = countIn(column(line, u"Games Bowled:"));
     const std::optional<int> pinfall = countIn(column(line, u"Pinfall:"));
     const Field average = column(line, u"Event Average:");
@@ -47,9 +46,10 @@ bool takeFigures(QStringView line, BowledEvent& event) {
     return true;
 }
 
-/// Whether there is anything to draw: what was planned and never bowled has no pins.
+/// Whether there is anything to draw: what was planned and never bowled has no pins. Somebody may have
+/// written an average that has no place on any scale.
 bool isScored(const BowledEvent& event) {
-    return event.pinfall > 0 && event.average > 0 && std::isfinite(event.average);
+    return event.pinfall > 0 && event.average > 0 && event.average <= kMost;
 }
 
 /// Reads the list line by line. No event begins on the further lines of a comment, which an empty line ends:

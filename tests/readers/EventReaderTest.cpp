@@ -50,6 +50,41 @@ TEST(EventReaderTest, CommentsAreNoEvents) {
     EXPECT_EQ(eventsOf(reportOf(written, fake)), eventsOf(reportOf(written)));
 }
 
+/// Events are told of in any order, right below the comment on another one too, and of some there is more
+/// than a logbook holds, or nothing to draw.
+TEST(EventReaderTest, EventIsAsItsOwnLinesTell) {
+    struct Told {
+        const char* day;
+        const char* games;
+        const char* pinfall;
+        const char* average;
+        const char* end;
+    };
+    const QString season = goldenReport("statistics.txt");
+    QString report = season.section("Event: ", 0, 0);
+    for (const Told& told : {Told{"2/1/2024", "32767", "32767", "1", ""},
+                             {"1/2/2024", "1", "7", "7", "\n"},
+                             {"3/1/2024", "32768", "9", "9", "\n"},
+                             {"3/2/2024", "1", "32768", "9", "\n"},
+                             {"3/3/2024", "3", "0", "9", "\n"},
+                             {"3/4/2024", "3", "9", "0", "\n"},
+                             {"3/5/2024", "3", "9", "32768", "\n"},
+                             {"3/7/2024", "3", "9", "inf", "\n"},
+                             {"3/6/2024", "3", "-9", "3", "\n"}})
+        report += QString(
+                      "Event: A\t\tDate Bowled: B\t\tDate Bowled: %1\nEvent Type: LEAGUE\nGames Bowled: "
+                      "%2\t\tPinfall: %3\tEvent Average: %4\nComment: dry\n%5")
+                      .arg(told.day, told.games, told.pinfall, told.average, told.end);
+    const EventFigures read =
+        readFigures(report + season.mid(season.indexOf("Game Statistics\n-----"))).events;
+    ASSERT_EQ(read.bowled.size(), 2U);
+    EXPECT_EQ(dayText(read.bowled[0].date), "1/2/2024");
+    EXPECT_EQ(read.bowled[0].name, "A\t\tDate Bowled: B");
+    EXPECT_EQ(read.bowled[1].games, 32767);
+    EXPECT_EQ(read.bowled[1].pinfall, 32767);
+    EXPECT_EQ(read.unscored, 4);
+}
+
 TEST(EventReaderTest, DateThatIsNoneIsNoEvent) {
     for (const char* const date : {"2/30/2024", "13/1/2024", "12:00:00 AM", "1/1", "", "a/b/c"}) {
         QString report = goldenReport("statistics.txt");
