@@ -71,6 +71,14 @@ TEST_F(CarryOverCommand, TakesTheOldLogbookInTheLogbooksPlace) {
     EXPECT_NO_THROW(Store(folder.logbook(), clock));
 }
 
+TEST_F(CarryOverCommand, TellsWhereTheOldLogbookLiesNow) {
+    fs::rename(folder.old(), folder.logbook());
+    ASSERT_EQ(run({"carry-over"}), ExitStatus::Done) << notes.str();
+    EXPECT_TRUE(out.str().ends_with(
+        "\nThe old logbook lies here now: " + (folder.path() / "Tallybrook_DB (old).mdb").string() + "\n"))
+        << out.str();
+}
+
 TEST_F(CarryOverCommand, RefusesWhatItCannotDo) {
     ASSERT_EQ(run({"carry-over", folder.old().string()}), ExitStatus::Done);
     const std::string logbook = test::readBytes(folder.logbook());
