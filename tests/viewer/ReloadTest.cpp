@@ -138,7 +138,7 @@ TEST_F(ReloadTest, NoticeGoesByItselfUnlessItOffersSomething) {
 TEST_F(ReloadTest, LongReportShowsItsTextFirstAndItsPicturesAfter) {
     start("long.txt", reportOf(weeklyEvents(6000)).toUtf8());
     EXPECT_TRUE(view().text().contains("Thursday League"));
-    QScrollArea& pane = part<QScrollArea>();
+    auto& pane = part<QScrollArea>();
     EXPECT_TRUE(QTest::qWaitFor([&] { return pane.isVisible(); }));
     EXPECT_TRUE(picture().picture().summary.startsWith("6000 events"));
 }
