@@ -11,11 +11,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QHeaderView>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QTableView>
+#include <initializer_list>
 
 // Where everything stands on the program's windows, and how it tells itself. After a wanted change write it
 // down anew with TALLYBROOK_WRITE_EXPECTED, and read the difference.
@@ -175,6 +177,27 @@ TEST(ButtonsTest, GroundTellsWhetherTheyArePointedAtOrPressed) {
         EXPECT_EQ(entry->cursor().shape(), Qt::PointingHandCursor);
         entry->setEnabled(false);
         EXPECT_EQ(groundOf(*entry), entry->palette().color(QPalette::Window).name().toStdString());
+    }
+}
+
+/// Around what is drawn with smooth edges some points are neither full nor empty.
+TEST(ButtonsTest, EdgesAreSmooth) {
+    MenuEntry entry(nullptr, true);
+    RoomyButton next;
+    next.setStandsOut(true);
+    PinButton pin(nullptr);
+    TitledBox box(nullptr);
+    for (QWidget* const widget : std::initializer_list<QWidget*>{&entry, &next, &pin, &box}) {
+        widget->resize(60, 40);
+        QImage image(widget->size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        widget->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+        int partly = 0;
+        for (int at = 0; at < image.width() * image.height(); ++at) {
+            const int alpha = image.pixelColor(at % image.width(), at / image.width()).alpha();
+            partly += alpha > 0 && alpha < 255 ? 1 : 0;
+        }
+        EXPECT_GT(partly, 0) << widget->metaObject()->className();
     }
 }
 
