@@ -114,16 +114,15 @@ TEST(KeeperExport, TellsWhatThereIsNoRoomFor) {
     EXPECT_EQ(told, "This cannot be written: " + file.string() + "\nNo space left on device.");
 }
 
-TEST(KeeperAnswer, CountsTheNotesThatItLeavesOut) {
+TEST(KeeperAnswer, EndsWithTheNotesAndWhereTheOldLogbookLies) {
     carry::CarriedOver carried;
     carried.notes = {"a picture", "a sound"};
     carried.furtherNotes = 3;
-    const std::string told = inWords(carried);
-    EXPECT_NE(
-        told.find("What did not come over as it was:\n    a picture\n    a sound\n    and 3 more of the "
-                  "kind\n"),
-        std::string::npos)
-        << told;
+    carried.oldLogbookNow = "/home/ann/old.mdb";
+    EXPECT_TRUE(inWords(carried).ends_with(
+        "\nWhat did not come over as it was:\n    a picture\n    a sound\n    and 3 more of the kind\n"
+        "The old logbook lies here now: /home/ann/old.mdb\n"))
+        << inWords(carried);
 }
 
 TEST_F(KeeperCommandLine, IsCancelledByAnInterrupt) {
