@@ -90,9 +90,10 @@ protected:
         waitForWork();
         waitForWork();  // what follows it
     }
-    void expectFile(const fs::path& file) {
-        hands.expect([file](QDialog& dialog) {
+    void expectFile(const fs::path& file, const QString& title) {
+        hands.expect([file, title](QDialog& dialog) {
             auto& chooser = dynamic_cast<QFileDialog&>(dialog);
+            EXPECT_EQ(chooser.windowTitle(), title);
             chooser.findChild<QLineEdit*>()->setText(QString::fromStdString(file.string()));
             chooser.findChild<QLineEdit*>()->setFocus();
             QTest::keyClick(chooser.findChild<QLineEdit*>(), Qt::Key_Return);
@@ -223,14 +224,29 @@ TEST_F(Window, SaysThatTallybrookRuns) {
     open();
     EXPECT_TRUE(isShown("Tallybrook is running. This is from its newest backup, of 11/22/2026 8:00:00 PM."));
     events().topLevelItem(0)->setCheckState(0, Qt::Checked);
-    expectBox("Please end it first", "OK");
+    expectBox("The events could not be added.\n\nTallybrook is running", "OK");
     button("Add 1 Ticked").click();
     waitForWork();
+    expectBox("Put this backup in the place of your logbook?", "Restore");
+    expectBox("The backup could not be restored.\n\nTallybrook is running", "OK");
+    button("Restore").click();
+    waitForWork();
+}
+
+TEST_F(Window, TellsWhatThereIsNotToBeShown) {
+    open();
+    fs::remove_all(data / "Backups");
+    expectBox("The games cannot be shown.\n\n", "OK");
+    events().topLevelItem(0)->setExpanded(true);
+    std::ofstream(logbookIn(data)) << "Dear Aunt\n";
+    open();
+    EXPECT_TRUE(isShown("It cannot be read."));
+    EXPECT_TRUE(isShown("There are no backups yet. Tallybrook makes the first at its next start."));
 }
 
 TEST_F(Window, CarriesALogbookToANewMachine) {
     open();
-    expectFile(data / "mine.jsonl");
+    expectFile(data / "mine.jsonl", "Write Archive");
     trigger("Write Archive...");
     EXPECT_TRUE(isShown("mine.jsonl: 2 events, 4 games and 40 frames."));
     const test::TemporaryFolder other;
@@ -238,7 +254,7 @@ TEST_F(Window, CarriesALogbookToANewMachine) {
     window->show();
     waitForWork();
     EXPECT_TRUE(isShown("There are no backups yet."));
-    expectFile(data / "mine.jsonl");
+    expectFile(data / "mine.jsonl", "Read Archive");
     trigger("Read Archive...");
     EXPECT_TRUE(isShown("A new logbook was made: 2 events, 4 games and 40 frames."));
     EXPECT_EQ(test::rowsOf(logbookIn(other.path())), test::rowsOf(logbookIn(data)));
@@ -246,10 +262,10 @@ TEST_F(Window, CarriesALogbookToANewMachine) {
 
 TEST_F(Window, AsksWhatIsToBeDoneWithEventsThatAreThere) {
     open();
-    expectFile(data / "mine.jsonl");
+    expectFile(data / "mine.jsonl", "Write Archive");
     trigger("Write Archive...");
     test::deleteEvent(data, 2);
-    expectFile(data / "mine.jsonl");
+    expectFile(data / "mine.jsonl", "Read Archive");
     hands.expect([](QDialog& dialog) {
         const QTreeWidget& list = *dialog.findChild<QTreeWidget*>();
         EXPECT_EQ(list.topLevelItemCount(), 1);
@@ -271,8 +287,8 @@ TEST_F(Window, AsksWhatIsToBeDoneWithEventsThatAreThere) {
 TEST_F(Window, TellsWhatIsWrongWithAnArchive) {
     open();
     std::ofstream(data / "letter.jsonl") << "Dear Aunt\n";
-    expectFile(data / "letter.jsonl");
-    expectBox("It is no archive of Tallybrook.", "OK");
+    expectFile(data / "letter.jsonl", "Read Archive");
+    expectBox("The archive could not be read.\n\nThe archive cannot be read: ", "OK");
     trigger("Read Archive...");
 }
 
@@ -292,6 +308,7 @@ TEST_F(Window, CarriesAnOldLogbookOver) {
         QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
     });
     hands.expect([](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "What Was Carried Over");
         const QString words = dialog.findChild<QPlainTextEdit*>()->toPlainText();
         EXPECT_TRUE(words.startsWith("Carried over: 1 event, 0 pins in all.\n")) << words.toStdString();
         EXPECT_TRUE(words.contains("tblGameInfo has no column fldBowlHand"));
@@ -305,7 +322,7 @@ TEST_F(Window, CarriesAnOldLogbookOver) {
 TEST_F(Window, CarriesNothingOverALogbook) {
     open();
     test::writeBytes(data / "old.mdb", test::jetFile({}));
-    expectFile(data / "old.mdb");
+    expectFile(data / "old.mdb", "Carry Over an Old Logbook");
     expectBox("a logbook with events already", "OK");
     trigger("Carry Over an Old Logbook...");
     EXPECT_TRUE(isShown("It holds 2 events"));
@@ -315,7 +332,7 @@ TEST_F(Window, TellsWhatIsNoOldLogbook) {
     const auto before = test::rowsOf(logbookIn(data));
     open();
     std::ofstream(data / "letter.mdb") << "Dear Aunt\n";
-    expectFile(data / "letter.mdb");
+    expectFile(data / "letter.mdb", "Carry Over an Old Logbook");
     expectBox("The old logbook could not be carried over.", "OK");
     trigger("Carry Over an Old Logbook...");
     EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
@@ -323,7 +340,7 @@ TEST_F(Window, TellsWhatIsNoOldLogbook) {
 
 TEST_F(Window, WritesASpreadsheet) {
     open();
-    expectFile(data / "season.xlsx");
+    expectFile(data / "season.xlsx", "Write Spreadsheet");
     trigger("Write Spreadsheet...");
     EXPECT_TRUE(isShown("season.xlsx: 2 events, 4 games and 40 frames."));
     EXPECT_GT(fs::file_size(data / "season.xlsx"), 1000U);
@@ -335,7 +352,7 @@ TEST_F(Window, TellsWhatCannotBeWritten) {
     for (const auto& [caption, failed] :
          {std::pair("Write Archive...", "The archive could not be written."),
           std::pair("Write Spreadsheet...", "The spreadsheet could not be written.")}) {
-        expectFile(data / "Tallybrook_DB.mdb-journal");
+        expectFile(data / "Tallybrook_DB.mdb-journal", QString(caption).chopped(3));
         expectBox(QString(failed) + "\n\nThis file belongs to the logbook itself, and is not written over: ",
                   "OK");
         trigger(caption);
@@ -346,7 +363,7 @@ TEST_F(Window, TellsWhatCannotBeWritten) {
 TEST_F(Window, TellsWhereNoCsvFilesCanBeWritten) {
     fs::create_directories(data / "sheets" / "games.csv");
     open();
-    expectFile(data / "sheets");
+    expectFile(data / "sheets", "Write CSV Files into a Folder");
     expectBox("The CSV files could not be written.\n\nThis is a folder; please name a file: ", "OK");
     trigger("Write CSV Files...");
     EXPECT_FALSE(fs::exists(data / "sheets" / "events.csv"));
