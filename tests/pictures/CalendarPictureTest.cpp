@@ -41,6 +41,22 @@ TEST(CalendarPicture, OnlyNightHasTheFullColour) {
     EXPECT_EQ(image.pixelColor(strips[1].spots.at(0).place.center().toPoint()), look.fill());
 }
 
+/// A year of 54 weeks in one row, or 28 of each half below each other, and no day larger than is seen with
+/// ease.
+TEST(CalendarPicture, DaysTakeTheRoomThatThereIs) {
+    const PictureLook look(Drawing::font(9), QPalette(Qt::white));
+    const ReportPicture picture = calendarOf(weeklyEvents(1));
+    const auto dayIn = [&](double digits) {
+        return picture.strips(look, digits * look.digit())[1].spots.at(0).place.width() / look.digit();
+    };
+    for (const double digits : {28.0, 40.0, 47.5})
+        EXPECT_NEAR(dayIn(digits), digits / 28, 1e-9) << digits;
+    for (const double digits : {51.4, 60.0, 91.7})
+        EXPECT_NEAR(dayIn(digits), digits / 54, 1e-9) << digits;
+    EXPECT_NEAR(dayIn(91.9), 1.7, 1e-9);
+    EXPECT_NEAR(dayIn(51.2), 1.7, 1e-9);
+}
+
 TEST(CalendarPicture, LegendOfOneNightTellsNoAverages) {
     const PictureLook look(Drawing::font(9), QPalette(Qt::white));
     Drawing drawing;

@@ -82,6 +82,16 @@ TEST(ReportFigures, StrikesOfTheSeason) {
     EXPECT_EQ(strikes->firstBallAverage, 7);
 }
 
+TEST(ReportFigures, SinglePinsAreThoseBelowTheirOwnHeading) {
+    QString text = goldenReport("statistics.txt");
+    text.replace("Attempts: 90\t\tConversions: 30",
+                 "None\n\nOther Spares\n------------\nAttempts: 5\t\tConversions: 4");
+    const auto strikes = readFigures(text).strikes;
+    ASSERT_TRUE(strikes);
+    EXPECT_FALSE(strikes->singlePins);
+    EXPECT_EQ(strikes->firstBallAverage, 7);
+}
+
 TEST(ReportFigures, LeavesOfTheSeasonByAttempts) {
     const std::vector<LeaveFigures> leaves = readFigures(goldenReport("statistics.txt")).leaves;
     EXPECT_EQ(leaves.size(), 58U);
