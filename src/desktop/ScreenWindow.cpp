@@ -362,6 +362,7 @@ bool ScreenWindow::standBeside() {
 
 /// Takes how much room the content asks for.
 void ScreenWindow::measure() {
+    area_->widget()->layout()->activate();  // takes in what has changed since the window was built
     usual_ = area_->widget()->sizeHint();
     if (!holds(isPin))
         return;
@@ -412,9 +413,7 @@ void ScreenWindow::takeUsualSize() {
     const QSize largest = screen()->availableSize().shrunkBy(kFrame);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area_->widget()->layout()->activate();  // takes in what has changed since the window was built
-    QSize wanted = area_->widget()->sizeHint() +
-                   QSize(0, menuBar()->sizeHint().height() + statusBar()->sizeHint().height());
+    QSize wanted = usual_ + QSize(0, menuBar()->sizeHint().height() + statusBar()->sizeHint().height());
     if (wanted.height() > largest.height())
         wanted.rwidth() += area_->verticalScrollBar()->sizeHint().width();
     resize(wanted.expandedTo(kSmallest).boundedTo(largest));
@@ -431,9 +430,9 @@ void ScreenWindow::changeEvent(QEvent* event) {
         setAttribute(Qt::WA_KeyboardFocusChange);  // the focus is seen, be it the mouse that brought it there
     if (event->type() == QEvent::PaletteChange)
         refresh();
-    if (event->type() == QEvent::WindowStateChange && isVisible() && windowState() == Qt::WindowActive &&
-        !size_.isValid())
-        takePlace();
+    const bool isNormal = (windowState() & ~Qt::WindowStates(Qt::WindowActive)) == Qt::WindowNoState;
+    if (event->type() == QEvent::WindowStateChange && isVisible() && isNormal && !size_.isValid())
+        takePlace();  // it came up maximised
 }
 
 // --- What the user does ------------------------------------------------------------------------------------

@@ -115,6 +115,17 @@ TEST(WindowMemory, MaximisedStaysMaximised) {
     EXPECT_FALSE(desktop.window().isMaximized());
 }
 
+TEST(WindowMemory, MaximisedComesBackAsUsual) {
+    const QRect usual = RememberingDesktop(nullptr).window().geometry();
+    Settings settings;
+    (*settings).setValue("windows/maximised", true);
+    RememberingDesktop desktop(settings.get());
+    ASSERT_TRUE(desktop.window().isMaximized());
+    desktop.window().showNormal();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.window().geometry() == usual; }))
+        << desktop.window().width() << " x " << desktop.window().height();
+}
+
 TEST(WindowMemory, WindowsComeUpInSight) {
     Settings settings;
     const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
