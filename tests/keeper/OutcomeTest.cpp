@@ -4,6 +4,7 @@
 #include "runtime/CommandLine.h"
 #include "runtime/Progress.h"
 
+#include <cerrno>
 #include <new>
 #include <ostream>
 #include <stdexcept>
