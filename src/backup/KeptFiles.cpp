@@ -7,7 +7,6 @@
 #include "store/Store.h"
 
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <system_error>
 
@@ -42,12 +41,9 @@ std::vector<fs::path> namesOfKept(const fs::path& dataFolder) {
     return files;
 }
 
-/// None where the path leads to nothing.
-std::optional<std::pair<dev_t, ino_t>> identityOf(const fs::path& path) {
-    struct stat found {};
-    if (stat(path.c_str(), &found) != 0)
-        return std::nullopt;
-    return std::pair{found.st_dev, found.st_ino};
+/// What tells a file that was looked at from all others, whatever it is called.
+std::pair<dev_t, ino_t> identityIn(const struct stat& found) {
+    return {found.st_dev, found.st_ino};
 }
 
 }  // namespace
@@ -56,19 +52,22 @@ std::optional<std::pair<dev_t, ino_t>> identityOf(const fs::path& path) {
 KeptFiles::KeptFiles(const fs::path& dataFolder) : places_(namesOfKept(dataFolder)) {
     const std::size_t names = places_.size();
     for (std::size_t at = 0; at < names; ++at) {
-        std::error_code ignored;
-        if (fs::is_symlink(places_[at], ignored))
+        struct stat found {};
+        bool isThere = lstat(places_[at].c_str(), &found) == 0;
+        if (isThere && S_ISLNK(found.st_mode)) {
+            isThere = stat(places_[at].c_str(), &found) == 0;
             places_.push_back(placeOf(places_[at]));
-        if (const auto identity = identityOf(places_[at]))
-            files_.push_back(*identity);
+        }
+        if (isThere)
+            files_.push_back(identityIn(found));
     }
 }
 
 bool KeptFiles::has(const fs::path& path) const {
     if (std::ranges::find(places_, placeOf(path)) != places_.end())
         return true;
-    const auto identity = identityOf(path);
-    return identity && std::ranges::find(files_, *identity) != files_.end();
+    struct stat found {};
+    return stat(path.c_str(), &found) == 0 && std::ranges::find(files_, identityIn(found)) != files_.end();
 }
 
 }  // namespace tallybrook

@@ -97,7 +97,8 @@ TEST_F(SharedFile, IsAnyOther) {
 TEST_F(SharedFile, IsNotTheLogbookThatTheDataFolderLinksTo) {
     fs::rename(logbook, elsewhere / "night.mdb");
     fs::create_symlink(elsewhere / "night.mdb", logbook);
-    for (const char* const name : {"night.mdb", "night.mdb-journal"})
+    fs::create_hard_link(elsewhere / "night.mdb", elsewhere / "second name.mdb");
+    for (const char* const name : {"night.mdb", "night.mdb-journal", "second name.mdb"})
         EXPECT_EQ(refusals(elsewhere / name), kRefused) << name;
 }
 

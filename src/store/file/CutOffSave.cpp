@@ -70,7 +70,7 @@ bool isSoundOnCopies(const fs::path& logbook, Companion companionOf, int newestS
 
 std::vector<fs::path> copiesForTrial(const fs::path& logbook) {
     const fs::path copy = copyForTrial(logbook);
-    std::vector<fs::path> copies = companionsOf(copy);
+    std::vector<fs::path> copies = companionsBeside(copy);
     copies.insert(copies.begin(), copy);
     return copies;
 }

@@ -147,8 +147,11 @@ fs::path journalOf(const fs::path& logbook) {
 
 std::vector<fs::path> companionsOf(const fs::path& logbook) {
     std::error_code ignored;
-    const std::string file = fs::weakly_canonical(logbook, ignored).string();
-    return {file + "-journal", file + "-wal", file + "-shm"};
+    return companionsBeside(fs::weakly_canonical(logbook, ignored));
+}
+
+std::vector<fs::path> companionsBeside(const fs::path& file) {
+    return {file.string() + "-journal", file.string() + "-wal", file.string() + "-shm"};
 }
 
 fs::path writeAheadOf(const fs::path& logbook) {

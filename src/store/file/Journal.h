@@ -10,6 +10,8 @@ std::filesystem::path journalOf(const std::filesystem::path& logbook);
 
 /// All that the engine keeps beside a logbook while it is written, the journal first.
 std::vector<std::filesystem::path> companionsOf(const std::filesystem::path& logbook);
+/// The same of a file to which no link leads; it need not be there.
+std::vector<std::filesystem::path> companionsBeside(const std::filesystem::path& file);
 
 /// Whether a save was cut off and left its journal. An empty journal is just left over.
 bool wasSaveCutOff(const std::filesystem::path& logbook);
