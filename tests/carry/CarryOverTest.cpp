@@ -2,7 +2,6 @@
 #include "carry/CarryOver.h"
 #include "carry/Conversion.h"
 #include "carry/JetHeader.h"
-#include "sample/Sample.h"
 #include "store/Store.h"
 #include "store/sql/FieldValue.h"
 #include "support/FileCalls.h"
@@ -624,41 +623,6 @@ RC_GTEST_PROP(AnyOldLogbook, HasTheSameRowsAfterwards, ()) {
     const SQLite::Database logbook(folder.logbook().string());
     for (const JetTableText& table : old)
         expectSameRows(logbook, table);
-}
-
-/// Years of bowling, as the program keeps them.
-TEST_F(AnOldLogbook, MayHoldYearsOfBowling) {
-    const test::TemporaryFolder made;
-    sample::makeSample({.events = 40, .seed = 7, .data = made.path()});
-    const fs::path sampled = made.path() / "Tallybrook_DB.mdb";
-    std::vector<JetTableText> old = test::emptyOldTables();
-    const SQLite::Database database(sampled.string());
-    for (JetTableText& table : old) {
-        SQLite::Statement stored(database, "SELECT * FROM " + table.name);
-        while (stored.executeStep()) {
-            test::JetRow& row = table.rows.emplace_back();
-            for (std::size_t at = 0; at < table.fields.size(); ++at) {
-                const SQLite::Column value = stored.getColumn(static_cast<int>(at));
-                const std::optional<DateTime> date = storedDateIn(value.getString());
-                if (table.fields[at].type == JetType::Date)
-                    row.cells.emplace_back(
-                        std::chrono::duration<double, std::ratio<86400>>(*date - kZeroDate).count());
-                else if (value.isInteger())
-                    row.cells.emplace_back(value.getInt64());
-                else if (value.isFloat())
-                    row.cells.emplace_back(value.getDouble());
-                else
-                    row.cells.emplace_back(value.getString());
-            }
-        }
-    }
-    write(old);
-    const CarriedOver carried = carry();
-    EXPECT_TRUE(carried.notes.empty());
-    EXPECT_EQ(carried.figures, figuresOf(database));
-    for (const JetTableText& table : old)
-        EXPECT_EQ(rows("SELECT * FROM " + table.name),
-                  test::storedRows(sampled, "SELECT * FROM " + table.name));
 }
 
 }  // namespace
