@@ -149,20 +149,19 @@ int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, c
     constexpr int kBesideText = 6;
     constexpr double kMark = 0.8;  // of the height of the letters
     constexpr double kIcon = 2.3;  // of a line
-    if (isPlain() && widget != nullptr && isMark(metric))
-        return std::max(QProxyStyle::pixelMetric(metric, option, widget),
-                        static_cast<int>(kMark * widget->fontMetrics().ascent()));
-    if (isPlain() && widget != nullptr && metric == PM_MessageBoxIconSize)
-        return static_cast<int>(kIcon * widget->fontMetrics().height());
     constexpr int kFrame = 2;  // as thick as the mark of the focus
-    if (isPlain() && metric == PM_DefaultFrameWidth && isFramedBox(widget))
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    if (!isPlain())
+        return usual;
+    if (widget != nullptr && isMark(metric))
+        return std::max(usual, static_cast<int>(kMark * widget->fontMetrics().ascent()));
+    if (widget != nullptr && metric == PM_MessageBoxIconSize)
+        return static_cast<int>(kIcon * widget->fontMetrics().height());
+    if (metric == PM_DefaultFrameWidth && isFramedBox(widget))
         return kFrame;
-    const bool isTable = qobject_cast<const QTableView*>(widget) != nullptr;
-    if (isPlain() && isTable && metric == PM_FocusFrameHMargin)
+    if (metric == PM_FocusFrameHMargin && qobject_cast<const QTableView*>(widget) != nullptr)
         return kBesideText - 1;
-    if (isPlain() && metric == PM_HeaderMargin)
-        return kBesideText;
-    return QProxyStyle::pixelMetric(metric, option, widget);
+    return metric == PM_HeaderMargin ? kBesideText : usual;
 }
 
 QSize OutlinedStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,

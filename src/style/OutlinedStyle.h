@@ -28,7 +28,7 @@ public:
                                      const QWidget* widget) const override;
 
 private:
-    [[nodiscard]] bool isPlain() const { return baseStyle()->name() == "fusion"; }
+    [[nodiscard]] bool isPlain() const { return baseStyle()->name() == QLatin1String("fusion"); }
 };
 
 }  // namespace tallybrook
