@@ -1,5 +1,6 @@
 #include "Lists.h"
 
+#include <QClipboard>
 #include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
@@ -65,6 +66,20 @@ TEST_F(GridTest, ShowsTitleHeadersAndCells) {
     EXPECT_EQ(table().model()->headerData(0, Qt::Vertical), QVariant());
     EXPECT_EQ(row(1), (Lines{"1", "Event 1", "11/1/2026", "10.50", "two lines"}));
     EXPECT_EQ(row(2), (Lines{"2", "Event 2", "11/2/2026", "21.00", "two lines"}));
+}
+
+TEST_F(GridTest, LongTextIsCopiedWhole) {
+    fill(1);
+    const std::string comment(3000, 'c');
+    Recordset rows(program.store());
+    rows.Open("SELECT * FROM tblEventInfo");
+    rows["fldComment"] = comment;
+    rows.Update();
+    refresh();
+    EXPECT_EQ(row(1).at(4), comment.substr(0, 2000));
+    clickRow(1);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().section('\t', 4).toStdString(), comment);
 }
 
 TEST_F(GridTest, TitleFollowsTheScreen) {

@@ -252,6 +252,16 @@ TEST_F(LedTest, ButtonsBelowTheRestAreAsWideAsUsual) {
     EXPECT_EQ(place("cmdSearch"), usual);
 }
 
+TEST_F(LedTest, GroupOfTheFocusIsSeenWhole) {
+    beginEvent();
+    window().resize(900, 330);
+    QTest::qWait(1);
+    EXPECT_GT(place("fraScoreType").bottom(), window().height());
+    display.perform([this] { control("optScType(0)").focus(); });
+    const QWidget& seen = *area().viewport();
+    EXPECT_TRUE(QRect(seen.mapTo(&window(), QPoint()), seen.size()).contains(place("fraScoreType")));
+}
+
 TEST_F(LedTest, OptionsOfAGroupStandTogether) {
     click("mnuHHSetup");
     window().resize(1600, 900);

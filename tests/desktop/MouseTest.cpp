@@ -1,7 +1,9 @@
 #include "Desktop.h"
 
+#include <QAccessible>
 #include <QPlainTextEdit>
 #include <QWindow>
+#include <algorithm>
 
 namespace tallybrook::test {
 
@@ -78,6 +80,17 @@ TEST_F(MouseTest, MenuEntryTakesNoFocus) {
     display.actionOf(screen().mnuInner)->trigger();
     EXPECT_EQ(log(), Lines{"click mnuInner"});
     EXPECT_TRUE(screen().txtName.hasFocus());
+}
+
+TEST_F(MouseTest, ButtonThatWasClickedBeforeTakesTheFocusWhenAScreenReaderPressesIt) {
+    click(screen().cmdGo);
+    display.perform([this] { screen().txtName.focus(); });
+    log();
+    QAccessible::queryAccessibleInterface(&widget(screen().cmdGo))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_TRUE(QTest::qWaitFor([this] { return std::ranges::count(screen().log, "click cmdGo") != 0; }));
+    EXPECT_EQ(log(), (Lines{"lost txtName", "got cmdGo", "click cmdGo"}));
 }
 
 }  // namespace tallybrook::test
