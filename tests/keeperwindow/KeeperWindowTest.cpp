@@ -192,6 +192,23 @@ TEST_F(Window, ShowsTheGamesAndFramesOfAnEvent) {
     EXPECT_EQ(event.child(0)->child(0)->text(0), "Frame 1: 7-10");
 }
 
+TEST_F(Window, GamesStandOnceHoweverOftenTheirEventIsOpened) {
+    open();
+    QTreeWidgetItem& event = *events().topLevelItem(0);
+    for (const bool isOpen : {true, false, true})
+        event.setExpanded(isOpen);
+    EXPECT_EQ(event.childCount(), 2);
+}
+
+TEST_F(Window, OpenedEventIsNotReadAloudAsTicked) {
+    open();
+    events().setFocus();
+    events().setCurrentItem(events().topLevelItem(0));
+    const test::Heard heard;
+    events().topLevelItem(0)->setExpanded(true);
+    EXPECT_EQ(test::Heard::take(QAccessible::StateChanged), std::vector<std::string>{});
+}
+
 TEST_F(Window, KeepsItsColumnsInSightWhateverTheNames) {
     test::addEvent(data, std::string(1'000'000, 'n'));
     backUpNow(logbookIn(data), clock);
@@ -217,6 +234,65 @@ TEST_F(Window, RestoresABackupOnceThatIsConfirmed) {
     EXPECT_TRUE(
         isShown("Restored, checked and compared: the logbook holds 2 events, 4 games and 40 frames."));
     EXPECT_EQ(backups().count(), 2);
+}
+
+TEST_F(Window, ReturnRestoresNothing) {
+    test::deleteEvent(data, 1);
+    const auto before = test::rowsOf(logbookIn(data));
+    open();
+    hands.expect([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+    button("Restore").click();
+    waitForWork();
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
+}
+
+TEST_F(Window, EventsComeBackInTheOrderInWhichTheyWereEntered) {
+    test::deleteEvent(data, 1);
+    test::deleteEvent(data, 2);
+    open();
+    EXPECT_EQ(events().topLevelItem(0)->text(0), "Friday") << "the newest stands first";
+    events().topLevelItem(0)->setCheckState(0, Qt::Checked);
+    events().topLevelItem(1)->setCheckState(0, Qt::Checked);
+    button("Add 2 Ticked").click();
+    waitForWork();
+    const auto rows = test::rowsOf(logbookIn(data));
+    EXPECT_TRUE(rows.at(0).starts_with("tblEventInfo integer3 text'Tuesday'")) << rows.at(0);
+    EXPECT_TRUE(rows.at(1).starts_with("tblEventInfo integer4 text'Friday'")) << rows.at(1);
+}
+
+TEST_F(Window, WhatIsCancelledCanBeDoneAgain) {
+    window = std::make_unique<KeeperWindow>(data, clock);
+    window->show();
+    EXPECT_TRUE(window->isBusy());
+    button("Cancel").click();
+    waitForWork();
+    expectFile(data / "mine.jsonl", "Write Archive");
+    trigger("Write Archive...");
+    EXPECT_TRUE(isShown("mine.jsonl: 2 events, 4 games and 40 frames."));
+}
+
+TEST_F(Window, WhatWasDoneEarlierIsNotToldAgain) {
+    open();
+    expectFile(data / "mine.jsonl", "Write Archive");
+    trigger("Write Archive...");
+    trigger("Read Backups Again");
+    EXPECT_TRUE(isShown("mine.jsonl"));
+    std::ofstream(data / "letter.jsonl") << "Dear Aunt\n";
+    expectFile(data / "letter.jsonl", "Read Archive");
+    expectBox("The archive could not be read.", "OK");
+    trigger("Read Archive...");
+    trigger("Read Backups Again");
+    EXPECT_FALSE(isShown("mine.jsonl"));
+}
+
+TEST_F(Window, NameThatLooksLikeMarkupIsShownAsItIs) {
+    open();
+    expectFile(data / "<b>mine.jsonl", "Write Archive");
+    trigger("Write Archive...");
+    EXPECT_TRUE(isShown("<b>mine.jsonl: 2 events, 4 games and 40 frames."));
+    for (const QLabel* const label : window->findChildren<QLabel*>())
+        EXPECT_TRUE(label->textFormat() == Qt::PlainText || !Qt::mightBeRichText(label->text()))
+            << label->text().toStdString();
 }
 
 TEST_F(Window, SaysThatTallybrookRuns) {
@@ -284,6 +360,18 @@ TEST_F(Window, AsksWhatIsToBeDoneWithEventsThatAreThere) {
     EXPECT_TRUE(isShown("Added to the logbook: 2 events, 4 games and 40 frames."));
 }
 
+TEST_F(Window, AsksNothingWhereTheLogbookIsEmpty) {
+    open();
+    expectFile(data / "mine.jsonl", "Write Archive");
+    trigger("Write Archive...");
+    const auto before = test::rowsOf(logbookIn(data));
+    test::deleteEvent(data, 1);
+    test::deleteEvent(data, 2);
+    expectFile(data / "mine.jsonl", "Read Archive");
+    trigger("Read Archive...");
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
+}
+
 TEST_F(Window, TellsWhatIsWrongWithAnArchive) {
     open();
     std::ofstream(data / "letter.jsonl") << "Dear Aunt\n";
@@ -316,6 +404,7 @@ TEST_F(Window, CarriesAnOldLogbookOver) {
         dialog.reject();
     });
     trigger("Carry Over an Old Logbook...");
+    EXPECT_TRUE(isReadAloud("Carried over: 1 event, 0 pins in all."));
     EXPECT_TRUE(isShown("It holds 1 event."));
 }
 
