@@ -149,7 +149,7 @@ int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, c
     constexpr int kBesideText = 6;
     constexpr double kMark = 0.8;  // of the height of the letters
     constexpr double kIcon = 2.3;  // of a line
-    constexpr int kFrame = 2;  // as thick as the mark of the focus
+    constexpr int kFrame = 2;      // as thick as the mark of the focus
     const int usual = QProxyStyle::pixelMetric(metric, option, widget);
     if (!isPlain())
         return usual;

@@ -18,8 +18,10 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
@@ -192,6 +194,58 @@ TEST_F(Window, ShowsTheGamesAndFramesOfAnEvent) {
     EXPECT_EQ(event.child(0)->child(0)->text(0), "Frame 1: 7-10");
 }
 
+TEST_F(Window, ShowsTheEventsOfTheBackupThatIsChosen) {
+    test::deleteEvent(data, 1);
+    clock.set(clock.now() + std::chrono::hours{18});
+    backUpNow(logbookIn(data), clock);
+    open();
+    ASSERT_EQ(backups().count(), 2);
+    EXPECT_EQ(backups().currentRow(), 0);
+    ASSERT_EQ(events().topLevelItemCount(), 1);
+    EXPECT_EQ(events().topLevelItem(0)->text(4), "") << "it is as today";
+    backups().setCurrentRow(1);
+    ASSERT_EQ(events().topLevelItemCount(), 2);
+    EXPECT_EQ(events().topLevelItem(0)->text(4), "deleted since");
+    events().topLevelItem(0)->setCheckState(0, Qt::Checked);
+    EXPECT_TRUE(button("Add 1 Ticked Event").isEnabled());
+    backups().setCurrentRow(0);
+    EXPECT_FALSE(button("Add Ticked Events").isEnabled()) << "what was ticked is no longer shown";
+}
+
+TEST_F(Window, SaysWhichBackupIsDamaged) {
+    clock.set(clock.now() + std::chrono::hours{18});
+    std::ofstream(backupsIn(data).fileFor(clock.now())) << "Dear Aunt\n";
+    open();
+    EXPECT_TRUE(backups().item(0)->text().endsWith("\nThis backup is damaged."));
+    EXPECT_TRUE(isShown("This backup is damaged."));
+    EXPECT_EQ(events().topLevelItemCount(), 0);
+    EXPECT_FALSE(button("Restore").isEnabled());
+    backups().setCurrentRow(1);
+    EXPECT_TRUE(isShown("Tick the events that you want back."));
+    EXPECT_EQ(events().topLevelItemCount(), 2);
+    EXPECT_TRUE(button("Restore").isEnabled());
+}
+
+TEST_F(Window, DoesOneThingAtATime) {
+    const auto isAnyOn = [this](const QString& leftOut) {
+        const auto actions = window->menuBar()->actions().front()->menu()->actions();
+        return std::ranges::any_of(actions, [&](const QAction* action) {
+            return !action->isSeparator() && action->text() != leftOut && action->isEnabled();
+        });
+    };
+    window = std::make_unique<KeeperWindow>(data, clock);
+    window->show();
+    ASSERT_TRUE(window->isBusy());
+    EXPECT_FALSE(isAnyOn("&Close"));
+    EXPECT_FALSE(button("Restore").isEnabled());
+    window->refresh();  // what is on its way goes on alone
+    waitForWork();
+    EXPECT_TRUE(isAnyOn("&Close"));
+    EXPECT_TRUE(button("Restore").isEnabled());
+    EXPECT_FALSE(button("Cancel").isVisible());
+    EXPECT_FALSE(part<QProgressBar>().isVisible());
+}
+
 TEST_F(Window, GamesStandOnceHoweverOftenTheirEventIsOpened) {
     open();
     QTreeWidgetItem& event = *events().topLevelItem(0);
@@ -360,6 +414,25 @@ TEST_F(Window, AsksWhatIsToBeDoneWithEventsThatAreThere) {
     EXPECT_TRUE(isShown("Added to the logbook: 2 events, 4 games and 40 frames."));
 }
 
+TEST_F(Window, TellsHowManyEventsWerePassedOver) {
+    test::change(data, {"INSERT INTO tblGameInfo (fldSessionNum, fldGameNum) VALUES (99, 1)"});
+    open();
+    expectFile(data / "mine.jsonl", "Write Archive");
+    trigger("Write Archive...");
+    const auto before = test::rowsOf(logbookIn(data));
+    expectFile(data / "mine.jsonl", "Read Archive");
+    hands.expect([](QDialog& dialog) { dialog.reject(); });
+    trigger("Read Archive...");
+    EXPECT_FALSE(isShown("Added to the logbook"));
+    expectFile(data / "mine.jsonl", "Read Archive");
+    hands.expect([](QDialog& dialog) { dialog.accept(); });
+    trigger("Read Archive...");
+    EXPECT_TRUE(
+        isShown("Added to the logbook: nothing. Passed over, since the logbook has them: 2. Without an "
+                "event, and passed over: 1."));
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
+}
+
 TEST_F(Window, AsksNothingWhereTheLogbookIsEmpty) {
     open();
     expectFile(data / "mine.jsonl", "Write Archive");
@@ -433,6 +506,30 @@ TEST_F(Window, WritesASpreadsheet) {
     trigger("Write Spreadsheet...");
     EXPECT_TRUE(isShown("season.xlsx: 2 events, 4 games and 40 frames."));
     EXPECT_GT(fs::file_size(data / "season.xlsx"), 1000U);
+}
+
+TEST_F(Window, WritesCsvFilesOfTheNewestBackupWhereTallybrookRuns) {
+    test::addEvent(data, "Sunday");
+    const InstanceLock running(lockIn(data));
+    open();
+    fs::create_directory(data / "sheets");
+    expectFile(data / "sheets", "Write CSV Files into a Folder");
+    trigger("Write CSV Files...");
+    EXPECT_TRUE(
+        isShown("sheets: 2 events, 4 games and 40 frames. Tallybrook is running. This is from its newest "
+                "backup, of 11/22/2026 8:00:00 PM."));
+    EXPECT_TRUE(fs::exists(data / "sheets" / "events.csv"));
+}
+
+TEST_F(Window, WritesNothingWhereNoPlaceIsChosen) {
+    open();
+    for (const char* const caption : {"Write Archive...", "Write Spreadsheet...", "Write CSV Files...",
+                                      "Read Archive...", "Carry Over an Old Logbook..."}) {
+        hands.expect([](QDialog& dialog) { dialog.reject(); });
+        trigger(caption);
+    }
+    EXPECT_FALSE(isShown("Written to"));
+    EXPECT_TRUE(isShown("It holds 2 events, 4 games and 40 frames."));
 }
 
 TEST_F(Window, TellsWhatCannotBeWritten) {
