@@ -1,124 +1,24 @@
 // The window, used with mouse and keys.
 
-#include "backup/Backups.h"
+#include "Window.h"
 #include "carry/OldLogbooks.h"
 #include "desktop/Heard.h"
-#include "desktop/ModalHands.h"
 #include "desktop/WindowPlan.h"
-#include "keeper/Logbooks.h"
 #include "keeperwindow/ArchiveDialog.h"
-#include "keeperwindow/KeeperWindow.h"
 #include "keeperwindow/WordsDialog.h"
 #include "runtime/InstanceLock.h"
 #include "style/OutlinedStyle.h"
-#include "support/TemporaryFolder.h"
 
-#include <QAccessible>
-#include <QAction>
-#include <QFileDialog>
+#include <QDir>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QScrollBar>
-#include <QTest>
 #include <fstream>
-#include <memory>
-
-#include <gtest/gtest.h>
 
 namespace tallybrook::keeper {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-class Window : public testing::Test {
-protected:
-    Window() {
-        test::addEvent(data, "Tuesday");
-        test::addEvent(data, "Friday");
-        backUpNow(logbookIn(data), clock);
-    }
-
-    void open() {
-        window = std::make_unique<KeeperWindow>(data, clock);
-        window->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        waitForWork();
-    }
-    void waitForWork() {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !window->isBusy(); }, 60000));
-    }
-    template <typename Part>
-    Part& part() {
-        return *window->findChild<Part*>();
-    }
-    QListWidget& backups() { return part<QListWidget>(); }
-    QTreeWidget& events() { return part<QTreeWidget>(); }
-    QPushButton& button(const QString& beginning) {
-        for (QPushButton* const each : window->findChildren<QPushButton*>()) {
-            if (each->text().remove('&').startsWith(beginning))
-                return *each;
-        }
-        throw std::runtime_error("no button " + beginning.toStdString());
-    }
-    bool isEveryButtonWideEnough() {
-        const auto buttons = window->findChildren<QPushButton*>();
-        return std::ranges::all_of(buttons, [](const QPushButton* each) {
-            return !each->isVisible() || each->width() >= each->sizeHint().width();
-        });
-    }
-    bool isShown(const QString& words) {
-        const auto labels = window->findChildren<QLabel*>();
-        return std::ranges::any_of(
-            labels, [&](const QLabel* label) { return label->isVisible() && label->text().contains(words); });
-    }
-    /// Whether a text in the window is called by just these words.
-    bool isReadAloud(const QString& words) {
-        const auto labels = window->findChildren<QLabel*>();
-        return std::ranges::any_of(labels, [&](QLabel* label) {
-            return QAccessible::queryAccessibleInterface(label)->text(QAccessible::Name) == words;
-        });
-    }
-    void trigger(const QString& caption) {
-        for (QAction* const action : window->findChildren<QAction*>()) {
-            if (action->text().remove('&') == caption)
-                action->trigger();
-        }
-        waitForWork();
-        waitForWork();  // what follows it
-    }
-    void expectFile(const fs::path& file, const QString& title) {
-        hands.expect([file, title](QDialog& dialog) {
-            auto& chooser = dynamic_cast<QFileDialog&>(dialog);
-            EXPECT_EQ(chooser.windowTitle(), title);
-            chooser.findChild<QLineEdit*>()->setText(QString::fromStdString(file.string()));
-            chooser.findChild<QLineEdit*>()->setFocus();
-            QTest::keyClick(chooser.findChild<QLineEdit*>(), Qt::Key_Return);
-        });
-    }
-    void expectBox(const QString& words, const QString& answer) {
-        hands.expect([words, answer](QDialog& dialog) {
-            auto& box = dynamic_cast<QMessageBox&>(dialog);
-            EXPECT_TRUE(box.text().contains(words)) << box.text().toStdString();
-            for (QAbstractButton* const each : box.buttons()) {
-                if (each->text().remove('&') == answer)
-                    return each->click();
-            }
-            ADD_FAILURE() << "no button " << answer.toStdString();
-        });
-    }
-
-    test::TemporaryFolder folder;
-    const fs::path& data = folder.path();
-    SettableClock clock{makeDate(2026, 11, 22) + std::chrono::hours{20}};
-    std::unique_ptr<KeeperWindow> window;
-    test::ModalHands hands;
-};
 
 TEST_F(Window, ShowsTheLogbookItsBackupsAndTheirEvents) {
     open();
@@ -263,6 +163,13 @@ TEST_F(Window, OpenedEventIsNotReadAloudAsTicked) {
     EXPECT_EQ(test::Heard::take(QAccessible::StateChanged), std::vector<std::string>{});
 }
 
+TEST_F(Window, FitsOnTheDisplay) {
+    open();
+    const QSize room = window->screen()->availableSize();
+    EXPECT_EQ(window->size().boundedTo(room), window->size());
+    EXPECT_GT(events().width(), backups().width()) << "there is more to be read in it";
+}
+
 TEST_F(Window, KeepsItsColumnsInSightWhateverTheNames) {
     test::addEvent(data, std::string(1'000'000, 'n'));
     backUpNow(logbookIn(data), clock);
@@ -277,7 +184,11 @@ TEST_F(Window, RestoresABackupOnceThatIsConfirmed) {
     test::deleteEvent(data, 1);
     const auto before = test::rowsOf(logbookIn(data));
     open();
-    expectBox("Put this backup in the place of your logbook?", "Cancel");
+    expectBox(
+        "Put this backup in the place of your logbook?\n\nSunday, November 22, 2026, 8:00 PM\n2 events, 4 "
+        "games and 40 frames \u00b7 last night bowled 11/3/2026 \u00b7 49.2 kB\n1 event, 2 games and 20 "
+        "frames were deleted since.\n\nYour present logbook is backed up first",
+        "Cancel");
     button("Restore").click();
     EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
     expectBox("Your present logbook is backed up first", "Restore");
@@ -415,6 +326,7 @@ TEST_F(Window, AsksWhatIsToBeDoneWithEventsThatAreThere) {
 }
 
 TEST_F(Window, TellsHowManyEventsWerePassedOver) {
+    test::deleteEvent(data, 2);
     test::change(data, {"INSERT INTO tblGameInfo (fldSessionNum, fldGameNum) VALUES (99, 1)"});
     open();
     expectFile(data / "mine.jsonl", "Write Archive");
@@ -428,7 +340,7 @@ TEST_F(Window, TellsHowManyEventsWerePassedOver) {
     hands.expect([](QDialog& dialog) { dialog.accept(); });
     trigger("Read Archive...");
     EXPECT_TRUE(
-        isShown("Added to the logbook: nothing. Passed over, since the logbook has them: 2. Without an "
+        isShown("Added to the logbook: nothing. Passed over, since the logbook has them: 1. Without an "
                 "event, and passed over: 1."));
     EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
 }
@@ -521,11 +433,17 @@ TEST_F(Window, WritesCsvFilesOfTheNewestBackupWhereTallybrookRuns) {
     EXPECT_TRUE(fs::exists(data / "sheets" / "events.csv"));
 }
 
-TEST_F(Window, WritesNothingWhereNoPlaceIsChosen) {
+TEST_F(Window, DoesNothingWhereNoFileIsChosen) {
     open();
-    for (const char* const caption : {"Write Archive...", "Write Spreadsheet...", "Write CSV Files...",
-                                      "Read Archive...", "Carry Over an Old Logbook..."}) {
-        hands.expect([](QDialog& dialog) { dialog.reject(); });
+    for (const auto& [caption, offered] :
+         {std::pair("Write Archive...", "Tallybrook logbook.jsonl"),
+          std::pair("Write Spreadsheet...", "Tallybrook logbook.xlsx"), std::pair("Write CSV Files...", ""),
+          std::pair("Read Archive...", ""), std::pair("Carry Over an Old Logbook...", "")}) {
+        hands.expect([offered = offered](QDialog& dialog) {
+            EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), offered);
+            EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir::home());
+            dialog.reject();
+        });
         trigger(caption);
     }
     EXPECT_FALSE(isShown("Written to"));
