@@ -75,6 +75,20 @@ TEST(PictureWidget, PlotIsDrawnOnceForAllThatIsPointedAt) {
     EXPECT_EQ(draws, 2) << "another picture is drawn anew";
 }
 
+TEST(PictureWidget, FollowsTheColoursOfTheDesktop) {
+    int draws = 0;
+    PictureWidget widget(countedPicture(draws));
+    widget.resize(400, 230);
+    const auto colourOfPlot = [&widget] { return widget.grab().toImage().pixelColor(300, 100); };
+    widget.setPalette(QPalette(Qt::white));
+    const QColor onWhite = colourOfPlot();
+    QPalette dark(Qt::black);
+    dark.setColor(QPalette::Highlight, Qt::yellow);
+    widget.setPalette(dark);
+    EXPECT_EQ(colourOfPlot(), PictureLook(widget.font(), dark).fill());
+    EXPECT_NE(colourOfPlot(), onWhite);
+}
+
 TEST(PictureWidget, OneEventIsEnough) {
     Shown shown(1);
     EXPECT_FALSE(shown.widget.grab().isNull());

@@ -46,6 +46,12 @@ TEST_F(Recent, OtherWindowsSeeIt) {
     EXPECT_EQ(recent.files(), (QStringList{QString::fromUtf8("/José.txt"), "/a, b.txt"}));
 }
 
+TEST_F(Recent, OtherProcessesSeeIt) {
+    recent.add("/a.txt");
+    files.write("settings.ini", "[recent]\nfiles=/theirs.txt, /a.txt\n");
+    EXPECT_EQ(recent.files(), (QStringList{"/theirs.txt", "/a.txt"}));
+}
+
 TEST_F(Recent, MayBeCleared) {
     recent.add("/a.txt");
     recent.clear();

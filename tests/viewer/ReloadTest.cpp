@@ -1,6 +1,7 @@
 #include "Window.h"
 #include "manual/HelpBrowser.h"
 #include "readers/Events.h"
+#include "viewer/FileWatch.h"
 #include "viewer/PictureWidget.h"
 
 #include <QPushButton>
@@ -50,6 +51,17 @@ TEST_F(ReloadTest, AnotherFileThatTakesTheNameIsShown) {
     EXPECT_TRUE(comesTo("Another\n"));
     files.write("League Night.txt", "A third\r\n");  // and it is watched from now on
     EXPECT_TRUE(comesTo("A third\n"));
+}
+
+TEST_F(ReloadTest, FileThatWasWrittenWhileItWasReadIsTold) {
+    const QString file = files.write("season.txt", "half");
+    const FileStamp read = stampOf(file);
+    files.write("season.txt", "half and half");
+    bool isTold = false;
+    FileWatch watch;
+    watch.onWritten = [&isTold] { isTold = true; };
+    watch.watch(file, read);
+    EXPECT_TRUE(QTest::qWaitFor([&isTold] { return isTold; }));
 }
 
 TEST_F(ReloadTest, FileThatGoesAndComesAgainIsShown) {

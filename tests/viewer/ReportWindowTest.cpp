@@ -226,6 +226,26 @@ TEST_F(ReportWindowTest, ExportsAPdfBesideTheReport) {
     QDesktopServices::unsetUrlHandler("file");
 }
 
+TEST_F(ReportWindowTest, PdfTakesTheWholeNameOfItsReport) {
+    ASSERT_TRUE(window->open(files.write("2026.11.14.txt", "notes")));
+    hands.expect([](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), "2026.11.14.pdf");
+        dialog.reject();
+    });
+    action("Export as PDF...")->trigger();
+}
+
+TEST_F(ReportWindowTest, FolderOfThePdfIsOpenedWhereverTheReportLies) {
+    const Files others;
+    choose(hands, "Export as PDF", others.path("night.pdf"));
+    action("Export as PDF...")->trigger();
+    QTextBrowser desktop;
+    QDesktopServices::setUrlHandler("file", &desktop, "setSource");
+    window->findChild<QFrame*>("notice")->findChild<QPushButton*>()->click();
+    EXPECT_EQ(desktop.source(), QUrl::fromLocalFile(others.folder()));
+    QDesktopServices::unsetUrlHandler("file");
+}
+
 TEST_F(ReportWindowTest, ExportsTheUsersPaperAndOffersTheOther) {
     const QStringList a4AndLetter{"PDF Files, Paper: A4 (*.pdf)", "PDF Files, Paper: Letter (*.pdf)"};
     const auto exported = [this](const QStringList& filters, const QString& chosen) {
