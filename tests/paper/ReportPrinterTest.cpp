@@ -190,6 +190,15 @@ TEST(ReportPrinter, APageHasItsHeadItsRowsAndItsFoot) {
     EXPECT_EQ(words[1].place.bottom(), words[2].place.bottom());
 }
 
+TEST(ReportPrinter, LongNameIsSeenFromItsBeginningToItsEnd) {
+    ToldPages pages;
+    ASSERT_TRUE(drawPages({"/reports/night" + QString(400, 'n') + ".txt", "first\n"}, {}, pages));
+    const QString foot = pages.textsOf(0).at(1);
+    EXPECT_LT(foot.size(), 400);
+    EXPECT_TRUE(foot.startsWith("nightnn")) << foot.toStdString();
+    EXPECT_TRUE(foot.endsWith("nn.txt")) << foot.toStdString();
+}
+
 TEST(ReportPrinter, SectionsBeginOnTheirPages) {
     for (const QString& text : {goldenReport("statistics.txt"), goldenReport("full.txt"), kGameReport}) {
         ToldPages pages;

@@ -189,6 +189,14 @@ TEST_F(ReportReadingTest, ClickPutsTheCaretAndShiftSelectsFromIt) {
     EXPECT_EQ(view.caret(), 10);  // behind the last line
 }
 
+TEST_F(ReportReadingTest, ShiftMakesASelectionSmallerByAClickIntoIt) {
+    show("abcdefghi");
+    view.select(2, 6);
+    click(at(4), 0, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), "cd");
+    EXPECT_EQ(view.caret(), 4);
+}
+
 TEST_F(ReportReadingTest, DraggingSelectsInBothDirections) {
     show("abc\ndefghi");
     mouse(QEvent::MouseButtonPress, at(5));

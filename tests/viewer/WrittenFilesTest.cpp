@@ -125,6 +125,20 @@ TEST_P(WrittenFile, KeepsThePermissionsOfTheOneBefore) {
     EXPECT_EQ(fs::status(pathOf(GetParam().file)).permissions(), forAll);
 }
 
+TEST_P(WrittenFile, TakesNoPermissionsFromWhatALinkLedTo) {
+    choose(GetParam(), false);
+    write(GetParam());
+    const fs::path written = pathOf(GetParam().file);
+    const fs::perms usual = fs::status(written).permissions();
+    fs::remove(written);
+    files.write("other.txt", "for all");
+    fs::permissions(pathOf("other.txt"), fs::perms{0666});
+    fs::create_symlink("other.txt", written);
+    writeConfirmed();
+    expectWritten();
+    EXPECT_EQ(fs::status(written).permissions(), usual);
+}
+
 TEST_P(WrittenFile, IsWrittenOverNoLogbook) {
     files.write(GetParam().file, kLogbook);
     refuse(GetParam().file + QString(kStays));
