@@ -106,9 +106,14 @@ TEST_F(HelpTest, BarSaysWhatItDoes) {
 
 /// Keys and heads of tables stand on a ground that is a little darker than the page, or brighter.
 TEST_F(HelpTest, PagesFollowTheColours) {
+    open("233");
+    const auto groundOfKeys = [this] {
+        return pages().document()->find("score Tab").charFormat().background().color().name().toStdString();
+    };
     QPalette colours = pages().palette();
     colours.setColor(QPalette::Base, Qt::black);
     colours.setColor(QPalette::Text, Qt::white);
+    EXPECT_NE(groundOfKeys(), "#141414");
     pages().setPalette(colours);
     EXPECT_EQ(
         pages().document()->defaultStyleSheet().toStdString(),
@@ -116,6 +121,7 @@ TEST_F(HelpTest, PagesFollowTheColours) {
         "p, li, td, th { line-height: 120%; } p.picture { line-height: 100%; } li { margin-bottom: 3px; } "
         "kbd { background-color: #141414; } th { background-color: #141414; text-align: left; } "
         "table { margin-top: 6px; border-collapse: collapse; border-style: solid; border-color: #595959; }");
+    EXPECT_EQ(groundOfKeys(), "#141414");
     EXPECT_EQ(pages().document()->documentMargin(), 18);
 }
 

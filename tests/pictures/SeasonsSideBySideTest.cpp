@@ -2,6 +2,7 @@
 #include "readers/Events.h"
 #include "readers/FileFailure.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 #include <map>
 
@@ -93,6 +94,25 @@ TEST_F(SeasonsSideBySideTest, TextSaysWhatChanceHasToDoWithIt) {
             EXPECT_TRUE(line->endsWith("  " + words.at(row.at(4).section(": ", 1)))) << line->toStdString();
         }
     }
+}
+
+TEST_F(SeasonsSideBySideTest, OnePointIsNotTwo) {
+    const auto season = [](int strikes) {
+        ReportFigures figures;
+        figures.strikes = StrikeFigures();
+        figures.strikes->strikes = strikes;
+        figures.strikes->spares = 20;
+        figures.strikes->opens = 80 - strikes;
+        return ComparedReport{"season.txt", figures};
+    };
+    const auto strikesOf = [&](int before, int last) {
+        const QStringList lines = SeasonsSideBySide({season(before), season(last)}).text().split('\n');
+        return lines[lines.indexOf(QRegularExpression("^Strikes .*"))].simplified().toStdString();
+    };
+    EXPECT_EQ(strikesOf(40, 41), "Strikes 40 of 100, 40% 41 of 100, 41% +1 point maybe");
+    EXPECT_EQ(strikesOf(40, 39), "Strikes 40 of 100, 40% 39 of 100, 39% -1 point maybe");
+    EXPECT_EQ(strikesOf(40, 38), "Strikes 40 of 100, 40% 38 of 100, 38% -2 points maybe");
+    EXPECT_EQ(strikesOf(40, 40), "Strikes 40 of 100, 40% 40 of 100, 40% no change maybe");
 }
 
 /// On paper wider lines are parted.

@@ -117,6 +117,23 @@ TEST(TrendPicture, LowSeriesIsToldWithinThePlot) {
     }
 }
 
+TEST(TrendPicture, EventThatIsTheOnlyOneIsNeitherHighNorLow) {
+    const PictureLook look(QApplication::font(), QPalette(Qt::white));
+    const auto plot = [&look](int events) {
+        QByteArray svg;
+        QBuffer stream(&svg);
+        QSvgGenerator generator;
+        generator.setOutputDevice(&stream);
+        QPainter painter(&generator);
+        const Strips strips = trendOf(weeklyEvents(events)).strips(look, kWidth);
+        strips[1].draw(painter);
+        painter.end();
+        return std::pair(svg.contains("High 4"), svg.contains("Low 4"));
+    };
+    EXPECT_EQ(plot(1), std::pair(false, false));
+    EXPECT_EQ(plot(2), std::pair(true, true));
+}
+
 TEST(TrendPicture, LegendNamesTheLinesThatAreDrawn) {
     const PictureLook look(QApplication::font(), QPalette(Qt::white));
     const auto legend = [&look](int events) {

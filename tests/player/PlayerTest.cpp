@@ -1,5 +1,6 @@
 #include "Rehearsal.h"
 #include "Stages.h"
+#include "player/ModelStage.h"
 #include "player/PlayStopped.h"
 #include "player/Player.h"
 
@@ -663,6 +664,30 @@ TEST_P(PlayerTest, ATableThatIsNoneStopsThePlay) {
 
 TEST_P(PlayerTest, APictureIsPassedOverWhereNoneAreWanted) {
     expectPlayed("shot one\n", "> shot one\n");
+}
+
+/// A stage that counts how often it is told that something was saved.
+class CountingStage : public ModelStage {
+public:
+    Display& display() override { return display_; }
+    [[nodiscard]] int saves() const { return display_.saves; }
+
+private:
+    struct Counting : PlannedDisplay {
+        int saves = 0;
+        void saved() override { ++saves; }
+    };
+    Counting display_;
+};
+
+TEST(Player, TellsTheStageWhatIsSaved) {
+    std::istringstream script;
+    std::ostringstream transcript;
+    CountingStage stage;
+    Player player(script, transcript, stage, Places("data", "start"), kEvening);
+    player.display().saved();
+    EXPECT_EQ(stage.saves(), 1);
+    EXPECT_EQ(transcript.str(), "");
 }
 
 }  // namespace

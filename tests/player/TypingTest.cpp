@@ -93,6 +93,15 @@ TEST_F(Typing, GoesToTheEndsOfALine) {
     EXPECT_EQ(press({"Enter", "4"}), "wabz\n3\n41xcy2");
 }
 
+TEST_F(Typing, StaysAtTheVeryBeginningByHome) {
+    person::arrive(screen->txtLines);
+    screen->txtLines.setText("ab\ncd");
+    screen->txtLines.selectAll();
+    for (const char* const key : {"Left", "Home", "x"})
+        EXPECT_TRUE(person::typeKey(screen->txtLines, person::readKey(key))) << key;
+    EXPECT_EQ(screen->txtLines.text(), "xab\ncd");
+}
+
 TEST_F(Typing, CutsNothingOfALongTextThatIsShortened) {
     const auto press = [this](const char* key) {
         person::typeKey(screen->txtOne, person::readKey(key));
