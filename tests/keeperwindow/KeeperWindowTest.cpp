@@ -433,6 +433,16 @@ TEST_F(Window, WritesCsvFilesOfTheNewestBackupWhereTallybrookRuns) {
     EXPECT_TRUE(fs::exists(data / "sheets" / "events.csv"));
 }
 
+TEST_F(Window, WritesCsvFilesThatNoSpreadsheetTakesForFormulas) {
+    test::addEvent(data, "=1+1");
+    fs::create_directory(data / "sheets");
+    open();
+    expectFile(data / "sheets", "Write CSV Files into a Folder");
+    trigger("Write CSV Files...");
+    const std::string text = test::readBytes(data / "sheets" / "events.csv");
+    EXPECT_NE(text.find(",'=1+1,"), std::string::npos) << text;
+}
+
 TEST_F(Window, DoesNothingWhereNoFileIsChosen) {
     open();
     for (const auto& [caption, offered] :

@@ -15,6 +15,7 @@ TEST(MomentText, TellsTheDayAndTheTimeAsAmericansDo) {
     EXPECT_EQ(momentText(night + hours{9} + minutes{5} + seconds{59}), "Sunday, January 4, 2026, 9:05 AM");
     EXPECT_EQ(momentText(night + hours{12}), "Sunday, January 4, 2026, 12:00 PM");
     EXPECT_EQ(momentText(night + hours{23} + minutes{59}), "Sunday, January 4, 2026, 11:59 PM");
+    EXPECT_EQ(momentText(makeDate(2026, 12, 31)), "Thursday, December 31, 2026, 12:00 AM");
 }
 
 TEST(ContentsText, TellsAsMuchAsIsKnown) {
