@@ -16,7 +16,7 @@ class Heard {
 public:
     struct Told {
         QAccessible::Event event;
-        std::string object;  // by its name; a part of a list, which has none, by what it is called
+        std::string object;  // by its name, or by what it is called then where it has none
         friend bool operator==(const Told&, const Told&) = default;
     };
 
@@ -52,10 +52,9 @@ private:
         return all;
     }
     static void hear(QAccessibleEvent* event) {
-        const QObject* const object = event->object();
-        const QString name =
-            object != nullptr ? object->objectName() : event->accessibleInterface()->text(QAccessible::Name);
-        told().push_back({event->type(), name.toStdString()});
+        const QString name = event->object() != nullptr ? event->object()->objectName() : QString();
+        const QString called = name.isEmpty() ? event->accessibleInterface()->text(QAccessible::Name) : name;
+        told().push_back({event->type(), called.toStdString()});
     }
 
     QAccessible::UpdateHandler before_ = nullptr;

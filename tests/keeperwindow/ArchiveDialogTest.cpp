@@ -73,6 +73,14 @@ TEST_F(AskedForEvents, EachGoesItsOwnWay) {
     EXPECT_EQ(told(), (QStringList{"the logbook's stays", "the logbook's stays"}));
 }
 
+TEST_F(AskedForEvents, AreReadByReturnWhereverTheFocusIs) {
+    for (const QPushButton* const each : dialog.findChildren<QPushButton*>()) {
+        const bool isOfTheList = each->text() == "&Keep the Logbook's" ||
+                                 each->text() == "&Take the Archive's" || each->text() == "Keep &Both";
+        EXPECT_EQ(each->autoDefault(), !isOfTheList) << each->text().toStdString();
+    }
+}
+
 TEST_F(AskedForEvents, AreReadOrNot) {
     press("Cancel");
     EXPECT_EQ(dialog.result(), QDialog::Rejected);

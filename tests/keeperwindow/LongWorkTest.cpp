@@ -5,6 +5,7 @@
 
 #include <QMenuBar>
 #include <atomic>
+#include <fstream>
 #include <semaphore>
 
 namespace tallybrook::keeper {
@@ -72,7 +73,9 @@ TEST_F(LongWork, IsShownAndCannotBeDoneTwice) {
     EXPECT_TRUE(isShown("Backing up the present logbook..."));
     const test::Heard heard;
     goOn();
-    EXPECT_EQ(test::Heard::take(QAccessible::Alert).size(), 1U) << "what was done is read aloud";
+    const std::string done =
+        "Restored, checked and compared: the logbook holds 2 events, 4 games and 40 frames.";
+    EXPECT_EQ(test::Heard::take(QAccessible::Alert), std::vector{done}) << "it is read aloud";
     EXPECT_FALSE(bar.isVisible());
     EXPECT_FALSE(button("Cancel").isVisible());
     EXPECT_TRUE(button("Restore").isEnabled());
@@ -87,6 +90,18 @@ TEST_F(LongWork, ThatIsCancelledChangesNothing) {
     EXPECT_TRUE(isShown("Cancelled. Nothing was changed."));
     EXPECT_FALSE(isShown("Backing up"));
     EXPECT_FALSE(button("Cancel").isVisible());
+    EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
+}
+
+TEST_F(LongWork, ThatFailsIsNoLongerShown) {
+    restoreAsFarAsTheBackup();
+    fs::remove_all(data / "Backups");
+    std::ofstream(data / "Backups") << "in the way";
+    expectBox(
+        "The backup could not be restored.\n\nThe present logbook could neither be backed up nor copied",
+        "OK");
+    goOn();
+    EXPECT_FALSE(isShown("Backing up the present logbook..."));
     EXPECT_EQ(test::rowsOf(logbookIn(data)), before);
 }
 
