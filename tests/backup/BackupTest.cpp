@@ -456,6 +456,19 @@ TEST_F(BackupTest, TellsOfADamagedLogbookAndKeepsTheOldOnes) {
     }
 }
 
+// Another program has written over the logbook's head meanwhile.
+TEST_F(BackupTest, TellsOfALogbookThatIsNoneAnyMore) {
+    open();
+    std::fstream(logbook, std::ios::in | std::ios::out | std::ios::binary) << std::string(16, '\x7f');
+    backups->begin();
+    backups->finish();
+    EXPECT_EQ(
+        backups->takeFailure(),
+        told("The logbook is damaged: " + logbook.string() +
+             "\r\nPlease end the program, and go back to the newest backup with the Tallybrook Keeper."));
+    EXPECT_EQ(names(), Names{});
+}
+
 }  // namespace
 
 }  // namespace tallybrook

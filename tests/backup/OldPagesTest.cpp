@@ -63,6 +63,7 @@ TEST(OldPages, RestoreNothingOnceSomethingCouldNotBeRead) {
     std::string bytes = newFile();
     OldPages old(std::ssize(bytes));
     old.keep(kSector, {});
+    old.keep(2 * kSector, std::string(kSector, 'c'));
     try {
         old.restore(bytes, 0);
         ADD_FAILURE() << "it was restored";

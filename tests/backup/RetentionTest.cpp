@@ -146,6 +146,13 @@ TEST(Thinning, ForgetsNothingOnAnEveningWithTheClockFarAhead) {
     EXPECT_TRUE(std::ranges::includes(thinnedOut(left, later), keptBackups(before, later)));
 }
 
+TEST(Thinning, GoesOnThoughTheClockWasAheadOnce) {
+    const Times pair{kSaturday - days{3} - hours{1}, kSaturday - days{3}};
+    Times times{kSaturday, kSaturday + days{365}};
+    times.insert(times.end(), pair.begin(), pair.end());
+    EXPECT_EQ(backupsToRemove(times, kSaturday + hours{1}), Times{pair.front()});
+}
+
 TEST(Thinning, RemovesTheThreeOldestAtOnce) {
     const DateTime day = makeDate(2025, 3, 4);
     Times times{kSaturday, kSaturday - days{1}};

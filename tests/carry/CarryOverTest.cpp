@@ -274,14 +274,18 @@ TEST_F(AnOldLogbook, IsAFile) {
 
 TEST_F(AnOldLogbook, MayLieInThePlaceOfTheNewOne) {
     const std::string bytes = test::jetFile(oneNight());
-    for (const char* name : {"Tallybrook_DB (old).mdb", "Tallybrook_DB (old 2).mdb"}) {
+    fs::create_symlink(folder.path() / "nothing", folder.path() / "Tallybrook_DB (old 2).mdb");
+    const fs::file_time_type written = fs::file_time_type::clock::now() - std::chrono::hours{9000};
+    for (const char* name : {"Tallybrook_DB (old).mdb", "Tallybrook_DB (old 3).mdb"}) {
         test::writeBytes(folder.logbook(), bytes);
+        fs::last_write_time(folder.logbook(), written);
         test::writeBytes(folder.logbook().string() + "-journal", "left over");
         NoProgress progress;
         const CarriedOver carried =
             carryOver({.oldLogbook = folder.logbook(), .logbook = folder.logbook()}, clock, progress);
         EXPECT_EQ(carried.oldLogbookNow, folder.path() / name);
         EXPECT_EQ(test::readBytes(folder.path() / name), bytes);
+        EXPECT_EQ(fs::last_write_time(folder.path() / name), written) << "it tells how old it is";
         EXPECT_EQ(rows("SELECT fldEventName FROM tblEventInfo"), (test::StoredRows{{"Thursday"}}));
         EXPECT_FALSE(fs::exists(folder.logbook().string() + "-journal"));
     }

@@ -58,6 +58,7 @@ TEST_F(SharedFile, IsNoneOfTheProgramsOwn) {
     EXPECT_FALSE(fs::exists(journal));
     for (const char* const beside : {".trial", ".trial-journal", ".new"})
         EXPECT_EQ(refusals(logbook.string() + beside), kRefused) << beside;
+    EXPECT_EQ(refusals(folder / "tbrkcfg.conf.new"), kRefused);
 }
 
 TEST_F(SharedFile, IsNotTheLogbookByAnotherSpelling) {
@@ -100,6 +101,13 @@ TEST_F(SharedFile, IsNotTheLogbookThatTheDataFolderLinksTo) {
     fs::create_hard_link(elsewhere / "night.mdb", elsewhere / "second name.mdb");
     for (const char* const name : {"night.mdb", "night.mdb-journal", "second name.mdb"})
         EXPECT_EQ(refusals(elsewhere / name), kRefused) << name;
+}
+
+TEST_F(SharedFile, IsNotTheConfigurationThatALinkWillMake) {
+    fs::remove(folder / "tbrkcfg.conf");
+    fs::create_symlink(elsewhere / "mine.conf", folder / "tbrkcfg.conf");
+    EXPECT_EQ(refusals(elsewhere / "mine.conf"), kRefused);
+    EXPECT_FALSE(fs::exists(elsewhere / "mine.conf"));
 }
 
 TEST_F(SharedFile, IsNoCopyOfTheProgramsOwn) {
