@@ -12,6 +12,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <unzip.h>
+#include <zip.h>
 
 namespace tallybrook::sheets {
 
@@ -200,6 +201,20 @@ TEST_F(WorkbookOfALogbook, JoinsGamesWithTheirEvents) {
     EXPECT_NE(cell(4, "G4").find("<v>187</v>"), std::string::npos);
 }
 
+TEST_F(WorkbookOfALogbook, HasTheGamesOfANightTogether) {
+    logbook.fill(
+        "INSERT INTO tblEventInfo (fldSessionNum, fldDateBowled) VALUES (5, '2026-11-04'), (6, "
+        "'2026-11-04'), "
+        "(7, '2026-11-03');"
+        "INSERT INTO tblGameInfo (fldSessionNum, fldGameNum, fldGameScore) VALUES (6, 1, 161), (5, 2, 152), "
+        "(6, 2, 162), (5, 1, 151), (7, 1, 171)");
+    write();
+    std::string scores;
+    for (const char* const place : {"G2", "G3", "G4", "G5", "G6"})
+        scores += cell(4, place).substr(cell(4, place).find("<v>") + 3, 3) + " ";
+    EXPECT_EQ(scores, "171 151 152 161 162 ");
+}
+
 TEST_F(WorkbookOfALogbook, GoesOnOnTheNextSheet) {
     logbook.fill("INSERT INTO tblFrameInfo (fldFrameKey) VALUES (11), (12), (13), (14), (15)");
     NoProgress progress;
@@ -243,6 +258,29 @@ TEST_F(WorkbookOfALogbook, MayBeLong) {
     EXPECT_NO_THROW(checkWorkbook(file, std::vector<SheetSize>{{1}, {1}, {901}, {1}}, progress));
     EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>{{1}, {1}, {902}, {1}}, progress),
                  std::runtime_error);
+}
+
+/// Makes an archive of one sheet with that text.
+void packSheet(const fs::path& file, const std::string& text) {
+    const zipFile archive = zipOpen64(file.c_str(), APPEND_STATUS_CREATE);
+    ASSERT_EQ(zipOpenNewFileInZip(archive, "xl/worksheets/sheet1.xml", nullptr, nullptr, 0, nullptr, 0,
+                                  nullptr, Z_DEFLATED, Z_BEST_SPEED),
+              ZIP_OK);
+    ASSERT_EQ(zipWriteInFileInZip(archive, text.data(), static_cast<unsigned>(text.size())), ZIP_OK);
+    ASSERT_EQ(zipCloseFileInZip(archive), ZIP_OK);
+    ASSERT_EQ(zipClose(archive, nullptr), ZIP_OK);
+}
+
+TEST_F(WorkbookOfALogbook, IsCountedWhereverItsPartsEnd) {
+    constexpr std::size_t kPart = 65536;  // bytes that are read at once
+    NoProgress progress;
+    for (std::size_t before = kPart - 40; before < kPart; ++before) {
+        packSheet(file, std::string(before, 'x') + "<row 1><row 2></worksheet>");
+        EXPECT_NO_THROW(checkWorkbook(file, std::vector<SheetSize>{{2}}, progress)) << before;
+        packSheet(file, std::string(before, 'x') + "<row 1><row 2></worksheet> ");
+        EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>{{2}}, progress), std::runtime_error)
+            << before;
+    }
 }
 
 TEST_F(WorkbookOfALogbook, IsReadAgain) {
