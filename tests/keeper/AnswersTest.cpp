@@ -1,8 +1,7 @@
 // What the command line says, word by word: answers.txt is played and must come out as it stands. A line of
-// it with a
-// "$" calls the keeper, one with a ":" prepares something, and the lines below are what comes of it: "~" what
-// was being done and how far it came, "!" a note, and the exit status where it is not 0. Environment variable
-// TALLYBROOK_WRITE_EXPECTED writes it anew.
+// it with a "$" calls the keeper, one with a ":" prepares something, and the lines below are what comes of
+// it: "~" what was being done and how far it came, "!" a note, and the exit status where it is not 0.
+// Environment variable TALLYBROOK_WRITE_EXPECTED writes it anew.
 
 #include "SourceFolder.h"
 #include "backup/Backups.h"
@@ -20,6 +19,7 @@
 #include <sstream>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace tallybrook::keeper {
 
@@ -127,6 +127,7 @@ private:
         {"sql", [this](const std::string& words) { query(words); }},
         {"write", [this](const std::string& words) { write(words); }},
         {"folder", [this](const std::string& name) { fs::create_directory(data_ / name); }},
+        {"pipe", [this](const std::string& name) { ASSERT_EQ(mkfifo((data_ / name).c_str(), 0600), 0); }},
         {"remove", [this](const std::string& name) { fs::remove_all(data_ / name); }},
         {"cut", [this](const std::string& name) { fs::resize_file(data_ / name, 6000); }},
         {"back-up", [this](const std::string& /*nothing*/) { backUp(); }},

@@ -6,6 +6,7 @@
 #include "keeper/ExitStatus.h"
 #include "keeper/Export.h"
 #include "keeper/Logbooks.h"
+#include "keeper/OddProgress.h"
 #include "store/file/UnlockedFile.h"
 #include "support/CommaLocale.h"
 #include "support/SameText.h"
@@ -380,40 +381,11 @@ TEST_F(Archive, IsNotWrittenOverTheLogbook) {
          {file, logbookIn(data), lockIn(data), data / "." / "Tallybrook_DB.mdb-journal",
           folder.path() / "nowhere" / "file"})
         EXPECT_THROW(exportArchive(data, place, clock, nobody), Refused) << place;
+    fs::remove(file);
+    fs::create_symlink(logbookIn(data), file.string() + ".new");
+    EXPECT_THROW(exportArchive(data, file, clock, nobody), Refused) << "what is on its way is made there";
     EXPECT_EQ(rowsOf(logbookIn(data)), before);
 }
-
-/// Cancels after so many steps.
-class Impatient : public Progress {
-public:
-    explicit Impatient(int steps) : steps_(steps) {}
-    bool isCancelled() override { return steps_-- <= 0; }
-
-protected:
-    void show(std::string_view /*what*/, std::int64_t /*total*/) override {}
-    void showStep(std::int64_t /*done*/) override {}
-
-private:
-    int steps_;
-};
-
-/// Does something as a stage begins.
-class Meddling : public Progress {
-public:
-    Meddling(std::string stage, std::function<void()> act) : stage_(std::move(stage)), act_(std::move(act)) {}
-    bool isCancelled() override { return false; }
-
-protected:
-    void show(std::string_view what, std::int64_t /*total*/) override {
-        if (what == stage_)
-            act_();
-    }
-    void showStep(std::int64_t /*done*/) override {}
-
-private:
-    std::string stage_;
-    std::function<void()> act_;
-};
 
 TEST_F(Archive, IsRefusedWhereItChangesWhileItIsRead) {
     test::addEvent(data, "Tuesday");

@@ -5,12 +5,12 @@
 #include "keeper/EventGames.h"
 #include "keeper/ExitStatus.h"
 #include "keeper/Logbooks.h"
+#include "keeper/OddProgress.h"
 #include "keeper/Restore.h"
 #include "runtime/InstanceLock.h"
 #include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -98,28 +98,11 @@ TEST_F(Copies, OfAnotherProgramAreTold) {
                   "\nIt is damaged: its end is missing.");
 }
 
-/// Does something as soon as a piece of the work begins.
-class AtThePiece : public NoProgress {
-public:
-    AtThePiece(std::string piece, std::function<void()> then)
-        : piece_(std::move(piece)), then_(std::move(then)) {}
-
-protected:
-    void show(std::string_view what, std::int64_t /*total*/) override {
-        if (what == piece_)
-            then_();
-    }
-
-private:
-    std::string piece_;
-    std::function<void()> then_;
-};
-
 TEST_F(Copies, ThatADiskSpoilsAreNotPutInPlace) {
     test::change(data, {"UPDATE tblEventInfo SET fldEventName = 'Wednesday'"});
     const auto before = test::rowsOf(logbookIn(data));
     const fs::path copy = logbookIn(data).string() + ".new";
-    AtThePiece progress("Checking the copy", [&] {
+    Meddling progress("Checking the copy", [&] {
         std::string bytes = test::bytesOf(copy);
         bytes.replace(bytes.find("Tuesday"), 7, "Monday!");
         std::ofstream(copy, std::ios::binary) << bytes;
@@ -135,19 +118,13 @@ TEST_F(Copies, ThatADiskSpoilsAreNotPutInPlace) {
     EXPECT_FALSE(fs::exists(copy));
 }
 
-/// Gives the work up as soon as it is asked.
-class GivenUp : public NoProgress {
-public:
-    bool isCancelled() override { return true; }
-};
-
 TEST_F(Copies, AreNotProvedToTheEndOnceThatIsCancelled) {
     test::change(
         data, {"WITH RECURSIVE numbers(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM numbers WHERE n < 20000) "
                "INSERT INTO tblFrameInfo (fldSessionNum, fldFrameNum) SELECT 1, n FROM numbers"});
     const SQLite::Database logbook(logbookIn(data).string());
-    GivenUp givenUp;
-    EXPECT_THROW(isSound(logbook, givenUp), Cancelled);
+    Impatient impatient(0);
+    EXPECT_THROW(isSound(logbook, impatient), Cancelled);
     EXPECT_TRUE(isSound(logbook, nobody));
 }
 
