@@ -70,6 +70,22 @@ TEST_F(RefusedLogbook, ThatIsNoFile) {
                   "\r\nThere is something else where a file of the logbook belongs. Please move it away.");
 }
 
+// What a link leads to is another's, and must not be undone or emptied as if it were the logbook's own.
+TEST_F(RefusedLogbook, BesideWhichALinkStandsForAFileOfItsOwn) {
+    const fs::path elsewhere = folder.path() / "elsewhere";
+    std::ofstream(elsewhere) << "somebody's";
+    for (const fs::path& companion : companionsOf(file)) {
+        make();
+        fs::create_symlink(elsewhere, companion);
+        EXPECT_EQ(
+            refusal(),
+            "The logbook cannot be opened:\r\n" + companion.string() +
+                "\r\nThere is something else where a file of the logbook belongs. Please move it away.");
+        fs::remove(companion);
+    }
+    EXPECT_EQ(test::bytesOf(elsewhere), "somebody's");
+}
+
 TEST_F(RefusedLogbook, ThatIsNoLogbook) {
     write("Dear Aunt");
     expectRefused("The file is no logbook of this program. " + kGoBack);
