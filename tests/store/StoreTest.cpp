@@ -1,3 +1,4 @@
+#include "CutOffASave.h"
 #include "store/Check_Null.h"
 #include "store/Recordset.h"
 #include "store/Store.h"
@@ -186,6 +187,16 @@ TEST_F(Logbook, MayLieInTheCurrentFolder) {
     EXPECT_TRUE(fs::exists(file));
 }
 
+// Once it is there, what it holds is looked at by way of a URI.
+TEST_F(Logbook, MayLieInAFolderOfAnyName) {
+    for (const char* name : {"a\tbowler", "50%", "%41", "what?mode=memory", "one#two", " ", "\u00fcber"}) {
+        file = folder.path() / name / "Tallybrook_DB.mdb";
+        fs::create_directory(file.parent_path());
+        EXPECT_EQ(refusal(), "");
+        EXPECT_EQ(refusal(), "") << "as it is opened once more";
+    }
+}
+
 TEST_F(Logbook, NeedsItsFolder) {
     file = folder.path() / "none" / "Tallybrook_DB.mdb";
     EXPECT_NE(refusal().find(file.string()), std::string::npos);
@@ -220,6 +231,16 @@ TEST_F(Logbook, IsNotTouchedByWhatAnOlderOneLeftBehind) {
     Store store(file, clock);
     EXPECT_TRUE(store.rows("tblEventInfo").empty());
     EXPECT_FALSE(fs::exists(file.string() + "-journal"));
+}
+
+TEST_F(Logbook, IsNotTouchedByChangesThatAnotherProgramLeftOfAnOlderOne) {
+    { const Store older(file, clock); }
+    test::cutOffOtherProgram(file, "INSERT INTO tblEventInfo (fldEventName) VALUES ('of the older one')");
+    fs::remove(file);
+    EXPECT_EQ(refusal(), "");
+    Store store(file, clock);
+    EXPECT_TRUE(store.rows("tblEventInfo").empty());
+    EXPECT_FALSE(fs::exists(file.string() + "-wal"));
 }
 
 TEST_F(Logbook, IsHeldByOneProgram) {
