@@ -96,6 +96,14 @@ TEST_F(LedTest, ReturnRetrieves) {
     EXPECT_EQ(screen().name(), "frmEvent");
 }
 
+TEST_F(LedTest, EnterOfTheNumberBlockRetrievesToo) {
+    listEvent();
+    display.perform([this] { person::arrive(control("dgdEventList")); });
+    answerNext(Answer::OK);
+    QTest::keyClick(&list(), Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(screen().name(), "frmEvent");
+}
+
 TEST_F(LedTest, RowIsCopied) {
     listEvent();
     display.perform([this] { person::arrive(control("dgdEventList")); });

@@ -247,6 +247,18 @@ TEST(ReportPrinter, PicturesBeginBelowTheText) {
     EXPECT_LT(title.top(), last.bottom() + 5 * last.height());
 }
 
+TEST(ReportPrinter, PictureThatIsHigherThanAPageBeginsAtTheTopOfTheFirst) {
+    ToldPages paper;
+    const ReportPicture high{"High", "",
+                             [](const PictureLook&, double, const PictureView&) {
+                                 return Strips{gapStrip(2000), gapStrip(10)};
+                             },
+                             nullptr};
+    const PicturePages pages({high}, QGuiApplication::font(), paper, {QSizeF(900, 1000), 0});
+    EXPECT_EQ(pages.count(), 2U);
+    EXPECT_EQ(pages.sections().front().page, 0);
+}
+
 TEST(ReportPrinter, DrawsOnlyTheWantedPages) {
     EXPECT_EQ((Print{QPageSize::A4, "2-3"}.pagesOf(lines(400))), 2);
     EXPECT_EQ((Print{QPageSize::Letter, "4"}.pagesOf(lines(400))), 1);

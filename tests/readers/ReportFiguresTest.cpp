@@ -118,6 +118,8 @@ TEST(ReportFigures, HighAndLowWithoutADayAreNone) {
     ASSERT_TRUE(figures.scores);
     EXPECT_FALSE(figures.scores->low);
     EXPECT_TRUE(figures.scores->high);
+    text.replace("High Game: 172\tDate Bowled: 10/23/2024", "High Game: 172\tDate Bowled: ");
+    EXPECT_FALSE(readFigures(text).scores->high);
 }
 
 TEST(ReportFigures, CommentsAreNoFigures) {

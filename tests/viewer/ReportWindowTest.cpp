@@ -414,6 +414,15 @@ TEST_F(ReportWindowTest, HasRoomForTheWidestLinesAndTheirPictures) {
     EXPECT_FALSE(part<QSplitter>().childrenCollapsible());
 }
 
+TEST_F(ReportWindowTest, RemembersTheSizeThatItHadBeforeItWasMaximised) {
+    window->resize(700, 500);
+    window->showMaximized();
+    QTest::qWait(1);
+    ASSERT_NE(window->size(), QSize(700, 500));
+    window->close();
+    EXPECT_EQ(settings.value("window/size").toSize(), QSize(700, 500));
+}
+
 TEST_F(ReportWindowTest, RemembersThatItWasMaximised) {
     window->resize(640, 420);
     window->showMaximized();
