@@ -6,6 +6,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QThread>
 #include <filesystem>
@@ -192,6 +193,8 @@ TEST_F(DesktopDisplayTest, ViewerIsStartedByItselfOrIsAMissingFile) {
         fs::path(QCoreApplication::applicationDirPath().toStdString()) / "tallybrook-viewer";
     const fs::path seen = folder.path() / "seen";
     fs::remove(viewer);
+    const auto back = qScopeGuard([before = fs::current_path()] { fs::current_path(before); });
+    fs::current_path(folder.path());  // wherever the program was started
     try {
         display.startViewer(folder.path() / "Report.txt");
         FAIL() << "there is no viewer";

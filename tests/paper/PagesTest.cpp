@@ -99,7 +99,8 @@ TEST(Pages, BlocksStayTogether) {
     EXPECT_EQ(paginated({{"a", "b", ""}, {"c", "d", ""}}, 3),
               (std::vector<Rows>{{"a", "b", ""}, {"c", "d", ""}}));
     EXPECT_EQ(paginated({{"a", "b", "", ""}, {"c"}}, 3),
-              (std::vector<Rows>{{"a", "b", ""}, {"c"}}));  // none begins empty
+              (std::vector<Rows>{{"a", "b", ""}, {"c"}}));                       // none begins empty
+    EXPECT_EQ(paginated({{"a", "b", ""}}, 2), (std::vector<Rows>{{"a", "b"}}));  // and none is empty
 }
 
 TEST(Pages, EventsAndFramesAreBlocks) {

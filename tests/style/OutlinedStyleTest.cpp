@@ -1,7 +1,11 @@
 #include "style/Colours.h"
 #include "style/OutlinedStyle.h"
+#include "support/TemporaryFolder.h"
 
 #include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QIcon>
 #include <QImage>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -160,6 +164,32 @@ TEST(OutlinedStyle, IconsOfBoxesAreCrispInAnySizeAndDifferByMoreThanColour) {
         }
     }
     EXPECT_FALSE(style.standardIcon(QStyle::SP_DirIcon, nullptr, nullptr).isNull()) << "the toolkit's own";
+}
+
+TEST(OutlinedStyle, IconsOfBoxesAreTheDesktopsWhereItHasThem) {
+    const TemporaryFolder folder;
+    const QDir theme(QString::fromStdString((folder.path() / "own").string()));
+    ASSERT_TRUE(theme.mkpath("32"));
+    QFile index(theme.filePath("index.theme"));
+    ASSERT_TRUE(index.open(QIODevice::WriteOnly));
+    index.write("[Icon Theme]\nName=Own\nDirectories=32\n\n[32]\nSize=32\nType=Fixed\n");
+    index.close();
+    QImage red(32, 32, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    ASSERT_TRUE(red.save(theme.filePath("32/dialog-warning.png")));
+
+    const QStringList paths = QIcon::themeSearchPaths();
+    const QString name = QIcon::themeName();
+    QIcon::setThemeSearchPaths({QString::fromStdString(folder.path().string())});
+    QIcon::setThemeName("own");
+    const auto middleOf = [](QStyle::StandardPixmap icon) {
+        const QImage drawn = OutlinedStyle().standardIcon(icon, nullptr, nullptr).pixmap(32).toImage();
+        return drawn.pixelColor(drawn.rect().center());
+    };
+    EXPECT_EQ(middleOf(QStyle::SP_MessageBoxWarning), QColor(Qt::red));
+    EXPECT_NE(middleOf(QStyle::SP_MessageBoxCritical), QColor(Qt::red)) << "which it does not have";
+    QIcon::setThemeName(name);
+    QIcon::setThemeSearchPaths(paths);
 }
 
 TEST(OutlinedStyle, MarksToTickGrowWithTheFont) {
