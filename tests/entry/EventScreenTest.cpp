@@ -231,6 +231,36 @@ TEST_F(EventScreen, SwitchesToAddingWithTheNextEvent) {
               (std::vector<std::string>{"1|Old|TOURNAMENT", "2|New|LEAGUE"}));
 }
 
+TEST_F(EventScreen, TakesNothingOverIntoTheNextEvent) {
+    play.insert("tblEventInfo", {{"fldEventName", "Old"},
+                                 {"fldDateBowled", makeDate(2026, 1, 2)},
+                                 {"fldCenterName", "Brook Lanes"},
+                                 {"fldCenterLoc", "Millbrook"},
+                                 {"fldEventType", "LEAGUE"},
+                                 {"fldNumGames", std::int64_t{3}},
+                                 {"fldGmsRecorded", std::int64_t{3}},
+                                 {"fldSeriesTot", std::int64_t{600}},
+                                 {"fldSeriesAvg", 200.0},
+                                 {"fldComment", "House shot"},
+                                 {"fldHHRecordID", "77"}});
+    play.session().gSessionNum = 1;
+    editEvent();
+    play.click("cmdNextEvent", {kDoNotSave, kNotSaved, {"Add New Event", Answer::Yes}});
+    for (const char* const box : {"txtEvent", "txtCenter", "txtLoc", "txtComment"})
+        EXPECT_EQ(play.text(box), "") << box;
+    play.type("txtEvent", "New");
+    play.click("cmdPrevious", {kSave, kStay});
+    EXPECT_EQ(events().back(), "2|New|11/14/2026|||LEAGUE|3|0|0|0||NONE");
+}
+
+TEST_F(EventScreen, TakesATimeOfTodayForToday) {
+    addEvent();
+    play.type("txtEvent", "Thursday League");
+    play.type("txtDateBowled", "11/14/2026 11:59:59 PM");
+    play.click("cmdPrevious", {kSave, kStay});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldDateBowled"}), std::vector<std::string>{"11/14/2026"});
+}
+
 TEST_F(EventScreen, ResetLeavesThePlaceAlone) {
     addEvent();
     play.type("txtEvent", "Name");

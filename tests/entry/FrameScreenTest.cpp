@@ -552,6 +552,14 @@ TEST_F(FrameScreen, ClearsTheRunningScores) {
     EXPECT_EQ(cell(8), "X");
 }
 
+TEST_F(FrameScreen, ClearsTheTotalWithTheScores) {
+    openThroughGame(kTenStrikes, 300);
+    walkToTheEnd({kLastFrame, {"Game Score", Answer::Cancel}});
+    EXPECT_EQ(play.text("txtTotScore"), "300");
+    play.click("cmdResetPinfall", {{"Reset Pinfall", Answer::Yes}});
+    EXPECT_EQ(play.text("txtTotScore"), "");
+}
+
 // --- The end of the rows, and failures ---
 
 TEST_F(FrameScreen, OffersToRetryAfterTheEndOfTheRows) {

@@ -152,6 +152,19 @@ const std::string kSeven = "on no, 1 2 3+ 4 5 6+ 7 8 9 10+, off | ";
 const std::vector<std::string> kLeave3610{"optFirstNo", "chkFirstPinfall(3)", "chkFirstPinfall(6)",
                                           "chkFirstPinfall(10)", "cmdFirstDone"};
 
+TEST_F(PinfallStates, PinsSayWhetherTheyStand) {
+    openFrame(1);
+    Control& pin = play.control("chkFirstPinfall(7)");
+    EXPECT_EQ(pin.spokenName(), "Pin 7");
+    play.click("optFirstNo");
+    EXPECT_EQ(pin.spokenName(), "Pin 7, knocked down");
+    for (const char* const state : {"Pin 7, standing", "Pin 7, knocked down", "Pin 7, standing"}) {
+        play.click("chkFirstPinfall(7)");
+        EXPECT_EQ(pin.spokenName(), state);
+    }
+    EXPECT_EQ(play.control("chkFirstPinfall(8)").spokenName(), "Pin 8, knocked down");
+}
+
 TEST_F(PinfallStates, TenthFrameSpareThenStrike) {
     walk(10, {{"F3", {"optFirstNo"}, "on no, all, on | on, off, off | off, off, off | Spare? | "},
               {"U1",
@@ -159,6 +172,8 @@ TEST_F(PinfallStates, TenthFrameSpareThenStrike) {
                kSeven + "on, 3 6 10, off | off, off, off | Spare? | 7"},
               {"U2", {"optSecondYes"}, kSeven + "on yes, 3 6 10, off | on, off, off | Spare? | 7/"},
               {"U5", {"optFillYes"}, kSeven + "on yes, 3 6 10, off | on yes, off, off | Spare? | 7/X"}});
+    play.click("optSecondYes");
+    EXPECT_EQ(play.focus(), "optSecondYes") << "there is a fill ball to come";
 }
 
 TEST_F(PinfallStates, TenthFrameSpareThenAllPinsLeft) {
