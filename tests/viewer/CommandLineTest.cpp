@@ -1,40 +1,19 @@
 #include "readers/Files.h"
-
-#include <QProcess>
+#include "support/RunWithHands.h"
 
 namespace tallybrook::test {
 
 namespace {
 
-struct Outcome {
-    int status;
-    QString output;  ///< what the hands have seen
-    QString errors;
-};
-
-/// Runs the real viewer. Its boxes and windows are closed by the hands of `tests/viewer/hands`, which write
-/// down what they have seen.
-Outcome run(const QStringList& arguments, const Files& files) {
-    QProcess viewer;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_QPA_PLATFORM", "offscreen");
-    environment.insert("QT_PLUGIN_PATH", TALLYBROOK_HANDS);
-    environment.insert("QT_QPA_GENERIC_PLUGINS", "hands");
-    environment.insert("XDG_CONFIG_HOME", files.path("config"));
-    viewer.setProcessEnvironment(environment);
-    viewer.setWorkingDirectory(files.folder());
-    viewer.start(TALLYBROOK_VIEWER, arguments);
-    EXPECT_TRUE(viewer.waitForFinished());
-    EXPECT_EQ(viewer.exitStatus(), QProcess::NormalExit);
-    return {viewer.exitCode(), QString::fromUtf8(viewer.readAllStandardOutput()),
-            QString::fromUtf8(viewer.readAllStandardError())};
+ProgramRun run(const QStringList& arguments, const Files& files) {
+    return runWithHands(TALLYBROOK_VIEWER, arguments, files.folder());
 }
 
 }  // namespace
 
 TEST(CommandLine, OneFileIsShown) {
     Files files;
-    const Outcome outcome = run({files.write("League Night.txt", "1\t2\r\n")}, files);
+    const ProgramRun outcome = run({files.write("League Night.txt", "1\t2\r\n")}, files);
     EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
     EXPECT_EQ(outcome.output, "window: League Night.txt - Tallybrook Report\n");
 }
@@ -51,7 +30,7 @@ TEST(CommandLine, NameIsTakenAsItStands) {
 
 TEST(CommandLine, EachFileHasAWindow) {
     Files files;
-    const Outcome outcome = run({files.write("one.txt", "1"), files.write("two.txt", "2")}, files);
+    const ProgramRun outcome = run({files.write("one.txt", "1"), files.write("two.txt", "2")}, files);
     EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
     QStringList windows = outcome.output.split('\n', Qt::SkipEmptyParts);
     windows.sort();
@@ -61,7 +40,7 @@ TEST(CommandLine, EachFileHasAWindow) {
 
 TEST(CommandLine, FilesThatCanBeShownAreShown) {
     Files files;
-    const Outcome outcome = run({"missing.txt", files.write("two.txt", "2")}, files);
+    const ProgramRun outcome = run({"missing.txt", files.write("two.txt", "2")}, files);
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output,
               "box: The report cannot be shown:||missing.txt||There is no such file.\n"
@@ -70,13 +49,13 @@ TEST(CommandLine, FilesThatCanBeShownAreShown) {
 
 TEST(CommandLine, FileThatCannotBeShownIsStatus1) {
     const Files files;
-    const Outcome missing = run({"missing.txt"}, files);
+    const ProgramRun missing = run({"missing.txt"}, files);
     EXPECT_EQ(missing.status, 1) << missing.errors.toStdString();
     EXPECT_EQ(missing.output, "box: The report cannot be shown:||missing.txt||There is no such file.\n");
-    const Outcome folder = run({files.folder()}, files);
+    const ProgramRun folder = run({files.folder()}, files);
     EXPECT_EQ(folder.status, 1);
     EXPECT_EQ(folder.output, "box: The report cannot be shown:||" + files.folder() + "||It is a folder.\n");
-    const Outcome pipe = run({files.pipe("pipe")}, files);
+    const ProgramRun pipe = run({files.pipe("pipe")}, files);
     EXPECT_EQ(pipe.status, 1);
     EXPECT_EQ(pipe.output, "box: The report cannot be shown:||" + files.path("pipe") +
                                "||It is a device and not a file.\n");
@@ -87,14 +66,14 @@ TEST(CommandLine, LastReportIsShown) {
     Files files;
     for (const char* const name : {"one.txt", "two.txt", "one.txt"})
         run({files.write(name, "text")}, files);
-    const Outcome outcome = run({"--last"}, files);
+    const ProgramRun outcome = run({"--last"}, files);
     EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
     EXPECT_EQ(outcome.output, "window: one.txt - Tallybrook Report\n");
 }
 
 TEST(CommandLine, WhereThereIsNoLastReportItSaysSo) {
     const Files files;
-    const Outcome outcome = run({"--last"}, files);
+    const ProgramRun outcome = run({"--last"}, files);
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(
         outcome.output,
@@ -107,7 +86,7 @@ TEST(CommandLine, LastReportThatIsGoneIsTold) {
     const QString report = files.write("one.txt", "text");
     run({report}, files);
     ASSERT_TRUE(QFile::remove(report));
-    const Outcome outcome = run({"--last"}, files);
+    const ProgramRun outcome = run({"--last"}, files);
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "box: The report cannot be shown:||" + report + "||There is no such file.\n");
 }
@@ -120,7 +99,7 @@ TEST(CommandLine, FileCalledAsAnOptionIsShown) {
 
 TEST(CommandLine, NoFileIsStatus2) {
     const Files files;
-    const Outcome outcome = run({}, files);
+    const ProgramRun outcome = run({}, files);
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.errors, "Usage: tallybrook-viewer FILE... | --last\n");
     EXPECT_EQ(outcome.output, "");
