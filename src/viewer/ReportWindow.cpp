@@ -187,8 +187,8 @@ void ReportWindow::addPictureEntries(QMenu& menu) {
             if (PictureWidget* const picture = pictures_->current(); picture != nullptr)
                 run(*picture);
         });
-        connect(&menu, &QMenu::aboutToShow, entry,
-                [this, entry] { entry->setEnabled(pictures_->isVisible()); });
+        entry->setEnabled(false);  // until there are pictures
+        ofPictures_.push_back(entry);
     };
     add("Copy P&icture", {}, copyPicture);
     add("Copy as &Table", Qt::CTRL | Qt::SHIFT | Qt::Key_C, copyTable);
@@ -256,8 +256,11 @@ void ReportWindow::showZoom() {
 
 /// A report without figures is shown as text alone. The window is never narrower than its parts.
 void ReportWindow::showPane() {
+    const bool areShown = !pictures_->isEmpty() && hasPictures_->isChecked();
     hasPictures_->setEnabled(!pictures_->isEmpty());
-    pictures_->setVisible(!pictures_->isEmpty() && hasPictures_->isChecked());
+    pictures_->setVisible(areShown);
+    for (QAction* const entry : ofPictures_)
+        entry->setEnabled(areShown);
     const int parts = splitter_->minimumSizeHint().width() + splitter_->handleWidth();
     setMinimumWidth(std::max(leastWidth_, parts));
 }

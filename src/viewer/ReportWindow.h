@@ -96,6 +96,7 @@ private:
     int leastWidth_ = 0;                               // whatever is shown
     QAction* actualSize_ = nullptr;
     QAction* hasPictures_ = nullptr;
+    std::vector<QAction*> ofPictures_;  // what is done to a picture that is shown
 };
 
 }  // namespace tallybrook

@@ -242,7 +242,6 @@ TEST_F(PicturesPane, CopiedIsThePictureInSightOrTheOneTouchedLast) {
 
 TEST_F(PicturesPane, EntriesOfPicturesAreOnWhereTheyAreShown) {
     const auto areOn = [this] {
-        emit menu("Edit").aboutToShow();
         const bool isOn = action("Copy Picture")->isEnabled();
         EXPECT_EQ(action("Copy as Table")->isEnabled(), isOn);
         EXPECT_EQ(action("Save Picture...")->isEnabled(), isOn);
@@ -253,6 +252,18 @@ TEST_F(PicturesPane, EntriesOfPicturesAreOnWhereTheyAreShown) {
     EXPECT_TRUE(areOn());
     press(Qt::Key_F9);
     EXPECT_FALSE(areOn());
+}
+
+TEST_F(PicturesPane, KeysOfPicturesAreForThoseThatAreShown) {
+    openGolden("statistics.txt");
+    const std::string table = pictures()[0]->table().asText().toStdString();
+    for (const bool areShown : {true, false, true}) {
+        QApplication::clipboard()->setText("before");
+        QTest::keyClick(window.get(), Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_EQ(QApplication::clipboard()->text().toStdString(), areShown ? table : "before");
+        emit menu("Edit").aboutToShow();
+        press(Qt::Key_F9);
+    }
 }
 
 TEST_F(PicturesPane, WhatIsShownIsExported) {
