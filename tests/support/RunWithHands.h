@@ -15,7 +15,7 @@ struct ProgramRun {
 };
 
 /// Runs a real program in a folder, where its settings and its data lie too. Its boxes and windows are closed
-/// by the hands of `tests/viewer/hands`, which write down what they have seen. `display` is the one that the
+/// by the hands of `tests/support/hands`, which write down what they have seen. `display` is the one that the
 /// program is told of, which the hands do without.
 inline ProgramRun runWithHands(const QString& program, const QStringList& arguments, const QString& folder,
                                const QString& display = {}) {
