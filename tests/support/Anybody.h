@@ -24,7 +24,7 @@ inline std::string asAnybody(const std::function<std::string()>& run) {
     }
     close(ends[1]);
     std::string told(1000, '\0');
-    const ssize_t size = read(ends[0], told.data(), told.size());
+    const ssize_t size = ::read(ends[0], told.data(), told.size());
     close(ends[0]);
     waitpid(child, nullptr, 0);
     return told.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
