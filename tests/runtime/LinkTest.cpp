@@ -110,6 +110,18 @@ protected:
     fs::path link = folder.path() / "text.txt";
 };
 
+// Not even whether others may read what takes its place.
+TEST_F(SymbolicLink, TellsNothingOfACopyInItsPlace) {
+    const fs::path target = folder.path() / "treasure";
+    const fs::path source = folder.path() / "source";
+    for (const fs::path& file : {target, source})
+        std::ofstream(file) << "one";
+    fs::permissions(target, fs::perms::all);
+    fs::create_symlink(target, link);
+    copyFile(source, link);
+    EXPECT_EQ(fs::symlink_status(link).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
 // What stood in the file must go on standing in front, so its name cannot be taken.
 TEST_F(SymbolicLink, IsNotAddedTo) {
     const fs::path target = folder.path() / "treasure";

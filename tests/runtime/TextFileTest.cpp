@@ -1,5 +1,6 @@
 #include "runtime/RunTimeError.h"
 #include "runtime/TextFile.h"
+#include "support/Anybody.h"
 #include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
 
@@ -153,7 +154,8 @@ TEST_F(TextFiles, FailByNumber) {
     put("one\n");
     EXPECT_EQ(faultOf([&] { copyFile(file, nowhere); }), error::kPathNotFound);
     EXPECT_EQ(faultOf([&] { copyFile(file, folder.path()); }), error::kPermissionDenied);
-    EXPECT_EQ(faultOf([&] { copyFile(file, file); }), error::kPermissionDenied);
+    for (const fs::path& same : {file, folder.path() / "." / file.filename()})
+        EXPECT_EQ(faultOf([&] { copyFile(file, same); }), error::kPermissionDenied) << same;
     EXPECT_EQ(lines(), Lines{"one"});
     TextReader reader(file);
     reader.readLine();
@@ -216,6 +218,23 @@ TEST_F(TextFiles, LeaveWhatWasThereWhereACopyFails) {
     fs::create_directories(folder.path() / "target.new" / "in the way");
     EXPECT_EQ(faultOf([&] { copyFile(file, target); }), error::kPermissionDenied);
     EXPECT_EQ(TextReader(target).readLine(), "what was there");
+}
+
+// In a folder of others, what bears the name of an unfinished file may be theirs, and stays.
+TEST_F(TextFiles, AreNotWrittenIntoWhatCannotBeRemoved) {
+    const fs::path inTheWay = file.string() + ".new";
+    std::ofstream(inTheWay) << "somebody's";
+    fs::permissions(inTheWay, fs::perms::all);
+    constexpr auto kRead = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
+    constexpr auto kEnter = fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec;
+    fs::permissions(folder.path(), kRead | kEnter);
+    EXPECT_EQ(test::asAnybody([this] {
+                  return std::to_string(faultOf(
+                      [&] { replaceFile(file, [](TextWriter& writer) { writer.writeLine("one"); }); }));
+              }),
+              std::to_string(error::kPathFileAccess));
+    EXPECT_EQ(TextReader(inTheWay).readLine(), "somebody's");
+    fs::permissions(folder.path(), fs::perms::owner_all);
 }
 
 }  // namespace
