@@ -438,6 +438,26 @@ TEST_F(RecordsetEdges, KeepAnEditWhoseRowIsGoneUntilItIsCancelled) {
     EXPECT_EQ(toText(rows["fldGameScore"]), "200");
 }
 
+TEST_F(RecordsetEdges, ForgetAnEditWhenTheyResync) {
+    Recordset rows(store);
+    rows.Open("SELECT * FROM tblGameInfo");
+    rows["fldGameScore"] = std::int64_t{150};
+    rows.Resync();
+    EXPECT_EQ(toText(rows["fldGameScore"]), "100");
+    rows.MoveNext();
+    EXPECT_EQ(stored(), (std::vector<std::string>{"100", "200", "300"}));
+}
+
+TEST_F(RecordsetEdges, BeginNoEditWithAValueThatIsNotTaken) {
+    Recordset rows(store);
+    rows.Open("SELECT * FROM tblGameInfo");
+    EXPECT_EQ(faultOf([&] { rows["fldGameScore"] = "many"; }), error::kValueNotTaken);
+    rows.Update();
+    rows.MoveNext();
+    EXPECT_EQ(toText(rows["fldGameScore"]), "200");
+    EXPECT_EQ(stored(), (std::vector<std::string>{"100", "200", "300"}));
+}
+
 TEST_F(RecordsetEdges, CanBeOpenedAgain) {
     Recordset rows(store);
     rows.Open("SELECT * FROM tblGameInfo");
