@@ -88,6 +88,13 @@ TEST_F(ForeignSchema, MayHoldMoreThanTheLogbook) {
     EXPECT_EQ(store.rows("tblEventInfo").size(), 2U);
 }
 
+// As they are to every other program for such files, the names of tables are the same in any case.
+TEST_F(ForeignSchema, MayNameTheTablesInOtherLetters) {
+    make("ALTER TABLE tblEventInfo RENAME TO kept; ALTER TABLE kept RENAME TO TBLEVENTINFO");
+    Store store(file, clock);
+    EXPECT_EQ(store.rows("tblEventInfo").size(), 2U);
+}
+
 TEST_F(ForeignSchema, HasItsTriggersNotRun) {
     make(
         "CREATE TABLE noted (what TEXT);"

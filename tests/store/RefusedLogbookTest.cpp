@@ -131,6 +131,21 @@ TEST_F(RefusedLogbook, ThatIsKeptFromUs) {
     expectRefusedToAnybody("Permission denied. Please check the permissions of its folder.");
 }
 
+// The journal is kept beside the file itself, not beside a link to it.
+TEST_F(RefusedLogbook, ThatLiesWhereNothingCanBeWritten) {
+    using enum fs::perms;
+    const fs::path elsewhere = folder.path() / "elsewhere";
+    make();
+    fs::create_directory(elsewhere);
+    fs::rename(file, elsewhere / "night.mdb");
+    fs::create_symlink(elsewhere / "night.mdb", file);
+    fs::permissions(folder.path(), all);
+    fs::permissions(elsewhere / "night.mdb", all);
+    fs::permissions(elsewhere, owner_read | owner_exec | group_read | group_exec | others_read | others_exec);
+    expectRefusedToAnybody("The file or its folder cannot be written. Please check their permissions.");
+    fs::permissions(elsewhere, all);
+}
+
 TEST_F(RefusedLogbook, ThatIsTooOldToBeUsedAsItIs) {
     const std::string before =
         "It was written by an older version of Tallybrook and could not be brought up to date; what it "
