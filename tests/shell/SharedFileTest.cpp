@@ -58,7 +58,7 @@ TEST_F(SharedFile, IsNoneOfTheProgramsOwn) {
     EXPECT_FALSE(fs::exists(journal));
     for (const char* const beside : {".trial", ".trial-journal", ".new"})
         EXPECT_EQ(refusals(logbook.string() + beside), kRefused) << beside;
-    EXPECT_EQ(refusals(folder / "tbrkcfg.conf.new"), kRefused);
+    EXPECT_EQ(refusals(folder / "tbrkcfg.conf.new"), kRefused);  // the next change of the setup makes it
 }
 
 TEST_F(SharedFile, IsNotTheLogbookByAnotherSpelling) {
@@ -103,11 +103,12 @@ TEST_F(SharedFile, IsNotTheLogbookThatTheDataFolderLinksTo) {
         EXPECT_EQ(refusals(elsewhere / name), kRefused) << name;
 }
 
-TEST_F(SharedFile, IsNotTheConfigurationThatALinkWillMake) {
+// A report there would be read as the setup at the next start.
+TEST_F(SharedFile, IsNotWhatALinkOfTheProgramWillLeadTo) {
     fs::remove(folder / "tbrkcfg.conf");
-    fs::create_symlink(elsewhere / "mine.conf", folder / "tbrkcfg.conf");
-    EXPECT_EQ(refusals(elsewhere / "mine.conf"), kRefused);
-    EXPECT_FALSE(fs::exists(elsewhere / "mine.conf"));
+    fs::create_symlink(fs::path("elsewhere") / "my setup.conf", folder / "tbrkcfg.conf");
+    EXPECT_EQ(refusals(elsewhere / "my setup.conf"), kRefused);
+    EXPECT_FALSE(fs::exists(elsewhere / "my setup.conf"));
 }
 
 TEST_F(SharedFile, IsNoCopyOfTheProgramsOwn) {
