@@ -48,6 +48,7 @@ public:
     Layout layout() override { return layout::space(); }
     void onLoad() override { screens().show(*this); }
     void onClose() override { happened.emplace_back("close"); }
+    using Screen::tell;
 
     std::vector<std::string> happened;
     std::function<void(Control&)> leaving;
@@ -251,6 +252,25 @@ TEST_F(Focus, TakesLettersAsAWhole) {
         screen->txtTwo.enter(text);
         EXPECT_EQ(screen->txtTwo.text(), text);
     }
+}
+
+TEST_F(Focus, LeavesTheCaretBehindATextThatHasChanged) {
+    screen->txtTwo.setText("abcdef");
+    EXPECT_EQ(screen->txtTwo.caret(), 6U);
+    screen->txtTwo.moveCaret(4);
+    screen->txtTwo.setText("ab");
+    EXPECT_EQ(screen->txtTwo.caret(), 2U);
+    screen->txtTwo.moveCaret(1);
+    screen->txtTwo.setText("ab");
+    EXPECT_EQ(screen->txtTwo.caret(), 1U);
+}
+
+TEST_F(Focus, TakesNoNewsToTheNextControl) {
+    screen->tell("Strike");
+    screen->txtOne.focus();
+    EXPECT_EQ(screen->news(), "Strike");
+    screen->txtTwo.focus();
+    EXPECT_EQ(screen->news(), "");
 }
 
 TEST_F(Focus, WhatIsOffOrOutOfSightIsNotActivated) {
