@@ -1,5 +1,6 @@
 #include "store/DataControl.h"
 #include "store/Recordset.h"
+#include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
 #include <limits>
@@ -256,6 +257,25 @@ TEST_F(RecordsetEdges, AreSnapshotsHoweverLateTheyAreLookedAt) {
               }),
               error::kRowGone);
     EXPECT_EQ(stored(), (std::vector<std::string>{"1", "300", "400"}));
+}
+
+// The keys of rows that were undone are given again.
+TEST_F(RecordsetEdges, AreSnapshotsAfterRowsWereUndoneToo) {
+    SQLite::Database& database = store.connection().database();
+    const auto add = [this] {
+        Recordset rows(store);
+        rows.Open("SELECT * FROM tblGameInfo");
+        rows.AddNew();
+        rows.Update();
+        return toText(rows["fldGameKey"]);
+    };
+    database.exec("BEGIN");
+    EXPECT_EQ(add(), "4");
+    database.exec("ROLLBACK");
+    Recordset before(store);
+    before.Open("SELECT * FROM tblGameInfo");
+    EXPECT_EQ(add(), "4");
+    EXPECT_EQ(before.RecordCount(), 3);
 }
 
 TEST_F(RecordsetEdges, KeepEachRowAsItWasBeforeAnotherTouchesIt) {
