@@ -56,6 +56,7 @@ TEST(Sql, TellsWhyItDoesNotUnderstandAStatement) {
         {"", "SELECT was expected"},
         {"DELETE FROM tblEventInfo", "SELECT was expected"},
         {"SELECT FROM tblEventInfo", "a name was expected"},
+        {"SELECT DISTINCT distinct FROM tblEventInfo", "a name was expected"},
         {"SELECT tblEventInfo. FROM tblEventInfo", "* was expected"},
         {"SELECT * tblEventInfo", "FROM was expected"},
         {"SELECT * FROM sqlite_master", "there is no such table"},
