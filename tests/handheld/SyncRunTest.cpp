@@ -1,5 +1,8 @@
+#include "backup/BackupFolder.h"
 #include "handheld/SyncPlay.h"
 #include "runtime/TextEncoding.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
 
 namespace tallybrook::test {
 
@@ -62,6 +65,31 @@ TEST_P(SyncRuns, AddWhatTheHandheldHasLeft) {
                                  "180.33||E000000001"});
     EXPECT_EQ(play.games(), Log{"1|1|1|13|13|14|13-14|187|dry||P|1|G000000001|N"});
     EXPECT_EQ(play.frames(), Log{"1|1|1|1|13|Blue|20|10|X||||X|F000000001"});
+}
+
+/// How many events each backup holds, the oldest first.
+std::vector<std::int64_t> eventsInBackups(const SyncPlay& play) {
+    const BackupFolder folder(play.dataFolder() / "Tallybrook_DB.mdb");
+    std::vector<std::int64_t> counts;
+    for (const DateTime time : folder.times()) {
+        const SQLite::Database backup(folder.existing(time).string());
+        SQLite::Statement count(backup, "SELECT count(*) FROM tblEventInfo");
+        count.executeStep();
+        counts.push_back(count.getColumn(0).getInt64());
+    }
+    return counts;
+}
+
+TEST_P(SyncRuns, AreBehindABackupOfWhatWasThere) {
+    play.insertEvent();
+    play.insertGame();
+    play.insertFrame(1, "X", "X");
+    play.put(smallExports());
+    play.sync(Answer::No);
+    play.program().backups().finish();
+    ASSERT_FALSE(eventsInBackups(play).empty());
+    EXPECT_EQ(eventsInBackups(play).front(), 1);
+    EXPECT_EQ(play.events().size(), 2U);
 }
 
 TEST_P(SyncRuns, TellTheirStoryInTheLogs) {
