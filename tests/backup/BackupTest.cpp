@@ -112,6 +112,16 @@ protected:
         return why;
     }
 
+    /// Makes a backup, which comes upon a logbook that is damaged.
+    void expectToldAsDamaged() {
+        backups->begin();
+        backups->finish();
+        EXPECT_EQ(
+            backups->takeFailure(),
+            told("The logbook is damaged: " + logbook.string() +
+                 "\r\nPlease end the program, and go back to the newest backup with the Tallybrook Keeper."));
+    }
+
     const std::string first = "Tallybrook_DB 2026-11-21 20.15.00.mdb";
     const std::string second = "Tallybrook_DB 2026-11-21 20.15.01.mdb";
 
@@ -445,12 +455,7 @@ TEST_F(BackupTest, TellsOfADamagedLogbookAndKeepsTheOldOnes) {
             std::ofstream(folder() / name) << "a backup";
         damage(logbook, part);
         open();
-        backups->begin();
-        backups->finish();
-        EXPECT_EQ(
-            backups->takeFailure(),
-            told("The logbook is damaged: " + logbook.string() +
-                 "\r\nPlease end the program, and go back to the newest backup with the Tallybrook Keeper."));
+        expectToldAsDamaged();
         EXPECT_EQ(names(), old);
         close();
     }
@@ -460,12 +465,7 @@ TEST_F(BackupTest, TellsOfADamagedLogbookAndKeepsTheOldOnes) {
 TEST_F(BackupTest, TellsOfALogbookThatIsNoneAnyMore) {
     open();
     std::fstream(logbook, std::ios::in | std::ios::out | std::ios::binary) << std::string(16, '\x7f');
-    backups->begin();
-    backups->finish();
-    EXPECT_EQ(
-        backups->takeFailure(),
-        told("The logbook is damaged: " + logbook.string() +
-             "\r\nPlease end the program, and go back to the newest backup with the Tallybrook Keeper."));
+    expectToldAsDamaged();
     EXPECT_EQ(names(), Names{});
 }
 

@@ -117,40 +117,37 @@ TEST(TrendPicture, LowSeriesIsToldWithinThePlot) {
     }
 }
 
-TEST(TrendPicture, EventThatIsTheOnlyOneIsNeitherHighNorLow) {
+/// One of the strips of a trend of so many weeks, as SVG, in which its words can be found.
+QByteArray drawnStrip(std::size_t strip, int events) {
     const PictureLook look(QApplication::font(), QPalette(Qt::white));
-    const auto plot = [&look](int events) {
-        QByteArray svg;
-        QBuffer stream(&svg);
-        QSvgGenerator generator;
-        generator.setOutputDevice(&stream);
-        QPainter painter(&generator);
-        const Strips strips = trendOf(weeklyEvents(events)).strips(look, kWidth);
-        strips[1].draw(painter);
-        painter.end();
-        return std::pair(svg.contains("High 4"), svg.contains("Low 4"));
+    QByteArray svg;
+    QBuffer stream(&svg);
+    QSvgGenerator generator;
+    generator.setOutputDevice(&stream);
+    QPainter painter(&generator);
+    trendOf(weeklyEvents(events)).strips(look, kWidth)[strip].draw(painter);
+    painter.end();
+    return svg;
+}
+
+TEST(TrendPicture, EventThatIsTheOnlyOneIsNeitherHighNorLow) {
+    const auto ends = [](int events) {
+        const QByteArray plot = drawnStrip(1, events);
+        return std::pair(plot.contains("High 4"), plot.contains("Low 4"));
     };
-    EXPECT_EQ(plot(1), std::pair(false, false));
-    EXPECT_EQ(plot(2), std::pair(true, true));
+    EXPECT_EQ(ends(1), std::pair(false, false));
+    EXPECT_EQ(ends(2), std::pair(true, true));
 }
 
 TEST(TrendPicture, LegendNamesTheLinesThatAreDrawn) {
-    const PictureLook look(QApplication::font(), QPalette(Qt::white));
-    const auto legend = [&look](int events) {
-        QByteArray svg;
-        QBuffer stream(&svg);
-        QSvgGenerator generator;
-        generator.setOutputDevice(&stream);
-        QPainter painter(&generator);
-        const Strips strips = trendOf(weeklyEvents(events)).strips(look, kWidth);
-        strips[0].draw(painter);
-        painter.end();
-        return std::pair(svg.contains("Season so far"), svg.contains("Last 12 events"));
+    const auto lines = [](int events) {
+        const QByteArray legend = drawnStrip(0, events);
+        return std::pair(legend.contains("Season so far"), legend.contains("Last 12 events"));
     };
-    EXPECT_EQ(legend(3), std::pair(false, false));
-    EXPECT_EQ(legend(4), std::pair(true, false));
-    EXPECT_EQ(legend(12), std::pair(true, false));
-    EXPECT_EQ(legend(13), std::pair(true, true));
+    EXPECT_EQ(lines(3), std::pair(false, false));
+    EXPECT_EQ(lines(4), std::pair(true, false));
+    EXPECT_EQ(lines(12), std::pair(true, false));
+    EXPECT_EQ(lines(13), std::pair(true, true));
 }
 
 TEST(TrendPicture, BarOfASingleMonthIsNoBlock) {
