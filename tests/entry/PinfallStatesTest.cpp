@@ -172,8 +172,14 @@ TEST_F(PinfallStates, TenthFrameSpareThenStrike) {
                kSeven + "on, 3 6 10, off | off, off, off | Spare? | 7"},
               {"U2", {"optSecondYes"}, kSeven + "on yes, 3 6 10, off | on, off, off | Spare? | 7/"},
               {"U5", {"optFillYes"}, kSeven + "on yes, 3 6 10, off | on yes, off, off | Spare? | 7/X"}});
+}
+
+TEST_F(PinfallStates, SpareOfTheTenthFrameKeepsTheFocusForTheFillBall) {
+    openFrame(10);
+    for (const std::string& click : kLeave3610)
+        play.click(click);
     play.click("optSecondYes");
-    EXPECT_EQ(play.focus(), "optSecondYes") << "there is a fill ball to come";
+    EXPECT_EQ(play.focus(), "optSecondYes");
 }
 
 TEST_F(PinfallStates, TenthFrameSpareThenAllPinsLeft) {

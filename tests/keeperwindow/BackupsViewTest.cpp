@@ -106,6 +106,13 @@ TEST_F(BackupsListed, TakeTheRowsThatTheirTextsNeed) {
     view.QListWidget::show();
     const int line = view.fontMetrics().boundingRect(0, 0, 500, 0, Qt::TextWordWrap, "Sunday").height();
     EXPECT_EQ(heightOf(0), line + 16);
+    QFont bold = view.font();
+    bold.setBold(true);
+    const int heading = QFontMetrics(bold).horizontalAdvance("Sunday, November 22, 2026, 12:00 AM");
+    view.resize(heading + 8 + view.width() - view.viewport()->width(), 400);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(heightOf(0), 2 * line + 16) << "there is a margin on both sides";
+    view.resize(600, 400);
     view.update(0, readEntry());
     EXPECT_EQ(heightOf(0), 3 * line + 16);
     view.resize(200, 400);

@@ -52,6 +52,13 @@ TEST_F(EventsListed, StandInTheOrderInWhichTheyAreMissed) {
     EXPECT_EQ(view.topLevelItemCount(), 0);
 }
 
+TEST_F(EventsListed, HaveRoomForTheirNames) {
+    BackupEntry backup = entry();
+    backup.summary->events[0].name = "Thursday Night Mixed League";
+    view.show(&backup);
+    EXPECT_GE(view.columnWidth(0), view.fontMetrics().horizontalAdvance("Thursday Night Mixed League"));
+}
+
 TEST_F(EventsListed, OpenWhereThereAreGames) {
     const BackupEntry backup = entry();
     view.show(&backup);
