@@ -613,8 +613,7 @@ void ScreenWindow::refreshSoon() {
 void ScreenWindow::activated(Control& control) {
     if (screen_ == nullptr || !taker_.hasOwnKeys() || !control.hasFocus())
         return;
-    Control* const primary = screen_->primary();
-    if (primary != nullptr && control.kind() != Control::Kind::FolderList)
+    if (Control* const primary = screen_->primary(); primary != nullptr)
         act([primary] { person::click(*primary); });
 }
 
