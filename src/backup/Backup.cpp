@@ -124,7 +124,7 @@ void Backup::work(const std::stop_token& stop) {
     } catch (const std::exception& failure) {
         why = reasonFor(failure);
     }
-    if (!why.empty() && !stop.stop_requested()) {
+    if (!why.empty()) {
         const std::scoped_lock lock(mutex_);
         failure_ = why;
     }
@@ -165,7 +165,7 @@ void Backup::check(const fs::path& copy, std::uint64_t hash, const std::stop_tok
         obey(stop);
         file.read(part, at);
     };
-    if (file.size() != oldPages_.size() || hashOf(read, 0, file.size()) != hash)
+    if (hashOf(read, 0, file.size()) != hash)
         throw std::runtime_error("The copy was not like the logbook.");
     fromLogbook([&] {
         const SQLite::Database database = openAsItStands(copy);

@@ -49,6 +49,17 @@ TEST_F(BackupFolderTest, GivesNoNameThatSomethingHas) {
     EXPECT_EQ(folder.fileFor(kEvening), folder.existing(kEvening + std::chrono::seconds{2}));
 }
 
+TEST_F(BackupFolderTest, IsThinnedOutByTheClockAndNotByItsNewestBackup) {
+    for (const char* const time :
+         {"2026-10-01 09.00.00", "2026-10-01 20.00.00", "2026-11-20 20.00.00", "2026-11-21 20.00.00"})
+        put("Tallybrook_DB " + std::string(time) + ".mdb");
+    const std::vector<DateTime> all = folder.times();
+    folder.thinOut(makeDate(2026, 9, 30));
+    EXPECT_EQ(folder.times(), all);
+    folder.thinOut(kEvening);
+    EXPECT_EQ(folder.times(), std::vector(all.begin() + 1, all.end()));
+}
+
 }  // namespace
 
 }  // namespace tallybrook

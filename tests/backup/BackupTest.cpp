@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <csignal>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <set>
 #include <thread>
@@ -206,6 +207,15 @@ TEST_F(BackupTest, IsMadeByNobodyOnceTheBackupsAreGone) {
     EXPECT_EQ(names(), Names{});
 }
 
+TEST_F(BackupTest, GetsNoMorePagesOnceTheBackupsAreGone) {
+    store.emplace(logbook, clock);
+    auto own = std::make_unique<Backups>(*store, logbook, clock);
+    own->begin();
+    own.reset();
+    addEvent();
+    EXPECT_EQ(store->rows("tblEventInfo").size(), 4U);
+}
+
 TEST_F(BackupTest, OfALogbookWrittenJustNowIsMadeAgain) {
     fs::last_write_time(logbook, fs::file_time_type::clock::now() + std::chrono::hours{1});
     backUp();
@@ -345,6 +355,20 @@ TEST_F(BackupTest, RemovesWhatKilledRunsHaveLeftAndNothingElse) {
     Names expected = others;
     expected.insert(first);
     EXPECT_EQ(names(), expected);
+}
+
+TEST_F(BackupTest, MadeAtOnceRemovesWhatKilledRunsHaveLeft) {
+    fs::create_directory(folder());
+    std::ofstream(folder() / "Tallybrook_DB 2026-11-20 09.00.00.mdb.new") << "half a copy";
+    backUpNow(logbook, clock);
+    EXPECT_EQ(names(), Names{first});
+}
+
+TEST_F(BackupTest, MadeAtOnceOfALogbookWrittenJustNowIsMadeAgain) {
+    fs::last_write_time(logbook, fs::file_time_type::clock::now() + std::chrono::hours{1});
+    backUpNow(logbook, clock);
+    backUp();
+    EXPECT_EQ(names(), (Names{first, second}));
 }
 
 TEST_F(BackupTest, ForgetsOldOnes) {
