@@ -109,7 +109,8 @@ class KeptAside {
 public:
     explicit KeptAside(const fs::path& file) : name_(freeNameFor(file)) {
         copyFile(file, name_);
-        fs::last_write_time(name_, fs::last_write_time(file));
+        std::error_code ignored;  // its date only tells how old it is
+        fs::last_write_time(name_, fs::last_write_time(file), ignored);
     }
     ~KeptAside() {
         std::error_code ignored;

@@ -225,6 +225,13 @@ TEST_F(BackupTest, OfALogbookWrittenJustNowIsMadeAgain) {
         << "a write that leaves the date as it is would go unseen";
 }
 
+TEST_F(BackupTest, IsMadeAnewOfAnOlderLogbookThatSomebodyHasPutBack) {
+    backUp();
+    fs::last_write_time(logbook, fs::last_write_time(logbook) - std::chrono::hours{24});
+    backUp();
+    EXPECT_EQ(names(), (Names{first, second}));
+}
+
 TEST_F(BackupTest, IsMadeAnewOfALogbookOfTheSameDateAndAnotherSize) {
     backUp();
     const fs::file_time_type written = fs::last_write_time(logbook);

@@ -2,11 +2,14 @@
 #include "carry/CarryOver.h"
 #include "carry/Conversion.h"
 #include "carry/JetHeader.h"
+#include "carry/Messages.h"
 #include "store/Store.h"
 #include "store/sql/FieldValue.h"
 #include "support/FileCalls.h"
+#include "support/TemporaryFolder.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <functional>
 #include <map>
@@ -213,6 +216,16 @@ TEST_F(AnOldLogbook, LeavesRowsBehindWhoseKeyIsNone) {
     EXPECT_EQ(carried.figures.pins(), 201);
 }
 
+TEST_F(AnOldLogbook, HasEachTableOnce) {
+    std::vector<JetTableText> old = oneNight();
+    old.push_back(old[0]);
+    write(old);
+    const CarriedOver carried = carry();
+    EXPECT_EQ(carried.notes,
+              (std::vector<std::string>{"The table tblEventInfo is none of a logbook's: it stays behind."}));
+    EXPECT_EQ(carried.figures.events, 1);
+}
+
 TEST_F(AnOldLogbook, KeepsNotesWithinBounds) {
     std::vector<JetTableText> old = oneNight();
     old[2].rows.assign(kMostNotes + 5, old[2].rows[0]);
@@ -300,13 +313,18 @@ TEST_F(AnOldLogbook, TakesThePlaceOfAnEmptyLogbookAlone) {
         "There is a logbook with events already, which stays as it is. Please carry the old logbook over "
         "into another folder, write an archive there, and read that archive into this logbook.");
     EXPECT_EQ(test::readBytes(folder.logbook()), full);
-    test::writeBytes(folder.logbook(), test::jetFile({}));
-    expectTaken("There is another old logbook. Please carry that one over, or move it away.");
+    for (const test::JetHeaderText& header : {test::JetHeaderText{}, test::JetHeaderText{.version = 3}}) {
+        test::writeBytes(folder.logbook(), test::jetFile({}, header));
+        expectTaken("There is another old logbook. Please carry that one over, or move it away.");
+    }
     test::writeBytes(folder.logbook(), "a text");
     EXPECT_NE(taken().find("no logbook"), std::string::npos);
-    fs::remove(folder.logbook());
-    fs::create_symlink(folder.old(), folder.logbook());
-    expectTaken("It is a link. Please put the logbook itself there, or remove the link.");
+    test::writeBytes(folder.path() / "empty", "");
+    for (const fs::path& led : {folder.old(), folder.path() / "empty"}) {
+        fs::remove(folder.logbook());
+        fs::create_symlink(led, folder.logbook());
+        expectTaken("It is a link. Please put the logbook itself there, or remove the link.");
+    }
 }
 
 /// Looks at what the work says of itself, and gives it up after so many steps.
@@ -383,6 +401,30 @@ TEST_F(AnotherReader, IsNotBelieved) {
     EXPECT_NE(refusalWith(R"(printf '\001\0\0\0\0\0\0\0\006')").find("no table"), std::string::npos);
 }
 
+TEST_F(AnotherReader, IsNotListenedToForEver) {
+    const test::TemporaryFolder elsewhere;
+    std::string said;
+    while (said.size() < std::size_t{1} << 20U)
+        said += packed(OtherTable{"tblPhotos"});
+    test::writeBytes(elsewhere.path() / "said", said);
+    EXPECT_TRUE(refusalWith("while cat '" + (elsewhere.path() / "said").string() + "'; do :; done")
+                    .ends_with("Please look for another copy of it."));
+}
+
+TEST_F(AnotherReader, IsNotHeardOtherwise) {
+    testing::internal::CaptureStderr();
+    refusalWith("echo 'some page is odd' >&2");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(AnotherReader, HasNoSettingsOfTheUser) {
+    setenv("MDBICONV", "UTF-16", 1);
+    EXPECT_NE(
+        refusalWith(R"([ "$LC_ALL$MDBICONV" = C ] && printf '\001\0\0\0\0\0\0\0\006')").find("no table"),
+        std::string::npos);
+    unsetenv("MDBICONV");
+}
+
 TEST_F(AnotherReader, CanBeMissing) {
     write(oneNight());
     CarryOverJob job = folder.job();
@@ -451,6 +493,7 @@ TEST_F(AnOldLogbook, StaysInItsPlaceWhateverFails) {
         },
         [&] {
             if (test::readBytes(folder.logbook()) == bytes) {
+                EXPECT_EQ(folder.count(), 1);
                 ++kept;
             } else {
                 EXPECT_EQ(rows("SELECT fldEventName FROM tblEventInfo"), (test::StoredRows{{"Thursday"}}));

@@ -79,6 +79,7 @@ TEST(Pages, RowsBreakAtBlanks) {
     EXPECT_EQ(printedRows("Comment: dry lanes", 13), (Rows{"Comment: dry ", "lanes"}));
     EXPECT_EQ(printedRows("    abcdefgh", 6), (Rows{"    ab", "cdefgh"}));
     EXPECT_EQ(printedRows("ab cdefghijkl", 5), (Rows{"ab ", "cdefg", "hijkl"}));
+    EXPECT_EQ(printedRows("ab cd ef", 5), (Rows{"ab cd", " ef"}));
 }
 
 TEST(Pages, LongCommentsAreNoReasonToPrintSmaller) {
@@ -98,6 +99,8 @@ TEST(Pages, BlocksStayTogether) {
               (std::vector<Rows>{{"a", "b", ""}, {"c", "d", "", "e"}}));
     EXPECT_EQ(paginated({{"a", "b", ""}, {"c", "d", ""}}, 3),
               (std::vector<Rows>{{"a", "b", ""}, {"c", "d", ""}}));
+    EXPECT_EQ(paginated({{"a", "b", ""}, {"c", "d", "", ""}}, 5),
+              (std::vector<Rows>{{"a", "b", "", "c", "d"}}));
     EXPECT_EQ(paginated({{"a", "b", "", ""}, {"c"}}, 3),
               (std::vector<Rows>{{"a", "b", ""}, {"c"}}));                       // none begins empty
     EXPECT_EQ(paginated({{"a", "b", ""}}, 2), (std::vector<Rows>{{"a", "b"}}));  // and none is empty

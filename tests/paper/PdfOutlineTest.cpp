@@ -37,8 +37,11 @@ TEST(PdfOutline, CanBeWalkedBothWays) {
     Files files;
     writePdf({"report.txt", QString("A line\n").repeated(100)}, {}, QPageSize(QPageSize::A4),
              files.path("plain.pdf"));
+    QPDF plain;
+    plain.processFile(files.path("plain.pdf").toStdString().c_str());
+    const auto nowhere = static_cast<int>(plain.getAllPages().size());
     const QByteArray bytes = withOutline(Files::read(files.path("plain.pdf")),
-                                         {{"One", 0}, {"Two", 1}, {"Nowhere", 99}, {"Three", 1}});
+                                         {{"One", 0}, {"Two", 1}, {"Nowhere", nowhere}, {"Three", 1}});
     QPDF pdf;
     pdf.processMemoryFile("outlined", bytes.constData(), static_cast<std::size_t>(bytes.size()));
     EXPECT_EQ(pdf.getRoot().getKey("/PageMode").getName(), "/UseOutlines");

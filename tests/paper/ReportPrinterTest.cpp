@@ -226,6 +226,7 @@ TEST(ReportPrinter, PicturesAreDrawnALittleSmallerWhereThatSavesAPage) {
         QPainter painter(&paper);
         pages.draw(painter, 0);
         widths.push_back(paper.told.words.front().place.width());
+        EXPECT_EQ(pages.sections().size(), pictures.size()) << part;
     }
     const double usual = std::ranges::max(widths);
     EXPECT_GT(std::ranges::count(widths, usual), 5);
@@ -257,6 +258,15 @@ TEST(ReportPrinter, PictureThatIsHigherThanAPageBeginsAtTheTopOfTheFirst) {
     const PicturePages pages({high}, QGuiApplication::font(), paper, {QSizeF(900, 1000), 0});
     EXPECT_EQ(pages.count(), 2U);
     EXPECT_EQ(pages.sections().front().page, 0);
+}
+
+TEST(ReportPrinter, PicturesHaveALineBetweenThem) {
+    ToldPages paper;
+    const ReportPicture half{
+        "Half", "", [](const PictureLook&, double, const PictureView&) { return Strips{gapStrip(500)}; },
+        nullptr};
+    const PicturePages pages({half, half}, QGuiApplication::font(), paper, {QSizeF(900, 1000), 0});
+    EXPECT_EQ(pages.count(), 2U) << "the second one stands right below the first";
 }
 
 TEST(ReportPrinter, DrawsOnlyTheWantedPages) {
@@ -306,6 +316,7 @@ TEST(ReportPrinter, HeadTellsWhatTheReportIs) {
               "Statistical Report - All Events | 11/14/2026, 9:55:00 PM");
     EXPECT_EQ(head(goldenReport("full.txt")), "Event Report - Season | 11/14/2026, 9:55:00 PM");
     EXPECT_EQ(head(kGameReport), "Game Report - Season | 11/14/2026 9:55:00 PM");
+    EXPECT_EQ(head("Event Report - Full\nReport Date: 11/14/2026\n"), "Event Report | 11/14/2026");
     EXPECT_EQ(head("notes"), "night.txt | ");
 }
 

@@ -203,6 +203,57 @@ TEST(ReportFigures, GameReportWithoutMarksHasNoFrames) {
     EXPECT_FALSE(readFigures(text).games[0].frames);
 }
 
+TEST(ReportFigures, NewerReportsMayTellMoreAboveTheMarks) {
+    QString text = kGameReport;
+    text.replace("1\t2\t3", "Hand: Right\n1\t2\t3");
+    ASSERT_EQ(readFigures(text).games.size(), 1U);
+    EXPECT_EQ(joined(readFigures(text).games[0].frames.value_or(SheetMarks())),
+              "81 0/ 8/ 90 9/ 80 09 90 X X8/");
+}
+
+TEST(ReportFigures, GameWithoutANumberIsNone) {
+    QString text = kGameReport;
+    text.remove("Game: 2\t").replace("(Game #2)", "(Game #)");
+    EXPECT_TRUE(readFigures(text).isEmpty());
+}
+
+TEST(ReportFigures, FramesAreNumberedFromOneToTen) {
+    for (const int number : {-1, 0, 1, 10, 11}) {
+        QString text = kGameReport;
+        text.replace("Frame: 1\tLane: 28\n", QString("Frame: %1\tLane: 28\n7\t\t/\n").arg(number));
+        SheetMarks leaves;
+        if (number >= 1 && number <= 10)
+            leaves[static_cast<std::size_t>(number - 1)] = "7";
+        ASSERT_EQ(readFigures(text).games.size(), 1U) << number;
+        EXPECT_EQ(readFigures(text).games[0].leaves, leaves) << number;
+    }
+}
+
+TEST(ReportFigures, MayBeTheListOfEventsAlone) {
+    QString text = goldenReport("statistics.txt");
+    text.truncate(text.indexOf("Game Statistics"));
+    const ReportFigures figures = readFigures(text);
+    EXPECT_FALSE(figures.scores || figures.strikes);
+    EXPECT_FALSE(figures.isEmpty());
+}
+
+TEST(ReportFigures, MayBeTheHighGameAlone) {
+    QString text = goldenReport("statistics.txt");
+    text = text.section('\n', 0, 6) + "\n\nGame Statistics\n---------------\n" +
+           "High Game: 172\t Date Bowled: 10/23/2024\n";
+    const ReportFigures figures = readFigures(text);
+    ASSERT_TRUE(figures.scores);
+    EXPECT_TRUE(figures.scores->ranges.empty());
+    expectScore(figures.scores->high, 172, "10/23/2024");
+}
+
+TEST(ReportFigures, SeriesAreOfOneGameAtLeast) {
+    QString text = goldenReport("statistics.txt");
+    text.replace("High Series (3 games)", "High Series (0 games)");
+    for (const SeriesFigures& series : readFigures(text).series)
+        EXPECT_TRUE(series.games > 0 && (series.games != 3 || !series.high)) << series.games;
+}
+
 // --- Any text ----------------------------------------------------------------------------------------------
 
 TEST(ReportFigures, TextThatIsNoReportHasNone) {
