@@ -430,8 +430,11 @@ TEST_F(AnotherReader, CanBeMissing) {
     CarryOverJob job = folder.job();
     job.reading.program = folder.path() / "none";
     NoProgress progress;
+    const auto openFiles = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = openFiles();
     EXPECT_THROW(carryOver(job, clock, progress), std::system_error);
     EXPECT_EQ(folder.count(), 1);
+    EXPECT_EQ(openFiles(), before);
 }
 
 /// Lets each call on files fail in turn, as long as one does.

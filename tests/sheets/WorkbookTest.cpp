@@ -135,11 +135,13 @@ TEST_F(WorkbookOfALogbook, HasRealDatesAndNumbers) {
 }
 
 TEST_F(WorkbookOfALogbook, KeepsADateThatASpreadsheetDoesNotKnow) {
-    logbook.fill("INSERT INTO tblEventInfo (fldDateBowled) VALUES ('1899-12-31'), ('2026-02-30'), (NULL)");
+    logbook.fill("INSERT INTO tblEventInfo (fldDateBowled) VALUES ('1899-12-31'), ('2026-02-30'), (NULL), "
+                 "('1900-01-01')");
     write();
     EXPECT_NE(cell(1, "C2").find("<t>1899-12-31</t>"), std::string::npos);
     EXPECT_NE(cell(1, "C3").find("<t>2026-02-30</t>"), std::string::npos);
     EXPECT_EQ(cell(1, "C4"), "");
+    EXPECT_NE(cell(1, "C5").find("<v>1</v>"), std::string::npos) << "its first day";
 }
 
 TEST_F(WorkbookOfALogbook, TakesNoTextForAFormulaOrANumber) {
@@ -168,13 +170,14 @@ TEST_F(WorkbookOfALogbook, HoldsTheTextsOfAllLanguages) {
 
 TEST_F(WorkbookOfALogbook, HoldsNumbersThatOtherProgramsPutIn) {
     logbook.fill(
-        "INSERT INTO tblGameInfo (fldGameKey, fldGameScore, fldStartLane, fldLeftLane) VALUES "
-        "(9223372036854775807, 9e999, 'many', 4.5)");
+        "INSERT INTO tblGameInfo (fldGameKey, fldGameScore, fldStartLane, fldLeftLane, fldRightLane) VALUES "
+        "(9223372036854775807, 9e999, 'many', 4.5, -9007199254740993)");
     write();
     EXPECT_NE(cell(2, "A2").find("<t>9223372036854775807</t>"), std::string::npos);
     EXPECT_NE(cell(2, "H2").find("<t>inf</t>"), std::string::npos);
     EXPECT_NE(cell(2, "D2").find("<t>many</t>"), std::string::npos);
     EXPECT_EQ(cell(2, "E2"), "<c r=\"E2\"><v>4.5</v></c>");
+    EXPECT_NE(cell(2, "F2").find("<t>-9007199254740993</t>"), std::string::npos);
 }
 
 TEST_F(WorkbookOfALogbook, CutsATextThatIsTooLongForACell) {
@@ -298,6 +301,7 @@ TEST_F(WorkbookOfALogbook, IsReadAgain) {
             "The workbook could not be written: it was not whole when it was read again.\r\nPlease see "
             "that there is room on the disk, and in the folder for temporary files.");
     }
+    EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>{{2}}, progress), std::runtime_error);
     EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>(5, {1}), progress), std::runtime_error);
     std::string bytes = test::bytesIn(file);
     bytes.at(bytes.find("xl/worksheets/sheet1.xml") + 40) ^= 0x10;
