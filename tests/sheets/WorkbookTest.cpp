@@ -135,8 +135,9 @@ TEST_F(WorkbookOfALogbook, HasRealDatesAndNumbers) {
 }
 
 TEST_F(WorkbookOfALogbook, KeepsADateThatASpreadsheetDoesNotKnow) {
-    logbook.fill("INSERT INTO tblEventInfo (fldDateBowled) VALUES ('1899-12-31'), ('2026-02-30'), (NULL), "
-                 "('1900-01-01')");
+    logbook.fill(
+        "INSERT INTO tblEventInfo (fldDateBowled) VALUES ('1899-12-31'), ('2026-02-30'), (NULL), "
+        "('1900-01-01')");
     write();
     EXPECT_NE(cell(1, "C2").find("<t>1899-12-31</t>"), std::string::npos);
     EXPECT_NE(cell(1, "C3").find("<t>2026-02-30</t>"), std::string::npos);

@@ -170,6 +170,15 @@ TEST_F(Walks, ByTheTableMissWhatWasAddedToAnEventLater) {
     EXPECT_FALSE(rows.isWhole());
 }
 
+TEST_F(Walks, ByTheTableMissTheOrderOfWhatIsNoNumber) {
+    replace({{"1", "1", "'x'"}, {"1", "1", "1"}});
+    EventRows rows(store, WalkBy::Table);
+    rows.goTo(1);
+    EXPECT_EQ(foundFrames(rows, 1).front(), "x a0  7 d");
+    EXPECT_EQ(expectedFrames(1, 1).front(), "1 a1   d");
+    EXPECT_FALSE(rows.isWhole());
+}
+
 TEST_F(Walks, GoToTheLastKeyThatThereCanBe) {
     replace({{"9223372036854775807", "1", "1"}, {"-9223372036854775808", "1", "1"}});
     EventRows rows(store);

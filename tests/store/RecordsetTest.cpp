@@ -543,6 +543,13 @@ TEST_F(RecordsetEdges, ShowDatesAndNumbersInTheirUsualForms) {
     EXPECT_EQ(shown, "11/4/2026|1200.5|0|");
 }
 
+TEST_F(RecordsetEdges, AreNotShownInAFieldThatTheyHaveNot) {
+    DataControl control(store);
+    control.bind("fldBowler", [](const std::string&) {});
+    control.setRecordSource("SELECT * FROM tblGameInfo");
+    EXPECT_EQ(faultOf([&] { control.Refresh(); }), error::kUnknownField);
+}
+
 TEST_F(RecordsetEdges, StopShowingWhenABoxUnloadsItsScreen) {
     DataControl control(store);
     int shown = 0;
