@@ -3,6 +3,7 @@
 
 import importlib.machinery
 import importlib.util
+import json
 import sys
 import tempfile
 import unittest
@@ -75,6 +76,22 @@ class Mutants(unittest.TestCase):
 
     def test_a_text_loses_a_letter_and_changes_one(self):
         self.assertEqual(planted('f("Ab.");\n'), [("letter", 'f("Ae.");\n'), ("text", 'f("b.");\n')])
+
+    def test_faults_can_be_given(self):
+        source = "a();\nb();\na();\n"
+        with tempfile.TemporaryDirectory() as folder:
+            mutants.ROOT = Path(folder)
+            Path(folder, "a.cpp").write_text(source, encoding="utf-8")
+            given = Path(folder, "faults.json")
+
+            def plant(find):
+                given.write_text(json.dumps([{"file": "a.cpp", "find": find, "instead": "c();"}]), encoding="utf-8")
+                return [(fault.kind, fault.planted(source)) for fault in mutants.given_faults(given)]
+
+            self.assertEqual(plant("b();\na();"), [("given", "a();\nc();\n")])
+            for find in ("a();", "d();"):
+                with self.assertRaises(SystemExit):
+                    plant(find)
 
     def test_comments_and_includes_stay(self):
         self.assertEqual(planted('#include "a < b"\n// a < b, "9"\n/* 9\n + 9 */\n'), [])
