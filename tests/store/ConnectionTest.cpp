@@ -3,6 +3,8 @@
 #include "store/file/Connection.h"
 #include "support/TemporaryFolder.h"
 
+#include <fstream>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook {
@@ -39,6 +41,19 @@ TEST(Connection, WaitsForTheDiskAndKeepsOthersOut) {
     EXPECT_EQ(told,
               "journal_mode truncate\nlocking_mode exclusive\nsynchronous 2\ncache_size -8192\n"
               "trusted_schema 0\n");
+}
+
+TEST(Connection, TakesNoJournalAlongThatIsStillNeeded) {
+    const test::TemporaryFolder folder;
+    const SettableClock clock{makeDate(2026, 11, 14)};
+    const std::filesystem::path journal = folder.path() / "Tallybrook_DB.mdb-journal";
+    for (const std::string bytes : {"", "what undoes a save"}) {
+        {
+            const Store store(folder.path() / "Tallybrook_DB.mdb", clock);
+            std::ofstream(journal) << bytes;
+        }
+        EXPECT_EQ(std::filesystem::exists(journal), !bytes.empty());
+    }
 }
 
 }  // namespace

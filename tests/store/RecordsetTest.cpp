@@ -543,6 +543,47 @@ TEST_F(RecordsetEdges, ShowDatesAndNumbersInTheirUsualForms) {
     EXPECT_EQ(shown, "11/4/2026|1200.5|0|");
 }
 
+TEST_F(RecordsetEdges, TellWhenARowIsToBeShown) {
+    Recordset rows(store);
+    std::string shown;
+    rows.onRowShown([&] { shown += rows.Eof() ? "-" : toText(rows["fldGameNum"]) + " "; });
+    rows.Open("SELECT * FROM tblGameInfo");
+    EXPECT_EQ(shown, "1 ");
+    rows.MoveNext();
+    rows["fldGameScore"] = std::int64_t{7};
+    rows.CancelUpdate();
+    EXPECT_EQ(shown, "1 2 2 ");
+    rows.CancelUpdate();  // of nothing
+    rows.Update();
+    EXPECT_EQ(shown, "1 2 2 ");
+}
+
+TEST_F(RecordsetEdges, AreReadAnewOnceWhatWasStoredIsUndone) {
+    EXPECT_EQ(stored(), (std::vector<std::string>{"100", "200", "300"}));  // from now on all fields are read
+    const std::string sql = "SELECT * FROM tblGameInfo";
+    SQLite::Database& database = store.connection().database();
+    database.exec("BEGIN; UPDATE tblGameInfo SET fldGameScore = 7");
+    Recordset within(store);
+    within.Open(sql);
+    EXPECT_EQ(toText(within["fldGameScore"]), "7");
+    database.exec("ROLLBACK");
+    Recordset afterwards(store);
+    afterwards.Open(sql);
+    EXPECT_EQ(toText(afterwards["fldGameScore"]), "100");
+}
+
+TEST_F(RecordsetEdges, ShowThatWorkGoesOn) {
+    int looks = 0;
+    store.whileAtWork([&] { ++looks; });
+    Recordset rows(store);
+    rows.Open("SELECT * FROM tblGameInfo");
+    EXPECT_EQ(looks, 1);
+    rows["fldGameScore"] = std::int64_t{7};
+    EXPECT_EQ(looks, 1);
+    rows.Update();
+    EXPECT_EQ(looks, 2);
+}
+
 TEST_F(RecordsetEdges, AreNotShownInAFieldThatTheyHaveNot) {
     DataControl control(store);
     control.bind("fldBowler", [](const std::string&) {});
