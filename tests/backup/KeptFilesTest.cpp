@@ -28,9 +28,9 @@ protected:
 };
 
 TEST_F(KeptFilesTest, AreTheProgramsOwnWhetherTheyAreThereOrNot) {
-    for (const char* const name :
-         {"Tallybrook_DB.mdb", "Tallybrook_DB.mdb-journal", "tbrkcfg.conf", "tbrkcfg.conf.new",
-          "Tallybrook.lock", "Backups/Tallybrook_DB 2026-11-21 20.00.00.mdb"}) {
+    for (const char* const name : {"Tallybrook_DB.mdb", "Tallybrook_DB.mdb-journal", "Tallybrook_DB.mdb.new",
+                                   "Tallybrook_DB.mdb.trial", "tbrkcfg.conf", "tbrkcfg.conf.new",
+                                   "Tallybrook.lock", "Backups/Tallybrook_DB 2026-11-21 20.00.00.mdb"}) {
         EXPECT_TRUE(isKept(data() / name)) << name;
         EXPECT_TRUE(isKept(data() / "Backups" / ".." / name)) << name;
         EXPECT_FALSE(isKept(folder.path() / name)) << name;

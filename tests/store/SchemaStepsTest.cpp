@@ -112,6 +112,14 @@ TEST_F(SchemaStepping, BringsAStoredLogbookOfEverySchemaToThatOfANewOne) {
     }
 }
 
+TEST_F(SchemaStepping, MayBringAColumnThatTheProgramAsksFor) {
+    SQLite::Database(file.string(), SQLite::OPEN_READWRITE)
+        .exec("ALTER TABLE tblGameInfo DROP COLUMN fldBowlHand");
+    EXPECT_NE(refusal({}).find("belongs to another program, or is damaged"), std::string::npos);
+    EXPECT_EQ(refusal(upgrade({{"ALTER TABLE tblGameInfo ADD COLUMN fldBowlHand TEXT DEFAULT 'N'"}})), "");
+    EXPECT_EQ(linesOf(file, "SELECT DISTINCT fldBowlHand FROM tblGameInfo"), Lines{"N|"});
+}
+
 TEST_F(SchemaStepping, LeavesANewestLogbookAsItIs) {
     const std::string before = test::bytesOf(file);
     EXPECT_EQ(refusal(upgrade({})), "");
