@@ -166,6 +166,18 @@ TEST(CdbRecord, FindsTheFirstFieldBehindAnyStatus) {
     }
 }
 
+TEST(CdbRecord, HasAsMuchOfItsNameAsALineHas) {
+    CdbRecord record = recordOf(kGameFormat);
+    for (const char* const name : {"", "7", "G00000001", "\u00c9", "G0000\u00c9"}) {
+        record.take(name);
+        EXPECT_EQ(record.id(), name);
+        EXPECT_FALSE(record.isDeleted());
+    }
+    record.take("\u00c9000000001\u20ac0x0002,");
+    EXPECT_EQ(record.id(), "\u00c9000000001");
+    EXPECT_TRUE(record.isDeleted());
+}
+
 TEST(CdbRecord, StaysOnAnEmptyBareField) {
     // Each further bare field comes back empty; the quoted ones behind are found all the same.
     EXPECT_EQ(fieldsOf(kGameFormat, GameLine{.unused = ""}.text()),
