@@ -6,6 +6,7 @@
 #include "store/Store.h"
 #include "store/sql/FieldValue.h"
 #include "support/FileCalls.h"
+#include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
@@ -63,7 +64,7 @@ protected:
     std::string refusal() const {
         const std::ptrdiff_t before = folder.count();
         const auto bytes = [this] {
-            return fs::is_regular_file(folder.old()) ? test::readBytes(folder.old()) : std::string();
+            return fs::is_regular_file(folder.old()) ? test::bytesOf(folder.old()) : std::string();
         };
         const std::string old = bytes();
         try {
@@ -297,7 +298,7 @@ TEST_F(AnOldLogbook, MayLieInThePlaceOfTheNewOne) {
         const CarriedOver carried =
             carryOver({.oldLogbook = folder.logbook(), .logbook = folder.logbook()}, clock, progress);
         EXPECT_EQ(carried.oldLogbookNow, folder.path() / name);
-        EXPECT_EQ(test::readBytes(folder.path() / name), bytes);
+        EXPECT_EQ(test::bytesOf(folder.path() / name), bytes);
         EXPECT_EQ(fs::last_write_time(folder.path() / name), written) << "it tells how old it is";
         EXPECT_EQ(rows("SELECT fldEventName FROM tblEventInfo"), (test::StoredRows{{"Thursday"}}));
         EXPECT_FALSE(fs::exists(folder.logbook().string() + "-journal"));
@@ -308,11 +309,11 @@ TEST_F(AnOldLogbook, TakesThePlaceOfAnEmptyLogbookAlone) {
     write(oneNight());
     { const Store made(folder.logbook(), clock); }
     carry();
-    const std::string full = test::readBytes(folder.logbook());
+    const std::string full = test::bytesOf(folder.logbook());
     expectTaken(
         "There is a logbook with events already, which stays as it is. Please carry the old logbook over "
         "into another folder, write an archive there, and read that archive into this logbook.");
-    EXPECT_EQ(test::readBytes(folder.logbook()), full);
+    EXPECT_EQ(test::bytesOf(folder.logbook()), full);
     for (const test::JetHeaderText& header : {test::JetHeaderText{}, test::JetHeaderText{.version = 3}}) {
         test::writeBytes(folder.logbook(), test::jetFile({}, header));
         expectTaken("There is another old logbook. Please carry that one over, or move it away.");
@@ -495,12 +496,12 @@ TEST_F(AnOldLogbook, StaysInItsPlaceWhateverFails) {
             carryOver({.oldLogbook = folder.logbook(), .logbook = folder.logbook()}, clock, progress);
         },
         [&] {
-            if (test::readBytes(folder.logbook()) == bytes) {
+            if (test::bytesOf(folder.logbook()) == bytes) {
                 EXPECT_EQ(folder.count(), 1);
                 ++kept;
             } else {
                 EXPECT_EQ(rows("SELECT fldEventName FROM tblEventInfo"), (test::StoredRows{{"Thursday"}}));
-                EXPECT_EQ(test::readBytes(folder.path() / "Tallybrook_DB (old).mdb"), bytes);
+                EXPECT_EQ(test::bytesOf(folder.path() / "Tallybrook_DB (old).mdb"), bytes);
             }
             for (const fs::directory_entry& entry : fs::directory_iterator(folder.path()))
                 fs::remove(entry);

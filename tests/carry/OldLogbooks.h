@@ -4,13 +4,13 @@
 #include "carry/CarryOver.h"
 #include "runtime/Clock.h"
 #include "store/sql/Schema.h"
+#include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -63,11 +63,6 @@ inline JetRow rowWith(const JetTableText& table,
 
 inline void writeBytes(const std::filesystem::path& file, const std::string& bytes) {
     std::ofstream(file, std::ios::binary) << bytes;
-}
-
-inline std::string readBytes(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return (std::ostringstream() << stream.rdbuf()).str();
 }
 
 /// The rows of a query as texts, a Null as nothing.

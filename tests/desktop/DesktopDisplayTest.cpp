@@ -1,6 +1,7 @@
 #include "Desktop.h"
 #include "Heard.h"
 #include "runtime/EndProgram.h"
+#include "support/SameText.h"
 
 #include <QElapsedTimer>
 #include <QIcon>
@@ -10,7 +11,6 @@
 #include <QScreen>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <stdexcept>
 
 namespace tallybrook::test {
@@ -18,11 +18,6 @@ namespace tallybrook::test {
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string textOf(const fs::path& file) {
-    std::ifstream stream(file);
-    return (std::ostringstream() << stream.rdbuf()).str();
-}
 
 /// A text before and behind its first "|".
 std::pair<std::string, std::string> cut(const std::string& text) {
@@ -190,7 +185,7 @@ TEST_F(DesktopDisplayTest, ViewerIsStartedByItselfOrIsAMissingFile) {
         fs::remove(seen);
         display.startViewer(name);
         ASSERT_TRUE(QTest::qWaitFor([&] { return fs::exists(seen); })) << name;
-        const auto [parent, rest] = cut(textOf(seen));
+        const auto [parent, rest] = cut(bytesOf(seen));
         EXPECT_NE(parent, std::to_string(QCoreApplication::applicationPid()))
             << "it would end with the program";
         EXPECT_EQ(rest, "1|" + std::string(name) + "|");

@@ -1,6 +1,7 @@
 #include "carry/OldLogbooks.h"
 #include "keeper/Keeper.h"
 #include "store/Store.h"
+#include "support/SameText.h"
 
 #include <sstream>
 
@@ -81,7 +82,7 @@ TEST_F(CarryOverCommand, TellsWhereTheOldLogbookLiesNow) {
 
 TEST_F(CarryOverCommand, RefusesWhatItCannotDo) {
     ASSERT_EQ(run({"carry-over", folder.old().string()}), ExitStatus::Done);
-    const std::string logbook = test::readBytes(folder.logbook());
+    const std::string logbook = test::bytesOf(folder.logbook());
     EXPECT_EQ(run({"carry-over", folder.old().string()}), ExitStatus::Failed);
     EXPECT_NE(notes.str().find("a logbook with events already"), std::string::npos);
     fs::remove(folder.logbook());

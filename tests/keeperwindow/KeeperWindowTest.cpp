@@ -8,6 +8,7 @@
 #include "keeperwindow/WordsDialog.h"
 #include "runtime/InstanceLock.h"
 #include "style/OutlinedStyle.h"
+#include "support/SameText.h"
 
 #include <QDir>
 #include <QHeaderView>
@@ -439,7 +440,7 @@ TEST_F(Window, WritesCsvFilesThatNoSpreadsheetTakesForFormulas) {
     open();
     expectFile(data / "sheets", "Write CSV Files into a Folder");
     trigger("Write CSV Files...");
-    const std::string text = test::readBytes(data / "sheets" / "events.csv");
+    const std::string text = test::bytesOf(data / "sheets" / "events.csv");
     EXPECT_NE(text.find(",'=1+1,"), std::string::npos) << text;
 }
 

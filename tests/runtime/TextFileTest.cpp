@@ -2,13 +2,13 @@
 #include "runtime/TextFile.h"
 #include "support/Anybody.h"
 #include "support/FileCalls.h"
+#include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
 #include <fstream>
 #include <functional>
 #include <iterator>
-#include <sstream>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -23,10 +23,7 @@ namespace fs = std::filesystem;
 class TextFiles : public testing::Test {
 protected:
     void put(const std::string& bytes) const { std::ofstream(file, std::ios::binary) << bytes; }
-    std::string bytes() const {
-        std::ifstream stream(file, std::ios::binary);
-        return (std::ostringstream() << stream.rdbuf()).str();
-    }
+    std::string bytes() const { return test::bytesOf(file); }
     std::vector<std::string> lines() const {
         std::vector<std::string> read;
         for (TextReader reader(file); !reader.atEnd();)

@@ -1,6 +1,7 @@
 #include "Logbooks.h"
 #include "sheets/Csv.h"
 #include "store/sql/Schema.h"
+#include "support/SameText.h"
 
 #include <optional>
 #include <vector>
@@ -59,7 +60,7 @@ protected:
         writeCsv(logbook.open(), out.path(), formulas, progress);
     }
     std::vector<std::vector<Read>> lines(const std::string& name) const {
-        return readCsv(test::bytesIn(out.path() / name));
+        return readCsv(test::bytesOf(out.path() / name));
     }
     bool isEmpty() const { return fs::is_empty(out.path()); }
 
@@ -73,7 +74,7 @@ TEST_F(CsvOfALogbook, HasAFileForEachTable) {
         "VALUES "
         "(7, 'Smith, \"Al\"', '2026-11-04', 200.5, NULL)");
     write();
-    EXPECT_EQ(test::bytesIn(out.path() / "events.csv"),
+    EXPECT_EQ(test::bytesOf(out.path() / "events.csv"),
               "fldSessionNum,fldEventName,fldDateBowled,fldCenterName,fldCenterLoc,fldEventType,fldNumGames,"
               "fldGmsRecorded,fldSeriesTot,fldSeriesAvg,fldComment,fldHHRecordID\r\n"
               "7,\"Smith, \"\"Al\"\"\",2026-11-04,\"\",\"\",\"\",0,0,0,200.5,,\"\"\r\n");
@@ -127,7 +128,7 @@ TEST_F(CsvOfALogbook, TakesThePlaceOfALink) {
     std::ofstream(other) << "mine";
     fs::create_symlink(other, out.path() / "games.csv");
     write();
-    EXPECT_EQ(test::bytesIn(other), "mine");
+    EXPECT_EQ(test::bytesOf(other), "mine");
     EXPECT_FALSE(fs::is_symlink(out.path() / "games.csv"));
 }
 
@@ -199,7 +200,7 @@ RC_GTEST_PROP(Csv, HoldsEachValueOfAnyLogbook, ()) {
     }
     NoProgress progress;
     writeCsv(database, out.path(), Formulas::Verbatim, progress);
-    const auto lines = readCsv(test::bytesIn(out.path() / "games.csv"));
+    const auto lines = readCsv(test::bytesOf(out.path() / "games.csv"));
     RC_ASSERT(lines.size() == static_cast<std::size_t>(rows) + 1);
     SQLite::Statement stored(database, "SELECT * FROM tblGameInfo ORDER BY fldGameKey");
     for (std::size_t line = 1; stored.executeStep(); ++line) {

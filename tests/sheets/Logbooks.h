@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <sstream>
 #include <string>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -58,10 +57,5 @@ protected:
 private:
     std::string told_;
 };
-
-inline std::string bytesIn(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return (std::ostringstream() << stream.rdbuf()).str();
-}
 
 }  // namespace tallybrook::test

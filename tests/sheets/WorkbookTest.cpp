@@ -2,6 +2,7 @@
 #include "sheets/SheetColumns.h"
 #include "sheets/Workbook.h"
 #include "sheets/WorkbookCheck.h"
+#include "support/SameText.h"
 
 #include <algorithm>
 #include <array>
@@ -234,7 +235,7 @@ TEST_F(WorkbookOfALogbook, TakesThePlaceOfALink) {
     std::ofstream(other) << "mine";
     fs::create_symlink(other, file);
     write();
-    EXPECT_EQ(test::bytesIn(other), "mine");
+    EXPECT_EQ(test::bytesOf(other), "mine");
     EXPECT_FALSE(fs::is_symlink(file));
 }
 
@@ -304,7 +305,7 @@ TEST_F(WorkbookOfALogbook, IsReadAgain) {
     }
     EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>{{2}}, progress), std::runtime_error);
     EXPECT_THROW(checkWorkbook(file, std::vector<SheetSize>(5, {1}), progress), std::runtime_error);
-    std::string bytes = test::bytesIn(file);
+    std::string bytes = test::bytesOf(file);
     bytes.at(bytes.find("xl/worksheets/sheet1.xml") + 40) ^= 0x10;
     std::ofstream(file, std::ios::binary) << bytes;
     EXPECT_THROW(checkWorkbook(file, sizes, progress), std::runtime_error);

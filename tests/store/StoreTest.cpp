@@ -3,13 +3,13 @@
 #include "store/Recordset.h"
 #include "store/Store.h"
 #include "store/Update_Series.h"
+#include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>
 #include <fstream>
 #include <functional>
 #include <iterator>
-#include <sstream>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -22,10 +22,7 @@ namespace fs = std::filesystem;
 
 class Logbook : public testing::Test {
 protected:
-    std::string contents() const {
-        std::ifstream stream(file, std::ios::binary);
-        return (std::ostringstream() << stream.rdbuf()).str();
-    }
+    std::string contents() const { return test::bytesOf(file); }
     void write(const std::string& bytes) const { std::ofstream(file, std::ios::binary) << bytes; }
     std::string refusal() const {
         try {

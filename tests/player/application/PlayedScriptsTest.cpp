@@ -3,6 +3,7 @@
 #include "player/Outcome.h"
 #include "player/PlayApplication.h"
 #include "player/Stages.h"
+#include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>
@@ -31,11 +32,6 @@ std::vector<fs::path> filesWith(const std::string& extension) {
     }
     std::ranges::sort(found);
     return found;
-}
-
-std::string contentsOf(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return (std::ostringstream() << in.rdbuf()).str();
 }
 
 /// What a script says about its exit status, in a line "# status 3"; 0 where it says nothing.
@@ -88,12 +84,12 @@ TEST_P(PlayedScripts, LookAsTheyShould) {
     const std::vector<fs::path> scripts = filesWith(".txt");
     EXPECT_FALSE(scripts.empty()) << "there is nothing to play in tests/scripts";
     for (const fs::path& file : scripts) {
-        const std::string script = contentsOf(file);
+        const std::string script = bytesOf(file);
         const Outcome played = play(GetParam(), script);
         const fs::path expected = fs::path(file).replace_extension(".transcript");
         if (writesExpected() && GetParam() == "model")
             std::ofstream(expected, std::ios::binary) << played.transcript;
-        EXPECT_EQ(firstDifference(contentsOf(expected), played.transcript), "") << file.filename();
+        EXPECT_EQ(firstDifference(bytesOf(expected), played.transcript), "") << file.filename();
         EXPECT_EQ(played.status, expectedStatus(script)) << file.filename() << ": " << played.errors;
     }
 }
