@@ -256,6 +256,29 @@ TEST_F(EventReport, DoesNotPadALeaveThatIsTooLong) {
     EXPECT_TRUE(contains(matrix(play.eventReport("Summary")), "\r\n" + leave + " 1 "));
 }
 
+TEST_F(EventReport, PadsALeaveByItsCharacters) {
+    play.addEvent({});
+    play.addGame("P");
+    play.addFrame("8/", "7\u201310", "/");
+    EXPECT_TRUE(contains(matrix(play.eventReport("Summary")),
+                         "\r\n7\u201310" + std::string(20, ' ') + " 1 " + std::string(15, ' ') + " 1 "));
+}
+
+TEST_F(EventReport, GoesByTheNumbersOfGamesAndFrames) {
+    play.addEvent({});
+    play.addGame("L", std::int64_t{202}, {{"fldGameNum", std::int64_t{2}}});
+    play.addGame("L", std::int64_t{101}, {{"fldGameNum", std::int64_t{1}}});
+    for (const int frame : {3, 1, 2}) {
+        play.insert("tblFrameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                     {"fldGameNum", std::int64_t{1}},
+                                     {"fldFrameNum", std::int64_t{frame}},
+                                     {"fldLineScore", std::to_string(frame) + "-"}});
+    }
+    const std::string report = play.eventReport("Full");
+    EXPECT_LT(report.find("Game 1   Game Score: 101"), report.find("Game 2   Game Score: 202"));
+    EXPECT_TRUE(contains(report, "\t9\t10\r\n1-\t2-\t3-\r\n\r\n"));
+}
+
 TEST_F(EventReport, LeavesAnOpenTenthFrameOutOfTheMatrix) {
     play.addEvent({});
     play.addGame("P");

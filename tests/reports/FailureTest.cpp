@@ -179,6 +179,13 @@ TEST_F(ReportFailure, OfANegativeNumberOfGamesStopsTheStatistics) {
         {failure("Build_Sum_Matrix", error::kSubscriptOutOfRange), failure("Write_Stats", kGone)});
 }
 
+TEST_F(ReportFailure, OfTheFirstEventIsToldBeforeThatOfANullNumberOfGames) {
+    play.addEvent({.games = std::int64_t{-1}});
+    play.addEvent({.games = Null{}});
+    play.statistics(
+        {failure("Build_Sum_Matrix", error::kSubscriptOutOfRange), failure("Write_Stats", kGone)});
+}
+
 TEST_F(ReportFailure, OfANullGameNumberStopsTheSecondWalk) {
     play.addEvent({});
     play.insert("tblGameInfo",
@@ -237,6 +244,16 @@ TEST_F(CopyToHandheld, ReadsTheConfigurationWhereItIsMissing) {
     play.session().gHHSyncDir.clear();
     reportWithCopy();
     EXPECT_EQ(bytesOf(syncFolder() / "report.txt"), bytesOf(play.file()));
+}
+
+TEST_F(CopyToHandheld, ReadsTheWholeConfigurationWhereTheHandheldIsMissing) {
+    play.addEvent({});
+    configure(syncFolder().string());
+    play.session().gHHType.clear();
+    play.session().gHHSyncDir = (play.dataFolder() / "not there").string();
+    reportWithCopy();
+    EXPECT_EQ(bytesOf(syncFolder() / "report.txt"), bytesOf(play.file()));
+    EXPECT_EQ(play.session().gHHType, "Palm");
 }
 
 TEST_F(CopyToHandheld, TellsOfAMissingConfiguration) {

@@ -93,6 +93,15 @@ TEST_F(ReportsMenu, ReturnsToTheMainMenuWithoutAQuestion) {
     EXPECT_EQ(play.program().screens.loaded().size(), 1U);
 }
 
+TEST_F(ReportsMenu, GoesFirstOnTheWayToTheMainMenu) {
+    play.click("mnuSearchHelpAbout");
+    play.run([&] { play.program().screens.show(*play.program().screens.find("frmReports")); });
+    play.display.forgetEvents();
+    play.click("mnuRetMain");
+    EXPECT_EQ(play.display.events(), (Log{"unload frmReports", "unload frmAbout", "unload frmMain",
+                                          "load frmMain", "show frmMain"}));
+}
+
 TEST_F(ReportsMenu, ClosesToTheScreenBeforeIt) {
     play.close();
     EXPECT_EQ(play.display.events(), (Log{"unload frmReports", "show frmMain"}));

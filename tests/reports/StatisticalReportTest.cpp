@@ -48,6 +48,21 @@ TEST_F(StatisticalReport, LeavesOutTheLengthsThatNoSeriesHas) {
     EXPECT_NE(block("Game Statistics").find("\r\n100 - 119: 1\r\n"), std::string::npos);
 }
 
+TEST_F(StatisticalReport, CountsAGameThatWasAddedToAnEarlierEvent) {
+    play.addEvent({});
+    play.addGame("N", std::int64_t{150});
+    play.addEvent({});
+    play.addGame("N", std::int64_t{201});
+    play.insert("tblGameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                {"fldGameNum", std::int64_t{2}},
+                                {"fldScoreType", "N"},
+                                {"fldGameScore", std::int64_t{165}}});
+    const std::string games = block("Game Statistics");
+    for (const char* const bin : {"140 - 159: 1", "160 - 179: 1", "200 - 219: 1"})
+        EXPECT_NE(games.find("\r\n" + std::string(bin) + "\r\n"), std::string::npos) << bin;
+    EXPECT_NE(block("Scoring Mode Summary").find("Game Score only: 3 games."), std::string::npos);
+}
+
 // A series above what its games can come to leaves the low as it began, in the place of the date too.
 TEST_F(StatisticalReport, HasNoLowSeriesBeyondTheHighestThatThereCanBe) {
     play.addEvent({.games = std::int64_t{1}, .total = std::int64_t{301}});

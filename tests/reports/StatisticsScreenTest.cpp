@@ -176,6 +176,13 @@ TEST_F(StatisticsScreen, ListsTheEventNamesOfTheType) {
     EXPECT_EQ(found(), 3);
 }
 
+TEST_F(StatisticsScreen, ListsNoNamesOfATypeUnasked) {
+    play.click("optFilter(0)");
+    play.click("optEvType(1)");
+    EXPECT_TRUE(names().items().empty());
+    play.click("optEvType(3)");  // which has no events, and says nothing of that
+}
+
 TEST_F(StatisticsScreen, SelectsAllNamesWhereNoneIsPicked) {
     play.click("optFilter(0)");
     play.click("chkEvent");
