@@ -53,6 +53,8 @@ TEST(TrendTest, AverageTellsTheGamesThatCount) {
     EXPECT_EQ(half.gamesCounted(), 2);
     const BowledEvent rounded{"City Open", "", day(2024, 9, 12), 3, 500, 166.67};
     EXPECT_EQ(rounded.gamesCounted(), 3);
+    const BowledEvent cutOff{"City Open", "", day(2024, 9, 12), 3, 400, 133.33};
+    EXPECT_EQ(cutOff.gamesCounted(), 3);
     const BowledEvent few{"City Open", "", day(2024, 9, 12), 3, 1, 300};
     EXPECT_EQ(few.gamesCounted(), 1);
     const BowledEvent many{"City Open", "", day(2024, 9, 12), 3, 5000, 1};
@@ -100,6 +102,21 @@ RC_GTEST_PROP(TrendTest, GamesOfAMonthAddUp, ()) {
         RC_ASSERT(
             (games[{static_cast<int>(month.month.year()), static_cast<unsigned>(month.month.month())}] ==
              month.games));
+}
+
+TEST(TrendTest, OneMonthOfTwoYearsIsTwoMonths) {
+    const BowledEvents events{event(day(2024, 11, 7), 3, 450), event(day(2025, 11, 6), 2, 300),
+                              event(day(2025, 11, 13), 4, 600)};
+    EXPECT_EQ(gamesPerMonth(events),
+              (std::vector<MonthOfGames>{{2024y / November, 3}, {2025y / November, 6}}));
+}
+
+TEST(TrendTest, TwoEventsThatAreAlikeCountTwice) {
+    const BowledEvent alike = event(day(2025, 1, 8), 3, 600);
+    const BowledEvents events{event(day(2025, 1, 1), 3, 300), alike, alike};
+    EXPECT_EQ(movingAverages(events), (std::vector<double>{100, 150, 1500.0 / 9}));
+    EXPECT_EQ(seasonAverages(events), (std::vector<double>{100, 150, 1500.0 / 9}));
+    EXPECT_EQ(nightsOf(events).back().events, 2);
 }
 
 TEST(TrendTest, EndsAreThoseOfTheUsualLength) {
@@ -169,6 +186,21 @@ TEST(TrendTest, LeaguesAreToldApartWithoutCase) {
     const std::vector<std::size_t> places{1, 0, 2, 0};
     for (std::size_t index = 0; index < places.size(); ++index)
         EXPECT_EQ(leagues.of(index), places[index]) << index;
+}
+
+TEST(TrendTest, LeaguesWithTheMostEventsComeFirst) {
+    BowledEvents events;
+    for (const char* const name : {"City Open", "Practice", "Thursday", "Thursday", "City Open", "Thursday"})
+        events.push_back(event(day(2025, 1, 1), 3, 450, name));
+    const Leagues leagues(events);
+    std::vector<std::string> names;
+    for (std::size_t index = 0; index < events.size(); ++index)
+        names.push_back(leagues.all()[leagues.of(index)].name);
+    EXPECT_EQ(leagues.all()[0].name, "Thursday");
+    EXPECT_EQ(leagues.all()[1].name, "City Open");
+    EXPECT_EQ(leagues.all()[2].name, "Practice");
+    EXPECT_EQ(names, (std::vector<std::string>{"City Open", "Practice", "Thursday", "Thursday", "City Open",
+                                               "Thursday"}));
 }
 
 }  // namespace tallybrook::test
