@@ -307,6 +307,14 @@ TEST_F(EventSearch, TellsOfNoHitsAndStartsAfresh) {
     EXPECT_EQ(play.list("cboListField(0)").items().size(), 16U);
 }
 
+TEST_F(EventSearch, ComesToTheFrontWhereNothingIsFound) {
+    fill(0, "Series Total", "is greater than", "9999");
+    play.click("mnuHelpAbout");
+    play.display.forgetEvents();
+    play.run([&] { person::click(play.control(search(), "cmdSearch")); }, {kNoHits});
+    EXPECT_EQ(play.display.events(), std::vector<std::string>{"raise frmSearchEvents"});
+}
+
 TEST_F(EventSearch, TakesAFieldOnce) {
     play.pick("cboListField(0)", "Series Total");
     play.pick("cboListField(0)", "Series Total", {kInUse});

@@ -151,6 +151,16 @@ TEST_F(ReportFailure, OfATotalOrAScoreBeyond16BitsStopsTheStatistics) {
     stops();
 }
 
+// No event gets such a key, but another program can put it in.
+TEST_F(ReportFailure, OfAKeyBeyond32BitsStopsTheReportAtItsMarks) {
+    play.program().store().connection().database().exec(
+        "INSERT INTO tblEventInfo (fldSessionNum, fldNumGames) VALUES (3000000000, 3)");
+    const std::string report =
+        play.statistics({failure("Get_StSp_Stats", error::kOverflow), failure("Build_Sp_Sum", kGone),
+                         failure("Build_Sum_Matrix", kGone), failure("Write_Stats", kGone)});
+    EXPECT_TRUE(report.ends_with("Game Score only: 0 games.\r\n"));
+}
+
 TEST_F(ReportFailure, OfANullFrameNumberStopsTheBody) {
     play.addEvent({});
     play.addGame("P");
