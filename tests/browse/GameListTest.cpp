@@ -345,6 +345,16 @@ TEST_F(GameList, ReplacesAFileWithoutAQuestion) {
     EXPECT_EQ(text.find("xxx"), std::string::npos);
 }
 
+TEST_F(GameList, HasTheWholeReportInItsFileWhenItSaysSo) {
+    addFrame(1, "X");
+    openList();
+    std::string text;
+    Expected box = ready(file());
+    box.meanwhile = [&] { text = bytesOf(file()); };
+    const std::string whole = report(again(box));
+    EXPECT_TRUE(isSameText(text, whole));
+}
+
 TEST_F(GameList, NeverStartsAReportThatWasCancelled) {
     for (const Answer answer : {Answer::OK, Answer::Cancel}) {
         openList();

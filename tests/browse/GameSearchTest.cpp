@@ -273,7 +273,7 @@ TEST_F(GameSearch, ReadsTheValueOfARemovedRowAsANumber) {
     play.click("optAnd");
     fill(1, "Game Score", "is less than", "200");
     play.click("chkCriteria");
-    play.type("txtSearchVal(1)", "7-8");  // would be refused as a lane pair
+    play.type("txtSearchVal(1)", "8-7");  // would be refused as a lane pair
     play.tab();
     EXPECT_EQ(play.focus(), "cmdSearch");
 }

@@ -358,6 +358,19 @@ TEST_F(EventScreen, GoesToTheDiskAtMostTwiceForASave) {
     EXPECT_EQ(play.rows("tblEventInfo", {"fldSeriesTot"}), std::vector<std::string>{"200"});
 }
 
+TEST_F(EventScreen, IsNotSavedWhereItCannotBeStored) {
+    addEvent();
+    play.type("txtEvent", "Thursday League");
+    play.click("cmdPrevious", {kSave, kStay});
+    EXPECT_EQ(play.display.saves(), 1);
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE UPDATE ON tblEventInfo BEGIN SELECT RAISE(ABORT, 'full'); END");
+    play.type("txtEvent", "Friday League");
+    play.click("cmdPrevious", {kSave, {"Database Error"}, {"Database Error"}, kStay});
+    EXPECT_EQ(play.display.saves(), 1);
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName"}), std::vector<std::string>{"Thursday League"});
+}
+
 TEST_F(EventScreen, LeavesByEveryWayAfterTheSavePrompt) {
     addEvent();
     play.type("txtEvent", "Kept");

@@ -1,3 +1,6 @@
+#include "entry/FrameFailures.h"
+#include "shell/TBK_Globals.h"
+#include "store/file/Connection.h"
 #include "support/Play.h"
 
 namespace tallybrook::test {
@@ -646,6 +649,29 @@ TEST_F(FrameScreen, AddsTheMarksOfThePanelsToWhatWasTypedIntoTheCell) {
     EXPECT_EQ(play.text("txtCount(1)"), "7/");
 }
 
+TEST_F(FrameScreen, ForgetsTheMarksOfACellThatIsEmptied) {
+    openGame("L", {"X"});
+    play.type("txtCount(1)", "7");
+    play.type("txtCount(1)", "");
+    play.click("cmdReset", {{"Reset Form", Answer::Yes}});
+    play.type("txtLaneNum", "13");
+    play.click("optFirstNo");
+    play.click("optSecondYes");
+    EXPECT_EQ(cell(1), "/");
+}
+
+TEST_F(FrameScreen, IsNotSavedWhereItCannotBeStored) {
+    openGame("P", {});
+    play.click("cmdExit", {{"Confirm - Exit", Answer::No}});
+    EXPECT_EQ(play.display.saves(), 1);
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE UPDATE ON tblFrameInfo BEGIN SELECT RAISE(ABORT, 'full'); END");
+    play.type("txtComment", "slow");
+    play.click("cmdExit", {{"Database Error"}, {"Confirm - Exit", Answer::No}});
+    EXPECT_EQ(play.display.saves(), 1);
+    EXPECT_EQ(frames({"fldComment"}), std::vector<std::string>{""});
+}
+
 TEST_F(FrameScreen, StoresTheRestOfAFrameWithAnImpossibleLane) {
     openGame("P", {});
     play.click("optFirstYes");
@@ -675,6 +701,19 @@ TEST_F(FrameScreen, NamesTheProcedureThatFoundNoRow) {
         other.click(one.click, {box});
         EXPECT_EQ(other.screen().name(), "frmMain");
     }
+}
+
+TEST_F(FrameScreen, NamesAProcedureInItsBoxesAsPeopleKnowIt) {
+    openGame("P", {});
+    const Handler step = frameHandler(play.program(), play.screen(), "Load_Frame", "Load_Record");
+    const RunTimeError failure(error::kOverflow);
+    Expected noRow = kNoRow;
+    noRow.text = kNoRow.text.substr(0, kNoRow.text.rfind("Save_Frame")) + "Load_Record";
+    play.run(
+        [&] { step([&] { throw RunTimeError(failure); }); },
+        {{"Database Error", Answer::OK, databaseErrorBox(failure, "Frame Information, Load_Frame.").text}});
+    play.run([&] { step([] { throw RunTimeError(error::kNoCurrentRow); }); }, {noRow});
+    EXPECT_EQ(play.screen().name(), "frmMain");
 }
 
 TEST_F(FrameScreen, ClosesByTheTitleBarAsByPreviousScreen) {

@@ -1,3 +1,4 @@
+#include "store/file/Connection.h"
 #include "support/Play.h"
 
 namespace tallybrook::test {
@@ -52,6 +53,27 @@ TEST_F(GameScreen, PairsTheLanes) {
     EXPECT_EQ(play.rows("tblGameInfo", {"fldStartLane", "fldLeftLane", "fldRightLane", "fldLanePair"}),
               std::vector<std::string>{"5|5|6|5-6"});
     EXPECT_EQ(play.screen().name(), "frmFrame");
+}
+
+TEST_F(GameScreen, HandsOverToTheFrames) {
+    openGames(1, 0);
+    play.type("txtStartLane", "5");
+    play.display.forgetEvents();
+    play.click("cmdUpdFrame", {{"Update Frames", Answer::Yes}});
+    EXPECT_EQ(play.display.events(),
+              (std::vector<std::string>{"hide frmGame", "load frmFrame", "show frmFrame"}));
+}
+
+TEST_F(GameScreen, IsNotSavedWhereItCannotBeStored) {
+    openGames(1, 1, kEdit);
+    play.click("cmdNextGame", {{"Game Input"}});
+    EXPECT_EQ(play.display.saves(), 1);
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE UPDATE ON tblGameInfo BEGIN SELECT RAISE(ABORT, 'full'); END");
+    play.type("txtGameScore", "187");
+    play.click("cmdMain", {{"Return to Main", Answer::Yes}, {"Database Error"}});
+    EXPECT_EQ(play.display.saves(), 1);
+    EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore"}), std::vector<std::string>{"101"});
 }
 
 TEST_F(GameScreen, DoesNotStoreAGameWithABadLane) {
@@ -167,6 +189,16 @@ TEST_F(GameScreen, CountsANewGameAgainOnEachReset) {
     play.click("cmdReset", {{"Reset Form", Answer::Yes, words}});
     EXPECT_EQ(play.text("txtGameNum"), "3 of 3");
     EXPECT_EQ(play.text("txtEventName"), "");
+}
+
+TEST_F(GameScreen, StoresNothingOfAGameThatWasReset) {
+    openGames(3, 0);
+    play.type("txtStartLane", "5");
+    play.type("txtGameScore", "187");
+    play.click("cmdReset", {{"Reset Form", Answer::Yes}});
+    play.type("txtStartLane", "9");
+    play.click("cmdMain", {{"Return to Main", Answer::Yes}});
+    EXPECT_EQ(games(), std::vector<std::string>{"2|9|9-10|0|P|0|NONE|N"});
 }
 
 TEST_F(GameScreen, ReloadsAStoredGameOnReset) {

@@ -251,6 +251,25 @@ TEST_F(DatabaseCheck, TellsOfACountThatIsBeyondAllNumbersAndGoesOn) {
     EXPECT_EQ(games(), (Rows{"1|1|P|1", "2|1|N|0"}));
 }
 
+TEST_F(DatabaseCheck, NamesAGameByTheOneBeforeWhereItsNumberCannotBeRead) {
+    addEvent(std::int64_t{2});
+    addGame(1, std::int64_t{1}, "N");
+    addGame(1, std::int64_t{2}, "N");
+    addEvent(std::int64_t{1});
+    addGame(2, Null{}, "P");
+    const Rows lines =
+        check({failure("DB_Integ", kNoRow), failure("Check_ScType", error::kInvalidUseOfNull)});
+    EXPECT_EQ(lines.back(),
+              "Game number: 2, Event: Thursday League, Date: 11/12/2026, score type changed to N");
+}
+
+TEST_F(DatabaseCheck, TellsOfAGameNumberBeyond16Bits) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    play.program().store().connection().database().exec("UPDATE tblGameInfo SET fldGameNum = 32768");
+    check({failure("DB_Integ", kNoRow), failure("Check_ScType", error::kOverflow)});
+}
+
 TEST_F(DatabaseCheck, LeavesNothingWaitingForTheDiskWhileAFailureIsTold) {
     addEvent(std::int64_t{7});
     addGame(1, std::int64_t{1}, "Q");

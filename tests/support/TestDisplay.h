@@ -56,6 +56,8 @@ public:
     void forgetEvents() { events_.clear(); }
     void forgetBoxes() { boxes_.clear(); }
     [[nodiscard]] int retries() const { return retries_; }
+    /// How often it was told that something was saved.
+    [[nodiscard]] int saves() const { return saves_; }
     /// Lets a retry without end give up after so many tries.
     static constexpr int kMostRetries = 20;
     std::string retrying_;
@@ -100,6 +102,7 @@ public:
     void hidden(Screen& screen) override;
     void unloaded(Screen& screen) override;
     void raised(Screen& screen) override;
+    void saved() override { ++saves_; }
     void pointer(Pointer pointer) override {
         events_.emplace_back(pointer == Pointer::Busy ? "busy" : "default");
     }
@@ -129,6 +132,7 @@ private:
     std::vector<MessageBox> boxes_;
     std::vector<std::string> events_;
     int retries_ = 0;
+    int saves_ = 0;
     bool refusesViewer_ = false;
 };
 
