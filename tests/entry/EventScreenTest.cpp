@@ -183,6 +183,9 @@ TEST_F(EventScreen, KeepsTheFocusOnABadNumberOfGames) {
     play.type("txtNumGames", "2");
     play.click("optPractice");
     EXPECT_EQ(play.session().gNumGames, Int16(2));
+    play.type("txtNumGames", "2.6");
+    play.click("optLeague");
+    EXPECT_EQ(play.session().gNumGames, Int16(3));
 }
 
 TEST_F(EventScreen, WarnsOfAnIncompleteEvent) {
@@ -225,6 +228,7 @@ TEST_F(EventScreen, SwitchesToAddingWithTheNextEvent) {
     EXPECT_EQ(play.text("txtEvent"), "");
     EXPECT_TRUE(play.value("optLeague"));
     EXPECT_TRUE(play.enabled("cmdReset"));
+    EXPECT_TRUE(play.enabled("mnuReset"));
     play.type("txtEvent", "New");
     play.click("cmdNextEvent", {kSave, {"Add New Event", Answer::No}});
     EXPECT_EQ(play.rows("tblEventInfo", {"fldSessionNum", "fldEventName", "fldEventType"}),

@@ -117,6 +117,17 @@ TEST_F(FrameScreen, WalksStoredFramesAndAddsFromThere) {
     EXPECT_EQ(frames({"fldFrameNum", "fldLaneBowled"}).back(), "5|13");
 }
 
+TEST_F(FrameScreen, WalksTheFramesByTheirNumbers) {
+    play.insertEvent();
+    play.insertGame(1, "L");
+    for (const int frame : {2, 3, 1})
+        play.insertFrame(frame, "8" + std::to_string(frame));
+    play.handOverTo("frmFrame");
+    EXPECT_EQ(play.text("txtFrameNum"), "1");
+    play.click("cmdNextFrame");
+    EXPECT_EQ(play.text("txtFrameNum"), "2");
+}
+
 TEST_F(FrameScreen, AlternatesTheLanes) {
     openGame("P", {});
     std::vector<std::string> lanes;
@@ -281,6 +292,7 @@ TEST_F(FrameScreen, GoesOnBehindTheBoxOnABadPinString) {
     play.load("frmFrame", {{"Database Error", Answer::OK}});
     EXPECT_TRUE(play.display.boxes().back().text.starts_with(
         "Error Number: 9\r\nError: Subscript out of range\r\nModule: Frame Information, Load_Frame.\r\n"));
+    EXPECT_TRUE(play.value("optFirstNo"));
     EXPECT_TRUE(play.value("chkFirstPinfall(3)"));
     EXPECT_TRUE(play.value("chkSecondPinfall(3)"));
     EXPECT_EQ(cell(1), "7");
@@ -605,6 +617,13 @@ TEST_F(FrameScreen, UpdatesTheSeriesOnTheWayOut) {
     EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
               std::vector<std::string>{"1|210|210"});
     EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(FrameScreen, UpdatesTheSeriesBeforeItAsksWhetherToExit) {
+    openGame("P", {"X", "9/"}, 210);
+    play.click("cmdExit", {{"Confirm - Exit", Answer::No}});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
+              std::vector<std::string>{"1|210|210"});
 }
 
 TEST_F(FrameScreen, GoesOnWithAFrameNumberThatIsNone) {

@@ -201,6 +201,16 @@ TEST_F(GameScreen, StoresNothingOfAGameThatWasReset) {
     EXPECT_EQ(games(), std::vector<std::string>{"2|9|9-10|0|P|0|NONE|N"});
 }
 
+TEST_F(GameScreen, AddsNoRowForAGameThatWasResetWhereAllAreAdded) {
+    openGames(2, 1);
+    play.click("cmdNextGame");
+    play.click("cmdReset", {{"Reset Form", Answer::Yes}, {"Game Information", Answer::Yes}});
+    EXPECT_EQ(play.text("txtGameNum"), "101");  // what is bound to it is the score
+    play.type("txtStartLane", "5");
+    play.click("cmdMain", {{"Return to Main", Answer::Yes}});
+    EXPECT_EQ(games(), std::vector<std::string>{"2|5|5-6|101|N|0|NONE|N"});
+}
+
 TEST_F(GameScreen, ReloadsAStoredGameOnReset) {
     openGames(3, 2, kEdit);
     play.type("txtStartLane", "99");
@@ -228,6 +238,19 @@ TEST_F(GameScreen, TakesTheTrueCountOfFrames) {
     EXPECT_EQ(games()[1], "2|13|13-14|0|N|0|NONE|N");
 }
 
+TEST_F(GameScreen, BeginsANewGameWithoutTheFramesOfTheOneBefore) {
+    play.insertEvent(2);
+    play.insertGame(1, "L");
+    play.insertFrame(1, "X");
+    play.insertFrame(2, "9/");
+    play.session().gMode = kEdit;
+    play.load("frmGame");
+    play.click("cmdNextGame", {{"Game Input", Answer::Yes}});
+    play.type("txtStartLane", "5");
+    play.click("cmdMain", {{"Return to Main", Answer::Yes}});
+    EXPECT_EQ(games(), (std::vector<std::string>{"1|13|13-14|0|L|2|NONE|N", "2|5|5-6|0|P|0|NONE|N"}));
+}
+
 TEST_F(GameScreen, KnowsAGameThatStayedOnItsLane) {
     play.insertEvent(3);
     play.insertGame(1, "P");
@@ -238,6 +261,16 @@ TEST_F(GameScreen, KnowsAGameThatStayedOnItsLane) {
     EXPECT_FALSE(play.session().gAltLanes);
     EXPECT_TRUE(play.value("optAltLanes(1)"));
     play.click("optAltLanes(0)");
+    EXPECT_TRUE(play.session().gAltLanes);
+}
+
+TEST_F(GameScreen, KnowsTheLanesByTheFirstTwoFramesWhateverTheirRows) {
+    play.insertEvent(3);
+    play.insertGame(1, "L");
+    for (const int frame : {1, 3, 2})
+        play.insertFrame(frame, "X");
+    play.session().gMode = kEdit;
+    play.load("frmGame");
     EXPECT_TRUE(play.session().gAltLanes);
 }
 

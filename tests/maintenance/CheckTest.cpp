@@ -1,3 +1,4 @@
+#include "maintenance/CheckRun.h"
 #include "maintenance/modDBUtils.h"
 #include "runtime/TextFile.h"
 #include "runtime/TextForms.h"
@@ -181,6 +182,21 @@ TEST_F(DatabaseCheck, ConcludesTheScoreTypeFromTheLowestFrame) {
     EXPECT_EQ(games(), (Rows{"1|1|P|1", "1|2|L|2", "1|3|N|0", "1|4|P|1", "1|5|P|1", "1|6|L|1"}));
 }
 
+// One look at a game tells nothing of its frames there, so they are walked over.
+TEST_F(DatabaseCheck, ConcludesTheScoreTypesOfGamesWhoseNumbersAreStoredAsBytes) {
+    addEvent(std::int64_t{3});
+    for (const std::int64_t game : {1, 2, 3})
+        addGame(1, game, "Q", std::int64_t{game == 3 ? 0 : 2});
+    addFrame(1, 1, 2, "10");
+    addFrame(1, 1, 1, "");
+    addFrame(1, 2, 2, "");
+    addFrame(1, 2, 1, "10");
+    play.program().store().connection().database().exec(
+        "UPDATE tblGameInfo SET fldGameNum = CAST(fldGameNum AS BLOB)");
+    check();
+    EXPECT_EQ(play.rows("tblGameInfo", {"fldScoreType", "fldFrmsRecorded"}), (Rows{"L|2", "P|2", "N|0"}));
+}
+
 TEST_F(DatabaseCheck, TakesAGameWhoseFramesWereTypedForALineScoreWhateverItsColumnHeld) {
     for (const std::string held : {"L", "N"}) {
         SQLite::Database& logbook = play.program().store().connection().database();
@@ -320,6 +336,38 @@ TEST_F(DatabaseCheck, CountsNothingInATableThatIsNotThere) {
     EXPECT_EQ(check(boxes).front(), "0 frames checked, 0 frames deleted.");
 }
 
+TEST_F(DatabaseCheck, TellsOfTheSeriesOnceForEachEvent) {
+    const auto updateAverages = [this] {
+        CheckRun run(play.program());
+        run.createRecordsets();
+        Upd_Avg(run);
+    };
+    const Expected noFile = failure("Upd_Avg", error::kBadFileNameOrNumber);
+    const auto series = [](const RunTimeError& raised) {
+        return Expected{"Database Error", Answer::OK,
+                        databaseErrorBox(raised, "TBK_Globals, Update_Series.").text};
+    };
+    addEvent();
+    addEvent();
+    play.insert("tblGameInfo", {{"fldSessionNum", std::int64_t{0}}, {"fldGameScore", Null{}}});
+    const Expected null = series(RunTimeError(error::kInvalidUseOfNull));
+    play.run(updateAverages, {noFile, null, null});
+
+    play.program().store().connection().database().exec("DROP TABLE tblGameInfo");
+    const Expected noTable = series(RunTimeError(-2147467259, "no such table: tblGameInfo"));
+    play.run(updateAverages, {noFile, noTable, noTable});
+}
+
+TEST_F(DatabaseCheck, HasItsWholeReportInTheFileWhenItSaysSo) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    Expected box = complete();
+    std::string text;
+    box.meanwhile = [&] { text = bytesOf(report()); };
+    play.run([&] { DB_Check(play.program()); }, {failure("DB_Integ", kNoRow), box});
+    EXPECT_TRUE(text.ends_with(kTail)) << text;
+}
+
 TEST_F(DatabaseCheck, AppendsToItsReport) {
     addEvent(std::int64_t{1});
     addGame(1, std::int64_t{1}, "N");
@@ -389,6 +437,22 @@ TEST_F(DatabaseTools, ChecksAfterAQuestion) {
     EXPECT_TRUE(play.display.events().empty());
     play.click("mnuDBCheck", {kProceed, failure("DB_Integ", kNoRow), complete()});
     EXPECT_EQ(play.display.events(), (Rows{"busy", "default"}));
+}
+
+TEST_F(DatabaseTools, BackUpTheLogbookAsItIsBeforeTheCheck) {
+    addEvent(std::int64_t{7});
+    addGame(1, std::int64_t{1}, "N");
+    play.click("cmdDBCheck", {kProceed, failure("DB_Integ", kNoRow), complete()});
+    play.program().backups().finish();
+    Rows recorded;
+    for (const fs::directory_entry& file : fs::directory_iterator(play.dataFolder() / "Backups")) {
+        SQLite::Database backup(file.path().string());
+        SQLite::Statement events(backup, "SELECT fldGmsRecorded FROM tblEventInfo");
+        while (events.executeStep())
+            recorded.push_back(events.getColumn(0).getString());
+    }
+    EXPECT_EQ(recorded, Rows{"7"});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded"}), Rows{"1"});
 }
 
 TEST_F(DatabaseTools, CountsTheLogbook) {

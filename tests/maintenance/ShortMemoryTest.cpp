@@ -111,17 +111,14 @@ TEST_F(ShortMemory, DeletesNoRowOfAnEvent) {
     EXPECT_EQ(display.boxes.size(), 1U);  // at last, nothing but that the check is complete
 }
 
-TEST_F(ShortMemory, TakesTheGamesOfNoOtherEventForThoseThatItCannotSee) {
-    insert("tblEventInfo", {{"fldEventName", "Friday League"},
-                            {"fldDateBowled", makeDate(2026, 11, 13)},
-                            {"fldGmsRecorded", std::int64_t{2}}});
-    for (const std::int64_t game : {1, 2})
-        insert("tblGameInfo",
-               {{"fldSessionNum", std::int64_t{2}}, {"fldGameNum", game}, {"fldScoreType", "N"}});
-    checkAgainAndAgain([this] {
-        Recordset events(program().store());
-        events.Open("SELECT * FROM tblEventInfo WHERE fldSessionNum = 2");
-        EXPECT_EQ(toInt32(events["fldGmsRecorded"]), 2);
+TEST_F(ShortMemory, DeletesNoRowOfAnEventBesideOneOfNone) {
+    const auto addOrphan = [this] { insert("tblFrameInfo", {{"fldSessionNum", std::int64_t{9}}}); };
+    addOrphan();
+    checkAgainAndAgain([&] {
+        if (rowsOf("tblFrameInfo") == 2)
+            addOrphan();
+        EXPECT_EQ(rowsOf("tblFrameInfo"), 3U);
+        EXPECT_EQ(rowsOf("tblGameInfo"), 1U);
     });
 }
 
