@@ -48,6 +48,16 @@ TEST(ComparisonTest, LeavesThatCostMostInTheLastSeasonComeFirst) {
               "10: 4/9 3/8, lost 5\n7: 5/6 2/7, lost 5\n5: 0/0 1/3, lost 2\n2-8: 0/1 0/0, lost 0\n");
 }
 
+TEST(ComparisonTest, WhatALeaveCostBeforeDoesNotMoveIt) {
+    SeasonRecord first = kFirst;
+    SeasonRecord last = kLast;
+    first.leaves.push_back({"3-10", {0, 20}});
+    last.leaves.push_back({"3-10", {9, 10}});
+    EXPECT_EQ(told(compared({first, last}).leaves),
+              "10: 4/9 3/8, lost 45\n7: 5/6 2/7, lost 45\n5: 0/0 1/3, lost 18\n3-10: 0/20 9/10, lost 9\n"
+              "2-8: 0/1 0/0, lost 0\n");
+}
+
 TEST(ComparisonTest, ChangeIsThatOfTheLastTwoSeasons) {
     const ComparedShare strikes = compared({kLast, kFirst, kLast}).shares.front();
     EXPECT_EQ(strikes.before(), (Proportion{20, 80}));

@@ -119,6 +119,18 @@ TEST(TrendTest, TwoEventsThatAreAlikeCountTwice) {
     EXPECT_EQ(nightsOf(events).back().events, 2);
 }
 
+TEST(TrendTest, GamesThatWereNotRecordedDoNotCount) {
+    const BowledEvent ofThree{"League", "", day(2025, 1, 1), 3, 300, 150};
+    const BowledEvents events{ofThree, event(day(2025, 1, 8), 2, 400), event(day(2025, 1, 15), 3, 450)};
+    EXPECT_EQ(movingAverages(events), (std::vector<double>{150, 175, 1150.0 / 7}));
+    EXPECT_EQ(gamesPerMonth(events), (std::vector<MonthOfGames>{{2025y / January, 7}}));
+    const auto ends = seriesEnds(events);
+    ASSERT_TRUE(ends);
+    EXPECT_EQ(ends->games, 2);
+    EXPECT_EQ(ends->high, 1U);
+    EXPECT_EQ(ends->low, 0U);
+}
+
 TEST(TrendTest, EndsAreThoseOfTheUsualLength) {
     const BowledEvents events{event(day(2025, 1, 1), 3, 450),  event(day(2025, 1, 8), 6, 1200),
                               event(day(2025, 1, 15), 3, 510), event(day(2025, 1, 22), 3, 450),
