@@ -257,6 +257,18 @@ TEST_F(EventScreen, TakesNothingOverIntoTheNextEvent) {
     EXPECT_EQ(events().back(), "2|New|11/14/2026|||LEAGUE|3|0|0|0||NONE");
 }
 
+TEST_F(EventScreen, KeepsTheRecordOfTheHandheldInAnEventThatIsSavedAgain) {
+    play.insert("tblEventInfo", {{"fldEventName", "Imported"},
+                                 {"fldDateBowled", makeDate(2026, 1, 2)},
+                                 {"fldNumGames", std::int64_t{0}},
+                                 {"fldHHRecordID", "77"}});
+    play.session().gSessionNum = 1;
+    editEvent();
+    play.click("cmdPrevious", {kSave, kStay});
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldEventName", "fldHHRecordID"}),
+              std::vector<std::string>{"Imported|77"});
+}
+
 TEST_F(EventScreen, TakesATimeOfTodayForToday) {
     addEvent();
     play.type("txtEvent", "Thursday League");

@@ -46,6 +46,13 @@ TEST_F(GameScreen, AddsTheFirstGameOfAnEvent) {
     EXPECT_EQ(play.text("txtStartLane"), "");
 }
 
+TEST_F(GameScreen, CountsFromOneWhateverGameWasTheLastElsewhere) {
+    play.session().gGameNum = 7;
+    openGames(2, 0, kEdit);
+    EXPECT_EQ(play.text("txtGameNum"), "1 of 2");
+    EXPECT_EQ(play.session().gGameNum, Int16(1));
+}
+
 TEST_F(GameScreen, PairsTheLanes) {
     openGames(1, 0);
     play.type("txtStartLane", "5");
