@@ -316,6 +316,20 @@ TEST_F(DatabaseCheck, KeepsWhatItHasDoneBeforeAFailureThatUndoesTheTransaction) 
     EXPECT_EQ(play.rows("tblFrameInfo", {"fldFrameNum"}), Rows{"3"});
 }
 
+TEST_F(DatabaseCheck, ReportsAChangeThatIsRefusedAllTheSame) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "P");
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE UPDATE ON tblGameInfo BEGIN SELECT RAISE(ABORT, 'not this one'); END");
+    const RunTimeError raised(-2147467259, "not this one");
+    const Expected refusal{"Database Error", Answer::OK,
+                           databaseErrorBox(raised, "DB_Utils, Check_ScType.").text};
+    const Rows lines = check({failure("DB_Integ", kNoRow), refusal, refusal});  // as it is left, once more
+    EXPECT_EQ(lines.back(),
+              "Game number: 1, Event: Thursday League, Date: 11/12/2026, score type changed to N");
+    EXPECT_EQ(games(), Rows{"1|1|P|0"});
+}
+
 TEST_F(DatabaseCheck, OfAnEmptyLogbookTellsOfEachEmptyTable) {
     const std::vector<Expected> boxes{failure("DB_Integ", kNoRow),
                                       failure("DB_Integ", kNoRow),
