@@ -46,12 +46,7 @@ protected:
         insert("tblFrameInfo", {{"fldSessionNum", std::int64_t{session}}, {"fldGameNum", std::int64_t{1}}});
     }
     void insert(const std::string& table, const Play::Fields& fields) {
-        Recordset rows(program().store());
-        rows.Open("SELECT * FROM " + table);
-        rows.AddNew();
-        for (const auto& [name, value] : fields)
-            rows[name] = value;
-        rows.Update();
+        insertRow(program().store(), table, fields);
     }
     /// How many rows of the first event a table has.
     [[nodiscard]] int rowsToKeep(const std::string& table) {

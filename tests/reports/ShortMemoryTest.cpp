@@ -40,12 +40,7 @@ protected:
 
     [[nodiscard]] Program& program() { return application_.program(); }
     void insert(const std::string& table, const Play::Fields& fields) {
-        Recordset rows(program().store());
-        rows.Open("SELECT * FROM " + table);
-        rows.AddNew();
-        for (const auto& [name, value] : fields)
-            rows[name] = value;
-        rows.Update();
+        insertRow(program().store(), table, fields);
     }
     /// Writes a statistical report whose allocation behind so many others fails. Returns whether it came to
     /// that.

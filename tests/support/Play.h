@@ -5,6 +5,7 @@
 #include "controls/Person.h"
 #include "controls/Screen.h"
 #include "store/Recordset.h"
+#include "support/InsertRow.h"
 #include "support/TemporaryFolder.h"
 #include "support/TestDisplay.h"
 
@@ -117,16 +118,11 @@ public:
         }
     }
 
-    using Fields = std::vector<std::pair<std::string, Value>>;
+    using Fields = FieldValues;
 
     /// Adds a row to the logbook past the screens.
     void insert(const std::string& table, const Fields& fields) {
-        Recordset rows(program().store());
-        rows.Open("SELECT * FROM " + table);
-        rows.AddNew();
-        for (const auto& [name, value] : fields)
-            rows[name] = value;
-        rows.Update();
+        insertRow(program().store(), table, fields);
     }
     /// The stored rows of a table, one text a row with the values of these fields.
     [[nodiscard]] std::vector<std::string> rows(const std::string& table,
