@@ -61,6 +61,12 @@ protected:
     [[nodiscard]] bool isWithin() {
         return sqlite3_get_autocommit(store.connection().database().getHandle()) == 0;
     }
+    /// Refuses the next commits.
+    void refuseCommits(int count) {
+        refusals = count;
+        const auto refuse = [](void* left) { return (*static_cast<int*>(left))-- > 0 ? 1 : 0; };
+        sqlite3_commit_hook(store.connection().database().getHandle(), refuse, &refusals);
+    }
     void limitPages(int pages) {
         store.connection().database().execAndGet("PRAGMA max_page_count = " + std::to_string(pages));
     }
@@ -69,6 +75,7 @@ protected:
     SettableClock clock{makeDate(2026, 11, 14)};
     Store store{folder.path() / "Tallybrook_DB.mdb", clock};
     int commits = 0;
+    int refusals = 0;  // still to come; below zero by the commits that were not refused
 };
 
 TEST_F(Commits, StoreTheirRowsAtOnce) {
@@ -175,11 +182,32 @@ TEST_F(Commits, GoRowByRowWhereAllAtOnceIsRefused) {
     CommitAtEnd rows(store);
     add("one");
     add("two");
-    int refusals = 1;
-    const auto refuse = [](void* left) { return (*static_cast<int*>(left))-- > 0 ? 1 : 0; };
-    sqlite3_commit_hook(store.connection().database().getHandle(), refuse, &refusals);
+    refuseCommits(1);
     rows.commit();
     EXPECT_EQ(refusals, -2);
+    EXPECT_EQ(comments(), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST_F(Commits, GoRowByRowBehindWhatIsStoredAlready) {
+    CommitAtEnd rows(store);
+    add("one");
+    rows.commitSoFar();
+    add("two");
+    refuseCommits(1);
+    rows.commit();
+    EXPECT_EQ(comments(), (std::vector<std::string>{"one", "two"}));
+}
+
+TEST_F(Commits, GoRowByRowWithoutWhatHasFailedBefore) {
+    store.connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE INSERT ON tblGameInfo WHEN NEW.fldComment = 'refused' "
+        "BEGIN SELECT RAISE(ABORT, 'not this one'); END");
+    CommitAtEnd rows(store);
+    add("one");
+    EXPECT_THROW(add("refused"), RunTimeError);
+    add("two");
+    refuseCommits(1);
+    rows.commit();
     EXPECT_EQ(comments(), (std::vector<std::string>{"one", "two"}));
 }
 
@@ -202,9 +230,11 @@ TEST_F(Commits, KeepNoMoreThanAFewThousandChangesWaiting) {
     EXPECT_EQ(commits, 1);
     EXPECT_TRUE(isWithin());
     add("one more");
+    add("and another");
+    EXPECT_EQ(commits, 1);
     rows.commit();
     EXPECT_EQ(commits, 2);
-    EXPECT_EQ(count(), 4001);
+    EXPECT_EQ(count(), 4002);
 }
 
 TEST_F(Commits, BringWhatWaitsToTheDiskBeforeSomebodyIsWaitedFor) {
