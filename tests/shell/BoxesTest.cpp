@@ -2,9 +2,12 @@
 
 #include "runtime/EndProgram.h"
 #include "shell/TBK_Globals.h"
+#include "shell/frmAbout.h"
 #include "support/Play.h"
 
 #include <functional>
+#include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -48,6 +51,7 @@ TEST(Boxes, AskBeforeAFormIsReset) {
              {{"Confirm - Form Reset", Answer::No,
                "Resetting the form will erase the data in the form\r\nContinue?"}});
     EXPECT_EQ(answer, Answer::No);
+    EXPECT_EQ(play.display.boxes().back().icon, Icon::Question);
 }
 
 /// What could not be stored before a box has one of its own, which comes first.
@@ -75,6 +79,27 @@ TEST(Performing, NeedsALogbook) {
             EXPECT_EQ(failure.number(), 91);
         }
     }
+}
+
+TEST(Performing, EndsTheProgramForWantOfMemory) {
+    Play play;
+    play.display.forgetEvents();
+    play.run([] { throw std::bad_alloc(); });
+    EXPECT_EQ(play.display.events(), (std::vector<std::string>{"run-time error 7", "end program"}));
+}
+
+TEST(Performing, ShowsTheScreenLoadedLastWhereNoneIsVisible) {
+    TestDisplay display;
+    const SettableClock clock(makeDate(2026, 11, 14));
+    Program program(display, clock, "nowhere");
+    program.screens.add("frmAbout", [&program] { return std::make_unique<frmAbout>(program); });
+    program.perform([&program] {
+        program.screens.load("frmAbout");
+        program.screens.hide(*program.screens.front());
+    });
+    EXPECT_EQ(display.events(),
+              (std::vector<std::string>{"load frmAbout", "show frmAbout", "hide frmAbout", "show frmAbout"}));
+    EXPECT_FALSE(program.hasEnded());
 }
 
 TEST(Performing, EndsTheHandlersAroundAnEndedOne) {

@@ -56,11 +56,26 @@ TEST_F(Configuration, ReadsBackWhatItWrote) {
     }
 }
 
+// Who reads it meanwhile never finds half of the new one.
+TEST_F(Configuration, TakesThePlaceOfTheOldFileAsAWhole) {
+    write("HHTYPE=\"Palm\"\r\n");
+    std::ifstream old(file());
+    Write_Config(play.program());
+    std::string line;
+    EXPECT_TRUE(std::getline(old, line));
+    EXPECT_EQ(line, "HHTYPE=\"Palm\"\r");
+}
+
 TEST_F(Configuration, TellsWhetherThereIsAFile) {
     fs::remove(file());
     play.session().gHHType = "Palm";
     EXPECT_FALSE(Read_Config(play.program()));
     EXPECT_EQ(play.session().gHHType, "Palm");
+}
+
+TEST_F(Configuration, TellsNothingInAnEmptyFile) {
+    write("");
+    EXPECT_EQ(read(), "|");
 }
 
 TEST_F(Configuration, PassesOverCommentsAndUnknownKeys) {

@@ -105,6 +105,8 @@ TEST_F(HandheldSetup, StartsAtHomeWithATypeAlone) {
     EXPECT_EQ(play.text("txtHHDir"), "");
     EXPECT_TRUE(play.enabled("cmdSaveChg"));
     EXPECT_EQ(screen().dirHHDir.path(), folder().string());
+    EXPECT_NE(screen().drvHHDir.picked(), "");
+    EXPECT_TRUE(folder().string().starts_with(screen().drvHHDir.picked()));
 }
 
 TEST_F(HandheldSetup, StartsAtTheRootWithoutAHome) {

@@ -85,6 +85,11 @@ TEST_F(SharedFile, IsNotTheLogbookByALink) {
     EXPECT_EQ(bytesOf(backup), "a copy of the logbook");
 }
 
+TEST_F(SharedFile, IsWrittenAsUtf8) {
+    openSharedFile(play.program(), elsewhere / "report.txt").writeLine("K\u00f6ln");
+    EXPECT_EQ(bytesOf(elsewhere / "report.txt"), "K\u00f6ln\r\n");
+}
+
 TEST_F(SharedFile, IsAnyOther) {
     std::ofstream(folder / "DB_Report.txt") << "an older report";
     for (const fs::path& file : {folder / "DB_Report.txt", folder / "Game Report.txt",
