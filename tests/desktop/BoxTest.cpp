@@ -172,10 +172,10 @@ TEST_F(BoxTest, InputBoxGivesTheText) {
         EXPECT_EQ(label.textFormat(), Qt::PlainText);
         EXPECT_EQ(label.textInteractionFlags(), Qt::TextSelectableByMouse);
         EXPECT_FALSE(label.wordWrap());
-        QTest::keyClicks(box.findChild<QLineEdit*>(), "forty-two");
+        QTest::keyClicks(box.findChild<QLineEdit*>(), " forty-two ");
         clickButton(box, QDialogButtonBox::Ok);
     });
-    EXPECT_EQ(input({.text = "<i>What</i> & why?\r\nNow?", .title = "Question"}), "forty-two");
+    EXPECT_EQ(input({.text = "<i>What</i> & why?\r\nNow?", .title = "Question"}), " forty-two ");
 }
 
 TEST_F(BoxTest, InputBoxIsInSightWhateverItAsks) {

@@ -93,6 +93,19 @@ TEST_F(DesktopDisplayTest, BoxInLongWorkHasTheUsualPointer) {
     });
 }
 
+TEST_F(DesktopDisplayTest, TimeThatABoxIsReadIsNoWork) {
+    hands.expect([this](QDialog& box) {
+        workUntilBusy(display);
+        box.accept();
+    });
+    display.perform([&] {
+        display.messageBox({.text = "Well?"});
+        display.pointer(Pointer::Default);
+        display.atWork();
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    });
+}
+
 TEST_F(DesktopDisplayTest, WindowIsRaisedAndRestored) {
     load("frmOther");
     window().showMinimized();
@@ -298,6 +311,16 @@ TEST_F(WaitingTest, ShortWaitShowsNothing) {
         patient.retrying("A Screen, A_Procedure.", attempt);
         EXPECT_EQ(notice(), nullptr);
     }
+}
+
+TEST_F(WaitingTest, EachWaitIsGivenItsTime) {
+    DesktopDisplay patient({.patience = std::chrono::milliseconds{400}});
+    patient.attach(program);
+    for (tries = 1; tries <= 500 && notice() == nullptr; ++tries)
+        patient.retrying("A Screen, A_Procedure.", tries);
+    ASSERT_NE(notice(), nullptr);
+    patient.retrying("A Screen, Another_Procedure.", 1);
+    EXPECT_EQ(notice(), nullptr);
 }
 
 TEST_F(WaitingTest, NoticeGoesWhenABoxComes) {

@@ -43,6 +43,8 @@ TEST_F(ListTest, FollowsTheProgramsOwnChanges) {
     EXPECT_EQ(names().model()->rowCount(), 5);
     EXPECT_EQ(selectedIn(names()), Rows{4});
     EXPECT_EQ(widget<QComboBox>(lists().drvDrive).currentIndex(), 0);
+    display.perform([this] { lists().cboKind.fill({"three", "four"}); });  // as many as before
+    EXPECT_EQ(textsIn(*kind().model()), (Lines{"three", "four"}));
     display.perform([this] {
         lists().cboKind.clear();
         lists().lstNames.fill({"Ann"});
@@ -454,8 +456,17 @@ TEST_F(ListTest, ReturnAndADoubleClickInAListPressTheFirstButton) {
     press(Qt::Key_Enter);
     EXPECT_EQ(log().back(), "click cmdGo");
     doubleClick(names(), placeOf(names(), names().model()->index(1, 0)));
-    EXPECT_EQ(log().back(), "click cmdGo");
+    EXPECT_EQ(log(), (Lines{"lost cmdGo", "got lstNames", "click lstNames", "click lstNames", "lost lstNames",
+                            "got cmdGo", "click cmdGo"}));
     EXPECT_EQ(lists().lstNames.picked(), "Bob");
+}
+
+TEST_F(ListTest, DoubleClickThatLeadsElsewherePressesNothing) {
+    lists().setPrimary(lists().cmdGo);
+    lists().lstNames.onClick = [this] { lists().cboKind.focus(); };
+    doubleClick(names(), placeOf(names(), names().model()->index(1, 0)));
+    EXPECT_EQ(focused(), "cboKind");
+    EXPECT_EQ(std::ranges::count(log(), "click cmdGo"), 0);
 }
 
 TEST_F(ListTest, KeysPickInAListBox) {
@@ -593,6 +604,24 @@ TEST_F(FolderTest, KeysMoveTheCursorAndSpacePicks) {
     press(Qt::Key_Home);
     EXPECT_EQ(tree().currentIndex(), tree().model()->index(0, 0));
     EXPECT_TRUE(isInView(tree().currentIndex()));
+}
+
+TEST_F(FolderTest, NameAtTheCursorIsCopied) {
+    display.perform([this] { lists().dirFolder.focus(); });
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "b");
+}
+
+TEST_F(FolderTest, StaysWhereItIsScrolledWhileAFolderOpens) {
+    QScrollBar& rows = *tree().verticalScrollBar();
+    rows.setValue(rows.value() + 3);
+    const int scrolled = rows.value();
+    ASSERT_GT(scrolled, 3);
+    display.perform([this] { lists().dirFolder.open(rowOf("b")); });
+    EXPECT_EQ(below("b"), Lines{"inner"});
+    EXPECT_EQ(rows.value(), scrolled);
 }
 
 TEST_F(FolderTest, FolderThatIsGoneIsNotPicked) {

@@ -54,6 +54,10 @@ TEST_F(MouseTest, MenuOfABoxComesOnlyWhereTheFocusIs) {
     QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
     EXPECT_TRUE(QApplication::sendEvent(&shortEdit(), &asked));
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    click(screen().txtShort);
+    EXPECT_TRUE(QApplication::sendEvent(&shortEdit(), &asked));
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
 }
 
 TEST_F(MouseTest, ReleaseThatABoxHasTakenStillMakesTheClick) {

@@ -1,7 +1,9 @@
 #include "Desktop.h"
+#include "shell/frmAbout.h"
 
 #include <QClipboard>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <functional>
 
 namespace tallybrook::test {
@@ -251,6 +253,33 @@ TEST_F(TextTest, BlanksThatDoNotBreakStay) {
     press(Qt::Key_End, Qt::ControlModifier);
     type("c");
     EXPECT_EQ(screen().txtLines.text(), "a\u00a0bc");
+}
+
+TEST_F(TextTest, EveryKindOfLineEndIsTheSame) {
+    click(screen().txtLines);
+    type("one");
+    press(Qt::Key_Return);
+    type("two");
+    press(Qt::Key_Return, Qt::ShiftModifier);
+    type("three");
+    EXPECT_EQ(screen().txtLines.text(), "one\ntwo\nthree");
+}
+
+TEST_F(TextTest, WhatIsOnlyReadIsSeenFromItsBeginning) {
+    program.screens.add("frmAbout", [this] { return std::make_unique<frmAbout>(program); });
+    load("frmAbout");
+    const auto& terms = widget<QPlainTextEdit>(screen<frmAbout>("frmAbout").Text1);
+    ASSERT_GT(terms.verticalScrollBar()->maximum(), 0);
+    EXPECT_EQ(terms.verticalScrollBar()->value(), 0);
+    EXPECT_EQ(terms.textCursor().position(), 0);
+}
+
+TEST_F(TextTest, MarkOfTheByteOrderStays) {
+    setText(screen().txtName, "\uFEFFa");
+    click(screen().txtName);
+    press(Qt::Key_End);
+    type("b");
+    EXPECT_EQ(screen().txtName.text(), "\uFEFFab");
 }
 
 TEST_F(TextTest, NothingIsDroppedIntoABox) {
