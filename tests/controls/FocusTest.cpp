@@ -130,6 +130,18 @@ TEST_F(Focus, RunsALeavingOnceWhateverItDoes) {
     EXPECT_EQ(leavings, 1);
 }
 
+TEST_F(Focus, GoesNowhereByALeavingThatHasFailed) {
+    screen->leaving = [this](Control&) {
+        screen->txtTwo.focus();
+        throw RunTimeError(error::kOverflow);
+    };
+    EXPECT_THROW(person::click(screen->cmdGo), RunTimeError);
+    EXPECT_EQ(focus(), "txtOne");
+    screen->txtOne.onLostFocus = nullptr;
+    EXPECT_EQ(person::click(screen->cmdGo), Arrival::Arrived);
+    EXPECT_EQ(focus(), "cmdGo");
+}
+
 TEST_F(Focus, DoesNotGoWhereItCannot) {
     screen->cmdGo.setEnabled(false);
     EXPECT_EQ(person::click(screen->cmdGo), Arrival::Refused);
@@ -193,6 +205,14 @@ TEST_F(Focus, ExcludesTheOtherOptionsOfAGroup) {
     EXPECT_EQ(screen->happened, Log{"click optB"});  // set in code, it clicks
 }
 
+TEST_F(Focus, HasTheOtherOptionsOffBeforeAClickRuns) {
+    person::click(screen->optA);
+    bool wasOn = true;
+    screen->optB.onClick = [&] { wasOn = screen->optA.value(); };
+    person::click(screen->optB);
+    EXPECT_FALSE(wasOn);
+}
+
 TEST_F(Focus, TogglesACheckBox) {
     person::click(screen->chkPin);
     EXPECT_TRUE(screen->chkPin.value());
@@ -214,6 +234,11 @@ TEST_F(Focus, CutsTypedTextAlone) {
     EXPECT_EQ(changes, 2);
     person::type(screen->txtShown, "x");
     EXPECT_EQ(screen->txtShown.text(), "");
+}
+
+TEST_F(Focus, LeavesTypedTextUnselected) {
+    person::type(screen->txtTwo, "a");
+    EXPECT_FALSE(screen->txtTwo.isAllSelected());
 }
 
 TEST_F(Focus, KeepsABoxOfOneLineOnOneLine) {
@@ -271,6 +296,12 @@ TEST_F(Focus, TakesNoNewsToTheNextControl) {
     EXPECT_EQ(screen->news(), "Strike");
     screen->txtTwo.focus();
     EXPECT_EQ(screen->news(), "");
+}
+
+TEST_F(Focus, KeepsTheNewsThatAreToldAsItComes) {
+    screen->txtTwo.onGotFocus = [this] { screen->tell("Second box"); };
+    screen->txtTwo.focus();
+    EXPECT_EQ(screen->news(), "Second box");
 }
 
 TEST_F(Focus, WhatIsOffOrOutOfSightIsNotActivated) {

@@ -147,6 +147,9 @@ TEST_F(Lists, HaveNothingPickedOnceTheyAreFilledAnew) {
     EXPECT_EQ(screen->cboKind.pickedIndex(), std::nullopt);
     EXPECT_EQ(screen->cboKind.items(), Log{"one"});
     person::pick(screen->cboKind, 0);
+    screen->cboKind.fill({"two"});
+    EXPECT_EQ(screen->cboKind.pickedIndex(), std::nullopt);
+    person::pick(screen->cboKind, 0);
     screen->cboKind.clear();
     EXPECT_EQ(screen->cboKind.picked(), "");
     EXPECT_TRUE(screen->cboKind.items().empty());
@@ -437,6 +440,8 @@ TEST_F(Lists, HiddenFolderOpensOneThatSeemedEmpty) {
     EXPECT_EQ(tree(), (Log{"top+", " a", " b", " c"}));
     screen->dirFolder.setPath(at("a/.only"));
     EXPECT_EQ(tree(), (Log{"top+", " a+", "  .only", " b", " c"}));
+    EXPECT_FALSE(
+        screen->dirFolder.rows()[static_cast<std::size_t>(*screen->dirFolder.rowOf(at("a")))].isEmpty);
 }
 
 TEST_F(Lists, RowsBeyondTheTreeFail) {
