@@ -346,6 +346,14 @@ TEST_F(ReportReadingTest, SelectionIsSeenWithoutTheFocusToo) {
 
 // --- Where it stands ---------------------------------------------------------------------------------------
 
+TEST_F(ReportReadingTest, EndOfALineIsSeenToBeSelectedThoughNothingElseOfItIs) {
+    show("ab\ncd");
+    const auto behindFirstLine = [&] { return view.viewport()->grab().toImage().pixelColor(at(2)); };
+    EXPECT_EQ(behindFirstLine(), view.palette().color(QPalette::Base));
+    view.select(2, 2);
+    EXPECT_EQ(behindFirstLine(), view.palette().color(QPalette::Active, QPalette::Highlight));
+}
+
 TEST_F(ReportReadingTest, TextStandsWithinItsMargins) {
     show(QString("line\n").repeated(99) + QString(400, 'x'));
     const double height = view.laid().height();
@@ -465,6 +473,7 @@ TEST_F(HeardReportTest, IsReadForthAndBack) {
     EXPECT_EQ(before(1, QAccessible::CharBoundary), (Unit{"G", 0, 1}));
     EXPECT_EQ(after(1, QAccessible::WordBoundary), (Unit{"1", 5, 6}));
     EXPECT_EQ(before(5, QAccessible::WordBoundary), (Unit{"Game", 0, 4}));
+    EXPECT_EQ(before(9, QAccessible::WordBoundary), (Unit{"1", 5, 6}));  // from within a word
     EXPECT_EQ(after(3, QAccessible::LineBoundary), (Unit{"", 12, 12}));
     EXPECT_EQ(after(12, QAccessible::LineBoundary), (Unit{"Game 2", 13, 19}));
     EXPECT_EQ(before(15, QAccessible::LineBoundary), (Unit{"", 12, 12}));
