@@ -492,6 +492,12 @@ TEST_P(PlayerTest, InputBoxesAreReplied) {
                      "focus cmdInput\n"
                      "> show txtFirst\n"
                      "txtFirst text=\"Ann \xC3\x89\" enabled=yes visible=yes focus=no\n");
+    expectPlayed("click cmdInput\nreply \"a\\tb\"\nshow txtFirst\n",  // no key writes it
+                 box +
+                     "> reply \"a\\tb\"\n"
+                     "focus cmdInput\n"
+                     "> show txtFirst\n"
+                     "txtFirst text=\"ab\" enabled=yes visible=yes focus=no\n");
     expectPlayed("click cmdInput\nanswer Cancel\nshow txtFirst\n",
                  box +
                      "> answer Cancel\n"
@@ -573,6 +579,17 @@ TEST_P(PlayerTest, ARelativeChoiceLiesWhereThePlayWasStarted) {
                  "focus cmdSave\n"
                  "> show txtFirst\n"
                  "txtFirst text=\"<cwd>/a.txt\" enabled=yes visible=yes focus=no\n");
+}
+
+TEST_P(PlayerTest, AFileMayBeCalledCancel) {
+    expectPlayed("click cmdSave\nchoose \"cancel\"\nshow txtFirst\n",
+                 "> click cmdSave\n"
+                 "dialog save title=\"Which File\" folder=\"<data>\" filter=\"All files (*.*)|*.*\" "
+                 "name=\"list.txt\"\n"
+                 "> choose \"cancel\"\n"
+                 "focus cmdSave\n"
+                 "> show txtFirst\n"
+                 "txtFirst text=\"<cwd>/cancel\" enabled=yes visible=yes focus=no\n");
 }
 
 TEST_P(PlayerTest, AChoiceMayLieInTheDataFolder) {
