@@ -52,8 +52,8 @@ protected:
         play.handOverTo("frmFrame");
     }
     /// The same behind the game screen, as the bowler comes to it.
-    void openThroughGame(const std::vector<std::string>& frames, int score) {
-        play.insertEvent(1);
+    void openThroughGame(const std::vector<std::string>& frames, int score, int gamesOfEvent = 1) {
+        play.insertEvent(gamesOfEvent);
         play.insertGame(1, "L", score);
         for (std::size_t i = 0; i < frames.size(); ++i)
             play.insertFrame(static_cast<int>(i + 1), frames[i]);
@@ -573,6 +573,15 @@ TEST_F(FrameScreen, ClearsTheTotalWithTheScores) {
     EXPECT_EQ(play.text("txtTotScore"), "300");
     play.click("cmdResetPinfall", {{"Reset Pinfall", Answer::Yes}});
     EXPECT_EQ(play.text("txtTotScore"), "");
+}
+
+TEST_F(FrameScreen, LeavesTheEventAsManyGamesAsItHas) {
+    openThroughGame(kTenStrikes, 300, 3);
+    play.click("cmdPrevious");
+    EXPECT_EQ(play.screen().name(), "frmGame");
+    play.click("cmdNextGame",
+               {{"Game Input", Answer::No,
+                 "There are less than 3 games for this event.\r\nDo you want to add another game?"}});
 }
 
 // --- The end of the rows, and failures ---
