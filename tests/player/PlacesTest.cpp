@@ -20,9 +20,9 @@ TEST(Places, AreNamedWhereverATextHoldsThem) {
 
 TEST(Places, AreNamedOnlyAsTheBeginningOfAPath) {
     const Places places("/home/ann/data", "/srv/play");
-    for (const std::string text :
-         {"/home/ann/data2", "/home/ann/data.old", "/home/ann/data-1/x", "/home/ann/dat",
-          "/mnt/home/ann/data", "x/home/ann/data", "//home/ann/data", "/home/ann/data\xC3\xA9"})
+    for (const std::string text : {"/home/ann/data2", "/home/ann/data.old", "/home/ann/data-1/x",
+                                   "/home/ann/dat", "/mnt/home/ann/data", "x/home/ann/data",
+                                   "//home/ann/data", "\\/home/ann/data", "/home/ann/data\xC3\xA9"})
         EXPECT_EQ(places.named(text), text);
 }
 

@@ -111,6 +111,27 @@ TEST_P(PlayerTest, EveryFieldHasAValue) {
         expectStopped(put, "line 2: the field fldEventName has no value", "> " + put + "\n");
 }
 
+TEST_P(PlayerTest, ATextThatIsCalledNullIsNone) {
+    const Outcome outcome =
+        play("start\nput tblEventInfo fldEventName \"null\" fldCenterName null\nrows tblEventInfo\n");
+    EXPECT_NE(outcome.transcript.find(" fldEventName=\"null\" "), std::string::npos) << outcome.transcript;
+    EXPECT_NE(outcome.transcript.find(" fldCenterName=null "), std::string::npos) << outcome.transcript;
+}
+
+TEST_P(PlayerTest, TheFocusOfAnotherScreenIsToldThoughItsControlIsCalledTheSame) {
+    const Outcome outcome = rehearse(*makeStage(GetParam()), "start\nclose\n", {"frmOne", "frmLists"});
+    EXPECT_EQ(outcome.transcript,
+              "> start\n"
+              "load frmOne\n"
+              "show frmOne\n"
+              "load frmLists\n"
+              "show frmLists\n"
+              "focus txtFirst\n"
+              "> close\n"
+              "unload frmLists\n"
+              "focus txtFirst\n");
+}
+
 TEST_P(PlayerTest, ShowsWhatAControlHas) {
     expectPlayed(
         "show txtFirst opt(0) chkPlain lblSeen cmdOff cmdInside cmdHidden mnuOff fraOff frmOne.txtShort\n",
