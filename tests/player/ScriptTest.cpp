@@ -33,6 +33,7 @@ TEST(Script, KeepsALineAsItStands) {
 
 TEST(Script, TakesAnyLineEndAndAByteOrderMark) {
     EXPECT_EQ(read("\xEF\xBB\xBFstart\r\ntab"), (Lines{"1:start", "2:tab"}));
+    EXPECT_EQ(read("start\n\xEF\xBB\xBFtab"), (Lines{"1:start", "2:\xEF\xBB\xBFtab"}));  // no mark there
 }
 
 TEST(Script, KnowsTheLineOfTheLastCommand) {
