@@ -1,12 +1,14 @@
 #include "Window.h"
 #include "manual/HelpBrowser.h"
 #include "readers/Events.h"
+#include "viewer/FiguresReader.h"
 #include "viewer/FileWatch.h"
 #include "viewer/PictureWidget.h"
 
 #include <QPushButton>
 #include <QScrollBar>
 #include <filesystem>
+#include <vector>
 
 namespace tallybrook::test {
 
@@ -62,6 +64,26 @@ TEST_F(ReloadTest, FileThatWasWrittenWhileItWasReadIsTold) {
     watch.onWritten = [&isTold] { isTold = true; };
     watch.watch(file, read);
     EXPECT_TRUE(QTest::qWaitFor([&isTold] { return isTold; }));
+}
+
+TEST_F(ReloadTest, FileThatIsGoneIsNotTold) {
+    const QString gone = files.write("gone.txt", "here");
+    const QString other = files.write("other.txt", "before");
+    bool isToldOfGone = false;
+    bool isToldOfOther = false;
+    FileWatch onGone;
+    onGone.onWritten = [&] { isToldOfGone = true; };
+    onGone.watch(gone, stampOf(gone));
+    FileWatch onOther;
+    onOther.onWritten = [&] { isToldOfOther = true; };
+    onOther.watch(other, stampOf(other));
+    ASSERT_TRUE(QFile::remove(gone));
+    for (const char* const text : {"after it has gone", "and long after"}) {
+        isToldOfOther = false;
+        files.write("other.txt", text);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isToldOfOther; }));
+    }
+    EXPECT_FALSE(isToldOfGone);
 }
 
 TEST_F(ReloadTest, FileThatGoesAndComesAgainIsShown) {
@@ -160,6 +182,24 @@ TEST_F(ReloadTest, FiguresOfAnEarlierReportAreNotShown) {
     ASSERT_TRUE(window->open(files.write("notes.txt", "notes")));
     QApplication::processEvents();
     EXPECT_FALSE(part<QScrollArea>().isVisible());
+}
+
+TEST_F(ReloadTest, FiguresAreThoseOfTheTextGivenLast) {
+    const QString longText = reportOf(weeklyEvents(6000));
+    std::vector<std::size_t> told;
+    FiguresReader reader;
+    reader.onRead = [&](const ReportFigures& figures) { told.push_back(figures.events.bowled.size()); };
+    reader.read(longText);
+    reader.read(reportOf(weeklyEvents(6001)));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !told.empty(); }));
+    reader.read(longText);
+    reader.read("notes");
+    bool isLaterRead = false;
+    FiguresReader later;
+    later.onRead = [&](const ReportFigures&) { isLaterRead = true; };
+    later.read(longText);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaterRead; }));
+    EXPECT_EQ(told, (std::vector<std::size_t>{6001, 0}));
 }
 
 TEST_F(ReloadTest, F1OpensTheHelpOnReports) {
