@@ -65,6 +65,14 @@ TEST_F(FindTest, GoesOnAndRoundTheEnd) {
     EXPECT_EQ(place(), 0);
 }
 
+TEST_F(FindTest, EnterOfTheKeypadGoesOnToo) {
+    find("strike");
+    press(Qt::Key_Enter);
+    EXPECT_EQ(words(), "2 of 3");
+    press(Qt::Key_Enter, Qt::ShiftModifier);
+    EXPECT_EQ(words(), "1 of 3");
+}
+
 TEST_F(FindTest, GoesBackAndRoundTheBeginning) {
     find("strike");
     press(Qt::Key_F3, Qt::ShiftModifier);

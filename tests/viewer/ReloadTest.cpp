@@ -7,6 +7,7 @@
 
 #include <QPushButton>
 #include <QScrollBar>
+#include <chrono>
 #include <filesystem>
 #include <vector>
 
@@ -64,6 +65,16 @@ TEST_F(ReloadTest, FileThatWasWrittenWhileItWasReadIsTold) {
     watch.onWritten = [&isTold] { isTold = true; };
     watch.watch(file, read);
     EXPECT_TRUE(QTest::qWaitFor([&isTold] { return isTold; }));
+}
+
+TEST_F(ReloadTest, WritingsOfOneSecondAreToldApart) {
+    const QString file = files.write("season.txt", "half");
+    const std::filesystem::path path = file.toStdString();
+    const auto second = std::chrono::floor<std::chrono::seconds>(std::filesystem::last_write_time(path));
+    std::filesystem::last_write_time(path, second);
+    const FileStamp first = stampOf(file);
+    std::filesystem::last_write_time(path, second + std::chrono::milliseconds(1));
+    EXPECT_FALSE(stampOf(file) == first);
 }
 
 TEST_F(ReloadTest, FileThatIsGoneIsNotTold) {
