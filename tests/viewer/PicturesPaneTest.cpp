@@ -295,6 +295,13 @@ TEST_F(PicturesPane, RecentReportsAreListed) {
     EXPECT_TRUE(recentEntries()[0]->text().startsWith("&1 League Night.txt"));
 }
 
+TEST_F(PicturesPane, TenthRecentReportIsReachedByZero) {
+    for (int number = 10; number > 0; --number)
+        ASSERT_TRUE(window->open(files.write(QString("night %1.txt").arg(number), "a night")));
+    EXPECT_TRUE(recentEntries()[8]->text().startsWith("&9 night 9.txt "));
+    EXPECT_TRUE(recentEntries()[9]->text().startsWith("1&0 night 10.txt "));
+}
+
 TEST_F(PicturesPane, RecentReportIsComparedWithTheOneShown) {
     openGolden("league.txt");
     openGolden("statistics.txt");

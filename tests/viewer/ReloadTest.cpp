@@ -5,6 +5,7 @@
 #include "viewer/FileWatch.h"
 #include "viewer/PictureWidget.h"
 
+#include <QComboBox>
 #include <QPushButton>
 #include <QScrollBar>
 #include <chrono>
@@ -128,6 +129,15 @@ TEST_F(ReloadTest, PicturesStayAsTheyAreLookedAt) {
     EXPECT_EQ(&picture(), widget);
     EXPECT_EQ(picture().view(), before);
     EXPECT_TRUE(picture().picture().summary.startsWith("61 events"));
+}
+
+TEST_F(ReloadTest, NewLeagueIsOfferedBesideThoseBefore) {
+    std::vector<WrittenEvent> events = weeklyEvents(30);
+    start("season.txt", reportOf(events).toUtf8());
+    events.back().name = "Sunday Cup";
+    files.write("season.txt", reportOf(events).toUtf8());
+    ASSERT_TRUE(isToldOf(kAnew));
+    EXPECT_NE(part<QScrollArea>().findChild<QComboBox*>()->findText("Sunday Cup"), -1);
 }
 
 TEST_F(ReloadTest, WhatCannotBeShownAnewStaysAndIsTold) {
