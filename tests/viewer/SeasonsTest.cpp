@@ -64,6 +64,16 @@ TEST_F(SeasonsTest, ChosenReportIsComparedWithTheOneShown) {
     EXPECT_TRUE(view().text().contains("Report 2: later.txt"));
 }
 
+TEST_F(SeasonsTest, ReportIsNotComparedWithItself) {
+    ASSERT_TRUE(window->open(earlier));
+    hands.expect([this](QDialog& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(earlier);
+        dialog.accept();
+    });
+    press(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(window->windowTitle(), "earlier.txt - Tallybrook Report");
+}
+
 TEST_F(SeasonsTest, ReportOfAnotherKindIsRefused) {
     const QString night = files.write("night.txt", goldenReport("full.txt").toUtf8());
     expectBox("The reports cannot be compared:\n\n" + earlier + "\n" + night +
