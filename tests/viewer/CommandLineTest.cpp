@@ -95,6 +95,8 @@ TEST(CommandLine, FileCalledAsAnOptionIsShown) {
     Files files;
     files.write("--last", "text");
     EXPECT_EQ(run({"./--last"}, files).output, "window: --last - Tallybrook Report\n");
+    EXPECT_EQ(run({"--last", "--last"}, files).output,  // as one of several it is a file as well
+              "window: --last - Tallybrook Report\nwindow: --last - Tallybrook Report\n");
 }
 
 TEST(CommandLine, NoFileIsStatus2) {
