@@ -35,6 +35,16 @@ TEST(PictureTableTest, TellsARowWithoutItsEmptyCells) {
     EXPECT_EQ(table.asText(), "Date\tEvent\tGames\n1/5/2020\t\t3\tmore\n\n");
 }
 
+TEST(Strips, TakeTheirPlacesAlongBelowAHeading) {
+    const PictureLook look(Drawing::font(9), paperPalette());
+    const QRectF place(1, 2, 3, 4);
+    const Strip strip = underHeading("A heading", {20, [](QPainter&) {}, {{place, 0}}, place}, look, 400);
+    const double above = strip.height - 20;
+    EXPECT_GT(above, look.lineHeight());
+    EXPECT_EQ(strip.plot, place.translated(0, above));
+    EXPECT_EQ(strip.spots.at(0).place, place.translated(0, above));
+}
+
 TEST(EventMarks, AreSmallerWhereThereAreMany) {
     const PictureLook look(Drawing::font(9), paperPalette());
     EXPECT_DOUBLE_EQ(reachOfMarks(look, 500), 0.22 * look.lineHeight());

@@ -2,6 +2,7 @@
 #include "readers/Golden.h"
 #include "readers/Mutations.h"
 #include "style/Colours.h"
+#include "support/Drawing.h"
 
 #include <QApplication>
 #include <QImage>
@@ -125,6 +126,7 @@ TEST(Pictures, NothingCountedIsNothing) {
     EXPECT_EQ(strikesPicture(none).summary,
               "Strikes: 0, 0% (0% of first balls). Spares: 0, 0% (0% of spare chances). Open frames: 0, 0%.");
     EXPECT_EQ(leavesPicture({{"", std::nullopt, 0, 0}}).summary, "Not recorded: 0 attempts, 0 made, 0%");
+    EXPECT_EQ(leavesPicture({{"", std::nullopt, 0, 3}}).summary, "Not recorded: 0 attempts, 3 made, 0%");
 }
 
 // --- How they look -----------------------------------------------------------------------------------------
@@ -157,6 +159,35 @@ TEST(Pictures, KeepWithinTheirWidthInEverySize) {
             }
         }
     }
+}
+
+/// Where the last strike of a game stands whose tenth frame has these marks, as in "490.8 55".
+QString lastStrike(const QString& tenth) {
+    ReportFigures figures = readFigures(kGameReport);
+    figures.games.front().frames->back() = tenth;
+    const PictureLook look(Drawing::font(9), paperPalette());
+    Drawing drawing;
+    QPainter painter(&drawing);
+    picturesOf(figures).front().strips(look, 800)[0].draw(painter);
+    painter.end();
+    return QString::fromStdString(drawing.told()).section(" \"X\"", -2, -2).section(": ", -1);
+}
+
+TEST(Pictures, StrikeOfATenthFrameStandsInItsFirstBox) {
+    EXPECT_NE(lastStrike("X"), "");
+    EXPECT_EQ(lastStrike("X"), lastStrike("X8/"));
+}
+
+TEST(Pictures, SheetIsHalvedWhereAHairIsMissing) {
+    const PictureLook look(Drawing::font(9), paperPalette());
+    const ReportPicture sheet = picturesIn(kGameReport).front();
+    const auto isHalved = [&](double width) {
+        const std::vector<Spot> frames = sheet.strips(look, width)[0].spots;
+        return frames.at(9).place.top() > frames.at(0).place.top();
+    };
+    const double whole = 21 * 2.1 * look.digit() + look.hair();
+    EXPECT_FALSE(isHalved(whole + look.hair() / 4));
+    EXPECT_TRUE(isHalved(whole - look.hair() / 4));
 }
 
 TEST(Pictures, MarksOfScoresAreCutShortRatherThanOff) {

@@ -46,6 +46,9 @@ TEST_F(SeasonsSideBySideTest, OnlyStatisticalReportsAreCompared) {
     EXPECT_FALSE(isStatistical(figures));
     figures.scores = ScoreFigures();
     EXPECT_TRUE(isStatistical(figures));
+    figures.scores.reset();
+    figures.events = readFigures(reportOf(weeklyEvents(1))).events;
+    EXPECT_TRUE(isStatistical(figures));
 }
 
 TEST_F(SeasonsSideBySideTest, ReportsAreComparedInTheOrderOfTheirEvents) {

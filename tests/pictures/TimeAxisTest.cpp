@@ -24,6 +24,7 @@ std::string ticksOf(Day first, Day last, int room, const PictureView& view = {})
 TEST(TimeAxisTest, NamesMonthsOrYearsAsThereIsRoom) {
     const Day begin = day(1999, 11, 20);
     EXPECT_EQ(ticksOf(begin, day(2000, 3, 5), 8), "Dec 1999, Jan 2000, Feb 2000, Mar 2000");
+    EXPECT_EQ(ticksOf(day(2000, 1, 11), day(2000, 2, 5), 8), "Jan 2000, Feb 2000");  // from its first day on
     EXPECT_EQ(ticksOf(begin, day(2000, 12, 5), 8), "Jan 2000, Apr 2000, Jul 2000, Oct 2000");
     EXPECT_EQ(ticksOf(begin, day(2004, 12, 5), 8), "2000, 2001, 2002, 2003, 2004, 2005");
     EXPECT_EQ(ticksOf(begin, day(2011, 12, 5), 8), "2000, 2002, 2004, 2006, 2008, 2010, 2012");
