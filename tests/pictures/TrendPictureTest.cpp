@@ -1,3 +1,4 @@
+#include "pictures/EventMark.h"
 #include "pictures/Pictures.h"
 #include "readers/Events.h"
 
@@ -117,37 +118,57 @@ TEST(TrendPicture, LowSeriesIsToldWithinThePlot) {
     }
 }
 
-/// One of the strips of a trend of so many weeks, as SVG, in which its words can be found.
-QByteArray drawnStrip(std::size_t strip, int events) {
+/// One of the strips of a trend, as SVG, in which its words can be found.
+QByteArray drawnStrip(std::size_t strip, const std::vector<WrittenEvent>& events) {
     const PictureLook look(QApplication::font(), QPalette(Qt::white));
     QByteArray svg;
     QBuffer stream(&svg);
     QSvgGenerator generator;
     generator.setOutputDevice(&stream);
     QPainter painter(&generator);
-    trendOf(weeklyEvents(events)).strips(look, kWidth)[strip].draw(painter);
+    trendOf(events).strips(look, kWidth)[strip].draw(painter);
     painter.end();
     return svg;
 }
 
 TEST(TrendPicture, EventThatIsTheOnlyOneIsNeitherHighNorLow) {
-    const auto ends = [](int events) {
+    const auto ends = [](const std::vector<WrittenEvent>& events) {
         const QByteArray plot = drawnStrip(1, events);
         return std::pair(plot.contains("High 4"), plot.contains("Low 4"));
     };
-    EXPECT_EQ(ends(1), std::pair(false, false));
-    EXPECT_EQ(ends(2), std::pair(true, true));
+    EXPECT_EQ(ends(weeklyEvents(1)), std::pair(false, false));
+    EXPECT_EQ(ends(weeklyEvents(2)), std::pair(true, true));
+    std::vector<WrittenEvent> ofOtherLengths = weeklyEvents(2);
+    ofOtherLengths.back().planned = ofOtherLengths.back().recorded = 2;
+    EXPECT_EQ(ends(ofOtherLengths), std::pair(false, false));
 }
 
 TEST(TrendPicture, LegendNamesTheLinesThatAreDrawn) {
     const auto lines = [](int events) {
-        const QByteArray legend = drawnStrip(0, events);
+        const QByteArray legend = drawnStrip(0, weeklyEvents(events));
         return std::pair(legend.contains("Season so far"), legend.contains("Last 12 events"));
     };
     EXPECT_EQ(lines(3), std::pair(false, false));
     EXPECT_EQ(lines(4), std::pair(true, false));
     EXPECT_EQ(lines(12), std::pair(true, false));
     EXPECT_EQ(lines(13), std::pair(true, true));
+}
+
+TEST(TrendPicture, LegendNamesOthersWhereThereAreMoreLeaguesThanMarks) {
+    const auto namesOthers = [](int leagues) {
+        std::vector<WrittenEvent> events = weeklyEvents(leagues);
+        for (int event = 0; event < leagues; ++event)
+            events[static_cast<std::size_t>(event)].name = QString("League %1").arg(event);
+        return drawnStrip(0, events).contains("Others");
+    };
+    EXPECT_FALSE(namesOthers(kEventMarks - 1));
+    EXPECT_TRUE(namesOthers(kEventMarks));
+}
+
+TEST(TrendPicture, LeagueOfBlanksHasNoName) {
+    const Day day = std::chrono::local_days(std::chrono::year(2020) / 1 / 5);
+    const BowledEvents events{{"  ", "", day, 1, 150, 150}, {"Open", "", day, 1, 160, 160}};
+    EXPECT_EQ(trendPicture({events, 0}).choices, (QStringList{"All events", "Without a name", "Open"}));
 }
 
 TEST(TrendPicture, BarOfASingleMonthIsNoBlock) {
