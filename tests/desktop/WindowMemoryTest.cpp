@@ -83,6 +83,22 @@ TEST(WindowMemory, OnlyWhatTheUserChangesIsKept) {
     EXPECT_EQ((*settings).allKeys(), QStringList{"sizes/frmMain"});
 }
 
+TEST(WindowMemory, SizeThatADisplayCutsIsKept) {
+    Settings settings;
+    (*settings).setValue("sizes/frmMain", QSize(90'000, 90'000));
+    { const RememberingDesktop desktop(settings.get()); }
+    EXPECT_EQ((*settings).value("sizes/frmMain"), QSize(90'000, 90'000));
+}
+
+TEST(WindowMemory, WindowThatTheUserBringsBackStaysWhereItIs) {
+    RememberingDesktop desktop(nullptr);
+    desktop.window().move(30, 40);
+    QShowEvent back;  // which the window system tells of
+    QSpontaneKeyEvent::setSpontaneous(&back);
+    QCoreApplication::instance()->notify(&desktop.window(), &back);
+    EXPECT_EQ(desktop.window().pos(), QPoint(30, 40));
+}
+
 TEST(WindowMemory, OutlastsTheProgram) {
     Settings settings;
     {
