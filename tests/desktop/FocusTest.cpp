@@ -90,6 +90,13 @@ TEST_F(FocusTest, WhateverElseMovesItIsPutRight) {
     EXPECT_EQ(log(), Lines{});
 }
 
+TEST_F(FocusTest, WindowHandsItOnToTheControlThatHasIt) {
+    window().setFocus(Qt::ActiveWindowFocusReason);
+    EXPECT_EQ(window().focusWidget(), &window());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window().focusWidget(), &widget(screen().txtName));
+}
+
 TEST_F(FocusTest, NoControlHasItWhereTheScreenSaysSo) {
     display.perform([this] {
         for (Control* const control : screen().controls())
