@@ -81,6 +81,12 @@ TEST_F(DesktopDisplayTest, LongWorkShowsTheBusyPointerAndDrawsTheWindows) {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(DesktopDisplayTest, WorkBetweenActionsIsNotTold) {
+    display.perform([this] { workUntilBusy(display); });
+    display.atWork();
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(DesktopDisplayTest, BoxInLongWorkHasTheUsualPointer) {
     hands.expect([](QDialog& box) {
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);

@@ -139,6 +139,14 @@ TEST_F(KeyTest, SpaceWhoseClickIsGivenUpIsNotPressedAgain) {
     EXPECT_EQ(presses, 1);
 }
 
+TEST_F(KeyTest, TabWhoseLeavingIsGivenUpIsNotTyped) {
+    click(screen().txtLines);
+    screen().txtLines.onLostFocus = [] { throw EndHandler{}; };
+    press(Qt::Key_Tab);
+    EXPECT_EQ(screen().txtLines.text(), "");
+    EXPECT_EQ(window().focusWidget(), &widget(screen().txtLines));
+}
+
 TEST_F(KeyTest, ArrowsWalkAmongOptionsAndPinsWithoutChoosing) {
     display.perform([this] { screen().optYes.focus(); });
     press(Qt::Key_Right);

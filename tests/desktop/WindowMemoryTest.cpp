@@ -131,6 +131,14 @@ TEST(WindowMemory, MaximisedStaysMaximised) {
     EXPECT_FALSE(desktop.window().isMaximized());
 }
 
+TEST(WindowMemory, MaximisedComesBackToWhereItWas) {
+    RememberingDesktop desktop(nullptr);
+    desktop.window().setGeometry(30, 40, 700, 500);
+    desktop.window().showMaximized();
+    desktop.window().showNormal();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.window().geometry() == QRect(30, 40, 700, 500); }));
+}
+
 TEST(WindowMemory, MaximisedComesBackAsUsual) {
     const QRect usual = RememberingDesktop(nullptr).window().geometry();
     Settings settings;
