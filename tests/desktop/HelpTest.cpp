@@ -197,6 +197,13 @@ TEST_F(HelpTest, DisplayOpensOneWindow) {
 
 // --- The search --------------------------------------------------------------------------------------------
 
+TEST_F(HelpTest, PageAfterAnotherLeadsBackToIt) {
+    display.help(HelpTopic::PinfallEntry);
+    display.help(HelpTopic::LineScoreEntry);
+    ASSERT_NE(shown(), nullptr);
+    EXPECT_TRUE(shown()->isBackwardAvailable());
+}
+
 TEST_F(HelpTest, FindsOverAllPages) {
     help.open("index");
     search("gutter");
