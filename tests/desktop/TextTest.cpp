@@ -168,6 +168,9 @@ TEST_F(TextTest, SelectionIsLeftAtItsEnds) {
     press(Qt::Key_Right);
     type("y");
     EXPECT_EQ(screen().txtName.text(), "xabcy");
+    nameEdit().setSelection(2, 2);
+    press(Qt::Key_Left);
+    EXPECT_EQ(nameEdit().cursorPosition(), 2);
 }
 
 TEST_F(TextTest, SelectionOutlastsABoxAndAMenu) {

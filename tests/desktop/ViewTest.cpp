@@ -85,6 +85,16 @@ TEST_F(ViewTest, CheckBoxesToggle) {
     }
 }
 
+TEST_F(ViewTest, ClickIsOneClickInTheEndToo) {
+    for (const Control* const control :
+         std::initializer_list<const Control*>{&screen().chkPlain, &screen().chkPin, &screen().optYes}) {
+        click(*control);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(std::ranges::count(log(), "click " + control->name()), 1) << control->name();
+        EXPECT_TRUE(isChecked(*control)) << control->name();
+    }
+}
+
 TEST_F(ViewTest, EverythingHasANameToBeReadAloud) {
     EXPECT_EQ(widget(screen().chkPin).accessibleName(), "7");
     display.perform([this] { screen().chkPin.setSpokenName("Pin 7, standing"); });
