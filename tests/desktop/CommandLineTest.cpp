@@ -1,6 +1,8 @@
 #include "support/RunWithHands.h"
 #include "support/TemporaryFolder.h"
 
+#include <fstream>
+
 namespace tallybrook::test {
 
 namespace {
@@ -42,6 +44,13 @@ TEST_F(CommandLine, FolderThatIsNotThereIsStatus1) {
               "box: The folder of the logbook cannot be opened:||" + path() +
                   "/Tallybrook||It is not there yet. Tallybrook makes it when you start it for "
                   "the first time.\n");
+}
+
+TEST_F(CommandLine, FileInThePlaceOfTheFolderIsNoFolder) {
+    std::ofstream(folder.path() / "Tallybrook") << "a file";
+    const ProgramRun outcome = run({"--folder"});
+    EXPECT_EQ(outcome.status, 1) << outcome.errors.toStdString();
+    EXPECT_TRUE(outcome.output.contains("||It is not there yet.")) << outcome.output.toStdString();
 }
 
 }  // namespace tallybrook::test

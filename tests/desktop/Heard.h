@@ -16,7 +16,8 @@ class Heard {
 public:
     struct Told {
         QAccessible::Event event;
-        std::string object;  // by its name, or by what it is called then where it has none
+        std::string object;  // by its name, or by what it is called then where it has none; an alert that
+                             // nobody hears, since its window is not seen yet, is told as that
         friend bool operator==(const Told&, const Told&) = default;
     };
 
@@ -53,8 +54,10 @@ private:
     }
     static void hear(QAccessibleEvent* event) {
         const QString name = event->object() != nullptr ? event->object()->objectName() : QString();
-        const QString called = name.isEmpty() ? event->accessibleInterface()->text(QAccessible::Name) : name;
-        told().push_back({event->type(), called.toStdString()});
+        const QAccessibleInterface& heard = *event->accessibleInterface();
+        const QString called = name.isEmpty() ? heard.text(QAccessible::Name) : name;
+        const bool isLost = event->type() == QAccessible::Alert && heard.state().invisible;
+        told().push_back({event->type(), called.toStdString() + (isLost ? ", out of sight" : "")});
     }
 
     QAccessible::UpdateHandler before_ = nullptr;
