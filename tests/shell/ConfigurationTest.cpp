@@ -48,7 +48,7 @@ TEST_F(Configuration, IsWrittenLineByLine) {
 
 TEST_F(Configuration, ReadsBackWhatItWrote) {
     for (const char* directory :
-         {"", "/", "C:\\Palm Desktop\\x", "a \"quoted\" = folder", "/home/K\u00f6ln"}) {
+         {"", "/", "C:\\Palm Desktop\\x", "a \"quoted\" = folder", "/media/disk #1", "/home/K\u00f6ln"}) {
         play.session().gHHType = "PPC";
         play.session().gHHSyncDir = directory;
         Write_Config(play.program());
