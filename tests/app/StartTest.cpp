@@ -203,6 +203,19 @@ TEST(MainMenu, HasItsCaptions) {
                      {"mnuAbout", "&About"}});
 }
 
+TEST(MainMenu, TellsItsScreensWhatTheUserCameFor) {
+    Play adding;
+    adding.session().gMode = kReport;
+    adding.click("mnuAddFromForm");
+    EXPECT_EQ(adding.screen().name(), "frmEvent");
+    EXPECT_EQ(adding.session().gMode, kAdd);
+    Play editing;
+    editing.session().gMode = kReport;
+    editing.click("mnuEditData", {{"Tallybrook - Search Results"}});
+    EXPECT_EQ(editing.screen().name(), "frmEventList");
+    EXPECT_EQ(editing.session().gMode, kEdit);
+}
+
 TEST(MainMenu, AsksBeforeItEnds) {
     Play play;
     play.click("mnuExit", {{"Confirm - Exit", Answer::No, "Exit Tallybrook?"}});

@@ -108,6 +108,14 @@ TEST_F(AltLetter, OfAMenuAloneIsTheDisplays) {
     EXPECT_FALSE(person::press(*screen, person::readKey("Alt+F")).used);
 }
 
+TEST_F(AltLetter, OfALabelThatIsHiddenLeadsNowhere) {
+    screen->mnuFile.setEnabled(false);
+    screen->cmdForward.setEnabled(false);
+    EXPECT_EQ(press("Alt+F"), "txtFoot");
+    screen->lblFoot.setVisible(false);
+    EXPECT_FALSE(person::press(*screen, person::readKey("Alt+F")).used);
+}
+
 TEST_F(AltLetter, OfAGroupLeadsToTheFirstInItThatCanTakeTheFocus) {
     EXPECT_EQ(press("Alt+T"), "optOn");
     EXPECT_FALSE(screen->optOn.value());

@@ -232,6 +232,8 @@ TEST_F(Focus, CutsTypedTextAlone) {
     screen->txtOne.setText("longer than five");
     EXPECT_EQ(screen->txtOne.text(), "longer than five");
     EXPECT_EQ(changes, 2);
+    screen->txtOne.enter("longer than fiv");
+    EXPECT_EQ(screen->txtOne.text(), "longer than fiv");  // to take some of it out is no typing
     person::type(screen->txtShown, "x");
     EXPECT_EQ(screen->txtShown.text(), "");
 }
@@ -239,6 +241,14 @@ TEST_F(Focus, CutsTypedTextAlone) {
 TEST_F(Focus, LeavesTypedTextUnselected) {
     person::type(screen->txtTwo, "a");
     EXPECT_FALSE(screen->txtTwo.isAllSelected());
+}
+
+TEST_F(Focus, TypesOverAllWhereverTheCaretIs) {
+    screen->txtTwo.setText("a\tb");
+    screen->txtTwo.focus();
+    screen->txtTwo.moveCaret(0);
+    person::type(screen->txtTwo, "a\tbc");
+    EXPECT_EQ(screen->txtTwo.text(), "abc");  // no key writes the tab
 }
 
 TEST_F(Focus, KeepsABoxOfOneLineOnOneLine) {

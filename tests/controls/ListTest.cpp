@@ -318,6 +318,8 @@ TEST_F(Lists, FoldersAreItemsByTheirFullPaths) {
     screen->dirFolder.setPath(folder.path().string() + "/");
     EXPECT_EQ(screen->dirFolder.path(), folder.path().string());
     EXPECT_EQ(screen->dirFolder.picked(), folder.path().string());
+    screen->dirFolder.setPath(at("b/../a/.."));
+    EXPECT_EQ(screen->dirFolder.path(), folder.path().string());
     Log items = screen->dirFolder.items();
     EXPECT_EQ(items.front(), "/");
     items.erase(items.begin(), items.end() - 3);
@@ -442,6 +444,14 @@ TEST_F(Lists, HiddenFolderOpensOneThatSeemedEmpty) {
     EXPECT_EQ(tree(), (Log{"top+", " a+", "  .only", " b", " c"}));
     EXPECT_FALSE(
         screen->dirFolder.rows()[static_cast<std::size_t>(*screen->dirFolder.rowOf(at("a")))].isEmpty);
+}
+
+TEST_F(Lists, FolderIsFoundBehindAnOpenOneThatItsNameBeginsWith) {
+    fs::create_directories(at("b 2/deep"));
+    screen->dirFolder.setPath(folder.path().string());
+    screen->dirFolder.open(*screen->dirFolder.rowOf(at("b")));
+    screen->dirFolder.setPath(at("b 2"));
+    EXPECT_EQ(tree(), (Log{"top+", " a", " b+", "  inner", " b 2+", "  deep", " c"}));
 }
 
 TEST_F(Lists, RowsBeyondTheTreeFail) {

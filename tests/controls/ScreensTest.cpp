@@ -22,6 +22,15 @@ public:
     void onClose() override {}
 };
 
+/// A screen that tells the display when it lets go of what it holds, and when it is gone.
+class Telling : public Empty {
+public:
+    using Empty::Empty;
+
+    void onUnload() override { screens().display().pointer(Pointer::Busy); }
+    void onUnloaded() override { screens().display().pointer(Pointer::Default); }
+};
+
 using Log = std::vector<std::string>;
 
 class ScreensTest : public testing::Test {
@@ -45,6 +54,14 @@ protected:
     TestDisplay display;
     Screens screens{display};
 };
+
+TEST_F(ScreensTest, LetGoOfWhatTheyHoldBeforeTheyAreGone) {
+    screens.add("Telling", [this] { return std::make_unique<Telling>(screens, "Telling"); });
+    Screen& telling = screen("Telling");
+    told();
+    screens.unload(telling);
+    EXPECT_EQ(told(), (Log{"busy", "unload Telling", "default", "front none"}));
+}
 
 TEST_F(ScreensTest, AreLoadedAndUnloadedOnce) {
     Screen& one = screen("One");

@@ -49,6 +49,13 @@ TEST(CostPicture, NightIsCountedFrameByFrame) {
     EXPECT_EQ(table.rows[6], (QStringList{"Game 2, frame 7", "10", "09", "1-2-3-4-5-6-7-8-9-10"}));
 }
 
+TEST(CostPicture, AllGamesTellWhatOneLosesToADecimal) {
+    ReportFigures figures = readFigures(kGameReport);
+    figures.games.push_back(figures.games.front());
+    figures.games.back().frames->front() = "80";  // and one pin more is lost than with 81
+    EXPECT_TRUE(costsPicture(figures.games).summary.contains(" All games: 69 pins lost, 34.5 a game "));
+}
+
 TEST(CostPicture, LeavesAddUpToTheSame) {
     const PictureTable leaves = pictureOf(goldenReport("full.txt"), "Leaves that cost most").table({});
     int sum = 0;

@@ -602,6 +602,13 @@ TEST_P(PlayerTest, ARelativeChoiceLiesWhereThePlayWasStarted) {
                  "txtFirst text=\"<cwd>/a.txt\" enabled=yes visible=yes focus=no\n");
 }
 
+TEST_P(PlayerTest, ARelativeChoiceLiesThereAfterAnotherFolderWasChosenToo) {
+    const Outcome outcome = play(
+        "start\nclick cmdSave\nchoose \"<data>/a.txt\"\nclick cmdSave\nchoose \"b.txt\"\nshow txtFirst\n");
+    EXPECT_NE(outcome.transcript.find("txtFirst text=\"<cwd>/b.txt\""), std::string::npos)
+        << outcome.transcript;
+}
+
 TEST_P(PlayerTest, AFileMayBeCalledCancel) {
     expectPlayed("click cmdSave\nchoose \"cancel\"\nshow txtFirst\n",
                  "> click cmdSave\n"

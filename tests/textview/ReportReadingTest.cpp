@@ -214,6 +214,8 @@ TEST_F(ReportReadingTest, DoubleClickSelectsAWordAndDraggingWords) {
     doubleClick(at(5));
     EXPECT_EQ(selected(), "two");
     mouse(QEvent::MouseButtonDblClick, at(5));
+    mouse(QEvent::MouseMove, at(6));
+    EXPECT_EQ(view.caret(), 7);
     mouse(QEvent::MouseMove, at(10));
     EXPECT_EQ(selected(), "two three");
     mouse(QEvent::MouseMove, at(1));
@@ -232,6 +234,10 @@ TEST_F(ReportReadingTest, TripleClickSelectsALine) {
     EXPECT_EQ(selected(), "");
     doubleClick(at(1), 3000);
     click(at(1), 3000 + static_cast<ulong>(QApplication::doubleClickInterval()));  // too late
+    EXPECT_EQ(selected(), "");
+    doubleClick(at(1), 4000);
+    click(at(1), 4010);
+    click(at(1), 4020);  // one too many
     EXPECT_EQ(selected(), "");
 }
 
