@@ -169,6 +169,17 @@ TEST_F(ReloadTest, NoticeIsClosedByEscapeAndByItsButton) {
     EXPECT_EQ(told(), "");
 }
 
+TEST_F(ReloadTest, EscapeClosesTheFindBarBeforeTheNotice) {
+    press(Qt::Key_F, Qt::ControlModifier);
+    press(Qt::Key_F5);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(findBar().isVisible());
+    EXPECT_NE(told(), "");
+    press(Qt::Key_Escape);
+    EXPECT_EQ(told(), "");
+    EXPECT_TRUE(window->isVisible());
+}
+
 TEST_F(ReloadTest, NoticeGoesByItselfUnlessItOffersSomething) {
     auto& going = *notice().findChild<QTimer*>();
     auto& offered = *notice().findChild<QPushButton*>();

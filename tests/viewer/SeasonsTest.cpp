@@ -1,6 +1,7 @@
 #include "Window.h"
 #include "readers/Events.h"
 #include "viewer/PictureWidget.h"
+#include "viewer/RecentReports.h"
 
 #include <QClipboard>
 #include <QDropEvent>
@@ -72,6 +73,13 @@ TEST_F(SeasonsTest, ReportIsNotComparedWithItself) {
     });
     press(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(window->windowTitle(), "earlier.txt - Tallybrook Report");
+    EXPECT_FALSE(window->compare({later}));
+    EXPECT_EQ(window->windowTitle(), "earlier.txt - Tallybrook Report");
+}
+
+TEST_F(SeasonsTest, ComparedReportsAreRecent) {
+    ASSERT_TRUE(window->compare({earlier, later}));
+    EXPECT_EQ(RecentReports(settings).files().mid(0, 2), (QStringList{later, earlier}));
 }
 
 TEST_F(SeasonsTest, ReportOfAnotherKindIsRefused) {
