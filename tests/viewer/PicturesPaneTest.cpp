@@ -58,6 +58,7 @@ protected:
             return;
         QDropEvent event({1, 1}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window.get(), &event);
+        EXPECT_TRUE(event.isAccepted()) << "who drags it thinks that nothing has become of it";
     }
     /// The other windows, which destroy themselves when they are closed.
     QStringList closeOthers() {
