@@ -116,6 +116,10 @@ TEST_F(ReportReadingTest, ArrowsLeadThroughLinesFromTheRightAsTheyAreWritten) {
     EXPECT_EQ(caretAfter(Qt::Key_Left), 1);
     EXPECT_EQ(caretAfter(Qt::Key_Left, Qt::ControlModifier), 4);
     EXPECT_GT(view.laid().xOf(0), view.laid().xOf(4));
+    view.select(1, 2);
+    EXPECT_EQ(caretAfter(Qt::Key_Right), 1);  // and leave what is selected there
+    view.select(1, 2);
+    EXPECT_EQ(caretAfter(Qt::Key_Left), 3);
 }
 
 TEST_F(ReportReadingTest, PagesScrollAndTakeTheCaretAlong) {
