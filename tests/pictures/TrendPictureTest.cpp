@@ -1,5 +1,6 @@
 #include "pictures/EventMark.h"
 #include "pictures/Pictures.h"
+#include "pictures/TrendSeries.h"
 #include "readers/Events.h"
 
 #include <QApplication>
@@ -163,6 +164,14 @@ TEST(TrendPicture, LegendNamesOthersWhereThereAreMoreLeaguesThanMarks) {
     };
     EXPECT_FALSE(namesOthers(kEventMarks - 1));
     EXPECT_TRUE(namesOthers(kEventMarks));
+}
+
+TEST(TrendPicture, LeaguesBeyondTheMarksShareTheLastOne) {
+    const Day day = std::chrono::local_days(std::chrono::year(2020) / 1 / 5);
+    BowledEvents events;
+    for (const char* const name : {"A", "B", "C", "D", "E", "F", "G", "H", "I"})
+        events.push_back({name, "", day, 1, 150, 150});
+    EXPECT_EQ(TrendChoices(events).at(0)->marks, (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 6, 6}));
 }
 
 TEST(TrendPicture, LeagueOfBlanksHasNoName) {
