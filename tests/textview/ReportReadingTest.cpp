@@ -342,6 +342,9 @@ TEST_F(ReportReadingTest, CaretIsShownWhereTheFocusIs) {
     const QImage with = view.viewport()->grab(caret).toImage();
     view.clearFocus();
     EXPECT_NE(view.viewport()->grab(caret).toImage(), with);
+    view.select(1, 0);
+    view.select(0, 0);  // as the find bar does
+    EXPECT_NE(view.viewport()->grab(caret).toImage(), with);
     EXPECT_EQ(view.inputMethodQuery(Qt::ImCursorRectangle).toRectF().topLeft(), view.placeOf(0).topLeft());
 }
 
