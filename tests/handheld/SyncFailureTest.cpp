@@ -196,6 +196,18 @@ TEST_F(RowsOnTheDisk, AreToldOfInALogThatCanBeRead) {
     EXPECT_TRUE(isSameText(play.runLog(), whole));
 }
 
+TEST_F(RowsOnTheDisk, AreToldOfInALogThatCanBeReadWhileAFailureIsTold) {
+    Exports files = smallExports();
+    files.events.push_back(
+        EventLine{.recordId = "E000000002", .eventId = "102", .date = "some night"}.text());
+    play.put(files);
+    std::string log;
+    Expected first = SyncPlay::failure("ReadCDBEvents", error::kTypeMismatch);
+    first.meanwhile = [&] { log = play.runLog(); };
+    play.failingSync({first, SyncPlay::failure("ReadCDBGames", 52), SyncPlay::failure("cmdAddPDA", 52)});
+    EXPECT_TRUE(log.ends_with("Event E000000001 added to database. Key: 1\r\n")) << log;
+}
+
 constexpr const char* kRunLog = "PDA_SyncLog-11-14-2026-2155.txt";
 
 // --- Files that cannot be written --------------------------------------------------------------------------
