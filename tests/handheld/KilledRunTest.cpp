@@ -77,6 +77,16 @@ protected:
                store.rows("tblFrameInfo").size() == 1;
     }
 
+    /// What the run's log tells as added has come to the disk before the log tells it.
+    static void expectTheEventThatIsTold(const fs::path& data) {
+        const fs::path log = data / "TBRK" / "PDA DB Archive" / "PDA_SyncLog-11-14-2026-2155.txt";
+        if (!fs::exists(log) || bytesOf(log).find("Event E000000001 added") == std::string::npos)
+            return;
+        const SettableClock time = clock();
+        Store store(data / "Tallybrook_DB.mdb", time);
+        EXPECT_EQ(store.rows("tblEventInfo").size(), 1U);
+    }
+
     static void expectWholeArchive(const fs::path& data) {
         for (const auto& [name, bytes] : exportFiles()) {
             const fs::path copy = data / "TBRK" / "PDA DB Archive" / (name + "-11-14-2026-2155.cdb");
@@ -101,6 +111,7 @@ TEST_P(KilledRuns, LoseNothing) {
         EXPECT_TRUE(asItWas || logbookHasAllRows(left));
         replaced += asItWas ? 0 : 1;
         expectWholeArchive(left);
+        expectTheEventThatIsTold(left);
     }
     EXPECT_GT(moments.size(), 30U);
     EXPECT_GT(replaced, 2);  // some of them lie in the midst of replacing
