@@ -311,7 +311,7 @@ TEST_F(EventSearch, ComesToTheFrontWhereNothingIsFound) {
     fill(0, "Series Total", "is greater than", "9999");
     play.click("mnuHelpAbout");
     play.display.forgetEvents();
-    play.run([&] { person::click(play.control(search(), "cmdSearch")); }, {kNoHits});
+    play.run([&] { person::click(BrowsePlay::control(search(), "cmdSearch")); }, {kNoHits});
     EXPECT_EQ(play.display.events(), std::vector<std::string>{"raise frmSearchEvents"});
 }
 
