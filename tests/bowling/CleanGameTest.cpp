@@ -92,6 +92,13 @@ TEST(CleanGame, TenthFrameEarnsNoBallThatNobodyBowled) {
     EXPECT_EQ(costsOf(cells)->lost.back(), 0);
 }
 
+TEST(CleanGame, OpenFrameBecomesASpareWithNoPinBehindIt) {
+    EXPECT_EQ(cleanCell(0, "72"), "7/");
+    EXPECT_EQ(cleanCell(9, "72"), "7/0");
+    EXPECT_EQ(cleanCell(9, "X72"), "X7/");
+    EXPECT_EQ(cleanCell(9, "XX7"), "XX7");
+}
+
 TEST(CleanGame, UnfinishedGameHasNone) {
     EXPECT_FALSE(costsOf({}));
     EXPECT_FALSE(costsOf({"81", "81", "81"}));

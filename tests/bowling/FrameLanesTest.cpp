@@ -28,8 +28,11 @@ TEST(FrameLanes, AlternateUpToTheTenthFrame) {
     lanes.workOutNext(5, true, true);
     EXPECT_EQ(lanes.next, Int16(5));
     lanes.current = 9;  // not of the pair
-    lanes.workOutNext(5, true, false);
-    EXPECT_EQ(lanes.next, Int16(5));
+    for (const Int16 before : {lanes.pair.left, lanes.pair.right}) {
+        lanes.next = before;
+        lanes.workOutNext(5, true, false);
+        EXPECT_EQ(lanes.next, before);
+    }
     lanes.workOutNext(5, true, true);
     EXPECT_EQ(lanes.next, Int16(9));
 }
