@@ -165,7 +165,7 @@ void Backup::check(const fs::path& copy, std::uint64_t hash, const std::stop_tok
         obey(stop);
         file.read(part, at);
     };
-    if (hashOf(read, 0, file.size()) != hash)
+    if (file.size() != oldPages_.size() || hashOf(read, 0, file.size()) != hash)
         throw std::runtime_error("The copy was not like the logbook.");
     fromLogbook([&] {
         const SQLite::Database database = openAsItStands(copy);
