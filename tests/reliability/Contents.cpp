@@ -4,7 +4,6 @@
 #include "support/TemporaryFolder.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -100,11 +99,14 @@ void SaveHistory::after(const DiskAccess& access) {
     if (access.file != logbook_.string() + "-journal" || !endsJournal(access))
         return;
     Contents contents = contentsOfCopy(logbook_);
-    if (contents != states_.back())
-        states_.push_back(std::move(contents));
+    if (contents == states_.back())
+        return;
+    states_.push_back(std::move(contents));
+    possible_.clear();
 }
 
-bool SaveHistory::canLeave(const Contents& contents) const {
+/// What is there where each of the saves was made or was not.
+std::set<Contents> SaveHistory::endsOfAnySaves() const {
     std::set<Contents> possible{atStart()};
     for (std::size_t save = 1; save < states_.size(); ++save) {
         std::set<Contents> saved = possible;
@@ -114,7 +116,13 @@ bool SaveHistory::canLeave(const Contents& contents) const {
         }
         possible = std::move(saved);
     }
-    return possible.contains(contents);
+    return possible;
+}
+
+bool SaveHistory::canLeave(const Contents& contents) const {
+    if (possible_.empty())
+        possible_ = endsOfAnySaves();
+    return possible_.contains(contents);
 }
 
 bool SaveHistory::hasHeld(const std::string& row, const std::string& field, const std::string& value) const {

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -40,11 +41,13 @@ public:
     [[nodiscard]] bool canLeaveInParts(const Contents& contents) const;
 
 private:
+    [[nodiscard]] std::set<Contents> endsOfAnySaves() const;
     [[nodiscard]] bool hasHeld(const std::string& row, const std::string& field,
                                const std::string& value) const;
 
     const std::filesystem::path logbook_;
     std::vector<Contents> states_;
+    mutable std::set<Contents> possible_;  ///< Once it was asked for, until the next save.
 };
 
 }  // namespace tallybrook::test

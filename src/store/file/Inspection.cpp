@@ -99,28 +99,31 @@ void inspectPermissions(const fs::path& file) {
         refuseLogbook(file, "The file or its folder cannot be written. Please check their permissions.");
 }
 
-/// Whether there is a table of that name which holds rows of its own under keys: no view, which may compute
-/// for ever, and no virtual table, which is what some function makes of it.
-bool isTable(const SQLite::Database& database, const Table& table) {
-    SQLite::Statement found(database,
-                            "SELECT 1 FROM pragma_table_list WHERE schema = 'main' AND type = 'table' AND "
-                            "wr = 0 AND name = ? COLLATE NOCASE");
-    found.bind(1, table.name);
-    return found.executeStep();
-}
+/// Tells the columns of a table which holds rows of its own under keys; none where there is no such table,
+/// but a view, which may compute for ever, or a virtual table, which is what some function makes of it.
+class ColumnsOf {
+public:
+    explicit ColumnsOf(const SQLite::Database& database)
+        : columns_(database,
+                   "SELECT info.name FROM pragma_table_list(?) AS list, pragma_table_info(list.name) AS info "
+                   "WHERE list.schema = 'main' AND list.type = 'table' AND list.wr = 0") {}
 
-/// Whether the table has all its columns.
-bool isWhole(const SQLite::Database& database, const Table& table) {
-    SQLite::Statement column(database, "SELECT name FROM pragma_table_info(?)");
-    column.bind(1, table.name);
-    std::set<std::string> found;
-    while (column.executeStep())
-        found.insert(column.getColumn(0).getString());
-    return std::ranges::all_of(table.columns, [&](const Column& one) { return found.contains(one.name); });
-}
+    std::set<std::string> operator()(const Table& table) {
+        columns_.reset();
+        columns_.bind(1, table.name);
+        std::set<std::string> found;
+        while (columns_.executeStep())
+            found.insert(columns_.getColumn(0).getString());
+        return found;
+    }
+
+private:
+    SQLite::Statement columns_;
+};
 
 bool hasAllTables(const SQLite::Database& database) {
-    return std::ranges::all_of(tables(), [&](const Table& table) { return isTable(database, table); });
+    ColumnsOf columnsOf(database);
+    return std::ranges::none_of(tables(), [&](const Table& table) { return columnsOf(table).empty(); });
 }
 
 std::int64_t numberFrom(const SQLite::Database& database, const char* sql) {
@@ -151,8 +154,12 @@ int schemaOf(const SQLite::Database& database) {
 }
 
 bool hasAllColumns(const SQLite::Database& database) {
-    return hasAllTables(database) &&
-           std::ranges::all_of(tables(), [&](const Table& table) { return isWhole(database, table); });
+    ColumnsOf columnsOf(database);
+    return std::ranges::all_of(tables(), [&](const Table& table) {
+        const std::set<std::string> found = columnsOf(table);
+        return std::ranges::all_of(table.columns,
+                                   [&](const Column& one) { return found.contains(one.name); });
+    });
 }
 
 void inspectTables(const fs::path& file, const SQLite::Database& database, int newestSchema) {
