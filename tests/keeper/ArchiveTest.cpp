@@ -176,6 +176,28 @@ TEST_F(Archive, MakesALogbookOnlyWhereThereIsNoneOrAnEmptyOne) {
     EXPECT_FALSE(read(other).isNew);
 }
 
+TEST_F(Archive, FillsAnEmptyLogbookToWhichALinkLeads) {
+    test::addEvent(data, "Tuesday");
+    write();
+    test::change(other, {});
+    const fs::path real = folder.path() / "real.mdb";
+    fs::rename(logbookIn(other), real);
+    fs::create_symlink(real, logbookIn(other));
+    EXPECT_TRUE(read(other).isNew);
+    EXPECT_TRUE(fs::is_symlink(logbookIn(other)));
+    EXPECT_EQ(rowsOf(real), rowsOf(logbookIn(data)));
+}
+
+TEST_F(Archive, MakesALogbookBesideWhichNothingOldIsLeft) {
+    test::addEvent(data, "Tuesday");
+    write();
+    const fs::path journal = logbookIn(other).string() + "-journal";
+    std::ofstream(journal) << "of a logbook that is gone";
+    EXPECT_TRUE(read(other).isNew);
+    EXPECT_FALSE(fs::exists(journal));
+    EXPECT_EQ(rowsOf(logbookIn(other)), rowsOf(logbookIn(data)));
+}
+
 TEST_F(Archive, LeavesEventsThatAreThereAlreadyUnlessItIsChosen) {
     test::addEvent(data, "Tuesday", 1);
     test::addEvent(data, "Friday", 1);
@@ -214,6 +236,19 @@ TEST_F(Archive, FindsTwoEventsOfOneNameOneByOne) {
     const Intake intake = read(data);
     EXPECT_EQ(intake.passedOver, 1);
     EXPECT_EQ(intake.added.events, 1);
+}
+
+TEST_F(Archive, PairsTwoEventsOfOneNameInTheirOrder) {
+    test::addEvent(data, "Practice", 1);
+    test::addEvent(data, "Practice", 1);
+    write();
+    test::change(data, {"UPDATE tblGameInfo SET fldGameScore = 299"});
+    EXPECT_EQ(read(data, {.usual = Same::Keep, .ofEvents = {{1, Same::Take}}}).replaced, 1);
+    SQLite::Database logbook(logbookIn(data).string());
+    EXPECT_EQ(logbook.execAndGet("SELECT fldGameScore FROM tblGameInfo WHERE fldSessionNum = 1").getInt(),
+              150);
+    EXPECT_EQ(logbook.execAndGet("SELECT fldGameScore FROM tblGameInfo WHERE fldSessionNum = 2").getInt(),
+              299);
 }
 
 TEST_F(Archive, LeavesOutRowsWithoutAnEventWhereItIsAdded) {
