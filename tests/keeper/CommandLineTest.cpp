@@ -1,9 +1,11 @@
+#include "backup/Backups.h"
 #include "keeper/Command.h"
 #include "keeper/Export.h"
 #include "keeper/Keeper.h"
 #include "keeper/Logbooks.h"
 #include "keeper/OldLogbook.h"
 #include "keeper/TerminalProgress.h"
+#include "runtime/InstanceLock.h"
 #include "support/Anybody.h"
 #include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
@@ -12,9 +14,12 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <sstream>
 
 #include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
 
 namespace tallybrook::keeper {
 
@@ -114,6 +119,19 @@ TEST(KeeperExport, TellsWhatThereIsNoRoomFor) {
     EXPECT_EQ(told, "This cannot be written: " + file.string() + "\nNo space left on device.");
 }
 
+TEST(KeeperExport, TellsEachNoteInALineOfItsOwn) {
+    const test::TemporaryFolder folder;
+    test::addEvent(folder.path(), "Tuesday", 1);
+    test::change(folder.path(), {"UPDATE tblEventInfo SET fldComment = hex(zeroblob(20000))"});
+    const SettableClock clock{makeDate(2026, 11, 22)};
+    backUpNow(logbookIn(folder.path()), clock);
+    const InstanceLock running(lockIn(folder.path()));
+    NoProgress nobody;
+    EXPECT_EQ(exportWorkbook(folder.path(), folder.path() / "mine.xlsx", clock, nobody).note,
+              "Tallybrook is running. This is from its newest backup, of 11/22/2026.\n"
+              "Texts that are longer than a cell can be, and were cut: 1.");
+}
+
 TEST(KeeperAnswer, CountsTheNotesThatItLeavesOut) {
     carry::CarriedOver carried;
     carried.notes = {"a picture", "a sound"};
@@ -123,13 +141,68 @@ TEST(KeeperAnswer, CountsTheNotesThatItLeavesOut) {
         << inWords(carried);
 }
 
-TEST_F(KeeperCommandLine, IsCancelledByAnInterrupt) {
-    TerminalProgress terminal;
-    EXPECT_NO_THROW(terminal.begin("Reading", 10));
-    EXPECT_EQ(std::raise(SIGINT), 0);
-    EXPECT_THROW(terminal.reach(1), Cancelled);
+TEST(KeeperAnswer, TellsWhichTotalsAreNotThoseOfTheirGames) {
+    carry::CarriedOver carried;
+    carried.figures.byEvent = {{0, {.games = 1, .pins = 150}},
+                               {3, {.isThere = true, .games = 2, .pins = 300, .seriesTotal = 300}},
+                               {4, {.isThere = true, .games = 2, .pins = 300, .seriesTotal = 310}},
+                               {5, {.isThere = true, .seriesTotal = 500}}};
+    EXPECT_TRUE(inWords(carried).ends_with(
+        "\nEvents whose recorded total is not that of their games, in the old logbook too:\n"
+        "    event 4: recorded 310, its games come to 300\n"))
+        << inWords(carried);
+}
+
+void forgetInterrupts() {
     std::signal(SIGINT, SIG_DFL);
     std::signal(SIGTERM, SIG_DFL);
+}
+
+TEST_F(KeeperCommandLine, IsCancelledByAnInterrupt) {
+    for (const int interrupt : {SIGINT, SIGTERM}) {
+        TerminalProgress terminal;
+        EXPECT_NO_THROW(terminal.begin("Reading", 10));
+        EXPECT_EQ(std::raise(interrupt), 0);
+        EXPECT_THROW(terminal.reach(1), Cancelled);
+    }
+    forgetInterrupts();
+}
+
+/// What some work shows on a terminal, as it is written there.
+std::string shownOnATerminal(const std::function<void(Progress& progress)>& work) {
+    int reader = -1;
+    int terminal = -1;
+    EXPECT_EQ(openpty(&reader, &terminal, nullptr, nullptr, nullptr), 0);
+    const int before = dup(STDERR_FILENO);
+    dup2(terminal, STDERR_FILENO);
+    {
+        TerminalProgress progress;
+        work(progress);
+    }
+    dup2(before, STDERR_FILENO);
+    close(before);
+    close(terminal);
+    forgetInterrupts();
+    std::string shown;
+    for (char sign = 0; read(reader, &sign, 1) == 1;)
+        shown += sign;
+    close(reader);
+    return shown;
+}
+
+TEST(KeeperTerminal, ShowsEachPieceOfWorkInPlaceOfTheOneBefore) {
+    EXPECT_EQ(shownOnATerminal([](Progress& progress) {
+                  progress.begin("Copying", 200);
+                  progress.reach(1);
+                  progress.reach(101);
+                  progress.begin("Checking");
+                  progress.begin("Storing");
+              }),
+              "\r\rCopying: 0%"
+              "\r           \rCopying: 50%"
+              "\r            \rChecking..."
+              "\r           \rStoring..."
+              "\r          \r");
 }
 
 }  // namespace
