@@ -218,6 +218,12 @@ TEST_F(Restore, TellsInWordsHowABackupDiffers) {
         "1 event was changed since; games or frames without an event differ");
 }
 
+TEST_F(Restore, TellsATextFromTheSameBytes) {
+    test::change(data, {"UPDATE tblEventInfo SET fldEventName = CAST(fldEventName AS BLOB) "
+                        "WHERE fldSessionNum = 1"});
+    EXPECT_EQ(difference(), "1 event was changed since");
+}
+
 TEST_F(Restore, IsForNobodyWhileTallybrookRuns) {
     test::addEvent(data, "Sunday", 1);
     const auto before = rowsOf(logbookIn(data));
@@ -272,6 +278,11 @@ TEST_F(Restore, AnswersProgramsInJson) {
     EXPECT_EQ(json["backups"][0]["difference"]["words"], "the same as today's logbook");
     EXPECT_EQ(run({"restore", "newest", "--json"}), ExitStatus::Done);
     EXPECT_EQ(nlohmann::json::parse(out.str())["holds"]["events"], 2);
+}
+
+TEST_F(Restore, AnswersProgramsThoughANameIsNoUtf8) {
+    EXPECT_EQ(run({"archive", (data / "caf\xE9.jsonl").string(), "--json"}), ExitStatus::Done);
+    EXPECT_EQ(nlohmann::json::parse(out.str())["place"], (data / "caf\xEF\xBF\xBD.jsonl").string());
 }
 
 TEST_F(Restore, ListsBackupsBesideADamagedLogbook) {
