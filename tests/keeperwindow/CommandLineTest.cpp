@@ -1,3 +1,4 @@
+#include "keeper/Logbooks.h"
 #include "support/RunWithHands.h"
 #include "support/TemporaryFolder.h"
 
@@ -7,9 +8,10 @@ namespace {
 
 class CommandLine : public testing::Test {
 protected:
-    [[nodiscard]] test::ProgramRun run(const QStringList& arguments, const QString& display) const {
+    [[nodiscard]] test::ProgramRun run(const QStringList& arguments, const QString& display,
+                                       const QString& variable = "DISPLAY") const {
         const QString path = QString::fromStdString(folder.path().string());
-        return test::runWithHands(TALLYBROOK_KEEPER, arguments, path, display);
+        return test::runWithHands(TALLYBROOK_KEEPER, arguments, path, display, variable);
     }
 
     test::TemporaryFolder folder;
@@ -20,9 +22,12 @@ const QString kWindow = "window: Tallybrook Keeper\n";
 }  // namespace
 
 TEST_F(CommandLine, WindowComesUpWhereThereIsADisplay) {
-    const test::ProgramRun outcome = run({}, ":0");
-    EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
-    EXPECT_EQ(outcome.output, kWindow);
+    for (const auto& [variable, display] :
+         {std::pair{"DISPLAY", ":0"}, std::pair{"WAYLAND_DISPLAY", "wayland-0"}}) {
+        const test::ProgramRun outcome = run({}, display, variable);
+        EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
+        EXPECT_EQ(outcome.output, kWindow) << variable;
+    }
 }
 
 TEST_F(CommandLine, WithoutADisplayTheWindowMustBeAskedFor) {
@@ -38,6 +43,18 @@ TEST_F(CommandLine, CommandsNeedNoWindow) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
     EXPECT_TRUE(outcome.errors.contains("There is no such folder: ")) << outcome.errors.toStdString();
+}
+
+TEST_F(CommandLine, FileThatMayGrowNoFurtherIsTold) {
+    test::addEvent(folder.path(), "Tuesday");
+    const QString data = QString::fromStdString(folder.path().string());
+    const QString file = data + "/mine.jsonl";
+    const test::ProgramRun outcome = test::runWithHands(
+        "/bin/sh",
+        {"-c", R"(ulimit -f 1 && exec "$0" "$@")", TALLYBROOK_KEEPER, "archive", file, "--data", data}, data);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_EQ(outcome.errors, "This cannot be written: " + file + "\nFile too large.\n");
 }
 
 }  // namespace tallybrook::keeper

@@ -1,5 +1,7 @@
 #include "keeperwindow/WindowTexts.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 namespace tallybrook::keeper {
@@ -16,6 +18,14 @@ TEST(MomentText, TellsTheDayAndTheTimeAsAmericansDo) {
     EXPECT_EQ(momentText(night + hours{12}), "Sunday, January 4, 2026, 12:00 PM");
     EXPECT_EQ(momentText(night + hours{23} + minutes{59}), "Sunday, January 4, 2026, 11:59 PM");
     EXPECT_EQ(momentText(makeDate(2026, 12, 31)), "Thursday, December 31, 2026, 12:00 AM");
+}
+
+TEST(MomentText, IsThatOfAmericansWhateverTheDesktopSpeaks) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(momentText(makeDate(2026, 1, 4)), "Sunday, January 4, 2026, 12:00 AM");
+    EXPECT_EQ(contentsText({.size = 1'234'567}), "1.2 MB");
+    QLocale::setDefault(before);
 }
 
 TEST(ContentsText, TellsAsMuchAsIsKnown) {

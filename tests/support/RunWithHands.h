@@ -16,9 +16,9 @@ struct ProgramRun {
 
 /// Runs a real program in a folder, where its settings and its data lie too. Its boxes and windows are closed
 /// by the hands of `tests/support/hands`, which write down what they have seen. `display` is the one that the
-/// program is told of, which the hands do without.
+/// program is told of by a variable of the environment, and which the hands do without.
 inline ProgramRun runWithHands(const QString& program, const QStringList& arguments, const QString& folder,
-                               const QString& display = {}) {
+                               const QString& display = {}, const QString& variable = "DISPLAY") {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("QT_QPA_PLATFORM", "offscreen");
@@ -29,7 +29,7 @@ inline ProgramRun runWithHands(const QString& program, const QStringList& argume
     environment.remove("WAYLAND_DISPLAY");
     environment.remove("DISPLAY");
     if (!display.isEmpty())
-        environment.insert("DISPLAY", display);
+        environment.insert(variable, display);
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder);
     process.start(program, arguments);
