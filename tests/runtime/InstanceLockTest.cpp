@@ -2,6 +2,8 @@
 #include "runtime/RunTimeError.h"
 #include "support/TemporaryFolder.h"
 
+#include <cstdio>
+
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -33,6 +35,20 @@ TEST(InstanceLock, DiesWithItsProcess) {
     ASSERT_EQ(waitpid(child, &status, 0), child);
     EXPECT_EQ(WEXITSTATUS(status), 0);
     EXPECT_TRUE(InstanceLock(file).held());
+}
+
+TEST(InstanceLock, IsNotHeldByAProgramThatWasStarted) {
+    const test::TemporaryFolder folder;
+    const auto file = folder.path() / "lock";
+    std::FILE* started = nullptr;
+    {
+        const InstanceLock lock(file);
+        EXPECT_TRUE(lock.held());
+        started = popen("read line", "w");  // goes on until it is told something
+        ASSERT_NE(started, nullptr);
+    }
+    EXPECT_TRUE(InstanceLock(file).held());
+    pclose(started);
 }
 
 TEST(InstanceLock, NeedsItsFolder) {

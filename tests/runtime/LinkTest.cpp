@@ -1,6 +1,7 @@
 // A link stands where a file is written. What it leads to stays as it is: the name is replaced, and never the
 // target.
 
+#include "runtime/InstanceLock.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/TextFile.h"
 #include "runtime/UnfinishedFile.h"
@@ -142,6 +143,12 @@ TEST_F(SymbolicLink, ToNothingMakesNothingElsewhere) {
     EXPECT_EQ(bytesOf(link), "one\r\n");
     EXPECT_FALSE(fs::is_symlink(link));
     EXPECT_FALSE(fs::exists(nowhere));
+}
+
+TEST_F(SymbolicLink, ToNothingIsNoLock) {
+    fs::create_symlink(folder.path() / "nowhere", link);
+    EXPECT_EQ(faultOf([&] { const InstanceLock lock(link); }), error::kPathFileAccess);
+    EXPECT_FALSE(fs::exists(folder.path() / "nowhere"));
 }
 
 TEST_F(SymbolicLink, ToAFolderStays) {
