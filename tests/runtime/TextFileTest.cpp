@@ -1,3 +1,4 @@
+#include "runtime/Clock.h"
 #include "runtime/RunTimeError.h"
 #include "runtime/TextFile.h"
 #include "support/Anybody.h"
@@ -6,6 +7,8 @@
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
+#include <chrono>
+#include <ctime>
 #include <fstream>
 #include <functional>
 #include <iterator>
@@ -71,6 +74,7 @@ TEST_F(TextFiles, KeepEveryByteOfWindows1252) {
         all += static_cast<char>(byte);
     EXPECT_EQ(encoded(decoded(all, Encoding::Windows1252), Encoding::Windows1252), all);
     EXPECT_EQ(encoded("\u4e2d", Encoding::Windows1252), "?");
+    EXPECT_EQ(encoded("\u0080\u009f\u00a0", Encoding::Windows1252), "??\xA0");
 }
 
 TEST_F(TextFiles, AreWrittenWithTheirLineEnds) {
@@ -195,6 +199,14 @@ TEST_F(TextFiles, AreCopiedMeasuredAndDeleted) {
     EXPECT_FALSE(fileExists(folder.path()));
     deleteFile(copy);
     EXPECT_FALSE(fileExists(copy));
+}
+
+TEST_F(TextFiles, BearTheDateOnWhichTheyWereWritten) {
+    put("old");
+    constexpr std::time_t kWritten = 1'000'000'000;
+    const auto written = std::chrono::system_clock::from_time_t(kWritten);
+    fs::last_write_time(file, std::chrono::file_clock::from_sys(written));
+    EXPECT_EQ(fileDate(file), localTime(kWritten));
 }
 
 TEST_F(TextFiles, AreReplacedByACopyWhole) {
