@@ -33,7 +33,7 @@ TEST(DateText, IsReadInManyForms) {
          {"11/14/2026",       "11-14-2026",       "11.14.2026",  "11/14/26",   "11/14",      "11-14",
           "14/11/2026",       "14.11.26",         "14-11",       "2026-11-14", "2026/11/14", "Nov 14, 2026",
           "14 november 2026", "NOVEMBER 14 2026", "14-Nov-2026", "nov 14",     "14 nov",     "2026 Nov 14",
-          " 11 / 14 / 2026 ", "Nov 14, 26"})
+          " 11 / 14 / 2026 ", "Nov 14, 26",       "Nov\t14 2026"})
         EXPECT_EQ(readDate(text, 2026), day) << text;
     EXPECT_EQ(readDate("1/1/29", 2026), makeDate(2029, 1, 1));
     EXPECT_EQ(readDate("1/1/30", 2026), makeDate(1930, 1, 1));

@@ -118,6 +118,14 @@ TEST(Value, IsConverted) {
     EXPECT_EQ(numberOf([] { toDate(Value{1e300}, 2026); }), error::kOverflow);
 }
 
+TEST(Value, IsJustThisTextOrNot) {
+    EXPECT_TRUE(isText("Kim", "Kim"));
+    EXPECT_FALSE(isText("Kim", "kim"));
+    EXPECT_TRUE(isText(std::int64_t{12}, "12"));
+    EXPECT_TRUE(isText(std::string(), ""));
+    EXPECT_FALSE(isText(Null{}, ""));
+}
+
 TEST(Value, IsADateOfTheYears100To9999) {
     EXPECT_EQ(toDate(Value{-657434.0}, 2026), makeDate(100, 1, 1));
     EXPECT_EQ(toDate(Value{2958465.5}, 2026), makeDate(9999, 12, 31) + std::chrono::hours{12});

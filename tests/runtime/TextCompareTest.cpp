@@ -15,6 +15,7 @@ TEST(TextCompare, KnowsNoCase) {
     EXPECT_LT(compareText("a", "B"), 0);
     EXPECT_GT(compareText("b", "A"), 0);
     EXPECT_LT(compareText("a", "ab"), 0);
+    EXPECT_LT(compareText("_", "A"), 0) << "small letters are what is compared";
     EXPECT_NE(compareText("\xff", "\xfe"), 0);
 }
 
@@ -44,6 +45,8 @@ TEST(Like, AgreesWithThePlainRule) {
         RC_ASSERT(likeText(text, pattern) == plainLike(text, pattern));
     }));
     EXPECT_TRUE(likeText("Z\u00dcRICH Lanes", "%\u00fcr_ch%"));
+    EXPECT_TRUE(likeText("Lanes", "lanes%%"));
+    EXPECT_TRUE(likeText("", "%%"));
     EXPECT_FALSE(likeText(std::string(5000, 'a'), "%a%a%a%a%a%a%a%a%b"));
 }
 
