@@ -116,6 +116,23 @@ TEST(UnfinishedFiles, AreOnTheDiskBeforeTheyGetTheirNameAndTheirNameIsAfterwards
     EXPECT_EQ(calls, "sync " + made + "\nrename " + made + "\nsync " + folder.path().string() + "\n");
 }
 
+TEST(UnfinishedFiles, GetTheirNameOnTheDiskInTheCurrentFolderToo) {
+    const TemporaryFolder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.path());
+    std::string last;
+    {
+        const FileCalls watching([&last](const FileCall& call) {
+            if (call.kind == FileCall::Kind::Sync)
+                last = call.path;
+            return 0;
+        });
+        UnfinishedFile("report.txt").putInPlace();
+    }
+    fs::current_path(before);
+    EXPECT_EQ(last, folder.path().string());
+}
+
 TEST(Volumes, AreWhatLiesOnDevicesAndServers) {
     const TemporaryFolder folder;
     const std::string base = folder.path().string();

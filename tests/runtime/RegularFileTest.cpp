@@ -74,6 +74,13 @@ TEST_P(NoFile, IsRefusedAtOnce) {
         EXPECT_THROW(RegularFile(place, flags), std::system_error) << flags;
 }
 
+TEST_P(NoFile, IsNotKeptOpen) {
+    const auto openFiles = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = openFiles();
+    EXPECT_THROW(RegularFile(place, O_RDONLY), std::system_error);
+    EXPECT_EQ(openFiles(), before);
+}
+
 TEST_P(NoFile, IsNotRead) {
     EXPECT_EQ(faultOf([&] { const TextReader reader(place); }), error::kPathFileAccess);
     EXPECT_EQ(faultOf([&] { copyFile(place, folder.path() / "copy"); }), error::kPermissionDenied);

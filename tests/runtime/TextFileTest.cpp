@@ -149,6 +149,7 @@ TEST_F(TextFiles, FailByNumber) {
     EXPECT_EQ(faultOf([&] { TextWriter writer(nowhere); }), error::kPathNotFound);
     EXPECT_EQ(faultOf([&] { TextWriter writer(folder.path()); }), error::kPathFileAccess);
     EXPECT_EQ(faultOf([&] { copyFile(file, folder.path() / "copy"); }), error::kFileNotFound);
+    EXPECT_EQ(faultOf([&] { copyFile(file, nowhere); }), error::kFileNotFound);
     EXPECT_EQ(faultOf([&] { deleteFile(file); }), error::kFileNotFound);
     EXPECT_EQ(faultOf([&] { fileLength(file); }), error::kFileNotFound);
     EXPECT_EQ(faultOf([&] { fileDate(file); }), error::kFileNotFound);
