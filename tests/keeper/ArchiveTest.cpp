@@ -389,6 +389,19 @@ TEST_F(Archive, DoesNotReadLinesWithoutEnd) {
     EXPECT_EQ(refusal(), "Line 2: The line is no row of the logbook.");
 }
 
+TEST_F(Archive, IsNotWrittenWithALineThatCouldNotBeRead) {
+    test::addEvent(data, "Tuesday", 1);
+    test::change(data, {"UPDATE tblEventInfo SET fldComment = hex(zeroblob(33 << 20))"});
+    try {
+        write();
+        ADD_FAILURE() << "it was written";
+    } catch (const Refused& refused) {
+        EXPECT_STREQ(refused.what(),
+                     "The event with the key 1 holds more than an archive can take, which is 64 MB.");
+    }
+    EXPECT_FALSE(fs::exists(file));
+}
+
 TEST_F(Archive, IsAFileAndNothingElse) {
     test::change(data, {});
     ASSERT_EQ(mkfifo(file.c_str(), S_IRUSR | S_IWUSR), 0);

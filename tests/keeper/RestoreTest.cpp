@@ -164,6 +164,14 @@ TEST_F(Restore, OfAnEventLeavesAllOthersAsTheyAre) {
     EXPECT_TRUE(std::equal(rest.begin(), rest.end() - 3, again.begin())) << "but for the keys given";
 }
 
+TEST_F(Restore, OfAnEventMakesALogbookWhereThereIsNone) {
+    fs::remove(logbookIn(data));
+    EXPECT_EQ(takeEvents(HeldLogbook(data), first(), {2}, clock, nobody),
+              (Counts{.events = 1, .games = 2, .frames = 20}));
+    EXPECT_EQ(countsOf(SQLite::Database(logbookIn(data).string())).events, 1);
+    EXPECT_EQ(backupsIn(data).times().size(), 1U) << "there was nothing to be backed up";
+}
+
 TEST_F(Restore, OfEventsIsDoneWhollyOrNotAtAll) {
     const auto before = rowsOf(logbookIn(data));
     EXPECT_THROW(takeEvents(HeldLogbook(data), first(), {1, 2, 77}, clock, nobody), Refused);
@@ -218,6 +226,30 @@ TEST_F(Restore, TellsInWordsHowABackupDiffers) {
         "1 event was changed since; games or frames without an event differ");
 }
 
+TEST_F(Restore, SeesAChangeInEveryField) {
+    const auto fingerprints = [this] {
+        std::vector<std::uint64_t> found;
+        for (const EventSummary& event : summaryOf(SQLite::Database(logbookIn(data).string()), nobody).events)
+            found.push_back(event.fingerprint);
+        return found;
+    };
+    for (const Table& table : tables()) {
+        for (const Column& column : table.columns) {
+            if (column.name == table.key().name || column.name == "fldSessionNum")
+                continue;
+            const auto before = fingerprints();
+            test::change(data, {fmt::format("UPDATE {} SET {} = 'changed'", table.name, column.name)});
+            EXPECT_NE(fingerprints(), before) << table.name << ": " << column.name;
+        }
+    }
+}
+
+TEST_F(Restore, SeesFieldsThatWereExchanged) {
+    test::change(data, {"UPDATE tblFrameInfo SET fldFirstBallRes = fldSecondBallRes, fldSecondBallRes = "
+                        "fldFirstBallRes WHERE fldSessionNum = 2"});
+    EXPECT_EQ(difference(), "1 event was changed since");
+}
+
 TEST_F(Restore, TellsATextFromTheSameBytes) {
     test::change(data, {"UPDATE tblEventInfo SET fldEventName = CAST(fldEventName AS BLOB) "
                         "WHERE fldSessionNum = 1"});
@@ -243,6 +275,7 @@ TEST_F(Restore, IsForNobodyWhileTallybrookRuns) {
 }
 
 TEST_F(Restore, IsCalledByTheBeginningOfADate) {
+    EXPECT_EQ(run({"look", "11-22"}), ExitStatus::BadInput) << "a part from the middle";
     EXPECT_EQ(run({"look", "2026-11-22"}), ExitStatus::Done);
     EXPECT_NE(out.str().find("     1  11/3/2026   Tuesday, Lanes  (2 games and 20 frames)\n"),
               std::string::npos)
