@@ -41,4 +41,13 @@ TEST(Colours, ContrastingKeepsWhatIsGood) {
     EXPECT_GE(contrast(contrasting(QColor(60, 60, 60), Qt::black, 4.5), Qt::black), 4.5);
 }
 
+TEST(Colours, OfOutlinesAreSeenInBoxesOfAnyBrightness) {
+    QPalette palette(QColor(240, 240, 240));
+    palette.setColor(QPalette::Base, QColor(170, 170, 170));
+    for (const QColor& colour : {outlineColour(palette), focusColour(palette)}) {
+        for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base})
+            EXPECT_GE(contrast(colour, palette.color(ground)), kShapeContrast) << colour.name().toStdString();
+    }
+}
+
 }  // namespace tallybrook::test

@@ -131,6 +131,17 @@ TEST(OutlinedStyle, TextsAreReadable) {
     }
 }
 
+TEST(OutlinedStyle, WhatIsOffIsReadInBoxesOfAnyBrightness) {
+    QPalette palette = OutlinedStyle().standardPalette();
+    palette.setColor(QPalette::Base, QColor(170, 170, 170));
+    OutlinedStyle().polish(palette);
+    for (const QPalette::ColorRole ground : {QPalette::Window, QPalette::Base})
+        EXPECT_GE(contrast(palette.color(QPalette::Disabled, QPalette::Text),
+                           palette.color(QPalette::Disabled, ground)),
+                  kShapeContrast)
+            << ground;
+}
+
 TEST(OutlinedStyle, EmptyBoxesAreReadableWhereTheDesktopTellsNoColour) {
     for (QPalette palette : bothPalettes()) {
         palette.setColor(QPalette::PlaceholderText, Qt::black);
