@@ -45,6 +45,11 @@ TEST_F(CommandLine, CommandsNeedNoWindow) {
     EXPECT_TRUE(outcome.errors.contains("There is no such folder: ")) << outcome.errors.toStdString();
 }
 
+TEST_F(CommandLine, QuestionsAboutTheProgramNeedNoWindow) {
+    EXPECT_TRUE(run({"--help"}, ":0").output.startsWith("NAME\n"));
+    EXPECT_TRUE(run({"--version"}, ":0").output.startsWith("tallybrook-keeper "));
+}
+
 TEST_F(CommandLine, FileThatMayGrowNoFurtherIsTold) {
     test::addEvent(folder.path(), "Tuesday");
     const QString data = QString::fromStdString(folder.path().string());
