@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QScreen>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
@@ -136,6 +137,18 @@ TEST_F(DesktopDisplayTest, ProgramEndsInTheMiddleOfAClick) {
     bool ran = false;
     display.perform([&] { ran = true; });
     EXPECT_FALSE(ran);
+}
+
+TEST_F(DesktopDisplayTest, HelpEndsWithTheProgram) {
+    const auto isHelpSeen = [] {
+        return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
+            return window->objectName() == "help" && window->isVisible();
+        });
+    };
+    display.help(HelpTopic::Contents);
+    EXPECT_TRUE(isHelpSeen());
+    display.perform([] { throw EndProgram{}; });
+    EXPECT_FALSE(isHelpSeen());
 }
 
 TEST_F(DesktopDisplayTest, UncaughtFailureIsShownAndEndsTheProgram) {

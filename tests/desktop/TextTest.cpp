@@ -55,6 +55,9 @@ TEST_F(TextTest, LimitHoldsForTypingAndPasting) {
     press(Qt::Key_A, Qt::ControlModifier);
     paste(QString::fromUtf8("ä\xF0\x9F\x8E\xB3\xF0\x9F\x8E\xB3yz"));
     EXPECT_EQ(screen().txtShort.text(), "ä\xF0\x9F\x8E\xB3\xF0\x9F\x8E\xB3");
+    press(Qt::Key_A, Qt::ControlModifier);
+    paste(QString::fromUtf8("yz\xF0\x9F\x8E\xB3\xF0\x9F\x8E\xB3"));
+    EXPECT_EQ(screen().txtShort.text(), "yz\xF0\x9F\x8E\xB3");
 }
 
 TEST_F(TextTest, PastingKeepsABoxOfOneLineOnOneLine) {
