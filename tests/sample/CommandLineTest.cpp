@@ -108,6 +108,20 @@ TEST_F(Executable, RefusesAFolderWithALogbook) {
     EXPECT_EQ(std::distance(fs::directory_iterator(path("data")), {}), 1);
 }
 
+TEST_F(Executable, RefusesAFolderWithALinkThatLeadsNowhere) {
+    fs::create_directory(path("data"));
+    fs::create_symlink("nowhere", path("data/Tallybrook_DB.mdb"));
+    EXPECT_EQ(run("--events 5 --data data").status, 1);
+    EXPECT_TRUE(fs::is_symlink(path("data/Tallybrook_DB.mdb")));
+}
+
+TEST_F(Executable, BeginsAnewWhereItWasCutOff) {
+    fs::create_directory(path("data"));
+    std::ofstream(path("data/Tallybrook_DB.mdb.unfinished")) << "half a logbook";
+    EXPECT_EQ(run("--events 5 --data data").status, 0);
+    EXPECT_EQ(query(path("data/Tallybrook_DB.mdb"), "SELECT count(*) FROM tblEventInfo")[0][0], "5");
+}
+
 TEST_F(Executable, LeavesNothingHalfMade) {
     fs::create_directories(path("data/tblGame.cdb"));  // a file of that name cannot be written
     const Outcome outcome = run("--events 5 --data data --cdb");

@@ -1,7 +1,10 @@
 #include "Made.h"
+#include "runtime/RunTimeError.h"
 #include "runtime/TextEncoding.h"
+#include "support/FileCalls.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <string_view>
 
 namespace tallybrook::test {
@@ -95,6 +98,15 @@ TEST(ExportFiles, AreNotWrittenUnasked) {
     const Made made(3);
     for (const char* file : {"tblEvent.cdb", "tblGame.cdb", "tblFrame.cdb"})
         EXPECT_FALSE(std::filesystem::exists(made.folder() / file));
+}
+
+TEST(ExportFiles, ThatFindNoRoomLeaveNoLogbook) {
+    const TemporaryFolder folder;
+    const FileCalls full([](const FileCall& call) {
+        return call.kind == FileCall::Kind::Write && call.path.ends_with("tblFrame.cdb") ? ENOSPC : 0;
+    });
+    EXPECT_THROW(sample::makeSample({.events = 1, .data = folder.path(), .cdb = true}), RunTimeError);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "Tallybrook_DB.mdb"));
 }
 
 }  // namespace
