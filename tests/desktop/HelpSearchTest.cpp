@@ -100,6 +100,13 @@ TEST_F(HelpSearchTest, MarksEveryPlaceInItsWords) {
     }
 }
 
+TEST_F(HelpSearchTest, MarksSignsAsTheyStand) {
+    const std::vector<Hit> hits = hitsOf(".");
+    EXPECT_FALSE(hits.empty());
+    for (const auto& [name, title, excerpt] : hits)
+        EXPECT_EQ(excerpt.count("<b>"), asText(excerpt).count('.')) << name.toStdString();
+}
+
 /// Pages whose titles have the words come first, and otherwise all stand in the order of the contents.
 TEST_F(HelpSearchTest, FindsAllPagesThatHaveTheWords) {
     for (const char* const sought : {"backup", "game", "contents", "tallybrook"}) {

@@ -235,7 +235,7 @@ TEST_F(HelpTest, SaysSoWhereNothingIsFound) {
 
 TEST_F(HelpTest, TakesSignsAsTheyAre) {
     help.open("index");
-    for (const char* const signs : {".*", "(", "7/X", "50%", "a&b=c#d", "+"}) {
+    for (const char* const signs : {".*", "(", "7/X", "50%", "%41", "a&b=c#d", "+"}) {
         search(signs);
         EXPECT_EQ(heading(), QString(signs) == "7/X" || QString(signs) == "50%" || QString(signs) == "+" ||
                                      QString(signs) == "("

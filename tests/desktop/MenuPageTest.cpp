@@ -102,6 +102,13 @@ TEST_F(MenuPageTest, EntriesThatAreOffOrHiddenArePassedOver) {
     }
 }
 
+TEST_F(MenuPageTest, SignsInACaptionAreShown) {
+    display.perform([this] { control("mnuExit").setCaption("Save && E&xit"); });
+    press(Qt::Key_Tab);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "Save && Exit") << "the toolkit takes two for one that is shown";
+}
+
 TEST_F(MenuPageTest, KeysOfTheScreenStayItsOwn) {
     press(Qt::Key_Tab);
     press(Qt::Key_F1);
