@@ -27,9 +27,39 @@ def planted(source):
 class Mutants(unittest.TestCase):
     def test_operators_are_exchanged(self):
         self.assertEqual(planted("x = a <= b;\n"), [("comparison", "x = a < b;\n")])
-        self.assertEqual(planted("x = a && b;\n"), [("logic", "x = a || b;\n")])
         self.assertEqual(planted("x = a - b;\n"), [("arithmetic", "x = a + b;\n")])
         self.assertEqual(planted("x = ++a;\n"), [("step", "x = --a;\n")])
+
+    def test_a_term_is_left_out(self):
+        self.assertEqual(
+            planted("if (a && b(c || 1.5) || d)\n"),
+            [
+                ("condition", "if (!(a && b(c || 1.5) || d))\n"),
+                ("first", "if (b(c || 1.5) || d)\n"),
+                ("logic", "if (a || b(c || 1.5) || d)\n"),
+                ("term", "if (a || d)\n"),
+                ("first", "if (a && b(1.5) || d)\n"),
+                ("logic", "if (a && b(c && 1.5) || d)\n"),
+                ("term", "if (a && b(c) || d)\n"),
+                ("logic", "if (a && b(c || 1.5) && d)\n"),
+                ("term", "if (a && b(c || 1.5))\n"),
+            ],
+        )
+        self.assertEqual([kind for kind, _ in planted("x = a == b && c;\n")], ["comparison", "logic", "term"])
+
+    def test_the_branches_of_a_choice_are_exchanged(self):
+        self.assertEqual(planted('x = f(a ? b(c, d) : "e", g());\n')[0], ("choice", 'x = f(a ? "e" : b(c, d), g());\n'))
+        self.assertEqual(planted("x = a ? b : c;\n"), [("choice", "x = a ? c : b;\n")])
+
+    def test_a_function_becomes_its_twin(self):
+        self.assertEqual(planted("x = std::min(a, b);\n"), [("twin", "x = std::max(a, b);\n")])
+        self.assertEqual(planted("x = a.first + left;\n")[0], ("twin", "x = a.second + left;\n"))
+        self.assertEqual(planted("x = a.firstOf();\n"), [])
+
+    def test_two_calls_are_exchanged(self):
+        self.assertEqual(planted("    f(a);\n    b.g(h());\n")[0], ("sequence", "    b.g(h());\n    f(a);\n"))
+        for lines in ("    f(a);\n        g(b);\n", "    f(a);\n    b = c;\n"):
+            self.assertEqual([kind for kind, _ in planted(lines)], ["statement", "statement"])
 
     def test_brackets_of_templates_are_no_comparisons(self):
         self.assertEqual(planted("std::vector<int> x;\n"), [])
@@ -57,7 +87,7 @@ class Mutants(unittest.TestCase):
 
     def test_operands_are_swapped(self):
         self.assertEqual(planted("x = f(a, b.c, d);\n"), [("operands", "x = f(b.c, a, d);\n")])
-        self.assertEqual(planted("x = std::min(a, b);\n"), [])
+        self.assertNotIn("operands", [kind for kind, _ in planted("x = std::min(a, b);\n")])
         self.assertEqual(planted("x = f(a(), b);\nx = f(a, a);\nvoid f(int a, int b) {\n"), [])
 
     def test_an_index_is_off_by_one(self):
