@@ -435,6 +435,7 @@ TEST_F(BackupTest, FailsWhereTheFileCannotBeMade) {
 TEST_F(BackupTest, TellsOfAFailureBeforeItIsFinished) {
     fs::create_directories(folder() / (first + ".new") / "in the way");
     open();
+    EXPECT_EQ(backups->takeFailure(), std::nullopt) << "nothing has failed yet";
     deleteFirstEvent();  // which waits for the copy
     EXPECT_NE(backups->takeFailure().value_or("").find("File exists"), std::string::npos);
     close();

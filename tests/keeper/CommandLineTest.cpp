@@ -8,6 +8,7 @@
 #include "runtime/InstanceLock.h"
 #include "support/Anybody.h"
 #include "support/FileCalls.h"
+#include "support/SameText.h"
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
@@ -99,6 +100,18 @@ TEST_F(KeeperCommandLine, TellsThatItsAnswerCannotBeWritten) {
     out.setstate(std::ios::badbit);
     EXPECT_EQ(run({"--help"}), ExitStatus::Failed);
     EXPECT_EQ(notes.str(), "The answer could not be written.\n");
+}
+
+TEST_F(KeeperCommandLine, GuardsFormulasUnlessItIsToldNotTo) {
+    const test::TemporaryFolder folder;
+    test::addEvent(folder.path(), "=1+1", 1);
+    for (const auto& [option, field] : std::vector<std::pair<std::string, std::string>>{
+             {"--json", ",'=1+1,"}, {"--verbatim", ",=1+1,"}}) {
+        const fs::path place = folder.path() / option;
+        fs::create_directory(place);
+        EXPECT_EQ(run({"csv", place, "--data", folder.path(), option}), ExitStatus::Done) << notes.str();
+        EXPECT_NE(test::bytesOf(place / "events.csv").find(field), std::string::npos) << option;
+    }
 }
 
 TEST(KeeperExport, TellsWhatThereIsNoRoomFor) {

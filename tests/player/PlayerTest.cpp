@@ -91,6 +91,7 @@ TEST_P(PlayerTest, ArgumentsMustFit) {
     expectStopped("pick txtFirst 1", "line 2: the command is: pick NAME \"TEXT\"|#N", "");
     expectStopped("pick txtFirst #x", "line 2: the command is: pick NAME \"TEXT\"|#N", "");
     expectStopped("row txtFirst 0", "line 2: the command is: row NAME N", "");
+    expectStopped("row txtFirst \"1\"", "line 2: the command is: row NAME N", "");
     expectStopped("row txtFirst 1234567890", "line 2: the command is: row NAME N", "");
     expectStopped("choose it", "line 2: the command is: choose \"TEXT\"|cancel", "");
 }

@@ -77,6 +77,12 @@ TEST_F(Typing, TypesWhereTheCaretIs) {
     EXPECT_EQ(press({"Home", "Left", "Backspace"}), "\xC3\xA9u");
 }
 
+TEST_F(Typing, TakesEveryLetterAndNoNameOfAKey) {
+    EXPECT_TRUE(person::typeKey(screen->txtOne, person::readKey("\xC3\xA4")));
+    EXPECT_FALSE(person::typeKey(screen->txtOne, person::readKey("F5")));
+    EXPECT_EQ(screen->txtOne.text(), "\xC3\xA4");
+}
+
 TEST_F(Typing, GoesToTheEndsOfALine) {
     const auto press = [&](std::initializer_list<const char*> keys) {
         for (const char* const key : keys)

@@ -144,6 +144,7 @@ TEST(Characters, AreTakenOneByOne) {
 TEST_F(TextFiles, FailByNumber) {
     const fs::path nowhere = folder.path() / "none" / "text.txt";
     EXPECT_EQ(faultOf([&] { TextReader reader(file); }), error::kFileNotFound);
+    EXPECT_EQ(faultOf([&] { TextReader reader("a name that no file has"); }), error::kFileNotFound);
     EXPECT_EQ(faultOf([&] { TextReader reader(nowhere); }), error::kPathNotFound);
     EXPECT_EQ(faultOf([&] { TextReader reader(folder.path()); }), error::kPathFileAccess);
     EXPECT_EQ(faultOf([&] { TextWriter writer(nowhere); }), error::kPathNotFound);

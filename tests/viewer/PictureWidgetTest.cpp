@@ -146,6 +146,8 @@ TEST(PictureWidget, ClickIsNoDrag) {
     Shown shown(400);
     shown.drag(0.5, 0.5);
     EXPECT_TRUE(shown.widget.view().isWhole());
+    QTest::mouseClick(&shown.widget, Qt::LeftButton, {}, {350, 200});  // without a move in between
+    EXPECT_TRUE(shown.widget.view().isWhole());
 }
 
 TEST(PictureWidget, KeysLookCloserAndMoveAlong) {
