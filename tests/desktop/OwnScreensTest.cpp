@@ -206,7 +206,12 @@ TEST_F(OwnScreensTest, PanelAndFrameInHandStandOut) {
         return dynamic_cast<Label&>(control("lblFraNum(" + std::to_string(frame) + ")")).look();
     };
     EXPECT_EQ(look(1), LabelLook::Current);
+    const QWidget& number = *display.widgetOf(control("lblFraNum(1)"));
+    EXPECT_EQ(number.foregroundRole(), QPalette::HighlightedText);
+    EXPECT_EQ(number.backgroundRole(), QPalette::Highlight);
     click("cmdNextFrame");
+    EXPECT_NE(number.foregroundRole(), QPalette::HighlightedText);
+    EXPECT_NE(number.backgroundRole(), QPalette::Highlight);
     EXPECT_EQ(look(1), LabelLook::Plain);
     EXPECT_EQ(look(2), LabelLook::Current);
 }

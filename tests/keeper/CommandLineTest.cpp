@@ -105,8 +105,8 @@ TEST_F(KeeperCommandLine, TellsThatItsAnswerCannotBeWritten) {
 TEST_F(KeeperCommandLine, GuardsFormulasUnlessItIsToldNotTo) {
     const test::TemporaryFolder folder;
     test::addEvent(folder.path(), "=1+1", 1);
-    for (const auto& [option, field] : std::vector<std::pair<std::string, std::string>>{
-             {"--json", ",'=1+1,"}, {"--verbatim", ",=1+1,"}}) {
+    for (const auto& [option, field] :
+         std::vector<std::pair<std::string, std::string>>{{"--json", ",'=1+1,"}, {"--verbatim", ",=1+1,"}}) {
         const fs::path place = folder.path() / option;
         fs::create_directory(place);
         EXPECT_EQ(run({"csv", place, "--data", folder.path(), option}), ExitStatus::Done) << notes.str();

@@ -92,6 +92,17 @@ TEST(ReportFigures, SinglePinsAreThoseBelowTheirOwnHeading) {
     EXPECT_EQ(strikes->firstBallAverage, 7);
 }
 
+TEST(ReportFigures, SinglePinsAloneAreFiguresOfStrikes) {
+    const QString heading =
+        "Statistical Report\n\nStrike / Spare Summary Statistics\n---------------------------------\n";
+    EXPECT_FALSE(readFigures(heading).strikes);
+    const auto strikes =
+        readFigures(heading + "\nSingle Pin Spares\n-----------------\nAttempts: 9\t\tConversions: 3\n")
+            .strikes;
+    ASSERT_TRUE(strikes);
+    EXPECT_EQ(strikes->singlePins, (SinglePins{9, 3}));
+}
+
 TEST(ReportFigures, LeavesOfTheSeasonByAttempts) {
     const std::vector<LeaveFigures> leaves = readFigures(goldenReport("statistics.txt")).leaves;
     EXPECT_EQ(leaves.size(), 58U);

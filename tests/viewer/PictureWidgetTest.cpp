@@ -150,6 +150,15 @@ TEST(PictureWidget, ClickIsNoDrag) {
     EXPECT_TRUE(shown.widget.view().isWhole());
 }
 
+TEST(PictureWidget, ClickBesideAnyPlotDoesNothing) {
+    const auto lay = [](const PictureLook&, double, const PictureView&) { return Strips{gapStrip(100)}; };
+    PictureWidget widget({"Gap", "A gap.", lay, [](const PictureView&) { return PictureTable{}; }});
+    widget.resize(200, 100);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, {50, 50});
+    EXPECT_TRUE(widget.view().isWhole());
+    EXPECT_EQ(widget.read(), QStringList());
+}
+
 TEST(PictureWidget, KeysLookCloserAndMoveAlong) {
     Shown shown(400);
     shown.press(Qt::Key_Plus);

@@ -16,8 +16,8 @@ TEST(ReadingBoxDrawn, StandsBesideThePlace) {
     const QStringList lines{"11/3/2026", "Event: Tuesday", "Average: 187.33"};
     {
         QPainter painter(&drawing);
-        for (const QPointF corner : {QPointF(20, 20), QPointF(270, 20), QPointF(20, 180), QPointF(270, 180),
-                                     QPointF(20, 110)})
+        for (const QPointF corner :
+             {QPointF(20, 20), QPointF(270, 20), QPointF(20, 180), QPointF(270, 180), QPointF(20, 110)})
             paintBox(painter, lines, QRectF(corner, QSizeF(6, 6)), room, look);
         paintBox(painter, lines, {20, 20, 6, 6}, {60, 30}, look);
     }
