@@ -69,6 +69,21 @@ TEST(ReportFigures, SeriesOfTheSeason) {
     expectScore(series[4].low, 843, "11/7/2024");
 }
 
+TEST(ReportFigures, AreNoneOnlyWhereThereAreNoneOfAnyKind) {
+    const auto isEmptyWith = [](const auto& set) {
+        ReportFigures figures;
+        set(figures);
+        return figures.isEmpty();
+    };
+    EXPECT_TRUE(isEmptyWith([](ReportFigures& /*none*/) {}));
+    EXPECT_FALSE(isEmptyWith([](ReportFigures& figures) { figures.games.resize(1); }));
+    EXPECT_FALSE(isEmptyWith([](ReportFigures& figures) { figures.scores.emplace(); }));
+    EXPECT_FALSE(isEmptyWith([](ReportFigures& figures) { figures.series.resize(1); }));
+    EXPECT_FALSE(isEmptyWith([](ReportFigures& figures) { figures.strikes.emplace(); }));
+    EXPECT_FALSE(isEmptyWith([](ReportFigures& figures) { figures.leaves.resize(1); }));
+    EXPECT_FALSE(isEmptyWith([](ReportFigures& figures) { figures.events.unscored = 1; }));
+}
+
 TEST(ReportFigures, StrikesOfTheSeason) {
     const auto strikes = readFigures(goldenReport("statistics.txt")).strikes;
     ASSERT_TRUE(strikes);

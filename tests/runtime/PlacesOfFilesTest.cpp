@@ -136,12 +136,13 @@ TEST(UnfinishedFiles, GetTheirNameOnTheDiskInTheCurrentFolderToo) {
 TEST(Volumes, AreWhatLiesOnDevicesAndServers) {
     const TemporaryFolder folder;
     const std::string base = folder.path().string();
-    for (const char* name : {"disk", "a stick", "server", "share", "proc", "back\\slash", "blank "})
+    for (const char* name : {"disk", "a stick", "server", "share", "proc", "back\\slash", "blank ", "cut\\"})
         fs::create_directory(folder.path() / name);
     std::istringstream table("/dev/sdb1 " + base + "/disk ext4 rw 0 0\n" +            //
                              "/dev/sdc1 " + base + "/a\\040stick vfat rw 0 0\n" +     //
                              "/dev/sdd1 " + base + "/back\\134slash vfat rw 0 0\n" +  //
                              "/dev/sdf1 " + base + "/blank\\040 vfat rw 0 0\n" +      //
+                             "/dev/sdg1 " + base + "/cut\\ vfat rw 0 0\n" +           //
                              "host:/home " + base + "/server nfs rw 0 0\n" +          //
                              "//host/share " + base + "/share cifs rw 0 0\n" +        //
                              "/dev/sdb1 " + base + "/disk ext4 ro 0 0\n" +            //
@@ -149,7 +150,7 @@ TEST(Volumes, AreWhatLiesOnDevicesAndServers) {
                              "/dev/sde1 " + base + "/gone ext4 rw 0 0\n");
     EXPECT_EQ(volumesIn(table),
               (std::vector<std::string>{"/", base + "/a stick", base + "/back\\slash", base + "/blank ",
-                                        base + "/disk", base + "/server", base + "/share"}));
+                                        base + "/cut\\", base + "/disk", base + "/server", base + "/share"}));
 }
 
 TEST(Volumes, AreReadWhereTheSystemTellsOfThem) {
