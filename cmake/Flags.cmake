@@ -21,6 +21,10 @@ if(CMAKE_UNITY_BUILD)
     target_compile_options(tallybrook_flags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
 endif()
 
+# What the standard library asks of its callers, such as that an optional that is read holds something, is looked at where
+# tests run: the sanitizers do not see all of that.
+target_compile_definitions(tallybrook_flags INTERFACE $<$<NOT:$<CONFIG:Release>>:_GLIBCXX_ASSERTIONS>)
+
 if(TALLYBROOK_SANITIZE)
     target_compile_options(tallybrook_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)

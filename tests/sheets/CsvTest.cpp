@@ -159,7 +159,7 @@ RC_GTEST_PROP(Csv, GivesEachTextBack, ()) {
     const auto guarded = readCsv(csvField(text, Formulas::Guarded) + "\r\n").at(0).at(0);
     RC_ASSERT(guarded.has_value());
     RC_ASSERT((guarded->starts_with('\'') ? guarded->substr(1) : *guarded) == text);
-    RC_ASSERT(guarded->empty() || std::string("=+-@\t\r\n").find(guarded->front()) == std::string::npos);
+    RC_ASSERT(guarded->find_first_of("=+-@\t\r\n") != 0U);
     RC_ASSERT(readCsv(csvField(text, Formulas::Verbatim) + "\r\n").at(0).at(0) == Read(text));
 }
 
