@@ -15,7 +15,7 @@ Verdict checkSecond(int frame, std::string_view first, std::string_view second) 
         return Verdict::SecondCount;
     if (isSpare(second) && isStrike(first))
         return Verdict::SecondCount;
-    if (isCount(second) && !freshRack && countOf(first) + countOf(second) > 9)
+    if (!freshRack && countOf(first) + countOf(second) > 9)
         return Verdict::FrameMismatch;
     return Verdict::Good;
 }
@@ -27,7 +27,7 @@ Verdict checkThird(std::string_view second, std::string_view third) {
         return Verdict::FillCount;
     if (isSpare(third) && freshRack)
         return Verdict::FrameMismatch;
-    if (isCount(third) && !freshRack && countOf(second) + countOf(third) > 9)
+    if (!freshRack && countOf(second) + countOf(third) > 9)
         return Verdict::FrameMismatch;
     return Verdict::Good;
 }
