@@ -154,6 +154,7 @@ TEST_F(TextFiles, FailByNumber) {
     EXPECT_EQ(faultOf([&] { deleteFile(file); }), error::kFileNotFound);
     EXPECT_EQ(faultOf([&] { fileLength(file); }), error::kFileNotFound);
     EXPECT_EQ(faultOf([&] { fileDate(file); }), error::kFileNotFound);
+    EXPECT_EQ(faultOf([&] { fileDate(folder.path()); }), error::kFileNotFound);
     put("one\n");
     EXPECT_EQ(faultOf([&] { copyFile(file, nowhere); }), error::kPathNotFound);
     EXPECT_EQ(faultOf([&] { copyFile(file, folder.path()); }), error::kPermissionDenied);
