@@ -12,7 +12,8 @@ namespace {
 TEST(LanePair, IsAnOddLaneAndTheNext) {
     for (const char* good : {"5-6", "13-14", "1-2", "5x-6", " 5 - 6 ", "5-6-7", "4.6-6", "5-6.4"})
         EXPECT_TRUE(isLanePair(good)) << good;
-    for (const char* bad : {"6-5", "5-7", "4-5", "5", "", "-", "5-", "-6", "--", "lanes", "5--6", "56"})
+    for (const char* bad :
+         {"6-5", "5-7", "4-5", "5", "", "-", "5-", "-6", "--", "lanes", "5--6", "56", "5--32767"})
         EXPECT_FALSE(isLanePair(bad)) << bad;
 }
 
