@@ -191,6 +191,12 @@ TEST_F(Lists, AreNotPickedFromOnceALeavingHasPutThemOff) {
     EXPECT_EQ(screen->lstNames.pickedIndex(), std::nullopt);
 }
 
+TEST_F(Lists, AreNotPickedFromOnceTheirOwnArrivalHasPutThemOff) {
+    screen->lstNames.onGotFocus = [this] { screen->lstNames.setEnabled(false); };
+    EXPECT_EQ(person::pick(screen->lstNames, 0), Arrival::Arrived);
+    EXPECT_EQ(screen->lstNames.pickedIndex(), std::nullopt);
+}
+
 TEST_F(Lists, AreNotPickedFromOnceTheScreenIsGone) {
     screen->leaving = [this] { program.screens.hide(*screen); };
     EXPECT_EQ(person::pick(screen->cboKind, 0), Arrival::Arrived);

@@ -159,6 +159,12 @@ TEST(ReportFigures, CommentsAreNoFigures) {
     EXPECT_EQ(figures.strikes->strikes, 25);
 }
 
+TEST(ReportFigures, CommentsAreNoGames) {
+    QString text = goldenReport("full.txt");
+    text.replace("Comment: dry lanes", "Comment: dry lanes\nGame 3   Game Score: 300");
+    EXPECT_EQ(readFigures(text).games, readFigures(goldenReport("full.txt")).games);
+}
+
 TEST(ReportFigures, LeavesMayBeAnyText) {
     QString text = goldenReport("league.txt");
     text +=
