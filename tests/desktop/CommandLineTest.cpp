@@ -1,6 +1,7 @@
 #include "support/RunWithHands.h"
 #include "support/TemporaryFolder.h"
 
+#include <filesystem>
 #include <fstream>
 
 namespace tallybrook::test {
@@ -35,6 +36,16 @@ TEST_F(CommandLine, RecordsANightAtOnce) {
         << outcome.output.toStdString();
     EXPECT_LT(outcome.output.indexOf("window: Event Information"),
               outcome.output.indexOf("window: Main Menu"));
+}
+
+TEST_F(CommandLine, LogbookThatIsRefusedEndsTheProgram) {
+    std::filesystem::create_directory(folder.path() / "Tallybrook");
+    std::ofstream(folder.path() / "Tallybrook" / "Tallybrook_DB.mdb") << "something else";
+    const ProgramRun outcome = run({});
+    EXPECT_EQ(outcome.status, 0) << outcome.errors.toStdString();
+    EXPECT_TRUE(outcome.output.startsWith("box: The logbook cannot be opened"))
+        << outcome.output.toStdString();
+    EXPECT_FALSE(outcome.output.contains("window: ")) << outcome.output.toStdString();
 }
 
 TEST_F(CommandLine, FolderThatIsNotThereIsStatus1) {
