@@ -10,10 +10,12 @@ target_compile_options(tallybrook_flags INTERFACE
 target_link_options(tallybrook_flags INTERFACE LINKER:--as-needed)
 
 # A linker that takes a second where the compiler's own takes ten. What it makes read-only at the start can begin in the
-# middle of a page, at a thread's own variable, and then the program does not start.
+# middle of a page, at a thread's own variable, and then the program does not start. Where segments may share a page, it
+# counts them anew for ever once in some thousands of times, as their number changes with the length of its answer.
 find_program(MOLD mold)
 if(MOLD)
-    target_link_options(tallybrook_flags INTERFACE "$<$<NOT:$<CONFIG:Release>>:-fuse-ld=mold;LINKER:-z,norelro>")
+    target_link_options(tallybrook_flags INTERFACE
+        "$<$<NOT:$<CONFIG:Release>>:-fuse-ld=mold;LINKER:-z,norelro,-z,separate-loadable-segments>")
 endif()
 
 # Where the files of a room are compiled as one, GCC takes what a test derives from a class of its own file for a slip.
