@@ -391,6 +391,17 @@ TEST_F(DatabaseCheck, AppendsToItsReport) {
     EXPECT_TRUE(isSameText(bytesOf(report()), once + once));
 }
 
+TEST_F(DatabaseCheck, DatesItsEndByTheClockAsItGoesOn) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    Expected box = failure("DB_Integ", kNoRow);
+    box.meanwhile = [this] { play.clock.set(play.clock.now() + std::chrono::minutes{7}); };
+    play.run([&] { DB_Check(play.program()); }, {box, complete()});
+    const std::string text = bytesOf(report());
+    EXPECT_TRUE(text.starts_with(kHead)) << text;
+    EXPECT_TRUE(text.ends_with("Database check completed on 11/14/2026, 10:02:00 PM\r\n")) << text;
+}
+
 TEST_F(DatabaseCheck, SetsTheSharedTotalsToNothing) {
     addEvent(std::int64_t{1});
     addGame(1, std::int64_t{1}, "N");
@@ -451,6 +462,16 @@ TEST_F(DatabaseTools, ChecksAfterAQuestion) {
     EXPECT_TRUE(play.display.events().empty());
     play.click("mnuDBCheck", {kProceed, failure("DB_Integ", kNoRow), complete()});
     EXPECT_EQ(play.display.events(), (Rows{"busy", "default"}));
+}
+
+TEST_F(DatabaseTools, StayBusyUntilTheCheckIsComplete) {
+    addEvent(std::int64_t{1});
+    addGame(1, std::int64_t{1}, "N");
+    Expected box = complete();
+    Rows before;
+    box.meanwhile = [&] { before = play.display.events(); };
+    play.click("cmdDBCheck", {kProceed, failure("DB_Integ", kNoRow), box});
+    EXPECT_EQ(before, Rows{"busy"});
 }
 
 TEST_F(DatabaseTools, BackUpTheLogbookAsItIsBeforeTheCheck) {
