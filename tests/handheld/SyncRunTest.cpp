@@ -225,6 +225,17 @@ TEST_P(SyncRuns, EndEarlyWithoutGames) {
     EXPECT_EQ(play.events().size(), 2U);
 }
 
+TEST_P(SyncRuns, ComeBackBeforeTheyTellOfAnEarlyEnd) {
+    Exports files = smallExports();
+    files.events[1] = countLine(0);
+    play.put(files);
+    Log before;
+    play.click("cmdAddPDA", {SyncPlay::sayingWhatIsToCome(),
+                             SyncPlay::askingToDelete(Answer::Yes),
+                             {"Sync Complete", Answer::OK, "", [&] { before = play.display.events(); }}});
+    EXPECT_EQ(before, (Log{"hide frmSyncPDA", "busy", "show frmSyncPDA", "default"}));
+}
+
 TEST_P(SyncRuns, EndEarlyLeavingTheDataAlone) {
     Exports files = smallExports();
     files.events[1] = countLine(0);

@@ -105,6 +105,19 @@ TEST_F(SyncScreen, HidesWhileItRunsAndIsFinishedAfterwards) {
     EXPECT_TRUE(play.enabled("mnuSyncPDA"));
 }
 
+TEST_F(SyncScreen, IsHiddenBetweenItsFirstBoxAndItsLast) {
+    play.put(smallExports());
+    std::vector<Log> before;
+    const auto look = [&] { before.push_back(play.display.events()); };
+    play.click("cmdAddPDA", {{"PDA Sync", Answer::OK, "", look},
+                             {"Delete PDA Data", Answer::No, "", look},
+                             {"Check Complete", Answer::OK, "", look},
+                             {"Sync Complete", Answer::OK, "", look}});
+    const Log hidden{"hide frmSyncPDA", "busy"};
+    const Log shown{"hide frmSyncPDA", "busy", "show frmSyncPDA", "default"};
+    EXPECT_EQ(before, (std::vector<Log>{{}, hidden, hidden, shown}));
+}
+
 TEST_F(SyncScreen, RunsAgainFromItsMenu) {
     play.put(smallExports());
     play.sync(Answer::No);
