@@ -245,6 +245,31 @@ TEST_F(EventList, WritesAReport) {
     EXPECT_FALSE(play.enabled("mnuDelRecord"));
 }
 
+TEST_F(EventList, ComesBackOnceItHasToldOfTheReport) {
+    openToReport();
+    play.display.forgetEvents();
+    play.display.expectDialog({"Event Report", play.dataFolder() / "report.txt"});
+    std::vector<std::string> before;
+    play.click("cmdGetRecord",
+               {{"Report Complete", Answer::OK, "", [&] { before = play.display.events(); }}});
+    EXPECT_EQ(before, (std::vector<std::string>{"hide frmEventList", "busy", "default"}));
+    EXPECT_EQ(play.lastEvent(), "show frmEventList");
+}
+
+TEST_F(EventList, PresetsTheNameOfEachReportByItsType) {
+    openToReport();
+    report("full.txt");
+    play.click("optRpType(1)");
+    report("summary.txt");
+    play.click("optRpType(0)");
+    report("again.txt");
+    std::vector<std::string> names;
+    for (const FileDialog& dialog : play.display.dialogs())
+        names.push_back(dialog.name);
+    EXPECT_EQ(names, (std::vector<std::string>{"Tallybrook - Full Report", "Tallybrook - Summary Report",
+                                               "Tallybrook - Full Report"}));
+}
+
 TEST_F(EventList, KeepsItsChoicesBetweenTwoReports) {
     play.session().gHHType = "Palm";
     play.session().gHHSyncDir = (play.dataFolder() / "TBRK").string();
