@@ -206,6 +206,17 @@ TEST_F(GameList, ReportsOnAGameOfPinfall) {
     EXPECT_EQ(play.session().gGameNum, Int16(1));
 }
 
+TEST_F(GameList, IsNoLongerBusyAsItTellsOfTheReport) {
+    addFrame(1, "X");
+    openList();
+    play.display.forgetEvents();
+    Expected box = ready(file());
+    std::vector<std::string> before;
+    box.meanwhile = [&] { before = play.display.events(); };
+    report(again(box));
+    EXPECT_EQ(before, (std::vector<std::string>{"hide frmGameList", "busy", "default"}));
+}
+
 TEST_F(GameList, ChoosesTheFileInASaveDialog) {
     openList();
     report({{"No Frames"}, ready(file()), found(1)});

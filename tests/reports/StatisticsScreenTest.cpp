@@ -99,6 +99,16 @@ TEST_F(StatisticsScreen, ShowsTheBusyPointerMeanwhile) {
     EXPECT_EQ(play.display.events(), (Names{"busy", "default"}));
 }
 
+TEST_F(StatisticsScreen, IsNoLongerBusyAsItTellsOfTheReport) {
+    play.display.forgetEvents();
+    play.display.expectDialog({"Save Report", play.file()});
+    Expected box = complete();
+    Names before;
+    box.meanwhile = [&] { before = play.display.events(); };
+    play.click("cmdGenReport", {box});
+    EXPECT_EQ(before, (Names{"busy", "default"}));
+}
+
 TEST_F(StatisticsScreen, WritesNothingWhenTheDialogIsCancelled) {
     play.display.forgetEvents();
     play.display.expectDialog({"Save Report", std::nullopt});
