@@ -160,7 +160,7 @@ TEST(CdbRecord, FindsTheFirstFieldBehindAnyStatus) {
     CdbRecord record = recordOf(kGameFormat);
     record.take(GameLine{.status = "0x0002"}.text());
     EXPECT_TRUE(record.isDeleted());
-    for (const char* const status : {"0x0003", "0X0002", " 0x0002", "0x00020"}) {
+    for (const char* const status : {"0x0003", "0x0012", "0X0002", " 0x0002", "0x00020"}) {
         record.take(GameLine{.status = status}.text());
         EXPECT_EQ(record.isDeleted(), std::string(status).starts_with("0x0002")) << status;
     }
