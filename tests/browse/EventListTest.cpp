@@ -134,9 +134,23 @@ TEST_F(EventList, LeadsTheTabFromTheEventsToItsButtons) {
                                         "cmdMain", "cmdExit"}));
 }
 
+TEST_F(EventList, ListsTheEventsByNameAndOnlyThenByDate) {
+    play.addEvent("A night out", {{"fldDateBowled", makeDate(2027, 1, 2)}});
+    play.addEvent("Warm up", {{"fldDateBowled", makeDate(2024, 5, 6)}});
+    play.click("mnuEditData", {toEdit(5)});
+    std::vector<std::string> keys;
+    for (int row = 1; row <= play.grid().rowCount(); ++row)
+        keys.push_back(play.grid().cell(row, 0));
+    EXPECT_EQ(keys, (std::vector<std::string>{"4", "3", "2", "1", "5"}));
+}
+
 TEST_F(EventList, GreetsBeforeItIsSeen) {
     play.display.forgetEvents();
-    openToEdit();
+    Expected greeting = toEdit(3);
+    std::vector<std::string> before;
+    greeting.meanwhile = [&] { before = play.display.events(); };
+    play.click("mnuEditData", {greeting});
+    EXPECT_EQ(before, (std::vector<std::string>{"hide frmMain", "load frmEventList"}));
     EXPECT_EQ(play.display.events(),
               (std::vector<std::string>{"hide frmMain", "load frmEventList", "show frmEventList"}));
 }

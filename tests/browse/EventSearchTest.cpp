@@ -622,6 +622,16 @@ TEST_F(EventSearch, FindsItsWayOutOfAJoinThatIsLeftOver) {
     EXPECT_EQ(condition({kFound}), "fldSeriesTot > 500 ORDER BY fldSeriesTot");
 }
 
+TEST_F(EventSearch, KeepsItsRowsUntilItHasToldOfNoHits) {
+    fill(0, "Event Name", "is", "nowhere");
+    Expected box = kNoHits;
+    std::string value;
+    box.meanwhile = [&] { value = play.text("txtSearchVal(0)"); };
+    play.click("cmdSearch", {box});
+    EXPECT_EQ(value, "nowhere");
+    EXPECT_EQ(play.text("txtSearchVal(0)"), "");
+}
+
 TEST_F(EventSearch, GivesTheFieldsBackWithAReset) {
     play.pick("cboListField(0)", "Comment");
     play.click("cmdReset", {{"Reset Form", Answer::Yes}});

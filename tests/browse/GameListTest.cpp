@@ -131,6 +131,20 @@ TEST_F(GameList, ShowsTheGamesOfTheSearch) {
     EXPECT_EQ(play.focus(), "dgdEventList");
 }
 
+TEST_F(GameList, GreetsBeforeItIsSeen) {
+    play.handOverTo("frmSearchGames");
+    play.pick("cboSearchFld(0)", "Game Score");
+    play.pick("cboSearchOp(0)", "is greater or equal to");
+    play.tab();
+    play.display.forgetEvents();
+    Expected greeting = found(1);
+    std::vector<std::string> before;
+    greeting.meanwhile = [&] { before = play.display.events(); };
+    play.click("cmdSearch", {greeting});
+    EXPECT_EQ(before, (std::vector<std::string>{"hide frmSearchGames", "load frmGameList"}));
+    EXPECT_EQ(play.lastEvent(), "show frmGameList");
+}
+
 TEST_F(GameList, NamesItsColumnsAndControls) {
     openList();
     std::vector<std::string> columns;
