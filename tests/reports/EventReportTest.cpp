@@ -1,6 +1,8 @@
 #include "ReportPlay.h"
 #include "store/file/Connection.h"
 
+#include <tuple>
+
 #include <sqlite3.h>
 
 namespace tallybrook::test {
@@ -298,6 +300,15 @@ TEST_F(EventReport, LeavesAnOpenTenthFrameOutOfTheMatrix) {
     EXPECT_TRUE(contains(report, "\r\nOpen Frames: 2\tAvg / Game: 2\r\n"));
 }
 
+TEST_F(EventReport, CountsTheStrikesOfAnEleventhFrameLikeThoseOfATenth) {
+    play.addEvent({});
+    play.addGame("P");
+    play.nextFrameIs(11);
+    play.addFrame("XXX", "X", "X", "X");
+    EXPECT_TRUE(
+        contains(play.eventReport("Summary"), "\r\nStrikes: 3\tStrike Percentage: 100%\tAvg / Game: 3\r\n"));
+}
+
 TEST_F(EventReport, RoundsTheFirstBallAverageToTheEvenNeighbour) {
     const auto average = [](std::initializer_list<const char*> firstMarks) {
         ReportPlay night;
@@ -315,6 +326,17 @@ TEST_F(EventReport, RoundsTheFirstBallAverageToTheEvenNeighbour) {
     night.addFrame("9/", "10", "/");
     night.addFrame("X", "X");
     EXPECT_TRUE(contains(night.eventReport("Summary"), "First Ball Average: 10\r\n"));  // 9.5
+}
+
+TEST_F(EventReport, CountsThePinsOfFillBallsOnNewRacks) {
+    play.addEvent({});
+    for (const auto& [marks, first, second] : {std::tuple{"XX7", "X", "X"}, std::tuple{"9/7", "10", "/"}}) {
+        play.addGame("P");
+        play.nextFrameIs(10);
+        play.addFrame(marks, first, second, "1-2-4");
+    }
+    // 27 pins on three first balls, and 16 on two.
+    EXPECT_TRUE(contains(play.eventReport("Summary"), "\r\nFirst Ball Average: 9\r\n"));
 }
 
 TEST_F(EventReport, OfOnlyLineScoreGamesHasAnEmptyMatrix) {
