@@ -495,6 +495,18 @@ TEST_F(EventSearch, CountsALeavingAfterAnError) {
     condition({BrowsePlay::failure(kSearchEvents, error::kSubscriptOutOfRange), kFound});
 }
 
+TEST_F(EventSearch, KeepsAWrongTypeUntilItHasToldOfIt) {
+    play.pick("cboListField(0)", "Event Type");
+    play.pick("cboSearchOp(0)", "is");
+    play.type("txtSearchVal(0)", "open");
+    Expected box = kBadType;
+    std::string before;
+    box.meanwhile = [&] { before = play.text("txtSearchVal(0)"); };
+    play.tab({box});
+    EXPECT_EQ(before, "open");
+    EXPECT_EQ(play.text("txtSearchVal(0)"), "");
+}
+
 TEST_F(EventSearch, RemovesTheRowBehind) {
     fill(0, "Series Total", "is greater than", "500");
     addRow(0, "And");
@@ -701,6 +713,15 @@ TEST_F(EventSearch, LeavesWhenARecordIsNotThere) {
                "Click OK to return to the previous screen.\r\n"
                "Debug Information: Module - Search Events, cmdSearch"}});
     EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
+    EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(EventSearch, StaysUntilItHasToldOfAMissingRecord) {
+    const Handler step = search().form.handler();
+    std::string before;
+    play.run([&] { step([] { throw RunTimeError(error::kNoCurrentRow); }); },
+             {{"Database Error", Answer::OK, "", [&] { before = play.screen().name(); }}});
+    EXPECT_EQ(before, "frmSearchEvents");
     EXPECT_EQ(play.screen().name(), "frmMain");
 }
 

@@ -118,6 +118,17 @@ TEST_F(SyncScreen, IsHiddenBetweenItsFirstBoxAndItsLast) {
     EXPECT_EQ(before, (std::vector<Log>{{}, hidden, hidden, shown}));
 }
 
+TEST_F(SyncScreen, DisablesItsButtonOnceItHasToldThatItIsComplete) {
+    play.put(smallExports());
+    bool before = false;
+    play.click("cmdAddPDA", {{"PDA Sync"},
+                             {"Delete PDA Data", Answer::No},
+                             {"Check Complete"},
+                             {"Sync Complete", Answer::OK, "", [&] { before = play.enabled("cmdAddPDA"); }}});
+    EXPECT_TRUE(before);
+    EXPECT_FALSE(play.enabled("cmdAddPDA"));
+}
+
 TEST_F(SyncScreen, RunsAgainFromItsMenu) {
     play.put(smallExports());
     play.sync(Answer::No);

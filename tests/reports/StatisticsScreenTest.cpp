@@ -171,6 +171,16 @@ TEST_F(StatisticsScreen, RefusesDatesItCannotUse) {
     EXPECT_TRUE(play.display.dialogs().empty());
 }
 
+TEST_F(StatisticsScreen, GoesToAWrongDateOnceItHasToldOfIt) {
+    play.click("optFilter(0)");
+    play.click("chkDate");
+    play.type("txtFrom", "nothing");
+    std::string before;
+    play.click("cmdGenReport", {{"Invalid Date Format", Answer::OK, "", [&] { before = play.focus(); }}});
+    EXPECT_EQ(before, "cmdGenReport");
+    EXPECT_EQ(play.focus(), "txtFrom");
+}
+
 TEST_F(StatisticsScreen, ListsTheEventNamesOfTheType) {
     play.click("optFilter(0)");
     play.click("chkEvent");
