@@ -28,10 +28,11 @@ endif()
 target_compile_definitions(tallybrook_flags INTERFACE $<$<NOT:$<CONFIG:Release>>:_GLIBCXX_ASSERTIONS>)
 
 if(TALLYBROOK_SANITIZE)
-    # A variable that is read before it was written holds nonsense, and not by chance what it should.
+    # A variable that is read before it was written holds nonsense, and not by chance what it should. (GCC would take the
+    # nonsense for such a fault by itself.)
     target_compile_options(tallybrook_flags INTERFACE
         -fsanitize=address,undefined,float-divide-by-zero -fno-sanitize-recover=all -fno-omit-frame-pointer
-        -ftrivial-auto-var-init=pattern)
+        $<$<CXX_COMPILER_ID:Clang>:-ftrivial-auto-var-init=pattern>)
     target_compile_definitions(tallybrook_flags INTERFACE TALLYBROOK_SANITIZED)
     target_link_options(tallybrook_flags INTERFACE -fsanitize=address,undefined)
 else()
