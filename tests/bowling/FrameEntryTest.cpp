@@ -104,6 +104,19 @@ TEST(FrameEntry, StrikeEndsAnEarlyFrame) {
     walk(1, {{{"1Y"}, kStrike + kOff + kOff + "Spare? | X . . | X"}});
 }
 
+TEST(FrameEntry, StrikeOfAnEarlyFrameAsksForTheSpareAgain) {
+    FrameEntry entry;
+    entry.begin(10, "");
+    entry.reset();
+    act(entry, "1Y");
+    EXPECT_EQ(stateOf(entry), kStrike + "on, off, off | " + kOff + "Strike? | X . . | X");
+    entry.begin(9, "");
+    entry.clearResults();
+    entry.reset();
+    act(entry, "1Y");
+    EXPECT_EQ(stateOf(entry), kStrike + kOff + kOff + "Spare? | X . . | X");
+}
+
 TEST(FrameEntry, OpenFrame) {
     walk(1, {{{"1N"}, "on no, all, on | on, off, off | " + kOff + "Spare? | . . . | "},
              {{"1:3-6-10", "1D"}, kSeven + "on, 3 6 10, off | " + kOff + "Spare? | 3-6-10 . . | 7"},
