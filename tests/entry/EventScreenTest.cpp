@@ -39,6 +39,21 @@ TEST_F(EventScreen, OffersAFreshEvent) {
     EXPECT_EQ(play.session().gMode, kAdd);
 }
 
+TEST_F(EventScreen, BeginsAnEventOfWhichNothingIsRecorded) {
+    SessionState& session = play.session();
+    session.gSessionNum = 7;
+    session.gGameNum = 3;
+    session.gGmsRecorded = 2;
+    session.gSeriesTot = 401;
+    session.gSeriesAvg = 200.5;
+    addEvent();
+    EXPECT_EQ(session.gSessionNum, Int32(0));
+    EXPECT_EQ(session.gGameNum, Int16(0));
+    EXPECT_EQ(session.gGmsRecorded, Int16(0));
+    EXPECT_EQ(session.gSeriesTot, Int16(0));
+    EXPECT_EQ(session.gSeriesAvg, 0.0);
+}
+
 TEST_F(EventScreen, StoresAnEventFieldByField) {
     addEvent();
     play.type("txtEvent", "O'Brien Classic");
