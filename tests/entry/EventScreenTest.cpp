@@ -229,6 +229,13 @@ TEST_F(EventScreen, IsSilentAboutACompleteEvent) {
     EXPECT_TRUE(play.display.boxes().empty());
 }
 
+TEST_F(EventScreen, IsSilentAboutMoreGamesThanPlanned) {
+    play.insert("tblEventInfo", {{"fldNumGames", std::int64_t{2}}, {"fldGmsRecorded", std::int64_t{3}}});
+    play.session().gSessionNum = 1;
+    editEvent();
+    EXPECT_TRUE(play.display.boxes().empty());
+}
+
 TEST_F(EventScreen, SwitchesToAddingWithTheNextEvent) {
     play.insert("tblEventInfo", {{"fldEventName", "Old"},
                                  {"fldDateBowled", makeDate(2026, 1, 2)},
