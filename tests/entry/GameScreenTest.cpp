@@ -53,6 +53,12 @@ TEST_F(GameScreen, CountsFromOneWhateverGameWasTheLastElsewhere) {
     EXPECT_EQ(play.session().gGameNum, Int16(1));
 }
 
+TEST_F(GameScreen, BeginsAGameOfWhichNoFrameIsRecorded) {
+    play.session().gFrmsRecorded = 10;
+    openGames(2, 0);
+    EXPECT_EQ(play.session().gFrmsRecorded, Int16(0));
+}
+
 TEST_F(GameScreen, PairsTheLanes) {
     openGames(1, 0);
     play.type("txtStartLane", "5");
