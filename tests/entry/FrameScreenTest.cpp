@@ -99,6 +99,15 @@ TEST_F(FrameScreen, OpensAGameWithoutFramesToAdd) {
     EXPECT_FALSE(play.enabled("txtTotScore"));
 }
 
+TEST_F(FrameScreen, BeginsOnTheRightLaneOfThePairWhereTheGameDoes) {
+    play.insertEvent(1);
+    play.load("frmGame");
+    play.type("txtStartLane", "6");
+    play.click("cmdUpdFrame", {{"Update Frames", Answer::Yes}});
+    EXPECT_EQ(play.text("txtLanePair"), "5-6");
+    EXPECT_EQ(play.text("txtLaneNum"), "6");
+}
+
 TEST_F(FrameScreen, WalksStoredFramesAndAddsFromThere) {
     openGame("P", {"X", "9/", "X", "9/"});
     EXPECT_EQ(play.session().gMode, kEdit);
@@ -626,6 +635,13 @@ TEST_F(FrameScreen, UpdatesTheSeriesOnTheWayOut) {
     EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
               std::vector<std::string>{"1|210|210"});
     EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(FrameScreen, UpdatesTheSeriesOnTheWayToTheMainMenu) {
+    openGame("P", {"X", "9/"}, 210);
+    play.click("cmdRetMain");
+    EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
+              std::vector<std::string>{"1|210|210"});
 }
 
 TEST_F(FrameScreen, UpdatesTheSeriesBeforeItAsksWhetherToExit) {
