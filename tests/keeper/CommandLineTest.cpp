@@ -105,13 +105,15 @@ TEST_F(KeeperCommandLine, TellsThatItsAnswerCannotBeWritten) {
 TEST_F(KeeperCommandLine, GuardsFormulasUnlessItIsToldNotTo) {
     const test::TemporaryFolder folder;
     test::addEvent(folder.path(), "=1+1", 1);
-    for (const auto& [option, field] :
-         std::vector<std::pair<std::string, std::string>>{{"--json", ",'=1+1,"}, {"--verbatim", ",=1+1,"}}) {
-        const fs::path place = folder.path() / option;
+    const auto eventsWith = [&](std::vector<std::string> options) {
+        const fs::path place = folder.path() / ("csv" + std::to_string(options.size()));
         fs::create_directory(place);
-        EXPECT_EQ(run({"csv", place, "--data", folder.path(), option}), ExitStatus::Done) << notes.str();
-        EXPECT_NE(test::bytesOf(place / "events.csv").find(field), std::string::npos) << option;
-    }
+        options.insert(options.begin(), {"csv", place, "--data", folder.path()});
+        EXPECT_EQ(run(options), ExitStatus::Done) << notes.str();
+        return test::bytesOf(place / "events.csv");
+    };
+    EXPECT_NE(eventsWith({}).find(",'=1+1,"), std::string::npos);
+    EXPECT_NE(eventsWith({"--verbatim"}).find(",=1+1,"), std::string::npos);
 }
 
 TEST(KeeperExport, TellsWhatThereIsNoRoomFor) {
