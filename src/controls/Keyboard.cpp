@@ -70,13 +70,27 @@ std::vector<Control*> ringOf(const Screen& screen) {
     return ring;
 }
 
-/// What of it a letter leads to, the next one first.
-std::vector<Control*> ledToBy(const Screen& screen, char letter) {
+bool isInRing(const Control& control) {
+    if (!isMenu(control))
+        return control.isFocusable();
+    const auto& menu = static_cast<const Menu&>(control);
+    return menu.above() == nullptr && !menu.isEntry();
+}
+
+/// What of it a letter leads to, in the order of the captions.
+std::vector<const Control*> allLedToBy(const Screen& screen, char letter) {
     std::vector<const Control*> ledTo;
     for (const Control* const caption : screen.controls()) {
-        if (accessLetter(*caption) == letter)
-            ledTo.push_back(ledToBy(*caption));
+        const Control* const control = accessLetter(*caption) == letter ? ledToBy(*caption) : nullptr;
+        if (control != nullptr && isInRing(*control) && std::ranges::find(ledTo, control) == ledTo.end())
+            ledTo.push_back(control);
     }
+    return ledTo;
+}
+
+/// The same, the next one first.
+std::vector<Control*> ledToBy(const Screen& screen, char letter) {
+    const std::vector<const Control*> ledTo = allLedToBy(screen, letter);
     std::vector<Control*> ring = ringOf(screen);
     std::erase_if(ring,
                   [&](const Control* control) { return std::ranges::find(ledTo, control) == ledTo.end(); });
@@ -219,7 +233,7 @@ std::string keysOf(const Menu& entry) {
     const std::optional<char> letter = entry.runs() == nullptr ? std::nullopt : accessLetter(*entry.runs());
     if (!entry.shortcut().empty() || !letter)
         return entry.shortcut();
-    return ledToBy(entry.screen(), *letter).size() == 1 ? std::string("Alt+") + *letter : std::string();
+    return allLedToBy(entry.screen(), *letter).size() == 1 ? std::string("Alt+") + *letter : std::string();
 }
 
 Control* reachedBy(const Screen& screen, const Key& key) {

@@ -19,9 +19,11 @@ void drawBoxGround(QWidget& box, bool isQuiet) {
     const QPalette usual = QApplication::palette();
     QPalette palette = box.palette();
     const auto take = [&](QPalette::ColorRole role, QPalette::ColorRole from) {
-        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-            palette.setColor(group, role,
-                             usual.color(isQuiet ? QPalette::Active : group, isQuiet ? from : role));
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const QColor& color = usual.color(isQuiet ? QPalette::Active : group, isQuiet ? from : role);
+            if (palette.color(group, role) != color)  // mostly nothing has changed
+                palette.setColor(group, role, color);
+        }
     };
     take(QPalette::Base, QPalette::Window);
     take(QPalette::Text, QPalette::WindowText);

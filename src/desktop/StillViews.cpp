@@ -50,7 +50,9 @@ protected:
     void refreshContent() override {
         const std::string& caption = label().caption();
         label_->setFont(fontFor(label().look(), label_->parentWidget()->font()));
-        showWhetherCurrent(label().look() == LabelLook::Current);
+        if (const bool isCurrent = label().look() == LabelLook::Current;
+            isCurrent || label_->autoFillBackground())
+            showWhetherCurrent(isCurrent);
         label_->setText(names_ ? toQt(caption).trimmed() : spoken(caption));
     }
 
