@@ -33,6 +33,7 @@ constexpr QMargins kMargins{18, 14, 18, 4};  // around the content, in pixels; t
 constexpr int kBetweenBlocks = 14;
 constexpr int kFrameOfStatus = 3;  // what the toolkit leaves beside the texts of a status bar
 constexpr QSize kSmallest{440, 260};
+constexpr int kReserveOfRack = 8;        // pixels of its height, for letters that are rounded to whole ones
 constexpr QMargins kFrame{4, 28, 4, 4};  // room that the frame of a window takes, with its title bar
 
 bool isTextBox(const Control* control) {
@@ -122,6 +123,7 @@ void ScreenWindow::addFoot() {
     statusBar()->setSizeGripEnabled(false);
     statusBar()->setAccessibleName("Status");
     statusBar()->setContentsMargins(kMargins.left() - kFrameOfStatus, 0, kMargins.right(), 0);
+    saved_->setText(" ");  // as high as any text: to be higher later would leave the content too little room
     statusBar()->addWidget(saved_);
     saved_->hide();
 }
@@ -375,13 +377,12 @@ void ScreenWindow::measure() {
 double ScreenWindow::fittingScale() const {
     constexpr double kStep = 20;  // parts of the usual size
     constexpr double kLeast = 0.75;
-    constexpr int kReserve = 8;  // pixels, for letters that are rounded to whole ones
     constexpr double kMost = 2.5;
     const auto scaleFor = [](int room, int once, int twice) {
         return 1 + static_cast<double>(room - once) / (twice - once);
     };
     const double wide = scaleFor(area_->width(), usual_.width(), twice_.width());
-    const double high = scaleFor(area_->height() - kReserve, usual_.height(), twice_.height());
+    const double high = scaleFor(area_->height() - kReserveOfRack, usual_.height(), twice_.height());
     return std::clamp(std::floor(std::min(wide, high) * kStep) / kStep, kLeast, kMost);
 }
 
@@ -418,7 +419,9 @@ void ScreenWindow::takeUsualSize() {
         wanted.rwidth() += area_->verticalScrollBar()->sizeHint().width();
     resize(wanted.expandedTo(kSmallest).boundedTo(largest));
     layout()->activate();  // only now the menu bar is as high as it will be
-    const int missing = std::max(0, area_->widget()->sizeHint().height() - area_->height());
+    const int reserve = holds(isPin) ? kReserveOfRack : 0;
+    const int high = std::max(usual_.height() + reserve, area_->widget()->sizeHint().height());
+    const int missing = std::max(0, high - area_->height());
     resize((size() + QSize(0, missing)).boundedTo(largest));
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

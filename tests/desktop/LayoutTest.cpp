@@ -1,4 +1,5 @@
 #include "Desktop.h"
+#include "Fonts.h"
 
 #include <QScreen>
 #include <QScrollArea>
@@ -75,10 +76,7 @@ TEST_F(LayoutTest, LayoutMayBeASingleControl) {
 }
 
 TEST_F(LayoutTest, NothingIsCutOffWithLargeFonts) {
-    const QFont before = QApplication::font();
-    QFont large = before;
-    large.setPointSizeF(before.pointSizeF() * 2);
-    QApplication::setFont(large);
+    const LargeFonts fonts;
     display.perform([this] {
         program.screens.load("frmOther");
         program.screens.unload(screen());
@@ -95,7 +93,6 @@ TEST_F(LayoutTest, NothingIsCutOffWithLargeFonts) {
         EXPECT_TRUE(area.widget()->rect().contains({shown->mapTo(area.widget(), QPoint()), shown->size()}))
             << control->name();
     }
-    QApplication::setFont(before);
 }
 
 TEST_F(LayoutTest, FocusInAGroupComesWithItsTitle) {

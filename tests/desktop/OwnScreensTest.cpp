@@ -1,4 +1,4 @@
-#include "LargeFonts.h"
+#include "Fonts.h"
 #include "OwnScreens.h"
 #include "style/Colours.h"
 
@@ -128,6 +128,31 @@ TEST_F(LargeScreensTest, FramesNeedNoMoreThanASmallLaptop) {
     constexpr int kWidth = 113;  // of the display, in characters of twice the usual size
     EXPECT_LE(content.minimumSizeHint().width(), kWidth * window().fontMetrics().averageCharWidth());
 }
+
+/// The program with fonts of so many points, with which all screens find room on a small display. A pixel
+/// that is rounded away shows with some of them alone.
+class SmallFonts : public testing::WithParamInterface<int>, private Fonts, public OwnScreens {
+protected:
+    SmallFonts() : Fonts(GetParam()) {}
+    [[nodiscard]] QScrollArea& area() { return dynamic_cast<QScrollArea&>(*window().centralWidget()); }
+};
+
+TEST_P(SmallFonts, NeedNoScrolling) {
+    tour([this] {
+        window().tellSaved(clock.now());
+        QTest::qWait(1);
+        EXPECT_FALSE(area().verticalScrollBar()->isVisible()) << screen().name();
+        EXPECT_FALSE(area().horizontalScrollBar()->isVisible()) << screen().name();
+    });
+}
+
+TEST_P(SmallFonts, AreTheSameOnTheFrameScreen) {
+    beginEvent();
+    beginFrames();
+    EXPECT_EQ(area().widget()->font().pointSizeF(), GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, SmallFonts, testing::Values(5, 6));
 
 TEST_F(OwnScreensTest, FocusIsSeenOnEveryControl) {
     tour([this] {

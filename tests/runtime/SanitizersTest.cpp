@@ -1,4 +1,5 @@
-// What looks on while tests run does look: each of these mistakes ends the program, and would pass unnoticed otherwise.
+// What looks on while tests run does look: each of these mistakes ends the program, and would pass unnoticed
+// otherwise.
 #if defined(TALLYBROOK_SANITIZED)
 
 #include <cstdlib>
@@ -28,7 +29,7 @@ void loseBlocks() {
 void readFreedBlock() {
     block = new int(1);
     delete block;
-    number = *block;
+    number = *block;  // cppcheck-suppress deallocuse
 }
 
 void readBehindBlock() {
