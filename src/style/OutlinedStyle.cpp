@@ -88,6 +88,16 @@ void drawOutline(const QRect& place, double radius, const QStyleOption& option, 
     painter.restore();
 }
 
+/// The toolkit lays a veil over the row besides, through which its text is hard to read.
+void drawFocusOfRow(const QStyleOption& option, QPainter& painter) {
+    const bool isChosen = option.state.testFlag(QStyle::State_Selected);
+    painter.save();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(isChosen ? option.palette.color(QPalette::HighlightedText) : focusColour(option.palette));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 /// The toolkit's own file dialog leaves two of its lists without the labels that they are read aloud by.
 void tieLabels(const QFileDialog& dialog) {
     for (const auto& [label, list] :
@@ -128,6 +138,10 @@ void OutlinedStyle::polish(QWidget* widget) {
 
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                   const QWidget* widget) const {
+    if (isPlain() && element == PE_FrameFocusRect && option->state.testFlag(State_Item)) {
+        drawFocusOfRow(*option, *painter);
+        return;
+    }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const auto* const outline = std::ranges::find(kOutlines, element, &Outline::element);
     if (outline == kOutlines.end() || !isPlain())

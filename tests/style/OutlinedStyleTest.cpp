@@ -42,11 +42,11 @@ std::vector<QPalette> bothPalettes() {
     return {light, dark};
 }
 
-/// The middle of the upper edge of an element as the style draws it.
-QColor edgeColour(const QStyle& style, QStyle::PrimitiveElement element, const QPalette& palette,
-                  QStyle::State state) {
+/// An element as the style draws it on some ground.
+QImage drawn(const QStyle& style, QStyle::PrimitiveElement element, const QPalette& palette,
+             QStyle::State state, QPalette::ColorRole ground) {
     QImage image(40, 20, QImage::Format_RGB32);
-    image.fill(palette.color(QPalette::Window));
+    image.fill(palette.color(ground));
     QStyleOptionFrame option;
     option.rect = image.rect();
     option.palette = palette;
@@ -55,7 +55,13 @@ QColor edgeColour(const QStyle& style, QStyle::PrimitiveElement element, const Q
     QPainter painter(&image);
     style.drawPrimitive(element, &option, &painter);
     painter.end();
-    return image.pixelColor(20, 0);
+    return image;
+}
+
+/// The middle of the upper edge of an element on a window.
+QColor edgeColour(const QStyle& style, QStyle::PrimitiveElement element, const QPalette& palette,
+                  QStyle::State state) {
+    return drawn(style, element, palette, state, QPalette::Window).pixelColor(20, 0);
 }
 
 }  // namespace
@@ -95,6 +101,25 @@ TEST(OutlinedStyle, MarksTheFocus) {
             EXPECT_EQ(edge, focusColour(palette)) << element;
             EXPECT_GE(contrast(edge, palette.color(QPalette::Window)), kShapeContrast) << element;
             EXPECT_NE(edge, edgeColour(style, element, palette, QStyle::State_Enabled)) << element;
+        }
+    }
+}
+
+TEST(OutlinedStyle, MarksTheRowWithTheFocusAroundItsText) {
+    const OutlinedStyle style;
+    const QStyle::State inFocus = QStyle::State_Enabled | QStyle::State_Item | QStyle::State_HasFocus |
+                                  QStyle::State_KeyboardFocusChange;
+    for (const QPalette& palette : bothPalettes()) {
+        for (const auto& [state, ground] :
+             {std::pair{inFocus, QPalette::Base},
+              std::pair{inFocus | QStyle::State_Selected, QPalette::Highlight}}) {
+            const QImage row = drawn(style, QStyle::PE_FrameFocusRect, palette, state, ground);
+            const QColor under = palette.color(ground);
+            for (const QPoint edge : {QPoint(0, 0), QPoint(39, 0), QPoint(0, 19), QPoint(39, 19)})
+                EXPECT_GE(contrast(row.pixelColor(edge), under), kShapeContrast) << ground;
+            EXPECT_EQ(row.pixelColor(1, 1), under) << ground;
+            EXPECT_EQ(row.pixelColor(38, 18), under) << ground;
+            EXPECT_EQ(row.pixelColor(20, 10), under) << ground;
         }
     }
 }
