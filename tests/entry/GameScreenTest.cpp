@@ -77,6 +77,28 @@ TEST_F(GameScreen, HandsOverToTheFrames) {
               (std::vector<std::string>{"hide frmGame", "load frmFrame", "show frmFrame"}));
 }
 
+TEST_F(GameScreen, SavesOnTheWayToTheFramesOnceThatIsAnswered) {
+    openGames(1, 0);
+    play.type("txtStartLane", "5");
+    play.click("cmdUpdFrame", {{"Update Frames", Answer::No}});
+    EXPECT_TRUE(games().empty());
+    EXPECT_EQ(play.screen().name(), "frmGame");
+    play.click("cmdUpdFrame", {{"Update Frames", Answer::Yes, "", [&] { EXPECT_TRUE(games().empty()); }}});
+    EXPECT_EQ(games(), std::vector<std::string>{"1|5|5-6|0|P|0|NONE|N"});
+}
+
+TEST_F(GameScreen, TellsOfABadLaneBeforeItHandsOver) {
+    openGames(1, 1, kEdit);
+    play.type("txtStartLane", "0");
+    play.display.forgetEvents();
+    std::vector<std::string> before{"none"};
+    Expected badLane{"Invalid Start Lane"};
+    badLane.meanwhile = [&] { before = play.display.events(); };
+    play.click("cmdUpdFrame", {{"Update Frames", Answer::Yes}, badLane});
+    EXPECT_TRUE(before.empty());
+    EXPECT_EQ(play.screen().name(), "frmFrame");
+}
+
 TEST_F(GameScreen, IsNotSavedWhereItCannotBeStored) {
     openGames(1, 1, kEdit);
     play.click("cmdNextGame", {{"Game Input"}});
@@ -107,6 +129,17 @@ TEST_F(GameScreen, DoesNotStoreAGameWithABadLane) {
     play.click("cmdPrevious", {{"Previous Screen", Answer::Yes, "Return to the previous screen?"}, badLane});
     EXPECT_TRUE(games().empty());
     EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(GameScreen, ReturnsToABadLaneBehindTheBox) {
+    openGames(1, 1, kEdit);
+    play.type("txtStartLane", "0");
+    std::string before;
+    Expected badLane{"Invalid Start Lane"};
+    badLane.meanwhile = [&] { before = play.focus(); };
+    play.click("cmdNextGame", {badLane, {"Game Input"}});
+    EXPECT_EQ(before, "cmdNextGame");
+    EXPECT_EQ(play.focus(), "txtStartLane");
 }
 
 TEST_F(GameScreen, ShowsTheOverflowOfALaneOutOfRange) {
@@ -162,6 +195,16 @@ TEST_F(GameScreen, StaysOnTheLastGame) {
     EXPECT_EQ(play.text("txtGameScore"), "103");
 }
 
+TEST_F(GameScreen, StandsPastTheLastGameUntilItsBoxIsAnswered) {
+    openGames(1, 1, kEdit);
+    std::string before = "none";
+    Expected last{"Game Input"};
+    last.meanwhile = [&] { before = play.text("txtGameScore"); };
+    play.click("cmdNextGame", {last});
+    EXPECT_EQ(before, "");
+    EXPECT_EQ(play.text("txtGameScore"), "101");
+}
+
 TEST_F(GameScreen, OffersAMissingGame) {
     openGames(3, 2, kEdit);
     play.click("cmdNextGame");
@@ -180,6 +223,7 @@ TEST_F(GameScreen, ShowsNothingPastTheLastGame) {
     EXPECT_EQ(play.text("txtGameScore"), "");
     EXPECT_EQ(play.text("txtStartLane"), "");
     EXPECT_EQ(play.session().gMode, kEdit);
+    EXPECT_EQ(play.display.retries(), 0);
 }
 
 TEST_F(GameScreen, StaysOnTheFirstGame) {
@@ -190,6 +234,37 @@ TEST_F(GameScreen, StaysOnTheFirstGame) {
     play.click("cmdPrevGame", {{"First Game", Answer::OK, "This is the first game in the record."}});
     EXPECT_EQ(play.display.boxes().back().icon, Icon::None);
     EXPECT_EQ(play.text("txtGameNum"), "1 of 3");
+}
+
+TEST_F(GameScreen, StandsBeforeTheFirstGameUntilItsBoxIsAnswered) {
+    openGames(2, 2, kEdit);
+    std::string before = "none";
+    Expected first{"First Game"};
+    first.meanwhile = [&] { before = play.text("txtGameScore"); };
+    play.click("cmdPrevGame", {first});
+    EXPECT_EQ(before, "");
+    EXPECT_EQ(play.text("txtGameScore"), "101");
+}
+
+TEST_F(GameScreen, SavesTheGameThatPreviousGameLeaves) {
+    openGames(2, 2, kEdit);
+    play.click("cmdNextGame");
+    play.type("txtGameScore", "187");
+    play.click("cmdPrevGame");
+    EXPECT_EQ(play.rows("tblGameInfo", {"fldGameScore"}), (std::vector<std::string>{"101", "187"}));
+}
+
+TEST_F(GameScreen, WalksTheGamesByTheirNumbers) {
+    play.insertEvent(3);
+    for (const int game : {3, 1, 2})
+        play.insertGame(game, "N", 100 + game);
+    play.session().gMode = kEdit;
+    play.load("frmGame");
+    EXPECT_EQ(play.text("txtGameNum"), "1 of 3");
+    play.click("cmdNextGame");
+    EXPECT_EQ(play.text("txtGameNum"), "2 of 3");
+    play.click("cmdNextGame");
+    EXPECT_EQ(play.text("txtGameNum"), "3 of 3");
 }
 
 TEST_F(GameScreen, CountsANewGameAgainOnEachReset) {
@@ -275,6 +350,22 @@ TEST_F(GameScreen, KnowsAGameThatStayedOnItsLane) {
     EXPECT_TRUE(play.value("optAltLanes(1)"));
     play.click("optAltLanes(0)");
     EXPECT_TRUE(play.session().gAltLanes);
+}
+
+TEST_F(GameScreen, KnowsOfEachGameByItselfWhetherItStayedOnItsLane) {
+    play.insertEvent(2);
+    play.insertGame(1, "L");
+    play.insertFrame(1, "X");
+    play.insertFrame(2, "X");
+    play.insertGame(2, "L");
+    for (const int frame : {1, 3})
+        play.insertFrame(frame, "X", "", "", "", 2);
+    play.session().gMode = kEdit;
+    play.load("frmGame");
+    EXPECT_TRUE(play.value("optAltLanes(0)"));
+    play.click("cmdNextGame");
+    EXPECT_FALSE(play.session().gAltLanes);
+    EXPECT_TRUE(play.value("optAltLanes(1)"));
 }
 
 TEST_F(GameScreen, KnowsTheLanesByTheFirstTwoFramesWhateverTheirRows) {
