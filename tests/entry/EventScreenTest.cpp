@@ -103,6 +103,29 @@ TEST_F(EventScreen, RefusesADateInTheFuture) {
     EXPECT_EQ(play.focus(), "txtDateBowled");
 }
 
+TEST_F(EventScreen, GoesToWhatIsWrongBehindItsBox) {
+    addEvent();
+    play.type("txtDateBowled", "11/15/2026");
+    std::vector<std::string> before;
+    const auto look = [&] { before.push_back(play.focus()); };
+    play.click(
+        "cmdPrevious",
+        {kSave, {"Required Field", Answer::OK, "", look}, {"Invalid Date", Answer::OK, "", look}, kStay});
+    EXPECT_EQ(before, (std::vector<std::string>{"cmdPrevious", "txtEvent"}));
+    EXPECT_EQ(play.focus(), "txtDateBowled");
+}
+
+TEST_F(EventScreen, HandsOverToTheGames) {
+    play.insertEvent(0);
+    play.insertGame(1, "N");
+    editEvent();
+    play.type("txtNumGames", "1");
+    play.display.forgetEvents();
+    play.click("cmdUpdGames", {{"Update Games", Answer::Yes}});
+    EXPECT_EQ(play.display.events(),
+              (std::vector<std::string>{"hide frmEvent", "load frmGame", "show frmGame"}));
+}
+
 TEST_F(EventScreen, LeadsToAnEndlessRetryWhenNothingWasStored) {
     addEvent();
     play.type("txtEvent", "Thursday League");
@@ -222,6 +245,21 @@ TEST_F(EventScreen, WarnsOfAnIncompleteEvent) {
     EXPECT_EQ(play.session().gSeriesAvg, 200.5);
 }
 
+TEST_F(EventScreen, IsFilledWhenItWarnsOfAnIncompleteEvent) {
+    play.insertEvent(3);
+    bool isLeague = false;
+    bool canReset = true;
+    Expected incomplete{"Incomplete event."};
+    incomplete.meanwhile = [&] {
+        Screen& event = *play.program().screens.find("frmEvent");
+        isLeague = dynamic_cast<OptionButton&>(Play::control(event, "optLeague")).value();
+        canReset = Play::control(event, "cmdReset").isEnabled();
+    };
+    editEvent({incomplete});
+    EXPECT_TRUE(isLeague);
+    EXPECT_FALSE(canReset);
+}
+
 TEST_F(EventScreen, IsSilentAboutACompleteEvent) {
     play.insert("tblEventInfo", {{"fldNumGames", std::int64_t{3}}, {"fldGmsRecorded", std::int64_t{3}}});
     play.session().gSessionNum = 1;
@@ -305,11 +343,13 @@ TEST_F(EventScreen, ResetLeavesThePlaceAlone) {
     play.type("txtLoc", "Millbrook");
     play.type("txtComment", "Comment");
     play.type("txtNumGames", "9");
+    play.type("txtDateBowled", "1/2/2026");
     play.click("optPractice");
     play.click("cmdReset", {{"Confirm - Form Reset", Answer::Yes,
                              "Resetting the form will erase the data in the form\r\nContinue?"}});
     EXPECT_EQ(play.text("txtEvent") + play.text("txtComment"), "");
     EXPECT_EQ(play.text("txtLoc"), "Millbrook");
+    EXPECT_EQ(play.text("txtDateBowled"), "11/14/2026");
     EXPECT_EQ(play.text("txtNumGames"), "3");
     EXPECT_TRUE(play.value("optLeague"));
     EXPECT_EQ(play.focus(), "txtEvent");
