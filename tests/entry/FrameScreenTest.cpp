@@ -216,6 +216,21 @@ TEST_F(FrameScreen, CarriesBallAndPositionFromFrameToFrame) {
     EXPECT_EQ(play.session().gFrmsRecorded, Int16(1));
 }
 
+TEST_F(FrameScreen, CarriesNothingOverFromAFrameThatWasOnlyLookedAt) {
+    play.insertEvent();
+    play.insertGame(1, "L");
+    play.insert("tblFrameInfo", {{"fldSessionNum", std::int64_t{1}},
+                                 {"fldGameNum", std::int64_t{1}},
+                                 {"fldFrameNum", std::int64_t{1}},
+                                 {"fldLaneBowled", std::int64_t{13}},
+                                 {"fldBallUsed", "Blue"},
+                                 {"fldLineScore", "X"}});
+    play.handOverTo("frmFrame");
+    EXPECT_EQ(play.text("txtBallUsed"), "Blue");
+    play.click("cmdNextFrame", {kAddAnother});
+    EXPECT_EQ(play.text("txtBallUsed"), "");
+}
+
 TEST_F(FrameScreen, RefusesAnIncompleteFrame) {
     openGame("P", {});
     play.click("cmdNextFrame", {kFault});
@@ -344,6 +359,16 @@ TEST_F(FrameScreen, StaysOnTheFirstFrame) {
     EXPECT_EQ(cell(1), "81");  // it was saved first
     EXPECT_EQ(frames({"fldLineScore"})[0], "81");
     EXPECT_TRUE(cellEnabled(1));
+}
+
+TEST_F(FrameScreen, LocksTheFirstFrameAnewWhereNoneIsBeforeIt) {
+    openGame("P", {"X", "X"});
+    play.click("cmdResetPinfall", {{"Reset Pinfall", Answer::Yes}});
+    play.click("optFirstYes");
+    EXPECT_TRUE(play.enabled("optFirstYes"));
+    play.click("cmdPrevFrame", {{"Frame Input"}});
+    EXPECT_FALSE(play.enabled("optFirstYes"));
+    EXPECT_EQ(cell(1), "X");
 }
 
 TEST_F(FrameScreen, StoresABlankFrameOnTheWayToTheMainMenu) {
@@ -563,6 +588,21 @@ TEST_F(FrameScreen, ClosesAfterTheTenthFrameWhateverIsAnswered) {
     }
 }
 
+TEST_F(FrameScreen, TellsTheScoreOfTheTenthFrameBeforeItCloses) {
+    openGame("L", {"X", "X", "X", "X", "X", "X", "X", "X", "X"}, 300);
+    for (int frame = 1; frame < 9; ++frame)
+        play.click("cmdNextFrame");
+    play.click("cmdNextFrame", {kAddAnother});
+    play.type("txtCount(10)", "XXX");
+    play.display.forgetEvents();
+    std::vector<std::string> before{"none"};
+    Expected score{"Game Score", Answer::Cancel};
+    score.meanwhile = [&] { before = play.display.events(); };
+    play.click("cmdNextFrame", {kAllAdded, score});
+    EXPECT_TRUE(before.empty());
+    EXPECT_EQ(play.display.events(), (std::vector<std::string>{"unload frmFrame", "show frmMain"}));
+}
+
 TEST_F(FrameScreen, ClearsTheRunningScores) {
     openThroughGame(kTenStrikes, 300);
     walkToTheEnd({kLastFrame, {"Game Score", Answer::Cancel}});
@@ -634,6 +674,19 @@ TEST_F(FrameScreen, UpdatesTheSeriesOnTheWayOut) {
     play.click("cmdPrevious");
     EXPECT_EQ(play.rows("tblEventInfo", {"fldGmsRecorded", "fldSeriesTot", "fldSeriesAvg"}),
               std::vector<std::string>{"1|210|210"});
+    EXPECT_EQ(play.screen().name(), "frmMain");
+}
+
+TEST_F(FrameScreen, IsThereUntilTheSeriesIsUpdated) {
+    openGame("L", {"X"});
+    play.program().store().connection().database().exec(
+        "CREATE TRIGGER refusal BEFORE UPDATE ON tblEventInfo BEGIN SELECT RAISE(ABORT, 'full'); END");
+    play.display.forgetEvents();
+    std::vector<std::string> before{"none"};
+    Expected refused{"Database Error"};
+    refused.meanwhile = [&] { before = play.display.events(); };
+    play.click("cmdPrevious", {refused});
+    EXPECT_TRUE(before.empty());
     EXPECT_EQ(play.screen().name(), "frmMain");
 }
 
