@@ -295,6 +295,15 @@ TEST_F(EventScreen, SwitchesToAddingWithTheNextEvent) {
               (std::vector<std::string>{"1|Old|TOURNAMENT", "2|New|LEAGUE"}));
 }
 
+TEST_F(EventScreen, GoesOnEditingWithoutANextEvent) {
+    play.insertEvent(0);
+    editEvent();
+    play.type("txtNumGames", "3");
+    play.click("cmdNextEvent", {kSave, {"Add New Event", Answer::No}});
+    EXPECT_EQ(play.session().gMode, kEdit);
+    EXPECT_EQ(play.text("txtEvent"), "Thursday League");
+}
+
 TEST_F(EventScreen, TakesNothingOverIntoTheNextEvent) {
     play.insert("tblEventInfo", {{"fldEventName", "Old"},
                                  {"fldDateBowled", makeDate(2026, 1, 2)},

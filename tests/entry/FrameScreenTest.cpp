@@ -413,6 +413,15 @@ TEST_F(FrameScreen, ResetsTheFormButNotTheCell) {
     EXPECT_EQ(frames({"fldFrameNum", "fldLineScore"}), std::vector<std::string>{"1|X"});  // still the new row
 }
 
+TEST_F(FrameScreen, KeepsThePinsTickedWhereTheirResetIsDeclined) {
+    openGame("P", {});
+    play.click("optFirstNo");
+    play.click("chkFirstPinfall(7)");
+    play.click("cmdResetPinfall", {{"Reset Pinfall", Answer::No}});
+    play.click("cmdFirstDone");
+    EXPECT_EQ(cell(1), "9");
+}
+
 TEST_F(FrameScreen, KeepsTheOldSecondBallThroughResetPinfall) {
     play.insertEvent();
     play.insertGame();
@@ -667,6 +676,17 @@ TEST_F(FrameScreen, RetriesItsLoading) {
     EXPECT_EQ(play.display.boxes()[1].icon, Icon::None);
     EXPECT_EQ(play.display.events(),
               (std::vector<std::string>{"hide frmMain", "load frmFrame", "unload frmFrame", "show frmMain"}));
+}
+
+TEST_F(FrameScreen, RetriesItsFirstReadingHoweverOftenThatIsAsked) {
+    std::vector<Expected> boxes;
+    for (int reading = 1; reading <= 20; ++reading) {  // more than there are
+        boxes.push_back({"Tallybrook"});
+        boxes.push_back({"Database Error", Answer::Retry});
+    }
+    boxes.back().answer = Answer::Cancel;
+    play.handOverTo("frmFrame", boxes);
+    EXPECT_EQ(play.screen().name(), "frmMain");
 }
 
 TEST_F(FrameScreen, UpdatesTheSeriesOnTheWayOut) {

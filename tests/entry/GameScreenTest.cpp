@@ -350,6 +350,8 @@ TEST_F(GameScreen, KnowsAGameThatStayedOnItsLane) {
     EXPECT_TRUE(play.value("optAltLanes(1)"));
     play.click("optAltLanes(0)");
     EXPECT_TRUE(play.session().gAltLanes);
+    play.click("optAltLanes(1)");
+    EXPECT_FALSE(play.session().gAltLanes);
 }
 
 TEST_F(GameScreen, KnowsOfEachGameByItselfWhetherItStayedOnItsLane) {
