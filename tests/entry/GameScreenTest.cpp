@@ -326,6 +326,18 @@ TEST_F(GameScreen, TakesTheTrueCountOfFrames) {
     EXPECT_EQ(games()[1], "2|13|13-14|0|N|0|NONE|N");
 }
 
+TEST_F(GameScreen, CountsTheFramesThatAreStoredWhateverTypeIsClicked) {
+    play.insertEvent(1);
+    play.insertGame(1, "L");
+    play.insertFrame(1, "X");
+    play.insertFrame(2, "9/");
+    play.session().gMode = kEdit;
+    play.load("frmGame");
+    play.click("optScType(2)");
+    play.click("cmdMain", {{"Return to Main", Answer::Yes}});
+    EXPECT_EQ(games(), std::vector<std::string>{"1|13|13-14|0|L|2|NONE|N"});
+}
+
 TEST_F(GameScreen, BeginsANewGameWithoutTheFramesOfTheOneBefore) {
     play.insertEvent(2);
     play.insertGame(1, "L");
