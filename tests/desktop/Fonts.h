@@ -5,14 +5,23 @@
 
 namespace tallybrook::test {
 
-/// Fonts of another size, as long as it lives.
+/// The desktop's font in another size.
+inline QFont inPoints(double points) {
+    QFont font = QApplication::font();
+    font.setPointSizeF(points);
+    return font;
+}
+/// As a desktop can tell it too.
+inline QFont inPixels(int pixels) {
+    QFont font = QApplication::font();
+    font.setPixelSize(pixels);
+    return font;
+}
+
+/// Another font of the desktop, as long as it lives.
 class Fonts {
 public:
-    explicit Fonts(double points) {
-        QFont other = before_;
-        other.setPointSizeF(points);
-        QApplication::setFont(other);
-    }
+    explicit Fonts(const QFont& other) { QApplication::setFont(other); }
     ~Fonts() { QApplication::setFont(before_); }
     Fonts(const Fonts&) = delete;
     Fonts& operator=(const Fonts&) = delete;
@@ -21,10 +30,10 @@ private:
     QFont before_ = QApplication::font();
 };
 
-/// Those of twice their size.
+/// One of twice its size.
 class LargeFonts : public Fonts {
 public:
-    LargeFonts() : Fonts(QApplication::font().pointSizeF() * 2) {}
+    LargeFonts() : Fonts(inPoints(QApplication::font().pointSizeF() * 2)) {}
 };
 
 }  // namespace tallybrook::test

@@ -1,3 +1,4 @@
+#include "Fonts.h"
 #include "OwnScreens.h"
 
 #include <QLabel>
@@ -133,23 +134,11 @@ TEST_F(MenuPageTest, IsNotLostOnALargeDisplay) {
     EXPECT_EQ(first->font(), window().font());
 }
 
-/// A desktop can tell the size of its letters in pixels.
-class PixelFont {
-public:
-    PixelFont() {
-        QFont pixels = before_;
-        pixels.setPixelSize(14);
-        QApplication::setFont(pixels);
-    }
-    ~PixelFont() { QApplication::setFont(before_); }
-    PixelFont(const PixelFont&) = delete;
-    PixelFont& operator=(const PixelFont&) = delete;
-
-private:
-    QFont before_ = QApplication::font();
+/// On a desktop that tells the size of its letters in pixels.
+class MenuPageInPixels : private Fonts, public OwnScreens {
+protected:
+    MenuPageInPixels() : Fonts(inPixels(14)) {}
 };
-
-class MenuPageInPixels : private PixelFont, public OwnScreens {};
 
 TEST_F(MenuPageInPixels, GrowsWithItsWindowToo) {
     window().resize(3000, 2000);

@@ -133,7 +133,7 @@ TEST_F(LargeScreensTest, FramesNeedNoMoreThanASmallLaptop) {
 /// that is rounded away shows with some of them alone.
 class SmallFonts : public testing::WithParamInterface<int>, private Fonts, public OwnScreens {
 protected:
-    SmallFonts() : Fonts(GetParam()) {}
+    SmallFonts() : Fonts(inPoints(GetParam())) {}
     [[nodiscard]] QScrollArea& area() { return dynamic_cast<QScrollArea&>(*window().centralWidget()); }
 };
 
