@@ -320,6 +320,11 @@ TEST_F(Series, OfTwoGames) {
     EXPECT_EQ(row, "401 200.5 2");
 }
 
+TEST_F(Series, OfOneGame) {
+    update({score(200)});
+    EXPECT_EQ(row, "200 200 1");
+}
+
 TEST_F(Series, IsRoundedToTwoPlaces) {
     update({score(100), score(100), score(101)});
     EXPECT_EQ(row, "301 100.33 3");
