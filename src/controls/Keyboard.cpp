@@ -57,24 +57,26 @@ const Control* ledToBy(const Control& caption) {
     return caption.kind() == Control::Kind::GroupBox ? firstIn(caption) : nullptr;
 }
 
-/// All that Alt letters may lead to, whatever its state: the tab order, and then the menus of the bar. It
-/// begins behind the focus, or behind the menu that such a letter has opened since.
-std::vector<Control*> ringOf(const Screen& screen) {
-    std::vector<Control*> ring = screen.tabOrder();
-    std::ranges::copy_if(screen.menuBar(), std::back_inserter(ring),
-                         [](const Menu* menu) { return !menu->isEntry(); });
-    const Control* const from = screen.ledTo() == nullptr ? screen.focused() : screen.ledTo();
-    const auto current = std::ranges::find(ring, from);
-    if (current != ring.end())
-        std::rotate(ring.begin(), current + 1, ring.end());
-    return ring;
-}
-
+/// Whether an Alt letter may lead there, whatever its state: to what can take the focus, and to a menu of the
+/// bar.
 bool isInRing(const Control& control) {
     if (!isMenu(control))
         return control.isFocusable();
     const auto& menu = static_cast<const Menu&>(control);
     return menu.above() == nullptr && !menu.isEntry();
+}
+
+/// All of that: the tab order, and then the menus. It begins behind the focus, or behind the menu that such a
+/// letter has opened since.
+std::vector<Control*> ringOf(const Screen& screen) {
+    std::vector<Control*> ring = screen.tabOrder();
+    std::ranges::copy_if(screen.menuBar(), std::back_inserter(ring),
+                         [](const Menu* menu) { return isInRing(*menu); });
+    const Control* const from = screen.ledTo() == nullptr ? screen.focused() : screen.ledTo();
+    const auto current = std::ranges::find(ring, from);
+    if (current != ring.end())
+        std::rotate(ring.begin(), current + 1, ring.end());
+    return ring;
 }
 
 /// What of it a letter leads to, in the order of the captions.
