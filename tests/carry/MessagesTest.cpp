@@ -38,6 +38,16 @@ TEST(Messages, AreNoneWithoutTheirEndOrWithMore) {
     EXPECT_NO_THROW(unpacked(bytes));
 }
 
+TEST(Messages, HoldDatesOfFourDigitYears) {
+    const auto sent = [](DateTime date) { return again(RowFound{.cells = {date}}); };
+    const DateTime first = makeDate(1, 1, 1);
+    const DateTime behindLast = makeDate(10000, 1, 1);
+    for (const DateTime date : {first, behindLast - std::chrono::seconds{1}})
+        EXPECT_TRUE(sent(date) == Message{RowFound{.cells = {date}}});
+    EXPECT_THROW(sent(first - std::chrono::seconds{1}), NoMessage);
+    EXPECT_THROW(sent(behindLast), NoMessage);
+}
+
 RC_GTEST_PROP(AnyBytes, AreAMessageOrNone, (const std::string& bytes)) {
     try {
         const Message message = unpacked(bytes);
