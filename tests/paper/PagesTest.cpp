@@ -128,6 +128,7 @@ TEST(Pages, HeadingsBelongToWhatFollows) {
 TEST(Pages, HeadingsMayHaveARemarkAndLabelsBelongToWhatFollows) {
     const auto countOf = [](const QString& text) { return printedBlocks(text, 80).size(); };
     EXPECT_EQ(countOf("Heading\n-------\n(of all games)\n\n7  1"), 1U);
+    EXPECT_EQ(countOf("Heading\n-------\n  \n\n7  1"), 1U) << "a line of blanks says nothing";
     EXPECT_EQ(countOf("Heading\n-------\nof all games\n\n7  1"), 2U);
     EXPECT_EQ(countOf("Heading\n-------\n(of all games)\n7  1\n\n7  1"), 2U);
     EXPECT_EQ(countOf("Heading\n" + QString(20, '-') + "\n\n7  1"), 2U) << "a frame of one line";

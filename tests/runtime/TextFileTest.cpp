@@ -204,6 +204,18 @@ TEST_F(TextFiles, AreCopiedMeasuredAndDeleted) {
     EXPECT_FALSE(fileExists(copy));
 }
 
+TEST_F(TextFiles, AreReadAndCopiedToTheirEnd) {
+    const std::string text(200'000, 'x');
+    put(text + "\r\nlast");
+    const fs::path copy = folder.path() / "copy";
+    copyFile(file, copy);
+    for (const fs::path& read : {file, copy}) {
+        TextReader lines(read);
+        EXPECT_EQ(lines.readLine(), text);
+        EXPECT_EQ(lines.readLine(), "last");
+    }
+}
+
 TEST_F(TextFiles, BearTheDateOnWhichTheyWereWritten) {
     put("old");
     constexpr std::time_t kWritten = 1'000'000'000;
