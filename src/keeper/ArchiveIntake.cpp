@@ -247,8 +247,6 @@ ArchiveContents checkArchive(ArchiveReader& archive, const SQLite::Database* log
                                        .date = shownText(row[places[1]]),
                                        .center = shownText(row[places[2]]),
                                        .present = present.take(row, places)});
-        else if (findEvent(contents, eventOf(row)) == nullptr)
-            ++contents.strays;
     });
     return contents;
 }

@@ -42,7 +42,6 @@ struct ArchivedEvent {
 struct ArchiveContents {
     Counts counts = {};
     std::vector<ArchivedEvent> events = {};
-    std::int64_t strays = 0;  // games and frames that belong to none of its events
 };
 
 /// Reads and checks all of an archive, and looks which of its events are in a logbook already, if there is
