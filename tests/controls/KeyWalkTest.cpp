@@ -94,15 +94,17 @@ protected:
         }
         return told + "\n";
     }
-    /// What a key comes to with the focus there, as in ">cmdGo" or "cmdGo!"; empty where it means
-    /// nothing.
-    std::string comesTo(const std::string& from, const char* key) {
+    /// What a key comes to with the focus there, and one more control disabled, as in ">cmdGo" or "cmdGo!";
+    /// empty where it means nothing.
+    std::string comesTo(const std::string& from, const char* key, const std::string& disabled = "") {
         SettableClock clock(makeDate(2026, 11, 14));
         TestDisplay display;
         Program program(display, clock, "nowhere");
         program.screens.add("frmBench", [&program] { return std::make_unique<Bench>(program); });
         program.screens.load("frmBench");
         auto* const screen = static_cast<Bench*>(program.screens.find("frmBench"));
+        if (!disabled.empty())
+            screen->find(disabled)->setEnabled(false);
         screen->find(from)->focus();
         const bool isUsed = person::press(*screen, person::readKey(key)).used;
         const std::string now = screen->focused()->name();
@@ -120,6 +122,11 @@ TEST_F(KeyWalk, LeadsWhereTheScreenSays) {
           "optFirst", "optSecond", "optThird", "chkPlain", "cmdGo"})
         walk += told(from, kMoves);
     EXPECT_EQ(walk + told("txtOne", kCommands), kWalk);
+}
+
+TEST_F(KeyWalk, LeadsAcrossARowWithoutAPinToTick) {
+    EXPECT_EQ(comesTo("chkPin4", "Down", "chkPin2"), ">chkPin1");
+    EXPECT_EQ(comesTo("chkPin1", "Up", "chkPin2"), ">chkPin4");
 }
 
 }  // namespace tallybrook::test
